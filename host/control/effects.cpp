@@ -1,0 +1,54 @@
+// The recorded effects of the module, and the sink of the command line.
+#include "host/control/effects.h"
+
+#include <utility>
+
+namespace host {
+namespace {
+
+struct EffectState {
+    std::vector<Effect> recorded;
+    std::function<void(const std::wstring&)> sink;
+    bool recording = true;
+};
+
+EffectState& state() {
+    static EffectState instance;
+    return instance;
+}
+
+}  // namespace
+
+void recordEffect(EffectKind kind, std::wstring text) {
+    EffectState& now = state();
+    if (kind == EffectKind::CommandLine && now.sink) now.sink(text);
+    if (now.recording) now.recorded.push_back({kind, std::move(text)});
+}
+
+const std::vector<Effect>& effects() { return state().recorded; }
+
+void clearEffects() { state().recorded.clear(); }
+
+void setEffectRecording(bool on) { state().recording = on; }
+
+void setCommandLineSink(std::function<void(const std::wstring&)> sink) {
+    state().sink = std::move(sink);
+}
+
+std::wstring effectText(EffectKind kind) {
+    std::wstring all;
+    for (const Effect& effect : state().recorded) {
+        if (effect.kind == kind) all += effect.text;
+    }
+    return all;
+}
+
+std::vector<std::wstring> effectTexts(EffectKind kind) {
+    std::vector<std::wstring> texts;
+    for (const Effect& effect : state().recorded) {
+        if (effect.kind == kind) texts.push_back(effect.text);
+    }
+    return texts;
+}
+
+}  // namespace host

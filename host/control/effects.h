@@ -1,0 +1,44 @@
+// What the module asked of the host, recorded in order.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+enum class EffectKind {
+    CommandLine,     ///< text as printed, one effect a call
+    MenuCommand,     ///< text of acedMenuCmd
+    MessageBox,      ///< title, line feed, style as a number, line feed, text
+    Redraw,          ///< mode and handle: "3 2A"
+    Notification,    ///< name and argument: "commandWillStart LINE"
+    SystemVariable,  ///< write: "PICKFIRST=1"
+    DebugOutput,     ///< text for an attached debugger
+    StandardOutput,  ///< text the module wrote to standard output
+    RegistryWrite,   ///< key and value name
+    FileWrite,       ///< path that the module opened for writing, deleted or renamed
+};
+
+struct Effect {
+    EffectKind kind;
+    std::wstring text;
+    bool operator==(const Effect& other) const { return kind == other.kind && text == other.text; }
+};
+
+/// Records one effect (when recording is on) and hands command-line text to the sink.
+void recordEffect(EffectKind kind, std::wstring text);
+/// All effects since the last clear, oldest first.
+const std::vector<Effect>& effects();
+void clearEffects();
+/// Recording is on at start; long runs of the program switch it off to save memory.
+void setEffectRecording(bool on);
+/// Receives command-line text as it is printed; an empty function removes it.
+void setCommandLineSink(std::function<void(const std::wstring&)> sink);
+
+/// Concatenated texts of one kind; the whole command-line transcript for CommandLine.
+std::wstring effectText(EffectKind kind);
+/// Texts of one kind, one element an effect.
+std::vector<std::wstring> effectTexts(EffectKind kind);
+
+}  // namespace host

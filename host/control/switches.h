@@ -1,0 +1,28 @@
+// Behaviours of the real host that no documentation settles, as switches for the tests.
+#pragma once
+
+namespace host {
+
+/// Each field's default is what this host does; the module has to work under every setting.
+struct Switches {
+    /// "X", "A", window and crossing list the newest entity first.
+    bool newestFirst = true;
+    /// pickfirstModified arrives inside acedSSSetFirst; otherwise when the host is next idle.
+    bool pickfirstNotifiedInside = true;
+    /// acedSSGetFirst answers RTNORM with a null buffer when nothing is selected.
+    bool emptyPickfirstIsNorm = false;
+    /// Erasing selected entities notifies pickfirstModified.
+    bool eraseNotifiesPickfirst = true;
+    /// Dropping the pick-first set at a command's start, or reading it under the use-pick-set flag
+    /// alone, notifies pickfirstModified.
+    bool dropNotifiesPickfirst = true;
+    /// kUnloadDwgMsg comes before documentToBeDestroyed.
+    bool unloadMessageFirst = true;
+    /// A module that is loaded gets kLoadDwgMsg for all open drawings at once; otherwise for each
+    /// when it next becomes current.
+    bool loadMessageAtOnce = true;
+};
+
+Switches& switches();
+
+}  // namespace host
