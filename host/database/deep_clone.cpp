@@ -1,0 +1,219 @@
+// Deep cloning: copies with all they own, references among them turned to the copies.
+#include "host/database/deep_clone.h"
+
+#include <algorithm>
+
+#include "host/database/fields.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+
+namespace host {
+namespace {
+
+bool isOwnerCode(int code) { return code >= 350 && code <= 369; }
+
+/// True for what stands in the OBJECTS section; only that can be owned through a handle.
+bool isFreeObject(Kind kind) {
+    return kind == Kind::Object || kind == Kind::Dictionary || kind == Kind::Xrecord;
+}
+
+/// Codes whose values name other objects. Handles kept as text are none of them.
+bool isReferenceCode(int code) {
+    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 ||
+           code == 481 || code == 1005;
+}
+
+/// Copies one object after the other with what it owns, an owner before what is its own.
+class Cloner {
+  public:
+    Cloner(Store& store, CloneMap& map) : m_store(store), m_map(map) {}
+
+    void clone(const ObjectBody& source, ObjectBody& owner) {
+        ObjectBody& primary = copy(source, owner.self);
+        m_store.appendChild(owner.self, primary);
+        m_movedSpace = source.owner != owner.self;
+        m_paperSpace = m_movedSpace && isPaperSpace(owner);
+        if (m_movedSpace) setSpaceMarks(primary, m_paperSpace);
+        m_open.push_back(&source);
+        for (std::size_t at = 0; at < m_open.size(); ++at)
+            copyOwned(*m_open[at]);
+        m_open.clear();
+    }
+
+  private:
+    ObjectBody& copy(const ObjectBody& source, Index owner) {
+        ObjectBody& made = m_store.duplicate(source, owner);
+        m_map.add(source, made);
+        return made;
+    }
+
+    ObjectBody& copyPart(const ObjectBody& part, Index owner) {
+        ObjectBody& made = copy(part, owner);
+        if (m_movedSpace) setSpaceMarks(made, m_paperSpace);
+        m_open.push_back(&part);
+        return made;
+    }
+
+    void copyOwned(const ObjectBody& source) {
+        const Index owner = m_map.cloneOf(source);
+        if (isEntityKind(source.kind)) copyParts(source, m_store.at(owner));
+        TagReader reader(source.text());
+        Tag tag;
+        while (reader.next(tag)) {
+            if (!isOwnerCode(tag.code)) continue;
+            const ObjectBody* owned = ownedBy(source, tag.value);
+            if (owned == nullptr) continue;
+            m_store.appendChild(m_store.objectsList(), copy(*owned, owner));
+            m_open.push_back(owned);
+        }
+    }
+
+    void copyParts(const ObjectBody& source, ObjectBody& target) {
+        for (Index at = m_store.firstLive(source.self); at != kNoIndex;) {
+            const ObjectBody& part = m_store.at(at);
+            m_store.appendChild(target.self, copyPart(part, target.self));
+            at = m_store.nextLive(part);
+        }
+        if (source.sequenceEnd == kNoIndex) return;
+        const ObjectBody& end = m_store.at(source.sequenceEnd);
+        if (!end.erased) m_store.setSequenceEnd(target, copyPart(end, target.self));
+    }
+
+    /// The object that an owner's group names, when it is to be copied with the owner.
+    const ObjectBody* ownedBy(const ObjectBody& owner, std::string_view handle) const {
+        const ObjectBody* owned = m_store.byHandle(parseHandle(handle).value_or(0));
+        if (owned == nullptr || owned->erased || !isFreeObject(owned->kind)) return nullptr;
+        if (m_map.cloneOf(*owned) != kNoIndex) return nullptr;
+        // What a dictionary lists is its own, whatever the entry itself says.
+        const bool listed = owner.kind == Kind::Dictionary ||
+                            owned->handle == extensionDictionaryHandle(owner.text());
+        return listed || owned->owner == owner.self ? owned : nullptr;
+    }
+
+    Store& m_store;
+    CloneMap& m_map;
+    std::vector<const ObjectBody*> m_open;  ///< copied, what they own not yet
+    bool m_movedSpace = false;
+    bool m_paperSpace = false;
+};
+
+/// Rewrites the references in the groups of one clone.
+class Translation {
+  public:
+    Translation(const Store& store, const CloneMap& map) : m_store(store), m_map(map) {}
+
+    std::string of(const ObjectBody& clone) {
+        m_text.clear();
+        m_text.reserve(clone.size);
+        m_inHead = true;
+        m_bracket = Bracket::None;
+        m_keyAt = std::string::npos;
+        m_isDictionary = clone.kind == Kind::Dictionary;
+        TagReader reader(clone.text());
+        Tag tag;
+        while (reader.next(tag))
+            add(tag);
+        return m_text;
+    }
+
+  private:
+    /// Links is a bracket that only other objects' knowledge justifies: reactors, dictionary.
+    enum class Bracket { None, Links, Other };
+
+    void add(const Tag& tag) {
+        if (tag.code == 100) m_inHead = false;
+        if (tag.code == 102 && m_inHead) {
+            addBracket(tag);
+        } else if (isReferenceCode(tag.code) && !isOwner(tag)) {
+            addReference(tag);
+        } else {
+            if (tag.code == 3) m_keyAt = m_text.size();
+            addTag(m_text, tag.code, tag.value);
+        }
+    }
+
+    void addBracket(const Tag& tag) {
+        if (!tag.value.empty() && tag.value[0] == '{') {
+            const bool links = tag.value == "{ACAD_REACTORS" || tag.value == "{ACAD_XDICTIONARY";
+            m_bracket = links ? Bracket::Links : Bracket::Other;
+            m_bracketAt = m_text.size();
+            addTag(m_text, tag.code, tag.value);
+            m_bracketBegin = m_text.size();
+            return;
+        }
+        const bool isEmpty = m_bracket == Bracket::Links && m_text.size() == m_bracketBegin;
+        if (isEmpty) m_text.resize(m_bracketAt);
+        if (!isEmpty) addTag(m_text, tag.code, tag.value);
+        m_bracket = Bracket::None;
+    }
+
+    void addReference(const Tag& tag) {
+        const ObjectBody* target = m_store.byHandle(parseHandle(tag.value).value_or(0));
+        const Index clone = target != nullptr ? m_map.cloneOf(*target) : kNoIndex;
+        if (clone != kNoIndex) {
+            addHandleTag(m_text, tag.code, m_store.at(clone).handle);
+            m_keyAt = std::string::npos;
+        } else if (m_isDictionary && !m_inHead && isOwnerCode(tag.code)) {
+            // An entry that was not copied stays with the source, key and all.
+            m_text.resize(std::min(m_keyAt, m_text.size()));
+            m_keyAt = std::string::npos;
+        } else if (m_bracket != Bracket::Links) {
+            addTag(m_text, tag.code, tag.value);
+        }
+    }
+
+    bool isOwner(const Tag& tag) const {
+        return m_inHead && m_bracket == Bracket::None && tag.code == 330;
+    }
+
+    const Store& m_store;
+    const CloneMap& m_map;
+    std::string m_text;
+    bool m_inHead = true;
+    bool m_isDictionary = false;
+    Bracket m_bracket = Bracket::None;
+    std::size_t m_bracketAt = 0;
+    std::size_t m_bracketBegin = 0;
+    std::size_t m_keyAt = std::string::npos;  ///< where the key of the next entry stands
+};
+
+}  // namespace
+
+void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
+    m_pairs[&source] = clone.self;
+}
+
+Index CloneMap::cloneOf(const ObjectBody& source) const {
+    const auto found = m_pairs.find(&source);
+    return found != m_pairs.end() ? found->second : kNoIndex;
+}
+
+void copyWithOwned(Store& store, const std::vector<ObjectBody*>& sources, ObjectBody& owner,
+                   CloneMap& map) {
+    Cloner cloner(store, map);
+    for (const ObjectBody* source : sources) {
+        if (map.cloneOf(*source) == kNoIndex) cloner.clone(*source, owner);
+    }
+}
+
+void translateReferences(Store& store, const CloneMap& map) {
+    std::vector<Index> clones;  // in the order in which they lie in memory
+    clones.reserve(map.pairs().size());
+    for (const auto& [source, index] : map.pairs())
+        clones.push_back(index);
+    std::sort(clones.begin(), clones.end());
+    Translation translation(store, map);
+    for (const Index index : clones) {
+        ObjectBody& clone = store.at(index);
+        std::string text = translation.of(clone);
+        if (text != clone.text()) clone.setText(std::move(text));
+    }
+}
+
+void deepClone(Store& store, const std::vector<ObjectBody*>& sources, ObjectBody& owner,
+               CloneMap& map) {
+    copyWithOwned(store, sources, owner, map);
+    translateReferences(store, map);
+}
+
+}  // namespace host

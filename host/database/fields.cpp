@@ -1,0 +1,188 @@
+// Finding, reading and editing the fields of an entity in its groups.
+#include "host/database/fields.h"
+
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+
+namespace host {
+namespace {
+
+/// Where a field is, and where its group would be added.
+struct Location {
+    std::optional<TagPlace> group;
+    std::size_t addAt = 0;
+};
+
+/// Follows the parts of an object's groups up to the first that are not the entity's own.
+class PartWalk {
+  public:
+    PartWalk(std::string_view text, const FieldPlace& place) : m_reader(text), m_place(place) {}
+
+    /// Reads the next group that may be a field; markers and brackets are passed over.
+    bool next(Tag& tag) {
+        while (m_reader.next(tag)) {
+            if (tag.code >= 1000 || tag.code == 101) return false;  // xdata, embedded object
+            if (tag.code == 100) {
+                const bool named = trimmed(tag.value) == m_place.subclass;
+                m_inPart = named && m_count++ == m_place.occurrence;
+            }
+            const bool opens = tag.code == 102 && !tag.value.empty() && tag.value[0] == '{';
+            const bool closes = tag.code == 102 && !opens;
+            if (opens) m_inBrackets = true;
+            const bool skipped = m_inBrackets || tag.code == 100 || tag.code == 102;
+            if (closes) m_inBrackets = false;
+            m_last = m_reader.end();
+            if (m_inPart) m_partEnd = m_last;
+            if (!skipped) return true;
+        }
+        return false;
+    }
+    bool inPart() const { return m_inPart; }
+    TagPlace placeOf(const Tag& tag) const { return {m_reader.begin(), m_reader.end(), tag.value}; }
+    /// End of the part, or of all the entity's own groups when it has no such part.
+    std::size_t addAt() const { return m_partEnd != 0 ? m_partEnd : m_last; }
+    bool sawPart() const { return m_partEnd != 0; }
+
+  private:
+    TagReader m_reader;
+    const FieldPlace& m_place;
+    int m_count = 0;
+    bool m_inPart = false;
+    bool m_inBrackets = false;
+    std::size_t m_partEnd = 0;
+    std::size_t m_last = 0;
+};
+
+Location locate(std::string_view text, const FieldPlace& place) {
+    PartWalk walk(text, place);
+    std::optional<TagPlace> inPart;
+    std::optional<TagPlace> anywhere;
+    Tag tag;
+    while (walk.next(tag)) {
+        if (tag.code != place.code) continue;
+        if (walk.inPart() && !inPart) inPart = walk.placeOf(tag);
+        if (!anywhere) anywhere = walk.placeOf(tag);
+    }
+    return {walk.sawPart() ? inPart : anywhere, walk.addAt()};
+}
+
+std::string encoded(const ObjectBody& body, std::wstring_view value) {
+    return body.store != nullptr ? body.store->encode(value) : encodeText(value, Encoding());
+}
+
+std::wstring decoded(const ObjectBody& body, std::string_view value) {
+    return body.store != nullptr ? body.store->decode(value) : decodeText(value, Encoding());
+}
+
+void storeValue(ObjectBody& body, const FieldPlace& place, std::string_view value, bool isDefault) {
+    const bool removes = isDefault && !place.storesDefault;
+    const auto old = fieldValue(body.text(), place);
+    if (removes ? !old : old == value) return;
+    std::string text(body.text());
+    if (removes) {
+        removeField(text, place);
+    } else {
+        setFieldValue(text, place, value);
+    }
+    body.setText(std::move(text));
+}
+
+FieldPlace shifted(FieldPlace place, int codes) {
+    place.code += codes;
+    return place;
+}
+
+double realAt(std::string_view text, const FieldPlace& place, double fallback) {
+    const auto value = fieldValue(text, place);
+    return value ? parseReal(*value).value_or(fallback) : fallback;
+}
+
+}  // namespace
+
+std::optional<std::string_view> fieldValue(std::string_view text, const FieldPlace& place) {
+    const auto group = locate(text, place).group;
+    if (!group) return std::nullopt;
+    return group->value;
+}
+
+void setFieldValue(std::string& text, const FieldPlace& place, std::string_view value) {
+    const Location at = locate(text, place);
+    if (at.group) {
+        replaceValue(text, *at.group, value);
+        return;
+    }
+    std::string group;
+    addTag(group, place.code, value);
+    text.insert(at.addAt, group);
+}
+
+void removeField(std::string& text, const FieldPlace& place) {
+    const auto group = locate(text, place).group;
+    if (group) text.erase(group->begin, group->end - group->begin);
+}
+
+double getField(const ObjectBody& body, const RealField& field) {
+    return realAt(body.text(), field.place, field.fallback);
+}
+
+int getField(const ObjectBody& body, const IntegerField& field) {
+    const auto value = fieldValue(body.text(), field.place);
+    const auto number = value ? parseInteger(*value) : std::nullopt;
+    if (!number || *number < INT32_MIN || *number > INT32_MAX) return field.fallback;
+    return static_cast<int>(*number);
+}
+
+AcGePoint3d getField(const ObjectBody& body, const PointField& field) {
+    const std::string_view text = body.text();
+    return {realAt(text, field.place, 0.0), realAt(text, shifted(field.place, 10), 0.0),
+            realAt(text, shifted(field.place, 20), 0.0)};
+}
+
+std::wstring getField(const ObjectBody& body, const TextField& field) {
+    const auto value = fieldValue(body.text(), field.place);
+    return value ? decoded(body, *value) : std::wstring(field.fallback);
+}
+
+void setField(ObjectBody& body, const RealField& field, double value) {
+    storeValue(body, field.place, formatReal(value), value == field.fallback);
+}
+
+void setField(ObjectBody& body, const IntegerField& field, int value) {
+    storeValue(body, field.place, std::to_string(value), value == field.fallback);
+}
+
+void setField(ObjectBody& body, const PointField& field, const AcGePoint3d& point) {
+    std::string text(body.text());
+    // The three groups are put back together at one place: readers take them as one point.
+    for (int shift : {20, 10})
+        removeField(text, shifted(field.place, shift));
+    const Location x = locate(text, field.place);
+    const std::size_t at = x.group ? x.group->begin : x.addAt;
+    removeField(text, field.place);
+    std::string groups;
+    addPointTag(groups, field.place.code, point.x, point.y, point.z);
+    text.insert(at, groups);
+    if (text != body.text()) body.setText(std::move(text));
+}
+
+void setField(ObjectBody& body, const TextField& field, std::wstring_view value) {
+    storeValue(body, field.place, encoded(body, value), value == field.fallback);
+}
+
+void copyField(const ObjectBody& from, ObjectBody& to, const FieldPlace& place) {
+    const auto value = fieldValue(from.text(), place);
+    storeValue(to, place, value ? encoded(to, decoded(from, *value)) : "", !value);
+}
+
+bool isPaperSpace(const ObjectBody& blockRecord) {
+    constexpr std::wstring_view prefix = L"*PAPER_SPACE";
+    return foldCase(symbolName(blockRecord)).compare(0, prefix.size(), prefix) == 0;
+}
+
+void setSpaceMarks(ObjectBody& entity, bool paperSpace) {
+    setField(entity, field::paperSpace, paperSpace ? 1 : 0);
+    setField(entity, field::layoutName, L"");
+}
+
+}  // namespace host

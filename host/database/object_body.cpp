@@ -1,0 +1,104 @@
+// Stored content of one object: its text, type name and kind.
+#include "host/database/object_body.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "host/database/body_text.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+
+namespace host {
+
+namespace {
+
+struct NamedKind {
+    std::string_view type;
+    Kind kind;
+};
+
+constexpr std::array<NamedKind, 8> kEntityKinds{{{"INSERT", Kind::BlockReference},
+                                                 {"ATTRIB", Kind::Attribute},
+                                                 {"ATTDEF", Kind::AttributeDefinition},
+                                                 {"TEXT", Kind::Text},
+                                                 {"VERTEX", Kind::Vertex},
+                                                 {"SEQEND", Kind::SequenceEnd},
+                                                 {"BLOCK", Kind::BlockBegin},
+                                                 {"ENDBLK", Kind::BlockEnd}}};
+
+constexpr std::array<NamedKind, 14> kObjectKinds{{{"DICTIONARY", Kind::Dictionary},
+                                                  {"ACDBDICTIONARYWDFLT", Kind::Dictionary},
+                                                  {"XRECORD", Kind::Xrecord},
+                                                  {"BLOCK_RECORD", Kind::BlockRecord},
+                                                  {"LAYER", Kind::LayerRecord},
+                                                  {"LTYPE", Kind::LinetypeRecord},
+                                                  {"STYLE", Kind::OtherRecord},
+                                                  {"VIEW", Kind::OtherRecord},
+                                                  {"UCS", Kind::OtherRecord},
+                                                  {"VPORT", Kind::OtherRecord},
+                                                  {"APPID", Kind::OtherRecord},
+                                                  {"DIMSTYLE", Kind::OtherRecord},
+                                                  {"BLOCK", Kind::BlockBegin},
+                                                  {"ENDBLK", Kind::BlockEnd}}};
+
+template <std::size_t N>
+Kind findKind(const std::array<NamedKind, N>& kinds, std::string_view type, Kind otherwise) {
+    for (const NamedKind& named : kinds)
+        if (named.type == type) return named.kind;
+    return otherwise;
+}
+
+Kind polylineKind(std::string_view text) {
+    constexpr long long kIs3d = 8;
+    constexpr long long kIsMesh = 16 | 64;
+    const long long flags = integerGroup(text, 70, 0);
+    if ((flags & kIsMesh) != 0) return Kind::OtherPolyline;
+    return (flags & kIs3d) != 0 ? Kind::Polyline3d : Kind::Polyline2d;
+}
+
+Kind tableKind(std::string_view text) {
+    const auto name = findTag(text, 2);
+    if (!name) return Kind::OtherTable;
+    if (name->value == "BLOCK_RECORD") return Kind::BlockTable;
+    if (name->value == "LAYER") return Kind::LayerTable;
+    return name->value == "LTYPE" ? Kind::LinetypeTable : Kind::OtherTable;
+}
+
+}  // namespace
+
+bool isObjectKind(Kind kind) { return kind <= Kind::Xrecord; }
+
+bool isEntityKind(Kind kind) { return kind >= Kind::Entity; }
+
+bool isSubEntityKind(Kind kind) {
+    return kind == Kind::Attribute || kind == Kind::Vertex || kind == Kind::SequenceEnd;
+}
+
+Kind kindOf(std::string_view type, std::string_view text, bool inEntities) {
+    if (inEntities)
+        return type == "POLYLINE" ? polylineKind(text) : findKind(kEntityKinds, type, Kind::Entity);
+    return type == "TABLE" ? tableKind(text) : findKind(kObjectKinds, type, Kind::Object);
+}
+
+ObjectBody::~ObjectBody() {
+    if (ownsData) delete[] data;
+}
+
+void ObjectBody::setText(std::string text) {
+    placeText(*this, text);
+    if (store == nullptr) return;
+    ++store->revision;
+    store->recordsChanged(kind);
+}
+
+std::string_view ObjectBody::type() const {
+    // Always the first group; read without the reader because listings ask for it often.
+    const std::string_view all = text();
+    const std::size_t begin = all.find('\n');
+    if (begin == std::string_view::npos) return {};
+    const std::size_t end = all.find('\n', begin + 1);
+    return all.substr(begin + 1, end == std::string_view::npos ? end : end - begin - 1);
+}
+
+}  // namespace host

@@ -1,0 +1,32 @@
+// Conversion between the text of a drawing and wide characters.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// Encoding of a drawing's text: UTF-8 from AC1021 on, else a code page such as "ANSI_1252".
+struct Encoding {
+    std::string codePage;  ///< as $DWGCODEPAGE names it; used only when utf8 is false
+    bool utf8 = true;
+};
+
+/// True when the code page is one this machine can convert.
+bool encodingKnown(const Encoding& encoding);
+/// True when the bytes are well-formed in the encoding.
+bool wellFormed(std::string_view bytes, const Encoding& encoding);
+/// Wide text; "\U+XXXX" becomes its character, malformed bytes become U+FFFD.
+std::wstring decodeText(std::string_view bytes, const Encoding& encoding);
+/// Bytes of the encoding; characters it lacks become "\U+XXXX", line ends become blanks.
+std::string encodeText(std::wstring_view text, const Encoding& encoding);
+
+/// Conversions that do not depend on a drawing, for paths and messages. Malformed input gives
+/// U+FFFD, never a failure.
+std::wstring fromUtf8(std::string_view bytes);
+std::string toUtf8(std::wstring_view text);
+
+/// Upper-cased copy for comparing symbol names and keys without regard to case.
+std::wstring foldCase(std::wstring_view text);
+
+}  // namespace host
