@@ -1,0 +1,52 @@
+// The logging object: creation, use, destruction.
+#include "VeLogging.h"
+
+#include <new>
+
+#include "diagnostics.h"
+#include "platform.h"
+
+CVelmoLogging* G_pLoggingObject = NULL;
+
+namespace {
+
+constexpr wchar_t DIAG_SOURCE[] = L"VeLogging";
+
+/// The lines that the checks of this source report, fixed so that reports of different releases
+/// stay comparable.
+constexpr int kCreateCheckLine = 21;
+constexpr int kDestructorCheckLine = 62;
+constexpr int kUseCheckLine = 69;
+
+}  // namespace
+
+CLogSession::CLogSession(const std::wstring& sApplicationName, const std::wstring& sVersion)
+    : m_sApplicationName(sApplicationName), m_sVersion(sVersion) {}
+
+void CLogSession::log(const std::wstring&) {}
+
+CVelmoLogging::CVelmoLogging(const std::wstring& sApplicationName, const std::wstring& sVersion)
+    : m_pLogSession(new (std::nothrow) CLogSession(sApplicationName, sVersion)) {}
+
+CVelmoLogging::~CVelmoLogging() {
+    DIAG_ASSERT_AT(kDestructorCheckLine, m_pLogSession != NULL, L"m_pLogSession != NULL");
+}
+
+void CVelmoLogging::log(const std::wstring& sText) {
+    DIAG_ASSERT_AT(kUseCheckLine, m_pLogSession != NULL, L"m_pLogSession != NULL");
+    if (m_pLogSession != NULL) m_pLogSession->log(sText);
+}
+
+void createLogging(const std::wstring& sApplicationName, const std::wstring& sVersion) {
+    DIAG_ASSERT_AT(kCreateCheckLine, G_pLoggingObject == NULL, L"G_pLoggingObject == NULL");
+    G_pLoggingObject = new (std::nothrow) CVelmoLogging(sApplicationName, sVersion);
+}
+
+void logCommandUse(const std::wstring& sText) {
+    if (G_pLoggingObject != NULL) G_pLoggingObject->log(sText);
+}
+
+void destroyLogging() {
+    delete G_pLoggingObject;
+    G_pLoggingObject = NULL;
+}

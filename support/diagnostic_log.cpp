@@ -1,0 +1,143 @@
+// The diagnostic log files: UTF-16 text with a byte-order mark, one working log a process.
+#include "diagnostic_log.h"
+
+#include <cstdio>
+#include <map>
+
+#include "library.h"
+#include "log_header.h"
+#include "module_file.h"
+#include "platform.h"
+#include "time_text.h"
+
+namespace {
+
+constexpr int kMostAttempts = 10;
+constexpr DWORD kPauseMilliseconds = 500;
+constexpr wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
+
+std::wstring environmentValue(const wchar_t* name) {
+    const DWORD needed = ::GetEnvironmentVariableW(name, NULL, 0);
+    std::wstring value(needed, L'\0');
+    const DWORD length = needed == 0 ? 0 : ::GetEnvironmentVariableW(name, &value[0], needed);
+    value.resize(length < needed ? length : 0);
+    return value;
+}
+
+/// The start of the workstation service, near enough the start of the machine. Where the service
+/// does not tell, the machine's start is taken: now less the time that it has been running.
+ULONGLONG workstationStart() {
+    wchar_t service[] = L"LanmanWorkstation";
+    LPBYTE buffer = NULL;
+    ULONGLONG start = 0;
+    if (::NetStatisticsGet(NULL, service, 0, 0, &buffer) == NERR_Success && buffer != NULL) {
+        const auto* const statistics = reinterpret_cast<const STAT_WORKSTATION_0*>(buffer);
+        start = static_cast<ULONGLONG>(statistics->StatisticsStartTime.QuadPart);
+    }
+    if (buffer != NULL) ::NetApiBufferFree(buffer);
+    constexpr ULONGLONG stepsInMillisecond = 10000;
+    return start != 0 ? start : currentMoment() - ::GetTickCount64() * stepsInMillisecond;
+}
+
+std::wstring newWorkingLogName(const std::wstring& base) {
+    return diagnosticsFolder() + base + L"." + utcTimeText(workstationStart(), kTimeFormat) + L"_" +
+           utcTimeText(currentMoment(), kTimeFormat) + L"_" +
+           std::to_wstring(::GetCurrentProcessId()) + L".log";
+}
+
+/// Full names by base name, each made at its first use.
+std::map<std::wstring, std::wstring>& nameCache() {
+    static std::map<std::wstring, std::wstring> cache;
+    return cache;
+}
+
+bool createFolders(const std::wstring& folder) {
+    const DWORD attributes = ::GetFileAttributesW(folder.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const std::size_t slash = folder.find_last_of(L"\\/");
+    if (slash != std::wstring::npos && slash > 0 && !createFolders(folder.substr(0, slash))) {
+        return false;
+    }
+    // Another process may make it at the same time.
+    return ::CreateDirectoryW(folder.c_str(), NULL) || ::GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+enum class OpenResult { Opened, Missing, Failed };
+
+/// Opens for writing without creating, and closes again.
+OpenResult tryOpen(const std::wstring& name) {
+    const HANDLE file = ::CreateFileW(name.c_str(), GENERIC_WRITE, FILE_SHARE_READ, NULL,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, NULL);
+    if (file == INVALID_HANDLE_VALUE) {
+        return ::GetLastError() == ERROR_FILE_NOT_FOUND ? OpenResult::Missing : OpenResult::Failed;
+    }
+    ::CloseHandle(file);
+    return OpenResult::Opened;
+}
+
+bool appendText(const std::wstring& name, const std::wstring& text) {
+    std::FILE* const file = ::_wfopen(name.c_str(), L"a+t, ccs=UNICODE");
+    if (file == NULL) return false;
+    const bool written = ::fwprintf_s(file, L"%ls", text.c_str()) >= 0;
+    return std::fclose(file) == 0 && written;
+}
+
+/// One attempt; false after any file error.
+bool appendOnce(const std::wstring& name, const std::wstring& text) {
+    const OpenResult state = tryOpen(name);
+    if (state == OpenResult::Failed) return false;
+    if (state == OpenResult::Missing && !appendText(name, logHeader())) return false;
+    return appendText(name, text);
+}
+
+}  // namespace
+
+std::wstring diagnosticsFolder() {
+    std::wstring folder = environmentValue(L"TEMP");
+    if (folder.empty()) folder = environmentValue(L"TMP");
+    if (folder.empty()) return folder;
+    if (folder.back() != L'\\' && folder.back() != L'/') folder += L'\\';
+    return folder + L"Velmo Diagnostics\\";
+}
+
+bool createDiagnosticsFolder() {
+    std::wstring folder = diagnosticsFolder();
+    if (folder.empty()) return false;
+    folder.pop_back();
+    return createFolders(folder);
+}
+
+std::wstring workingLogName() {
+    const std::wstring base = moduleFileName(G_hCurrentModule);
+    if (diagnosticsFolder().empty()) return std::wstring();
+    std::wstring& name = nameCache()[base];
+    if (name.empty()) name = newWorkingLogName(base);
+    return name;
+}
+
+std::wstring finalLogName() {
+    const std::wstring base = moduleFileName(G_hCurrentModule) + L".log";
+    if (diagnosticsFolder().empty()) return std::wstring();
+    std::wstring& name = nameCache()[base];
+    if (name.empty()) name = diagnosticsFolder() + base;
+    return name;
+}
+
+bool fileExists(const std::wstring& name) {
+    return !name.empty() && ::GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void deleteWorkingLog() {
+    const std::wstring name = workingLogName();
+    if (!name.empty() && tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
+}
+
+void appendToWorkingLog(const std::wstring& text) {
+    const std::wstring name = workingLogName();
+    if (name.empty()) return;
+    const std::wstring line = text.substr(0, text.find_last_not_of(L'\n') + 1) + L"\n";
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        if (appendOnce(name, line)) return;
+        ::Sleep(kPauseMilliseconds);
+    }
+}

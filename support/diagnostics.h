@@ -1,0 +1,38 @@
+// Diagnostics settings, assertion checks and the output of diagnostic texts.
+//
+// All of it is called on the host's main thread only; nothing is locked.
+#pragma once
+
+#include <string>
+
+/// Process-wide; all off until the library's initialisation reads the per-user switches.
+struct DiagnosticsSettings {
+    bool assertionsEnabled;         ///< checks are reported
+    bool echoEnabled;               ///< texts go to standard output and to an attached debugger
+    bool logFileEnabled;            ///< texts go to the diagnostic log file
+    unsigned char diagnosticLevel;  ///< 0 none, 1 assertions only, 2 full diagnostics
+};
+
+extern DiagnosticsSettings G_diagnostics;
+
+/// Checks a condition, which is evaluated exactly once whatever the settings, so that it may be the
+/// call itself. When it is false and checks are enabled, `expression` is reported; execution always
+/// goes on. The source names itself by a constant: `constexpr wchar_t DIAG_SOURCE[] =
+/// L"VeLogging";`
+#define DIAG_ASSERT(condition, expression) DIAG_ASSERT_AT(__LINE__, condition, expression)
+/// The same with the line to report.
+#define DIAG_ASSERT_AT(line, condition, expression) \
+    checkAssertion(static_cast<bool>(condition), DIAG_SOURCE, (line), (expression))
+
+/// What DIAG_ASSERT does: reports, then breaks into an attached debugger.
+void checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression);
+/// Shows the message box, waits for it, and hands report line and call stack to diagnosticsOutput.
+void reportAssertion(const wchar_t* source, int line, const wchar_t* expression);
+
+/// Writes a text, with the time in front, to where the settings say; nothing when that is nowhere.
+void diagnosticsOutput(const std::wstring& text);
+/// The text behind the current local time: "[16:19:18] text".
+std::wstring timePrefixed(const std::wstring& text);
+/// Appends a text as it stands to the diagnostic log file, whose folder is made if need be. A
+/// folder that cannot be made is an assertion.
+void logDiagnosticText(const std::wstring& text);
