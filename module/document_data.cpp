@@ -1,0 +1,20 @@
+// Makes and finds the per-document records.
+#include "document_data.h"
+
+#include "grouping_mode.h"
+
+namespace {
+
+constexpr int kGatheredGrowth = 8;
+
+// Built when the library is loaded, freed when it is unloaded: records of drawings that are still
+// open live until then.
+AsdkDataManager<CDocData> G_documentData;
+
+}  // namespace
+
+CDocData::CDocData() : m_aGatheredIds(0, kGatheredGrowth) { showGroupingOn(); }
+
+AsdkDataManager<CDocData>& documentDataManager() { return G_documentData; }
+
+CDocData& docData() { return G_documentData.docData(); }

@@ -1,0 +1,54 @@
+// Defines, undefines and dispatches the AutoLISP functions of the module.
+#include "lisp_table.h"
+
+#include <iterator>
+#include <string>
+
+#include "message_service.h"
+#include "platform.h"
+
+namespace {
+
+struct LispFunction {
+    const wchar_t* name;
+    int (*function)();
+    int registerFlag;
+};
+
+/// The code of a function is its index. Row 0 is never used, so that real codes begin at 1.
+constexpr LispFunction kLispFunctions[] = {
+    {L"", nullptr, 0},
+    {L"VelmoGroupVersion", lispVersionFunction, 1},
+};
+constexpr int kRowCount = static_cast<int>(std::size(kLispFunctions));
+constexpr int kVersionCode = 1;
+
+/// The compiler's date and time are plain ASCII.
+std::wstring widened(const std::string& text) { return {text.begin(), text.end()}; }
+
+}  // namespace
+
+int defineLispFunctions() {
+    for (int code = 1; code < kRowCount; ++code) {
+        const LispFunction& row = kLispFunctions[code];
+        if (acedDefun(row.name, code) == 0) return RTERROR;
+        if (row.registerFlag != 0) acedRegFunc(row.function, code);
+    }
+    return RTNORM;
+}
+
+void undefineLispFunction() { acedUndef(kLispFunctions[kVersionCode].name, kVersionCode); }
+
+void dispatchLispFunction() {
+    acedRetVoid();
+    const int code = acedGetFunCode();
+    if (code >= 1 && code < kRowCount) kLispFunctions[code].function();
+}
+
+int lispVersionFunction() {
+    acedGetArgs();
+    // The moment of the build: fixed by the compiler, not read when the module runs.
+    const std::wstring line = L"GroupCommands : " + widened(__DATE__) + L" " + widened(__TIME__);
+    messageService(L"%s\n", line.c_str());
+    return RSRSLT;
+}

@@ -1,0 +1,35 @@
+// Finds the space that receives new markers and re-cloned members.
+#include "current_space.h"
+
+#include "diagnostics.h"
+#include "host_guards.h"
+
+namespace {
+
+constexpr wchar_t DIAG_SOURCE[] = L"CurrentSpace";
+constexpr int kPaperSpaceViewport = 1;
+
+}  // namespace
+
+std::wstring currentSpaceName() {
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    if (database == nullptr || database->tilemode()) return ACDB_MODEL_SPACE;
+    resbuf viewport{};
+    const bool known = acedGetVar(L"CVPORT", &viewport) == RTNORM;
+    DIAG_ASSERT(known, L"acedGetVar(L\"CVPORT\", &rbViewport) == RTNORM");
+    return known && viewport.resval.rint == kPaperSpaceViewport ? ACDB_PAPER_SPACE
+                                                                : ACDB_MODEL_SPACE;
+}
+
+AcDbObjectId currentSpaceId() {
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    if (database == nullptr) return {};
+    Opened<AcDbBlockTable> blocks;
+    const bool opened = database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk;
+    DIAG_ASSERT(opened, L"pDatabase->getSymbolTable(pBlockTable, AcDb::kForRead) == Acad::eOk");
+    if (!opened) return {};
+    AcDbObjectId space;
+    DIAG_ASSERT(blocks->getAt(currentSpaceName().c_str(), space) == Acad::eOk,
+                L"pBlockTable->getAt(sSpaceName, spaceId) == Acad::eOk");
+    return space;
+}

@@ -1,0 +1,167 @@
+// Forms groups by re-cloning their members between two new markers.
+#include "group_forming.h"
+
+#include <string>
+
+#include "current_space.h"
+#include "diagnostics.h"
+#include "group_naming.h"
+#include "group_record.h"
+#include "handle_text.h"
+#include "host_guards.h"
+#include "marker.h"
+
+namespace {
+
+constexpr wchar_t DIAG_SOURCE[] = L"GroupForming";
+constexpr int kListGrowth = 8;
+constexpr const wchar_t* kProceed = L"Continue";
+/// Stands in a begin marker until its end marker exists.
+constexpr const wchar_t* kEndMarkerPending = L"ENT_HANDL";
+
+/// The confirmation step of forming a group. Its answer is fixed: nobody is asked.
+std::wstring confirmForming() { return kProceed; }
+
+Adesk::Int32 lengthOf(const ads_name selection) {
+    Adesk::Int32 length = 0;
+    DIAG_ASSERT(acedSSLength(selection, &length) == RTNORM,
+                L"acedSSLength(ss, &nLength) == RTNORM");
+    return length;
+}
+
+/// Id of the selection's entity at `index`; null when it cannot be had.
+AcDbObjectId idAt(const ads_name selection, Adesk::Int32 index) {
+    ads_name name = {};
+    AcDbObjectId id;
+    const bool named = acedSSName(selection, index, name) == RTNORM;
+    DIAG_ASSERT(named, L"acedSSName(ss, i, ent) == RTNORM");
+    if (!named) return id;
+    DIAG_ASSERT(acdbGetObjectId(id, name) == Acad::eOk,
+                L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    return id;
+}
+
+AcDbObjectId lastEntity() {
+    ads_name name = {};
+    AcDbObjectId id;
+    const bool found = acdbEntLast(name) == RTNORM;
+    DIAG_ASSERT(found, L"acdbEntLast(ent) == RTNORM");
+    if (!found) return id;
+    DIAG_ASSERT(acdbGetObjectId(id, name) == Acad::eOk,
+                L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    return id;
+}
+
+/// Group markers among the selected entities; tags are compared without regard to case here.
+AcDbObjectIdArray markersIn(const ads_name selection) {
+    const std::wstring prefix = groupPrefix();
+    const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
+    const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
+    AcDbObjectIdArray markers(0, kListGrowth);
+    const Adesk::Int32 length = lengthOf(selection);
+    for (Adesk::Int32 i = 0; i < length; ++i) {
+        const AcDbObjectId id = idAt(selection, i);
+        const std::wstring tag = readMarkerText(id, MarkerText::kTag);
+        if (_wcsicmp(tag.c_str(), beginTag.c_str()) == 0 ||
+            _wcsicmp(tag.c_str(), endTag.c_str()) == 0) {
+            markers.append(id);
+        }
+    }
+    return markers;
+}
+
+void removeFrom(const ads_name selection, const AcDbObjectIdArray& markers) {
+    for (int i = 0; i < markers.length(); ++i) {
+        ads_name name = {};
+        DIAG_ASSERT(acdbGetAdsName(name, markers[i]) == Acad::eOk,
+                    L"acdbGetAdsName(ent, objId) == Acad::eOk");
+        DIAG_ASSERT(acedSSDel(name, selection) == RTNORM, L"acedSSDel(ent, ss) == RTNORM");
+    }
+}
+
+/// What a re-cloning does with the entities of its selection.
+struct Sources {
+    AcDbObjectIdArray toClone{0, kListGrowth};  // those with the owner of the first one
+    AcDbObjectIdArray toErase{0, kListGrowth};  // these and, on purpose, those of other owners
+};
+
+/// Gives or takes each entity's record and sorts the entities by owner.
+Sources prepareSources(const ads_name selection, Records records) {
+    Sources sources;
+    AcDbObjectId commonOwner;
+    const Adesk::Int32 length = lengthOf(selection);
+    for (Adesk::Int32 i = 0; i < length; ++i) {
+        const AcDbObjectId id = idAt(selection, i);
+        if (records == Records::kGive) {
+            createXrecord(id);
+        } else {
+            ungroupEntity(id);
+        }
+        Opened<AcDbEntity> entity;
+        const bool opened = acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk;
+        DIAG_ASSERT(opened, L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
+        if (!opened) continue;
+        if (commonOwner.isNull()) commonOwner = entity->ownerId();
+        if (entity->ownerId() == commonOwner) sources.toClone.append(id);
+        sources.toErase.append(id);
+    }
+    return sources;
+}
+
+void eraseAll(const AcDbObjectIdArray& ids) {
+    for (int i = 0; i < ids.length(); ++i) {
+        eraseObject(ids[i]);
+    }
+}
+
+}  // namespace
+
+void eraseObject(const AcDbObjectId& objectId) {
+    Opened<AcDbObject> object;
+    if (acdbOpenObject(object.receive(), objectId, AcDb::kForWrite) == Acad::eOk) {
+        object->erase(true);
+    }
+}
+
+bool ungroupEntity(const AcDbObjectId& entityId) {
+    if (isGroupedEntity(entityId)) {
+        deleteXrecord(entityId);
+        return true;
+    }
+    const std::wstring prefix = groupPrefix();
+    const std::wstring tag = readMarkerText(entityId, MarkerText::kTag);
+    if (tag == prefix + GroupSuffix::kEndMarker || tag == prefix + GroupSuffix::kBeginMarker) {
+        eraseObject(entityId);
+    }
+    return false;
+}
+
+void recloneIntoCurrentSpace(const ads_name selection, Records records) {
+    Sources sources = prepareSources(selection, records);
+    AcDbObjectId space = currentSpaceId();
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbIdMapping clones;
+    const bool cloned =
+        database != nullptr &&
+        database->deepCloneObjects(sources.toClone, space, clones, false) == Acad::eOk;
+    DIAG_ASSERT(cloned, L"pDatabase->deepCloneObjects(aIds, spaceId, idMap, false) == Acad::eOk");
+    if (cloned) eraseAll(sources.toErase);  // a drawing must not lose what could not be cloned
+}
+
+void formGroup(const ads_name selection, const AcGePoint3d& point) {
+    if (confirmForming() != kProceed) return;
+    const std::wstring prefix = groupPrefix();
+    const AcDbObjectIdArray oldMarkers = markersIn(selection);
+    removeFrom(selection, oldMarkers);
+    const std::wstring count = std::to_wstring(lengthOf(selection));
+
+    insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count);
+    const AcDbObjectId begin = lastEntity();
+    const std::wstring beginHandle = handleText(begin);
+    recloneIntoCurrentSpace(selection, Records::kGive);
+    acedSSFree(selection);
+    insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count);
+    const AcDbObjectId end = lastEntity();
+    updateMarker(begin, point, handleText(end), count);
+    eraseAll(oldMarkers);
+}

@@ -1,0 +1,64 @@
+// Makes or updates the layer that holds the group markers.
+#include "group_layer.h"
+
+#include "diagnostics.h"
+#include "host_guards.h"
+
+namespace {
+
+constexpr wchar_t DIAG_SOURCE[] = L"GroupLayer";
+
+/// Updates the layer `name`, which the open table holds. The null id when it cannot be opened.
+AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
+                         const AcCmColor& color, const AcDbObjectId& linetype, bool thaw) {
+    Opened<AcDbLayerTableRecord> layer;
+    if (layers.getAt(name.c_str(), layer.receive(), AcDb::kForWrite) != Acad::eOk) return {};
+    if (thaw) {
+        DIAG_ASSERT(layer->setIsFrozen(false) == Acad::eOk,
+                    L"pLayer->setIsFrozen(false) == Acad::eOk");
+    }
+    DIAG_ASSERT(layer->setColor(color) == Acad::eOk, L"pLayer->setColor(color) == Acad::eOk");
+    DIAG_ASSERT(layer->setLinetypeObjectId(linetype) == Acad::eOk,
+                L"pLayer->setLinetypeObjectId(linetypeId) == Acad::eOk");
+    return layer->objectId();
+}
+
+/// Adds a new layer to the open table, which is upgraded to write. The null id on failure.
+AcDbObjectId addLayer(AcDbLayerTable& layers, const std::wstring& name, const AcCmColor& color,
+                      const AcDbObjectId& linetype) {
+    const bool writable = layers.upgradeOpen() == Acad::eOk;
+    DIAG_ASSERT(writable, L"pLayerTable->upgradeOpen() == Acad::eOk");
+    if (!writable) return {};
+    NewObject<AcDbLayerTableRecord> layer(new AcDbLayerTableRecord);
+    DIAG_ASSERT(layer->setName(name.c_str()) == Acad::eOk,
+                L"pLayer->setName(sLayerName) == Acad::eOk");
+    DIAG_ASSERT(layer->setColor(color) == Acad::eOk, L"pLayer->setColor(color) == Acad::eOk");
+    DIAG_ASSERT(layer->setLinetypeObjectId(linetype) == Acad::eOk,
+                L"pLayer->setLinetypeObjectId(linetypeId) == Acad::eOk");
+    DIAG_ASSERT(layers.add(layer.get()) == Acad::eOk, L"pLayerTable->add(pLayer) == Acad::eOk");
+    return layer->objectId();
+}
+
+}  // namespace
+
+void makeLayer(const std::wstring& name, Adesk::UInt16 colorIndex, const AcDbObjectId& linetype,
+               int thawAndMakeCurrent) {
+    AcCmColor color;
+    color.setColorIndex(colorIndex);
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    Opened<AcDbLayerTable> layers;
+    if (database == nullptr ||
+        database->getSymbolTable(layers.receive(), AcDb::kForRead) != Acad::eOk) {
+        acutPrintf(L"\nUnable to open the layer table Aborting...");
+        return;
+    }
+    const bool makeCurrent = thawAndMakeCurrent != 0;
+    const AcDbObjectId id = layers->has(name.c_str())
+                                ? updateLayer(*layers.get(), name, color, linetype, makeCurrent)
+                                : addLayer(*layers.get(), name, color, linetype);
+    layers.close();
+    if (makeCurrent && !id.isNull()) {
+        DIAG_ASSERT(database->setClayer(id) == Acad::eOk,
+                    L"pDatabase->setClayer(layerId) == Acad::eOk");
+    }
+}

@@ -1,0 +1,101 @@
+// Gives entities their group record, recognises it and takes it away.
+#include "group_record.h"
+
+#include "diagnostics.h"
+#include "group_naming.h"
+#include "host_guards.h"
+
+namespace {
+
+constexpr wchar_t DIAG_SOURCE[] = L"GroupRecord";
+constexpr int kTextCode = 1;
+
+/// Text of the first text group in the record; empty when it has none.
+std::wstring recordText(const AcDbXrecord& record) {
+    ResultBuffers chain;
+    DIAG_ASSERT(record.rbChain(chain.receive()) == Acad::eOk, L"pXrec->rbChain(&pRb) == Acad::eOk");
+    for (const resbuf* item = chain.get(); item != nullptr; item = item->rbnext) {
+        if (item->restype != kTextCode) continue;
+        return item->resval.rstring != nullptr ? item->resval.rstring : L"";
+    }
+    return {};
+}
+
+/// Puts `record` with the group text into the extension dictionary.
+void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
+    const std::wstring prefix = groupPrefix();
+    Opened<AcDbDictionary> dictionary;
+    const bool opened =
+        acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForWrite) == Acad::eOk;
+    DIAG_ASSERT(opened, L"acdbOpenObject(pDict, dictId, AcDb::kForWrite) == Acad::eOk");
+    if (!opened) return;
+    AcDbObjectId recordId;
+    DIAG_ASSERT(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
+                    Acad::eOk,
+                L"pDict->setAt(sKey, pXrec, xrecId) == Acad::eOk");
+    dictionary.close();
+
+    const std::wstring text = prefix + GroupSuffix::kRecordText;
+    const ResultBuffers chain(acutBuildList(kTextCode, text.c_str(), 0));
+    if (chain.get() == nullptr) return;
+    DIAG_ASSERT(record.setFromRbChain(*chain.get()) == Acad::eOk,
+                L"pXrec->setFromRbChain(*pRb) == Acad::eOk");
+}
+
+}  // namespace
+
+void createXrecord(const AcDbObjectId& entityId) {
+    NewObject<AcDbXrecord> record(new AcDbXrecord);
+    Opened<AcDbObject> entity;
+    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForWrite) != Acad::eOk) {
+        acutPrintf(L"\nIn fucntion createXrecord acdbOpenObject failed.");
+        return;
+    }
+    // An extension dictionary of somebody else's is left alone: such an entity gets no record.
+    const Acad::ErrorStatus status = entity->createExtensionDictionary();
+    if (status == Acad::eAlreadyInDb) return;
+    DIAG_ASSERT(status == Acad::eOk, L"pObj->createExtensionDictionary() == Acad::eOk");
+    const AcDbObjectId dictionaryId = entity->extensionDictionary();
+    entity.close();
+    storeRecord(dictionaryId, *record.get());
+}
+
+bool isGroupedEntity(const AcDbObjectId& entityId) {
+    if (entityId.isErased()) return false;
+    Opened<AcDbObject> entity;
+    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) return false;
+    const AcDbObjectId dictionaryId = entity->extensionDictionary();
+    entity.close();
+
+    Opened<AcDbDictionary> dictionary;
+    if (acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForRead) != Acad::eOk) {
+        return false;
+    }
+    const std::wstring prefix = groupPrefix();
+    Opened<AcDbObject> entry;
+    const Acad::ErrorStatus found = dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(),
+                                                      entry.receive(), AcDb::kForRead);
+    dictionary.close();
+    if (found != Acad::eOk || !entry->isA()->isDerivedFrom(AcDbXrecord::desc())) return false;
+    return recordText(*static_cast<AcDbXrecord*>(entry.get())) == prefix + GroupSuffix::kRecordText;
+}
+
+bool deleteXrecord(const AcDbObjectId& entityId) {
+    Opened<AcDbObject> entity;
+    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForWrite) != Acad::eOk) {
+        acutPrintf(L"\nIn fucntion deleteXrecord Open Object failed.");
+        return false;
+    }
+    Opened<AcDbDictionary> dictionary;
+    if (acdbOpenObject(dictionary.receive(), entity->extensionDictionary(), AcDb::kForWrite) !=
+        Acad::eOk) {
+        acutPrintf(L"\nIn fucntion deleteXrecord Open Dictionary failed.");
+    } else if (dictionary->remove((groupPrefix() + GroupSuffix::kRecordKey).c_str()) != Acad::eOk) {
+        acutPrintf(L"\nRemoving entry from the dictionary... failed.");
+    }
+    dictionary.close();
+    if (entity->releaseExtensionDictionary() == Acad::eContainerNotEmpty) {
+        acutPrintf(L"\nThe dictionary is not empty... failed.");
+    }
+    return true;
+}
