@@ -1,0 +1,35 @@
+# The host: one shared library of its rooms, with the interface headers and the native platform.
+file(GLOB_RECURSE host_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/mfc/*.cpp)
+foreach(room IN LISTS HOST_ROOMS)
+  file(GLOB room_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/${room}/*.cpp)
+  list(APPEND host_sources ${room_sources})
+endforeach()
+if(WIN32)
+  list(FILTER host_sources EXCLUDE REGEX "_posix\\.cpp$")
+else()
+  file(GLOB windows_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/windows/*.cpp)
+  list(APPEND host_sources ${windows_sources})
+  list(FILTER host_sources EXCLUDE REGEX "_windows\\.cpp$")
+endif()
+
+add_library(velmohost SHARED ${host_sources})
+target_include_directories(velmohost PUBLIC ${CMAKE_SOURCE_DIR})
+target_link_libraries(velmohost PRIVATE ${CMAKE_DL_LIBS})
+
+# What the module may see of the host: the interface folders and nothing else.
+add_library(platform_interface INTERFACE)
+target_include_directories(platform_interface INTERFACE
+  ${CMAKE_SOURCE_DIR}/host/objectarx ${CMAKE_SOURCE_DIR}/host/mfc)
+if(WIN32)
+  # Wide versions of the platform's calls, and no macros called min and max.
+  target_compile_definitions(platform_interface INTERFACE UNICODE _UNICODE NOMINMAX)
+else()
+  target_include_directories(platform_interface INTERFACE ${CMAKE_SOURCE_DIR}/host/windows)
+endif()
+
+# The interface's glue, linked into every application.
+add_library(arx_glue OBJECT ${CMAKE_SOURCE_DIR}/host/objectarx/api_version.cpp)
+if(NOT WIN32)
+  # What the C runtime does around DllMain; last, so that it runs behind the static construction.
+  target_sources(arx_glue PRIVATE ${CMAKE_SOURCE_DIR}/host/windows/startup/process_attach.cpp)
+endif()

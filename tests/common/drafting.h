@@ -1,0 +1,44 @@
+// A host session with the module loaded, as a test drives it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/application/session.h"
+#include "host/database/store.h"
+
+namespace tests {
+
+/// Starts with one drawing (empty, or loaded) and the module. At its end every fault of the module
+/// that the accounting found, and every damage of a drawing still open, fails the test.
+class Drafting {
+  public:
+    explicit Drafting(const std::string& drawing = "", const std::wstring& menuGroup = L"");
+    ~Drafting();
+
+    /// Runs commands and gives what they printed, echoes of the typed answers left out.
+    std::wstring run(const std::wstring& script);
+    /// Store of the current drawing.
+    host::Store& store() const;
+    host::Session& session() { return *m_session; }
+    /// drawingOrder of the current drawing's model space.
+    std::string order() const;
+    /// "(handent \"2A\")" for the occurrence-th entity of a type in model space, or another space.
+    std::wstring pick(const std::string& type, int occurrence = 0,
+                      host::Index space = host::kNoIndex) const;
+    /// Saves the current drawing under a temporary name and opens it again as a new document.
+    void saveAndReopen();
+    /// Faults that hold this text are part of what the test shows; there has to be one.
+    void expectFault(const std::string& text) { m_expectedFault = text; }
+
+  private:
+    std::unique_ptr<host::Session> m_session;
+    std::string m_expectedFault;
+};
+
+/// Path of the module that the tests load.
+std::string modulePath();
+/// A fresh folder for one test; emptied before use.
+std::string scratchFolder();
+
+}  // namespace tests

@@ -1,0 +1,121 @@
+// Renders drawing order from the stored groups, without the module's own code.
+#include "common/drawing_order.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "host/database/tags.h"
+
+namespace tests {
+
+namespace {
+
+using host::Index;
+using host::kNoIndex;
+using host::ObjectBody;
+using host::Store;
+
+std::string value(const ObjectBody& body, int code, int occurrence = 0) {
+    const auto place = host::findTag(body.text(), code, occurrence);
+    return place ? std::string(place->value) : std::string();
+}
+
+bool endsWith(const std::string& text, const std::string& ending) {
+    return text.size() >= ending.size() &&
+           text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+std::vector<std::string> attributeTexts(const Store& store, const ObjectBody& insert) {
+    std::vector<std::string> texts;
+    for (Index child = store.firstLive(insert.self); child != kNoIndex;
+         child = store.nextLive(store.at(child))) {
+        texts.push_back(value(store.at(child), 1));
+    }
+    return texts;
+}
+
+bool isMarker(const ObjectBody& body, const std::string& suffix) {
+    return body.type() == "INSERT" && endsWith(value(body, 2), suffix);
+}
+
+/// True when the entity's own extension dictionary holds a group record with its text.
+bool hasGroupRecord(const Store& store, const ObjectBody& entity) {
+    const ObjectBody* dictionary = store.byHandle(host::extensionDictionaryHandle(entity.text()));
+    if (dictionary == nullptr || dictionary->erased) return false;
+    host::TagReader groups(dictionary->text());
+    host::Tag group;
+    std::string key;
+    while (groups.next(group)) {
+        if (group.code == 3) key = group.value;
+        if ((group.code != 350 && group.code != 360) || !endsWith(key, "_GROUP")) continue;
+        const auto handle = host::parseHandle(group.value);
+        const ObjectBody* record = store.byHandle(handle.value_or(0));
+        const std::string prefix = key.substr(0, key.size() - 6);
+        return record != nullptr && !record->erased && record->type() == "XRECORD" &&
+               value(*record, 1) == prefix + " Group entity";
+    }
+    return false;
+}
+
+/// The next live end marker behind a begin marker, or nothing.
+const ObjectBody* endBehind(const Store& store, const ObjectBody& begin) {
+    for (Index index = store.nextLive(begin); index != kNoIndex;
+         index = store.nextLive(store.at(index))) {
+        if (isMarker(store.at(index), "_GE")) return &store.at(index);
+    }
+    return nullptr;
+}
+
+std::string wordFor(const Store& store, const ObjectBody& body, std::uint64_t& openBegin) {
+    const std::vector<std::string> texts =
+        body.type() == "INSERT" ? attributeTexts(store, body) : std::vector<std::string>();
+    if (isMarker(body, "_GB")) {
+        openBegin = body.handle;
+        const ObjectBody* end = endBehind(store, body);
+        const bool linked =
+            end != nullptr && !texts.empty() && texts[0] == host::formatHandle(end->handle);
+        const std::string count = texts.size() > 1 ? texts[1] : "";
+        return "begin(" + count + (linked ? ")" : ")?");
+    }
+    if (isMarker(body, "_GE")) {
+        const bool linked = !texts.empty() && texts[0] == host::formatHandle(openBegin);
+        return linked ? "end" : "end?";
+    }
+    std::string word(body.type());
+    std::transform(word.begin(), word.end(), word.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return hasGroupRecord(store, body) ? word + "*" : word;
+}
+
+}  // namespace
+
+std::string drawingOrder(const Store& store, Index space) {
+    std::string line;
+    std::uint64_t openBegin = 0;
+    for (Index index = store.firstLive(space); index != kNoIndex;
+         index = store.nextLive(store.at(index))) {
+        if (!line.empty()) line += ' ';
+        line += wordFor(store, store.at(index), openBegin);
+    }
+    return line;
+}
+
+std::string drawingOrder(const Store& store) { return drawingOrder(store, store.modelSpace()); }
+
+std::string handleOf(const Store& store, const std::string& type, int occurrence, Index space) {
+    if (space == kNoIndex) space = store.modelSpace();
+    for (Index index = store.firstLive(space); index != kNoIndex;
+         index = store.nextLive(store.at(index))) {
+        if (store.at(index).type() == type && occurrence-- == 0) {
+            return host::formatHandle(store.at(index).handle);
+        }
+    }
+    return {};
+}
+
+std::string groupOf(const Store& store, const std::string& handle, int code, int occurrence) {
+    const ObjectBody* body = store.byHandle(host::parseHandle(handle).value_or(0));
+    return body != nullptr ? value(*body, code, occurrence) : std::string();
+}
+
+}  // namespace tests

@@ -1,0 +1,27 @@
+// A drawing as one line of text, for comparing whole states at once.
+#pragma once
+
+#include <string>
+
+#include "host/database/store.h"
+
+namespace tests {
+
+/// The main entities of a space in drawing order, for example "circle begin(2) line* line* end":
+/// type names in lower case, "*" behind those with a group record, markers by their role. A marker
+/// whose attribute does not hold its partner's handle gets a "?", as in "begin(2)?".
+std::string drawingOrder(const host::Store& store, host::Index space);
+
+/// The same for model space.
+std::string drawingOrder(const host::Store& store);
+
+/// Handle of the `occurrence`-th live main entity (from 0) of a type in a space (model space when
+/// none is given), as text; empty when there is none.
+std::string handleOf(const host::Store& store, const std::string& type, int occurrence = 0,
+                     host::Index space = host::kNoIndex);
+
+/// Value of the first group with a code in the object with a handle; empty without one.
+std::string groupOf(const host::Store& store, const std::string& handle, int code,
+                    int occurrence = 0);
+
+}  // namespace tests

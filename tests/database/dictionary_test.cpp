@@ -1,0 +1,237 @@
+// Dictionaries, extension dictionaries and xrecords.
+#include "database/entities_drawing.h"
+
+using entities::Drawing;
+using entities::Opened;
+
+namespace {
+
+/// Adds a new xrecord under a key; the status of setAt.
+Acad::ErrorStatus put(AcDbDictionary& dictionary, const ACHAR* key, AcDbObjectId& id) {
+    auto* record = new AcDbXrecord;
+    const Acad::ErrorStatus status = dictionary.setAt(key, record, id);
+    if (status == Acad::eOk)
+        record->close();
+    else
+        delete record;
+    return status;
+}
+
+AcDbObjectId extensionOf(Drawing& drawing, host::ObjectBody& body) {
+    Opened<AcDbObject> object(drawing.id(body), AcDb::kForWrite);
+    EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
+    return object->extensionDictionary();
+}
+
+}  // namespace
+
+TEST(Dictionary, EntriesComeAndGo) {
+    Drawing drawing;
+    Opened<AcDbDictionary> root(drawing.store().idOf(drawing.store().rootDictionary()),
+                                AcDb::kForWrite);
+    const Adesk::UInt32 before = root->numEntries();
+    AcDbObjectId first, second, found;
+    EXPECT_EQ(put(*root, L"Door List", first), Acad::eOk);
+    EXPECT_EQ(root->getAt(L"DOOR LIST", found), Acad::eOk);
+    EXPECT_EQ(found, first);
+    EXPECT_EQ(put(*root, L"door list", second), Acad::eOk);
+    EXPECT_TRUE(first.isErased());
+    EXPECT_EQ(root->numEntries(), before + 1);
+    for (const ACHAR* bad : {L"", L"a|b", L"*x", L"a=b", L"`"})
+        EXPECT_EQ(put(*root, bad, found), Acad::eInvalidKey) << bad;
+    AcDbText text;
+    EXPECT_EQ(root->setAt(L"text", &text, found), Acad::eWrongObjectType);
+    AcDbObject* entry = nullptr;
+    EXPECT_EQ(root->getAt(L"door list", entry, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(root->remove(L"door list"), Acad::eWasOpenForRead);
+    EXPECT_EQ(put(*root, L"door list", found), Acad::eWasOpenForRead);
+    EXPECT_FALSE(second.isErased());
+    entry->close();
+    EXPECT_EQ(root->remove(L"door list"), Acad::eOk);
+    EXPECT_EQ(root->remove(L"door list"), Acad::eKeyNotFound);
+    EXPECT_TRUE(second.isErased());
+    EXPECT_EQ(root->numEntries(), before);
+}
+
+TEST(Dictionary, AnErasedEntryLeavesForGoodAndAnErasedDictionaryTakesItsEntriesAlong) {
+    Drawing drawing;
+    const AcDbObjectId id = extensionOf(drawing, drawing.add("0 LINE|8 0"));
+    AcDbObjectId first, second;
+    Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
+    put(*dictionary, L"first", first);
+    put(*dictionary, L"second", second);
+    {
+        Opened<AcDbObject> entry(first, AcDb::kForWrite);
+        entry->erase();
+        EXPECT_FALSE(dictionary->has(L"first"));
+        entry->erase(false);
+        EXPECT_FALSE(dictionary->has(L"first"));
+        entry->erase();
+    }
+    EXPECT_EQ(dictionary->erase(), Acad::eOk);
+    EXPECT_TRUE(second.isErased());
+    EXPECT_EQ(dictionary->erase(false), Acad::eOk);
+    EXPECT_FALSE(second.isErased());
+    EXPECT_TRUE(first.isErased());
+    EXPECT_TRUE(dictionary->has(L"SECOND"));
+}
+
+TEST(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
+    Drawing drawing;
+    host::ObjectBody& body = drawing.addObject(
+        "0 ACDBDICTIONARYWDFLT|100 AcDbDictionary|280 1|281 1|3 Old|360 F|"
+        "100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail",
+        drawing.model());
+    Opened<AcDbDictionary> dictionary(drawing.id(body), AcDb::kForWrite);
+    AcDbObjectId id;
+    put(*dictionary, L"New", id);
+    const std::string handle = host::formatHandle(id.handle().value());
+    EXPECT_NE(entities::render(body.text())
+                  .find("3 Old|360 F|3 New|360 " + handle +
+                        "|100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail"),
+              std::string::npos);
+    dictionary->setTreatElementsAsHard(false);
+    EXPECT_NE(entities::render(body.text()).find("|281 1|3 Old|350 F|3 New|350 "),
+              std::string::npos);
+}
+
+TEST(ExtensionDictionary, CreateAndRelease) {
+    Drawing drawing;
+    host::ObjectBody& line = drawing.add("0 LINE|100 AcDbEntity|8 0");
+    const std::string before = entities::render(line.text());
+    Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
+    EXPECT_TRUE(object->extensionDictionary().isNull());
+    EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eKeyNotFound);
+    EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
+    EXPECT_EQ(object->createExtensionDictionary(), Acad::eAlreadyInDb);
+    const AcDbObjectId id = object->extensionDictionary();
+    {
+        Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
+        EXPECT_EQ(dictionary->ownerId(), drawing.id(line));
+        EXPECT_TRUE(dictionary->isTreatElementsAsHard());
+        AcDbObjectId entry;
+        put(*dictionary, L"KEY", entry);
+        EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eWasOpenForWrite);
+    }
+    EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eContainerNotEmpty);
+    EXPECT_EQ(object->extensionDictionary(), id);
+    Opened<AcDbDictionary>(id, AcDb::kForWrite)->remove(L"KEY");
+    EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eOk);
+    EXPECT_TRUE(id.isErased());
+    EXPECT_EQ(entities::render(line.text()), before);
+    EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
+    EXPECT_NE(object->extensionDictionary(), id);
+}
+
+TEST(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
+    Drawing drawing;
+    host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    const AcDbObjectId id = extensionOf(drawing, line);
+    Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
+    AcDbObject* dictionary = nullptr;
+    acdbOpenObject(dictionary, id, AcDb::kForWrite);
+    dictionary->erase();
+    EXPECT_TRUE(line.releasedLater);
+    EXPECT_EQ(object->extensionDictionary(), id);
+    EXPECT_EQ(object->createExtensionDictionary(), Acad::eAlreadyInDb);
+    object->erase();
+    object->erase(false);
+    EXPECT_TRUE(id.isErased());
+    dictionary->erase(false);
+    EXPECT_FALSE(line.releasedLater);
+    dictionary->close();
+    // With its owner it comes and goes without leaving a dangling link.
+    object->erase();
+    EXPECT_TRUE(id.isErased());
+    EXPECT_FALSE(line.releasedLater);
+    object->erase(false);
+    EXPECT_FALSE(id.isErased());
+}
+
+namespace {
+
+/// What a chain holds, one item a word, values by kind.
+std::string chainText(const resbuf* item) {
+    std::ostringstream text;
+    for (; item != nullptr; item = item->rbnext) {
+        const int code = item->restype;
+        const ads_u_val& value = item->resval;
+        text << code << '=';
+        if (code == 1 || code == 300 || code == 102)
+            text << host::toUtf8(value.rstring);
+        else if (code == 10 || code == 210)
+            text << value.rpoint[0] << ',' << value.rpoint[1] << ',' << value.rpoint[2];
+        else if (code == 40 || code == 140)
+            text << value.rreal;
+        else if (code == 70 || code == 280 || code == 290)
+            text << value.rint;
+        else if (code == 90)
+            text << value.rlong;
+        else if (code == 160)
+            text << value.mnInt64;
+        else if (code == 310)
+            text << std::string(value.rbinary.buf, value.rbinary.clen);
+        else
+            text << std::hex << AcDbObjectId::fromWord(value.rlname[0]).handle().value()
+                 << std::dec;
+        text << ' ';
+    }
+    return text.str();
+}
+
+}  // namespace
+
+TEST(Xrecord, GivesBackEveryKindOfValue) {
+    Drawing drawing;
+    const AcDbObjectId id = extensionOf(drawing, drawing.add("0 LINE|8 0"));
+    Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
+    auto* record = new AcDbXrecord;
+    AcDbObjectId recordId;
+    dictionary->setAt(L"KEY", record, recordId);
+    ads_name layer;
+    acdbGetAdsName(layer, drawing.database().clayer());
+    const ads_point point = {1.5, -2, 3e20};
+    resbuf* chain = acutBuildList(280, 7, 1, L"\u00D8 wall\\P", 10, point, 40, 0.1, 70, -3, 90,
+                                  1 << 30, 160, Adesk::Int64{1} << 40, 290, 1, 102, L"{X", 330,
+                                  layer, 102, L"}", 210, point, 300, L"", 0);
+    resbuf* last = chain;
+    while (last->rbnext != nullptr)
+        last = last->rbnext;
+    char bytes[] = {'a', 'b', '\x7F'};
+    resbuf binary = {nullptr, 310, {}};
+    binary.resval.rbinary = {3, bytes};
+    last->rbnext = &binary;
+    const std::string expected = chainText(chain);
+    EXPECT_EQ(record->setFromRbChain(*chain), Acad::eOk);
+    last->rbnext = nullptr;
+    acutRelRb(chain);
+    EXPECT_EQ(record->rbChain(&chain), Acad::eOk);
+    EXPECT_EQ(chainText(chain), expected);
+    acutRelRb(chain);
+    record->close();
+}
+
+TEST(Xrecord, RefusesABadChainAsAWholeAndReplacesTheFormerContent) {
+    Drawing drawing;
+    host::ObjectBody& body = drawing.addObject(
+        "0 XRECORD|100 AcDbXrecord|280 1|1 old|280 5|1001 ACAD|1070 9", drawing.model());
+    Opened<AcDbXrecord> record(drawing.id(body), AcDb::kForWrite);
+    const std::string before = entities::render(body.text());
+    resbuf second = {nullptr, 0, {}};
+    resbuf first = {&second, 90, {}};
+    for (const short bad : {0, -1, 5, 105, 370, 1001, 5000}) {
+        second.restype = bad;
+        EXPECT_EQ(record->setFromRbChain(first), Acad::eInvalidDxfCode) << bad;
+    }
+    EXPECT_EQ(entities::render(body.text()), before);
+    first.rbnext = nullptr;
+    EXPECT_EQ(record->setFromRbChain(first), Acad::eOk);
+    EXPECT_NE(entities::render(body.text()).find("280 1|90 0|1001 ACAD|1070 9"), std::string::npos);
+    Opened<AcDbXrecord> reader(
+        drawing.id(drawing.addObject("0 XRECORD|100 AcDbXrecord|280 1", drawing.model())),
+        AcDb::kForRead);
+    EXPECT_EQ(reader->setFromRbChain(first), Acad::eNotOpenForWrite);
+    resbuf* chain = &first;
+    EXPECT_EQ(reader->rbChain(&chain), Acad::eOk);
+    EXPECT_EQ(chain, nullptr);
+}

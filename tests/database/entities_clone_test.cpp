@@ -1,0 +1,159 @@
+// Deep cloning: what is owned comes along, references follow it, wrong calls change nothing.
+#include <algorithm>
+
+#include "entities_drawing.h"
+
+using namespace entities;
+using host::ObjectBody;
+
+namespace {
+
+const std::string kLine = "0 LINE|100 AcDbEntity|8 0|100 AcDbLine|10 1|20 2|30 3";
+
+struct Cloning {
+    Acad::ErrorStatus status;
+    AcDbIdMapping map;
+    Cloning(Drawing& drawing, const std::vector<AcDbObjectId>& ids, AcDbObjectId owner) {
+        AcDbObjectIdArray list;
+        for (const AcDbObjectId& id : ids)
+            list.append(id);
+        status = drawing.database().deepCloneObjects(list, owner, map);
+    }
+    ObjectBody& of(Drawing& drawing, const ObjectBody& source) {
+        return *host::Store::resolve(map.cloneOf(drawing.id(source)));
+    }
+};
+
+/// Gives a body an extension dictionary with one record that refers to its entity.
+ObjectBody& addRecord(Drawing& drawing, ObjectBody& entity, ObjectBody& other) {
+    ObjectBody& dictionary = drawing.addObject("0 DICTIONARY|100 AcDbDictionary|280 1", entity);
+    ObjectBody& record = drawing.addObject(
+        "0 XRECORD|100 AcDbXrecord|280 1|102 {ACAD_REACTORS|330 " + drawing.handle(entity) +
+            "|340 " + drawing.handle(other) + "|102 }|1 " + drawing.handle(entity),
+        dictionary);
+    drawing.replaceText(dictionary, "280 1", "280 1|3 KEY|360 " + drawing.handle(record));
+    drawing.replaceText(entity, "|330 ",
+                        "|102 {ACAD_REACTORS|330 " + drawing.handle(other) +
+                            "|102 }|102 {ACAD_XDICTIONARY|360 " + drawing.handle(dictionary) +
+                            "|102 }|330 ");
+    return record;
+}
+
+}  // namespace
+
+TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
+    Drawing drawing;
+    ObjectBody& other = drawing.add(kLine);
+    ObjectBody& line = drawing.add(kLine + "|1001 APP");
+    drawing.replaceText(line, "1001 APP", "1001 APP|1005 " + drawing.handle(line));
+    addRecord(drawing, line, other);
+    Cloning cloning(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    ASSERT_EQ(cloning.status, Acad::eOk);
+    const ObjectBody& clone = cloning.of(drawing, line);
+    const std::string self = host::formatHandle(clone.handle);
+    const std::string dictionary = host::formatHandle(clone.handle + 1);
+    const std::string record = host::formatHandle(clone.handle + 2);
+    const std::string model = drawing.handle(drawing.model());
+    EXPECT_EQ(render(clone.text()), "0 LINE|5 " + self + "|102 {ACAD_XDICTIONARY|360 " +
+                                        dictionary + "|102 }|330 " + model + kLine.substr(6) +
+                                        "|1001 APP|1005 " + self);
+    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 1)->text()),
+              "0 DICTIONARY|5 " + dictionary + "|330 " + self +
+                  "|100 AcDbDictionary|280 1|3 KEY|360 " + record);
+    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 2)->text()),
+              "0 XRECORD|5 " + record + "|330 " + dictionary +
+                  "|100 AcDbXrecord|280 1|"
+                  "102 {ACAD_REACTORS|330 " +
+                  self + "|340 " + drawing.handle(other) + "|102 }|1 " + drawing.handle(line));
+    EXPECT_EQ(drawing.walk(), "LINE LINE LINE");
+}
+
+TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
+    Drawing drawing;
+    ObjectBody& poly = drawing.addPolyline();
+    ObjectBody& line = drawing.add(kLine);
+    const std::vector<AcDbObjectId> ids = {drawing.id(line), drawing.id(poly), drawing.id(line)};
+    Cloning toPaper(drawing, ids, drawing.id(drawing.paper()));
+    ASSERT_EQ(toPaper.status, Acad::eOk);
+    const ObjectBody& first = drawing.store().at(drawing.store().firstLive(drawing.paper().self));
+    EXPECT_EQ(first.type() == "LINE" ? drawing.walk(drawing.id(first)) : "no line first",
+              "POLYLINE VERTEX VERTEX SEQEND");
+    ObjectBody& clone = toPaper.of(drawing, poly);
+    const ObjectBody& end = drawing.store().at(clone.sequenceEnd);
+    EXPECT_EQ(clone.handle, first.handle + 1);
+    EXPECT_EQ(end.owner, clone.self);
+    for (const ObjectBody* body : {&first, const_cast<const ObjectBody*>(&clone), &end}) {
+        EXPECT_EQ(host::getField(*body, host::field::paperSpace), 1) << render(body->text());
+    }
+    Cloning back(drawing, {drawing.id(clone)}, drawing.id(drawing.model()));
+    EXPECT_EQ(host::getField(back.of(drawing, clone), host::field::paperSpace), 0);
+    EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
+}
+
+TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
+    Drawing drawing;
+    ObjectBody& line = drawing.add(kLine);
+    ObjectBody& record = addRecord(drawing, line, line);
+    ObjectBody& dictionary = drawing.store().at(record.owner);
+    drawing.replaceText(dictionary, "|330 ", "|102 {ACAD_XDICTIONARY|360 FFFF|102 }|330 ");
+    drawing.replaceText(dictionary, "280 1|", "280 1|350 FFFF|");
+    drawing.store().setErased(record, true);
+    Cloning empty(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    const ObjectBody& copy = empty.of(drawing, dictionary);
+    EXPECT_EQ(render(copy.text()), "0 DICTIONARY|5 " + drawing.handle(copy) + "|330 " +
+                                       drawing.handle(empty.of(drawing, line)) +
+                                       "|100 AcDbDictionary|280 1");
+    drawing.store().setErased(dictionary, true);
+    Cloning bare(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    EXPECT_EQ(host::extensionDictionaryHandle(bare.of(drawing, line).text()), 0u);
+    EXPECT_NE(host::extensionDictionaryHandle(line.text()), 0u);
+}
+
+TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
+    Drawing drawing;
+    ObjectBody& a = drawing.add(kLine);
+    ObjectBody& b = drawing.add(kLine + "|340 " + drawing.handle(a), drawing.paper());
+    drawing.replaceText(a, "|330 ", "|102 {ACAD_REACTORS|330 " + drawing.handle(b) + "|102 }|330 ");
+    AcDbIdMapping map;
+    AcDbObjectId model = drawing.id(drawing.model());
+    AcDbObjectIdArray first, second;
+    first.append(drawing.id(a));
+    second.append(drawing.id(b));
+    EXPECT_EQ(drawing.database().deepCloneObjects(first, model, map, true), Acad::eOk);
+    EXPECT_EQ(drawing.database().deepCloneObjects(second, model, map), Acad::eOk);
+    const ObjectBody& clone = *host::Store::resolve(map.cloneOf(drawing.id(a)));
+    const ObjectBody& target = *host::Store::resolve(map.cloneOf(drawing.id(b)));
+    EXPECT_NE(render(clone.text()).find("{ACAD_REACTORS|330 " + drawing.handle(target) + "|102 }"),
+              std::string::npos);
+    EXPECT_EQ(host::findTag(target.text(), 340)->value, drawing.handle(clone));
+}
+
+TEST(DeepClone, RefusesWrongCallsWithoutCloning) {
+    Drawing drawing;
+    AcDbDatabase foreign;
+    ObjectBody& line = drawing.add(kLine);
+    ObjectBody& erased = drawing.add(kLine);
+    ObjectBody& onPaper = drawing.add(kLine, drawing.paper());
+    drawing.store().setErased(erased, true);
+    const AcDbObjectId model = drawing.id(drawing.model());
+    const AcDbObjectId id = drawing.id(line);
+    const AcDbObjectId elsewhere = foreign.store().idOf(foreign.store().modelSpace());
+    const auto status = [&](std::vector<AcDbObjectId> ids, AcDbObjectId owner) {
+        const host::Index before = drawing.store().count();
+        const Acad::ErrorStatus answer = Cloning(drawing, ids, owner).status;
+        EXPECT_EQ(drawing.store().count(), before);
+        return answer;
+    };
+    EXPECT_EQ(status({}, model), Acad::eOk);
+    EXPECT_EQ(status({drawing.id(erased)}, model), Acad::eOk);
+    EXPECT_EQ(status({id, drawing.id(onPaper)}, model), Acad::eInvalidInput);
+    EXPECT_EQ(status({id, elsewhere}, model), Acad::eWrongDatabase);
+    EXPECT_EQ(status({id}, elsewhere), Acad::eWrongDatabase);
+    EXPECT_EQ(status({id, AcDbObjectId()}, model), Acad::eNullObjectId);
+    {
+        Opened<AcDbEntity> open(id, AcDb::kForWrite);
+        EXPECT_EQ(status({id}, model), Acad::eWasOpenForWrite);
+    }
+    Opened<AcDbBlockTableRecord> open(model, AcDb::kForRead);
+    EXPECT_EQ(status({id}, model), Acad::eWasOpenForRead);
+}

@@ -1,0 +1,141 @@
+// A small drawing for the tests of entities: made from group literals, rendered as text.
+//
+// Literals and renderings read "0 LINE|8 0|10 1.5": code, blank, value, groups parted by bars.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "host/control/accounting.h"
+#include "host/control/faults.h"
+#include "host/database/fields.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/objectarx/arxHeaders.h"
+
+namespace entities {
+
+inline std::string storedGroups(const std::string& literal) {
+    std::string text;
+    std::istringstream groups(literal);
+    for (std::string group; std::getline(groups, group, '|');) {
+        const std::size_t blank = group.find(' ');
+        const std::string value = blank == group.npos ? "" : group.substr(blank + 1);
+        host::addTag(text, std::stoi(group.substr(0, blank)), std::string_view(value));
+    }
+    return text;
+}
+
+inline std::string render(std::string_view text) {
+    std::string line;
+    host::TagReader reader(text);
+    for (host::Tag tag; reader.next(tag);) {
+        line += (line.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
+    }
+    return line;
+}
+
+/// The working drawing of a test; its end checks that nothing is held and no fault was reported.
+class Drawing {
+  public:
+    Drawing() {
+        host::setFaultPlan({});
+        host::clearModuleFaults();
+        acdbHostApplicationServices()->setWorkingDatabase(&m_database);
+    }
+    ~Drawing() {
+        host::checkNothingLeaked(m_before, "the test");
+        for (const std::string& fault : host::moduleFaults())
+            ADD_FAILURE() << fault;
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    }
+    AcDbDatabase& database() { return m_database; }
+    host::Store& store() { return m_database.store(); }
+    host::ObjectBody& model() { return store().at(store().modelSpace()); }
+    host::ObjectBody& paper() { return store().at(store().paperSpace()); }
+    AcDbObjectId id(const host::ObjectBody& body) { return store().idOf(body); }
+    std::string handle(const host::ObjectBody& body) { return host::formatHandle(body.handle); }
+
+    /// Makes an object of any kind under an owner; in no list yet.
+    host::ObjectBody& make(const std::string& literal, const host::ObjectBody& owner,
+                           bool isEntity = true) {
+        host::ObjectBody pattern;
+        pattern.setText(storedGroups(literal));
+        pattern.kind = host::kindOf(pattern.type(), pattern.text(), isEntity);
+        return store().duplicate(pattern, owner.self);
+    }
+    host::ObjectBody& add(const std::string& literal, host::ObjectBody& owner) {
+        host::ObjectBody& body = make(literal, owner);
+        store().appendChild(owner.self, body);
+        return body;
+    }
+    host::ObjectBody& add(const std::string& literal) { return add(literal, model()); }
+    host::ObjectBody& addEnd(host::ObjectBody& parent) {
+        host::ObjectBody& end = make("0 SEQEND|100 AcDbEntity|8 0", parent);
+        store().setSequenceEnd(parent, end);
+        return end;
+    }
+    host::ObjectBody& addObject(const std::string& literal, const host::ObjectBody& owner) {
+        host::ObjectBody& body = make(literal, owner, false);
+        store().appendChild(store().objectsList(), body);
+        return body;
+    }
+    /// An old-style polyline of two vertices.
+    host::ObjectBody& addPolyline() {
+        host::ObjectBody& line = add("0 POLYLINE|100 AcDbEntity|8 0|100 AcDb2dPolyline|66 1");
+        add("0 VERTEX|100 AcDbEntity|8 0", line);
+        add("0 VERTEX|100 AcDbEntity|8 0", line);
+        addEnd(line);
+        return line;
+    }
+    void replaceText(host::ObjectBody& body, const std::string& from, const std::string& to) {
+        std::string text = render(body.text());
+        const std::size_t at = text.find(from);
+        ASSERT_NE(at, text.npos);
+        body.setText(storedGroups(text.replace(at, from.size(), to)));
+    }
+    /// Types met from an entity on, "LINE SEQEND".
+    std::string walk(AcDbObjectId from) {
+        std::string types;
+        ads_name at = {static_cast<Adesk::IntPtr>(from.asWord()), 0};
+        for (int status = acdbEntNext(from.isNull() ? nullptr : at, at); status == RTNORM;
+             status = acdbEntNext(at, at)) {
+            const auto* body = host::Store::resolve(AcDbObjectId::fromWord(at[0]));
+            types += (types.empty() ? "" : " ") + std::string(body->type());
+        }
+        return types;
+    }
+    std::string walk() { return walk(AcDbObjectId()); }
+
+  private:
+    AcDbDatabase m_database;
+    host::HeldCounts m_before = host::heldNow();
+};
+
+/// Opens an object for the length of a scope.
+template <typename T>
+class Opened {
+  public:
+    Opened(AcDbObjectId id, AcDb::OpenMode mode) { status = acdbOpenObject(m_object, id, mode); }
+    ~Opened() {
+        if (m_object != nullptr) m_object->close();
+    }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+    T* operator->() const { return m_object; }
+    T& operator*() const { return *m_object; }
+    Acad::ErrorStatus status = Acad::eOk;
+
+  private:
+    T* m_object = nullptr;
+};
+
+inline std::wstring owned(ACHAR* text) {
+    std::wstring copy(text);
+    acutDelString(text);
+    return copy;
+}
+
+}  // namespace entities

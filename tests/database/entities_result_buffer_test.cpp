@@ -1,0 +1,142 @@
+// Result buffers: lists from arguments, their ownership, and calls that are made to fail.
+#include <functional>
+
+#include "entities_drawing.h"
+#include "host/database/result_buffer_tools.h"
+
+using namespace entities;
+
+TEST(ResultBuffers, ListTakesCopiesByTypeCode) {
+    Drawing drawing;
+    std::wstring text = L"INSERT";
+    const ads_point point = {1.0, 2.0, 3.0};
+    const ads_name name = {77, 0};
+    resbuf* const list = acutBuildList(RTDXF0, text.c_str(), 10, point, 40, 2.5, 70, -1, 90, 100000,
+                                       330, name, -4, L"<OR", RTLB, RTNIL, RTNONE);
+    text[0] = L'?';
+    std::string types;
+    for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
+        types += std::to_string(at->restype) + " ";
+        if (at->restype == 0) {
+            EXPECT_STREQ(at->resval.rstring, L"INSERT");
+        }
+        if (at->restype == 10) {
+            EXPECT_EQ(at->resval.rpoint[2], 3.0);
+        }
+        if (at->restype == 40) {
+            EXPECT_EQ(at->resval.rreal, 2.5);
+        }
+        if (at->restype == 70) {
+            EXPECT_EQ(at->resval.rint, -1);
+        }
+        if (at->restype == 90) {
+            EXPECT_EQ(at->resval.rlong, 100000);
+        }
+        if (at->restype == 330) {
+            EXPECT_EQ(at->resval.rlname[0], 77);
+        }
+    }
+    EXPECT_EQ(types, "0 10 40 70 90 330 -4 5016 5019 ");
+    EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 9);
+    EXPECT_EQ(acutRelRb(list), RTNORM);
+}
+
+TEST(ResultBuffers, NoListFromNothingOrWrongArguments) {
+    Drawing drawing;
+    EXPECT_EQ(acutBuildList(RTNONE), nullptr);
+    EXPECT_EQ(acutBuildList(0, L"INSERT", 0), nullptr);  // group code 0 has to be RTDXF0
+    EXPECT_EQ(acutBuildList(1, L"a", 85, 1, 0), nullptr);
+    EXPECT_EQ(acutBuildList(1, static_cast<const ACHAR*>(nullptr), 0), nullptr);
+    EXPECT_EQ(acutRelRb(nullptr), RTNORM);
+}
+
+TEST(ResultBuffers, SecondReleaseAndForeignListsAreTheCallersFault) {
+    Drawing drawing;
+    resbuf* const list = acutBuildList(1, L"a", 0);
+    acutRelRb(list);
+    EXPECT_EQ(acutRelRb(list), RTERROR);
+    resbuf foreign{};
+    EXPECT_EQ(acutRelRb(&foreign), RTERROR);
+    EXPECT_EQ(host::moduleFaults().size(), 2u);
+    host::clearModuleFaults();
+}
+
+TEST(ResultBuffers, ListsOfTheHostAreLeftAlone) {
+    Drawing drawing;
+    host::ResultList builder;
+    builder.addText(RTSTR, L"argument");
+    builder.addInteger(RTLONG, 70000);
+    builder.addBinary(310, std::string_view("\x01\0\x02", 3));
+    resbuf* const list = builder.release();
+    host::markHostOwned(list);
+    EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 0);
+    EXPECT_EQ(acutRelRb(list), RTNORM);
+    resbuf* const copy = host::copyList(list);
+    host::freeList(list);
+    EXPECT_STREQ(copy->resval.rstring, L"argument");
+    EXPECT_EQ(copy->rbnext->resval.rlong, 70000);
+    EXPECT_EQ(copy->rbnext->rbnext->resval.rbinary.buf[2], '\x02');
+    EXPECT_EQ(acutRelRb(copy), RTNORM);
+}
+
+TEST(ResultBuffers, LeakIsDescribedByItsFirstBuffer) {
+    Drawing drawing;
+    const host::HeldCounts before = host::heldNow();
+    resbuf* const list = acutBuildList(RTSTR, L"a", 40, 1.0, 0);
+    host::checkNothingLeaked(before, "TEST");
+    ASSERT_FALSE(host::moduleFaults().empty());
+    std::string all;
+    for (const std::string& fault : host::moduleFaults())
+        all += fault + "\n";
+    EXPECT_NE(all.find("result buffer list starting with type 5005"), std::string::npos) << all;
+    host::clearModuleFaults();
+    acutRelRb(list);
+}
+
+TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
+    Drawing drawing;
+    auto& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B");
+    drawing.add("0 LINE|100 AcDbEntity|8 0");
+    Opened<AcDbBlockReference> open(drawing.id(insert), AcDb::kForWrite);
+    ads_name name = {Adesk::IntPtr(drawing.id(insert).asWord()), 0};
+    AcDbAttribute attribute;
+    AcDbAttributeDefinition definition;
+    AcDbObjectId id = drawing.id(insert);
+    AcDbEntity* entity = nullptr;
+    AcDbSequenceEnd* end = nullptr;
+    AcDbObjectIdArray ids;
+    ids.append(id);
+    AcDbIdMapping map;
+    const std::vector<std::function<bool()>> calls = {
+        [&] {
+            ads_name next;
+            return acdbEntNext(name, next) == RTNORM;
+        },
+        [&] {
+            ads_name last;
+            return acdbEntLast(last) == RTNORM;
+        },
+        [&] { return acdbEntGet(name) != nullptr; },
+        [&] { return acdbEntDel(name) == RTNORM; },
+        [&] { return acutBuildList(1, L"a", 0) != nullptr; },
+        [&] { return acutNewRb(RTREAL) != nullptr; },
+        [&] { return open->setLayer(L"0") == Acad::eOk; },
+        [&] {
+            return open->setPosition({9, 9, 9}) == Acad::eOk;
+        },
+        [&] { return open->appendAttribute(&attribute) == Acad::eOk; },
+        [&] { return open->openSequenceEnd(end, AcDb::kForRead) == Acad::eOk; },
+        [&] { return attribute.setTag(L"T") == Acad::eOk; },
+        [&] { return definition.setInvisible(true) == Acad::eOk; },
+        [&] { return acdbOpenAcDbEntity(entity, id, AcDb::kForRead) == Acad::eOk; },
+        [&] { return drawing.database().deepCloneObjects(ids, id, map) == Acad::eOk; }};
+    const std::uint64_t revision = drawing.store().revision;
+    for (std::size_t at = 0; at < calls.size(); ++at) {
+        host::setFaultPlan({1, false, ""});
+        EXPECT_FALSE(calls[at]()) << "call " << at;
+        EXPECT_EQ(host::faultsInjected(), 1) << "call " << at;
+    }
+    host::setFaultPlan({});
+    EXPECT_EQ(drawing.store().revision, revision);
+    EXPECT_EQ(attribute.tagConst(), std::wstring());
+}

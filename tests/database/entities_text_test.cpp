@@ -1,0 +1,135 @@
+// Fields of texts and attributes: where they stand in the groups, and what edits leave alone.
+#include <cmath>
+
+#include "entities_drawing.h"
+
+using namespace entities;
+using host::ObjectBody;
+
+namespace {
+
+const std::string kHead = "100 AcDbEntity|8 0|";
+
+/// Groups behind the identity: from the first subclass marker on.
+std::string content(const ObjectBody& body) {
+    const std::string all = render(body.text());
+    return all.substr(all.find("100 AcDbEntity"));
+}
+
+}  // namespace
+
+TEST(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
+    Drawing drawing;
+    ObjectBody& body =
+        drawing.add("0 TEXT|" + kHead +
+                    "100 AcDbText|102 {A|40 9|102 }|10 1|20 2|30 3|40 2.5|999 note|1 old|39 7|"
+                    "100 AcDbText|1001 APP|1040 40.0");
+    Opened<AcDbText> text(drawing.id(body), AcDb::kForWrite);
+    EXPECT_EQ(text->height(), 2.5);
+    text->setHeight(4.0);
+    text->setTextString(L"new \x3A9");
+    text->setRotation(std::acos(0.0));
+    text->setVerticalMode(AcDb::kTextTop);
+    text->setPosition({5.0, 6.0, 7.5});
+    EXPECT_EQ(
+        content(body),
+        kHead +
+            "100 AcDbText|102 {A|40 9|102 }|10 5.0|20 6.0|30 7.5|40 4.0|999 note|1 new Ω|39 7|"
+            "50 90.0|100 AcDbText|73 3|1001 APP|1040 40.0");
+    EXPECT_NEAR(text->rotation(), std::acos(0.0), 1e-12);
+    text->setRotation(0.0);
+    text->setVerticalMode(AcDb::kTextBase);
+    EXPECT_EQ(
+        content(body),
+        kHead +
+            "100 AcDbText|102 {A|40 9|102 }|10 5.0|20 6.0|30 7.5|40 4.0|999 note|1 new Ω|39 7|"
+            "100 AcDbText|1001 APP|1040 40.0");
+}
+
+TEST(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
+    Drawing drawing;
+    ObjectBody& body = drawing.add("0 ATTRIB|8 0|10 1|20 2|40 2.5|1 value|2 TAG|70 1|74 2");
+    Opened<AcDbAttribute> attribute(drawing.id(body), AcDb::kForWrite);
+    EXPECT_STREQ(attribute->tagConst(), L"TAG");
+    EXPECT_TRUE(attribute->isInvisible());
+    EXPECT_EQ(attribute->verticalMode(), AcDb::kTextVertMid);
+    EXPECT_TRUE(attribute->position() == AcGePoint3d(1, 2, 0));
+    attribute->setFieldLength(25);
+    EXPECT_EQ(attribute->fieldLength(), 25);
+    EXPECT_EQ(attribute->verticalMode(), AcDb::kTextVertMid);
+}
+
+TEST(EntityText, EachKindHasItsOwnVerticalMode) {
+    Drawing drawing;
+    for (const char* kind : {"AcDbAttribute", "AcDbAttributeDefinition"}) {
+        const bool isDefinition = std::string(kind) == "AcDbAttributeDefinition";
+        ObjectBody& body =
+            drawing.add((isDefinition ? "0 ATTDEF|" : "0 ATTRIB|") + kHead +
+                        "100 AcDbText|72 1|100 " + kind + "|280 0|2 T|70 0|73 25|74 3");
+        Opened<AcDbText> text(drawing.id(body), AcDb::kForWrite);
+        EXPECT_EQ(text->verticalMode(), AcDb::kTextTop);
+        EXPECT_EQ(text->horizontalMode(), AcDb::kTextCenter);
+        text->setVerticalMode(AcDb::kTextBottom);
+        EXPECT_NE(content(body).find("73 25|74 1"), std::string::npos);
+    }
+}
+
+TEST(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
+    Drawing drawing;
+    AcDbAttributeDefinition definition;
+    EXPECT_EQ(definition.height(), 0.0);
+    EXPECT_TRUE(definition.position() == AcGePoint3d::kOrigin);
+    EXPECT_FALSE(definition.isInvisible() || definition.isConstant() || definition.isVerifiable() ||
+                 definition.isPreset());
+    EXPECT_EQ(definition.setTag(L"T"), Acad::eOk);
+    definition.setPrompt(L"P");
+    definition.setInvisible(true);
+    definition.setPreset(true);
+    definition.setFieldLength(25);
+    EXPECT_EQ(owned(definition.tag()) + owned(definition.prompt()), L"TP");
+    EXPECT_EQ(render(definition.body().text()),
+              "0 ATTDEF|" + kHead +
+                  "100 AcDbText|10 0.0|20 0.0|30 0.0|40 0.0|1 |"
+                  "100 AcDbAttributeDefinition|280 0|3 P|2 T|70 9|73 25");
+}
+
+TEST(EntityText, RefusesWhatNoDrawingCanHold) {
+    Drawing drawing;
+    AcDbText text;
+    const std::string before(text.body().text());
+    EXPECT_EQ(text.setHeight(std::nan("")), Acad::eInvalidInput);
+    EXPECT_EQ(text.setPosition({0, INFINITY, 0}), Acad::eInvalidInput);
+    EXPECT_EQ(text.setTextString(nullptr), Acad::eInvalidInput);
+    EXPECT_EQ(text.setHorizontalMode(static_cast<AcDb::TextHorzMode>(9)), Acad::eInvalidInput);
+    EXPECT_EQ(text.body().text(), before);
+    text.setTextString(L"two\nlines\r");
+    EXPECT_EQ(owned(text.textString()).find_first_of(L"\r\n"), std::wstring::npos);
+    ObjectBody& stored = drawing.add("0 TEXT|" + kHead + "100 AcDbText|40 1.0");
+    Opened<AcDbText> reader(drawing.id(stored), AcDb::kForRead);
+    EXPECT_EQ(reader->setHeight(2.0), Acad::eNotOpenForWrite);
+    EXPECT_EQ(reader->height(), 1.0);
+}
+
+TEST(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
+    Drawing drawing;
+    ObjectBody& line = drawing.addPolyline();
+    ObjectBody& vertex = drawing.store().at(line.firstChild);
+    Opened<AcDbEntity> entity(drawing.id(line), AcDb::kForWrite);
+    EXPECT_EQ(entity->setLayer(L"nowhere"), Acad::eKeyNotFound);
+    EXPECT_EQ(entity->setLinetype(L"nowhere"), Acad::eKeyNotFound);
+    EXPECT_EQ(entity->setColorIndex(257), Acad::eInvalidInput);
+    EXPECT_EQ(entity->setLinetype(L"CONTINUOUS"), Acad::eOk);
+    EXPECT_EQ(owned(entity->linetype()), L"Continuous");
+    EXPECT_EQ(entity->setColorIndex(3), Acad::eOk);
+    EXPECT_EQ(host::getField(vertex, host::field::color), 3);
+    entity->setColorIndex(1, false);
+    EXPECT_EQ(host::getField(vertex, host::field::color), 3);
+    AcDbText copy;
+    copy.setHeight(2.0);
+    copy.setPropertiesFrom(&*entity);
+    EXPECT_EQ(copy.colorIndex(), 1);
+    EXPECT_EQ(copy.height(), 2.0);
+    entity->setLinetype(L"BYLAYER");
+    entity->setColorIndex(256);
+    EXPECT_EQ(content(line), kHead + "100 AcDb2dPolyline|66 1");
+}

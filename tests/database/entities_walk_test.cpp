@@ -1,0 +1,184 @@
+// Block references with attributes, the walk through drawing order and definition data.
+#include "entities_drawing.h"
+
+using namespace entities;
+using host::ObjectBody;
+
+namespace {
+
+const std::string kLine = "0 LINE|100 AcDbEntity|8 0|100 AcDbLine|10 1|20 2|30 3|11 4|21 5|31 6";
+const std::string kInsert = "0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B|10 0|20 0|30 0";
+
+/// Appends a new attribute and closes it; gives its id.
+AcDbObjectId append(AcDbBlockReference& reference, const ACHAR* tag) {
+    AcDbObjectId id;
+    auto* attribute = new AcDbAttribute;
+    attribute->setTag(tag);
+    EXPECT_EQ(reference.appendAttribute(id, attribute), Acad::eOk);
+    attribute->close();
+    return id;
+}
+
+std::string namesIn(AcDbObjectIterator& walk, bool skipDeleted) {
+    std::string handles;
+    for (walk.start(false, skipDeleted); !walk.done(); walk.step(false, skipDeleted)) {
+        handles += host::formatHandle(host::Store::resolve(walk.objectId())->handle) + " ";
+    }
+    return handles;
+}
+
+}  // namespace
+
+TEST(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
+    Drawing drawing;
+    ObjectBody& first = drawing.add(kLine);
+    ObjectBody& insert = drawing.add(kInsert);
+    ObjectBody& poly = drawing.addPolyline();
+    ObjectBody& last = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
+    drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
+    {
+        Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
+        append(*reference, L"A");
+    }
+    EXPECT_EQ(drawing.walk(), "LINE INSERT ATTRIB SEQEND POLYLINE VERTEX VERTEX SEQEND CIRCLE");
+    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(poly.firstChild))),
+              "VERTEX SEQEND CIRCLE");
+    drawing.store().setErased(drawing.store().at(poly.firstChild), true);
+    Opened<AcDbEntity>(drawing.id(insert), AcDb::kForWrite)->erase();
+    EXPECT_EQ(drawing.walk(), "LINE POLYLINE VERTEX SEQEND CIRCLE");
+    EXPECT_EQ(drawing.walk(drawing.id(insert)), "POLYLINE VERTEX SEQEND CIRCLE");
+    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(insert.sequenceEnd))),
+              "POLYLINE VERTEX SEQEND CIRCLE");
+    for (ObjectBody* body : {&first, &last}) {
+        Opened<AcDbEntity>(drawing.id(*body), AcDb::kForWrite)->erase();
+    }
+    EXPECT_EQ(drawing.walk(), "POLYLINE VERTEX SEQEND");
+    EXPECT_EQ(drawing.walk(drawing.id(last)), "");
+}
+
+TEST(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
+    Drawing drawing;
+    ObjectBody& point = drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
+    drawing.add("0 ARC|100 AcDbEntity|8 0", drawing.paper());
+    ads_name name = {42, 0};
+    EXPECT_EQ(acdbEntNext(nullptr, name), RTERROR);
+    EXPECT_EQ(acdbEntLast(name), RTERROR);
+    drawing.add(kLine);
+    EXPECT_EQ(drawing.walk(drawing.id(point)), "ARC");
+    const ads_name bad = {42, 7};
+    ads_name table = {Adesk::IntPtr(drawing.id(drawing.model()).asWord()), 0};
+    EXPECT_EQ(acdbEntNext(bad, name), RTERROR);
+    EXPECT_EQ(acdbEntNext(table, name), RTERROR);
+    EXPECT_EQ(name[0], 42);
+}
+
+TEST(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
+    Drawing drawing;
+    drawing.add(kLine);
+    ObjectBody& poly = drawing.addPolyline();
+    ObjectBody& circle = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
+    ads_name last, circleName;
+    acdbGetAdsName(circleName, drawing.id(circle));
+    EXPECT_EQ(acdbEntDel(circleName), RTNORM);
+    ASSERT_EQ(acdbEntLast(last), RTNORM);
+    EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(poly).asWord()));
+    EXPECT_EQ(drawing.walk(drawing.id(poly)), "VERTEX VERTEX SEQEND");
+    EXPECT_EQ(acdbEntDel(circleName), RTNORM);
+    acdbEntLast(last);
+    EXPECT_EQ(last[0], circleName[0]);
+    ads_name vertex;
+    acdbGetAdsName(vertex, drawing.store().idOf(poly.firstChild));
+    EXPECT_EQ(acdbEntDel(vertex), RTERROR);
+}
+
+TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
+    Drawing drawing;
+    ObjectBody& insert = drawing.add(kInsert, drawing.paper());
+    drawing.replaceText(insert, "8 0", "67 1|8 WALLS");
+    Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
+    AcDbSequenceEnd* end = nullptr;
+    EXPECT_EQ(reference->openSequenceEnd(end, AcDb::kForRead), Acad::eNullObjectId);
+    const AcDbObjectId first = append(*reference, L"A");
+    append(*reference, L"B");
+    EXPECT_EQ(host::getField(insert, host::field::attributesFollow), 1);
+    ASSERT_EQ(reference->openSequenceEnd(end, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(render(end->body().text()), "0 SEQEND|5 " + drawing.handle(end->body()) + "|330 " +
+                                              drawing.handle(insert) +
+                                              "|100 AcDbEntity|8 WALLS|67 1");
+    end->close();
+    EXPECT_EQ(drawing.walk(drawing.id(insert)), "ATTRIB ATTRIB SEQEND");
+    Opened<AcDbAttribute> again(first, AcDb::kForRead);
+    EXPECT_EQ(reference->appendAttribute(&*again), Acad::eAlreadyInDb);
+    EXPECT_EQ(reference->appendAttribute(nullptr), Acad::eNullObjectPointer);
+}
+
+TEST(BlockReference, IteratesOverItsAttributes) {
+    Drawing drawing;
+    ObjectBody& insert = drawing.add(kInsert);
+    ObjectBody& other = drawing.add(kInsert);
+    Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
+    const AcDbObjectId a = append(*reference, L"A");
+    const AcDbObjectId b = append(*reference, L"B");
+    Opened<AcDbAttribute>(a, AcDb::kForWrite)->erase();
+    std::unique_ptr<AcDbObjectIterator> walk(reference->attributeIterator());
+    EXPECT_EQ(host::heldCount(host::Held::Iterator), 1);
+    const auto handle = [&](AcDbObjectId id) { return drawing.handle(*host::Store::resolve(id)); };
+    EXPECT_EQ(namesIn(*walk, true), handle(b) + " ");
+    EXPECT_EQ(namesIn(*walk, false), handle(a) + " " + handle(b) + " ");
+    walk->step();
+    EXPECT_TRUE(walk->done());
+    walk->start(true);
+    EXPECT_TRUE(walk->done() && walk->objectId().isNull());
+    AcDbAttribute* attribute = nullptr;
+    EXPECT_EQ(reference->openAttribute(attribute, a, AcDb::kForRead), Acad::eWasErased);
+    Opened<AcDbBlockReference> stranger(drawing.id(other), AcDb::kForRead);
+    EXPECT_EQ(stranger->openAttribute(attribute, b, AcDb::kForRead), Acad::eInvalidInput);
+    EXPECT_EQ(attribute, nullptr);
+}
+
+TEST(BlockReference, NamesItsBlockById) {
+    Drawing drawing;
+    AcDbBlockReference reference({1, 2, 3}, drawing.id(drawing.paper()));
+    EXPECT_EQ(reference.blockTableRecord(), drawing.id(drawing.paper()));
+    EXPECT_EQ(reference.setBlockTableRecord(drawing.id(drawing.model())), Acad::eOk);
+    EXPECT_EQ(reference.blockTableRecord(), drawing.id(drawing.model()));
+    EXPECT_EQ(reference.setBlockTableRecord(drawing.id(drawing.add(kLine))),
+              Acad::eNotThatKindOfClass);
+    EXPECT_EQ(reference.setBlockTableRecord(AcDbObjectId()), Acad::eNullObjectId);
+    EXPECT_TRUE(reference.position() == AcGePoint3d(1, 2, 3));
+    reference.setScaleFactors(AcGeScale3d(2.0, 1.0, 3.0));
+    EXPECT_EQ(render(reference.body().text()),
+              "0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 *Model_Space|"
+              "10 1.0|20 2.0|30 3.0|41 2.0|43 3.0");
+}
+
+TEST(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
+    Drawing drawing;
+    ObjectBody& line = drawing.add(kLine + "|62 -3|390 0|1 Ω|1001 APP|1070 5");
+    ads_name name;
+    acdbGetAdsName(name, drawing.id(line));
+    resbuf* const list = acdbEntGet(name);
+    std::string codes;
+    for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
+        codes += std::to_string(at->restype) + " ";
+        if (at->restype == 5) {
+            EXPECT_EQ(at->resval.rstring, host::fromUtf8(drawing.handle(line)));
+        }
+        if (at->restype == 11) {
+            EXPECT_EQ(asPnt3d(at->resval.rpoint).distanceTo({4, 5, 6}), 0.0);
+        }
+        if (at->restype == 62) {
+            EXPECT_EQ(at->resval.rint, -3);
+        }
+        if (at->restype == 1) {
+            EXPECT_STREQ(at->resval.rstring, L"\x3A9");
+        }
+        if (at->restype == 330) {
+            EXPECT_EQ(at->resval.rlname[0], Adesk::IntPtr(drawing.id(drawing.model()).asWord()));
+        }
+    }
+    EXPECT_EQ(codes, "-1 0 330 5 100 8 100 10 11 62 390 1 ");
+    acutRelRb(list);
+    acdbEntDel(name);
+    EXPECT_EQ(acdbEntGet(name), nullptr);
+}

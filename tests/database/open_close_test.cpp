@@ -1,0 +1,227 @@
+// The rules of opening and closing, and the faults of callers that break them.
+#include "database/entities_drawing.h"
+#include "host/database/object_access.h"
+#include "host/database/opening.h"
+
+using entities::Drawing;
+
+namespace {
+
+/// Takes the fault that is expected, so that the drawing's end finds none.
+std::string takeFault() {
+    const auto faults = host::moduleFaults();
+    host::clearModuleFaults();
+    return faults.size() == 1 ? faults.front() : std::to_string(faults.size()) + " faults";
+}
+
+/// Opens in each mode of `present` ("r", "w", "n"), tries `wanted`, closes all.
+Acad::ErrorStatus tryOpen(Drawing& drawing, const std::string& present, char wanted) {
+    const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
+    const auto open = [id](char mode, AcDbObject*& object) {
+        const auto openMode = mode == 'r'   ? AcDb::kForRead
+                              : mode == 'w' ? AcDb::kForWrite
+                                            : AcDb::kForNotify;
+        return acdbOpenObject(object, id, openMode);
+    };
+    std::vector<AcDbObject*> opened;
+    for (const char mode : present) {
+        opened.push_back(nullptr);
+        EXPECT_EQ(open(mode, opened.back()), Acad::eOk);
+    }
+    AcDbObject* object = nullptr;
+    const Acad::ErrorStatus status = open(wanted, object);
+    EXPECT_EQ(object != nullptr, status == Acad::eOk);
+    if (object != nullptr) opened.push_back(object);
+    for (AcDbObject* one : opened)
+        one->close();
+    return status;
+}
+
+}  // namespace
+
+TEST(OpenRules, EveryPairOfModes) {
+    Drawing drawing;
+    const struct {
+        std::string present;
+        Acad::ErrorStatus read, write, notify;
+    } rules[] = {
+        {"", Acad::eOk, Acad::eOk, Acad::eOk},
+        {"r", Acad::eOk, Acad::eWasOpenForRead, Acad::eOk},
+        {"w", Acad::eWasOpenForWrite, Acad::eWasOpenForWrite, Acad::eOk},
+        {"n", Acad::eWasNotifying, Acad::eWasNotifying, Acad::eWasNotifying},
+        {"rn", Acad::eWasNotifying, Acad::eWasNotifying, Acad::eWasNotifying},
+        {std::string(255, 'r'), Acad::eOk, Acad::eWasOpenForRead, Acad::eOk},
+        {std::string(256, 'r'), Acad::eAtMaxReaders, Acad::eWasOpenForRead, Acad::eOk},
+    };
+    for (const auto& rule : rules) {
+        SCOPED_TRACE("open already: " + rule.present.substr(0, 3));
+        EXPECT_EQ(tryOpen(drawing, rule.present, 'r'), rule.read);
+        EXPECT_EQ(tryOpen(drawing, rule.present, 'w'), rule.write);
+        EXPECT_EQ(tryOpen(drawing, rule.present, 'n'), rule.notify);
+    }
+}
+
+TEST(OpenRules, NullErasedWrongClassLockedLayer) {
+    Drawing drawing;
+    host::ObjectBody& line = drawing.add("0 LINE|8 Walls");
+    AcDbObject* object = nullptr;
+    EXPECT_EQ(acdbOpenObject(object, AcDbObjectId(), AcDb::kForRead), Acad::eNullObjectId);
+    AcDbDictionary* dictionary = nullptr;
+    EXPECT_EQ(acdbOpenObject(dictionary, drawing.id(line), AcDb::kForWrite),
+              Acad::eNotThatKindOfClass);
+    EXPECT_EQ(dictionary, nullptr);
+    auto* layer = new AcDbLayerTableRecord;
+    layer->setName(L"WALLS");
+    AcDbLayerTable* layers = nullptr;
+    drawing.database().getLayerTable(layers, AcDb::kForWrite);
+    layers->add(layer);
+    EXPECT_EQ(tryOpen(drawing, "", 'w'), Acad::eOk);
+    layer->setIsLocked(true);
+    EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForWrite), Acad::eOnLockedLayer);
+    ASSERT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eOnLockedLayer);
+    layer->setIsLocked(false);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(object->erase(), Acad::eOk);
+    for (AcDbObject* one :
+         {object, static_cast<AcDbObject*>(layer), static_cast<AcDbObject*>(layers)})
+        one->close();
+    EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eWasErased);
+    EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead, true), Acad::eOk);
+    object->close();
+}
+
+TEST(OpenRules, UpgradeDowngradeAndErase) {
+    Drawing drawing;
+    const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
+    AcDbObject* first = nullptr;
+    AcDbObject* second = nullptr;
+    acdbOpenObject(first, id, AcDb::kForRead);
+    acdbOpenObject(second, id, AcDb::kForRead);
+    EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
+    EXPECT_EQ(first->downgradeOpen(), Acad::eNotOpenForWrite);
+    EXPECT_EQ(first->erase(), Acad::eNotOpenForWrite);
+    second->close();
+    EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
+    EXPECT_TRUE(first->isWriteEnabled());
+    EXPECT_EQ(first->erase(), Acad::eOk);
+    EXPECT_EQ(first->erase(), Acad::eWasErased);
+    EXPECT_EQ(first->erase(false), Acad::eOk);
+    EXPECT_EQ(first->downgradeOpen(), Acad::eOk);
+    EXPECT_EQ(first->erase(), Acad::eNotOpenForWrite);
+    first->close();
+    EXPECT_FALSE(id.isErased());
+}
+
+TEST(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
+    Drawing drawing;
+    const host::HeldCounts before = host::heldNow();
+    auto* record = new AcDbXrecord;
+    EXPECT_TRUE(record->isWriteEnabled());
+    EXPECT_EQ(record->close(), Acad::eNotInDatabase);
+    EXPECT_EQ(record->createExtensionDictionary(), Acad::eNotInDatabase);
+    delete record;
+    auto* text = new AcDbText;
+    entities::Opened<AcDbBlockTableRecord> model(drawing.id(drawing.model()), AcDb::kForWrite);
+    AcDbObjectId id;
+    EXPECT_EQ(model->appendAcDbEntity(id, text), Acad::eOk);
+    EXPECT_EQ(model->appendAcDbEntity(text), Acad::eAlreadyInDb);
+    EXPECT_EQ(host::heldCount(host::Held::Object), before.counts[0] + 2);
+    delete text;
+    EXPECT_EQ(takeFault(), "delete: TEXT " + host::formatHandle(id.handle().value()) +
+                               " is in a database; close it instead");
+    EXPECT_EQ(host::heldCount(host::Held::Object), before.counts[0] + 1);
+    EXPECT_FALSE(id.isErased());
+}
+
+TEST(Misuse, OfAClosedPointerIsNamedAndHarmless) {
+    Drawing drawing;
+    const host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    const std::string name = "LINE " + drawing.handle(line);
+    AcDbEntity* entity = nullptr;
+    acdbOpenObject(entity, drawing.id(line), AcDb::kForWrite);
+    entity->close();
+    EXPECT_EQ(entity->close(), Acad::eInvalidOpenState);
+    EXPECT_EQ(takeFault(), "AcDbObject::close: " + name + " is not open");
+    EXPECT_TRUE(entity->objectId().isNull());
+    EXPECT_EQ(takeFault(), "use of " + name + " after it was closed");
+    EXPECT_EQ(entity->erase(), Acad::eNotOpenForWrite);
+    EXPECT_EQ(takeFault(), "use of " + name + " after it was closed");
+    EXPECT_FALSE(line.erased);
+    delete entity;
+    EXPECT_EQ(takeFault(),
+              "delete: " + name + " was closed; the pointer is no longer the caller's");
+    // More closings than closed pointers are kept: each is given back once.
+    for (int count = 0; count < 10'000; ++count) {
+        ASSERT_EQ(acdbOpenObject(entity, drawing.id(line), AcDb::kForRead), Acad::eOk);
+        entity->close();
+    }
+}
+
+TEST(Misuse, ObjectsLeftOpenAreListed) {
+    Drawing drawing;
+    host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    const host::HeldCounts before = host::heldNow();
+    AcDbObject* object = nullptr;
+    acdbOpenObject(object, drawing.id(line), AcDb::kForRead);
+    host::checkNothingLeaked(before, "X");
+    EXPECT_NE(takeFault().find("LINE " + drawing.handle(line) + " open for read"),
+              std::string::npos);
+    object->close();
+    auto* fresh = new AcDbXrecord;
+    host::checkNothingLeaked(before, "X");
+    EXPECT_NE(takeFault().find("new XRECORD neither deleted nor added"), std::string::npos);
+    delete fresh;
+}
+
+TEST(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
+    Drawing drawing;
+    AcDbObjectId id;
+    AcDbObject* object = nullptr;
+    ads_name name;
+    {
+        AcDbDatabase other;
+        id = other.clayer();
+        acdbGetAdsName(name, id);
+        acdbOpenObject(object, id, AcDb::kForRead);
+    }
+    EXPECT_EQ(takeFault(), "closing the drawing: LAYER 10 open for read; close it before");
+    object->close();
+    EXPECT_EQ(takeFault(), "AcDbObject::close: object 10 is not open");
+    EXPECT_FALSE(id.isValid());
+    EXPECT_EQ(acdbOpenObject(object, id, AcDb::kForRead), Acad::eInvalidInput);
+    EXPECT_EQ(takeFault(),
+              "acdbOpenObject: the id is stale, its drawing was closed; fetch ids anew");
+    EXPECT_TRUE(id.isErased());
+    EXPECT_TRUE(id.handle().isNull());
+    EXPECT_EQ(id.database(), nullptr);
+    EXPECT_EQ(acdbGetObjectId(id, name), Acad::eInvalidAdsName);
+    EXPECT_TRUE(id.isNull());
+    EXPECT_EQ(takeFault(), "4 faults");
+}
+
+TEST(Ids, NamesHandlesAndComparison) {
+    Drawing drawing;
+    const host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    ads_name name;
+    AcDbObjectId id = drawing.id(line);
+    EXPECT_EQ(acdbGetAdsName(name, AcDbObjectId::kNull), Acad::eNullObjectId);
+    EXPECT_EQ(acdbGetAdsName(name, id), Acad::eOk);
+    EXPECT_EQ(acdbGetObjectId(id, name), Acad::eOk);
+    EXPECT_EQ(id, drawing.id(line));
+    const ads_name badNames[] = {{0, 0}, {5, 7}, {name[0], 1}, {name[0] + 1000, 0}, {-1, 0}};
+    for (const ads_name& bad : badNames)
+        EXPECT_EQ(acdbGetObjectId(id, bad), Acad::eInvalidAdsName);
+    ACHAR buffer[17];
+    AcDbHandle(L"fe12abCD").getIntoAsciiBuffer(buffer);
+    EXPECT_EQ(std::wstring(buffer), L"FE12ABCD");
+    AcDbHandle(~std::uint64_t{0}).getIntoAsciiBuffer(buffer);
+    EXPECT_EQ(std::wstring(buffer), L"FFFFFFFFFFFFFFFF");
+    for (const ACHAR* bad : {L"", L"xyz", L"2A ?", L"10000000000000000", L"\x20AC"})
+        EXPECT_TRUE(AcDbHandle(bad).isNull()) << bad;
+    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle(L"FFFF")),
+              Acad::eUnknownHandle);
+    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle()), Acad::eUnknownHandle);
+    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle(line.handle)), Acad::eOk);
+    EXPECT_EQ(id, drawing.id(line));
+}

@@ -1,0 +1,187 @@
+// Drawing order under erasing and restoring, against a plain list.
+#include <algorithm>
+#include <random>
+
+#include "database/entities_drawing.h"
+#include "host/database/object_access.h"
+
+using entities::Drawing;
+using host::Index;
+using host::kNoIndex;
+
+namespace {
+
+/// The list that the store has to behave like: every member in append order, with its mark.
+struct Model {
+    std::vector<std::pair<Index, bool>> members;  // index, erased
+
+    Index liveBehind(Index index) const {
+        for (const auto& [member, erased] : members)
+            if (member > index && !erased) return member;
+        return kNoIndex;
+    }
+    Index liveBefore(Index index) const {
+        Index found = kNoIndex;
+        for (const auto& [member, erased] : members)
+            if (member < index && !erased) found = member;
+        return found;
+    }
+};
+
+void expectSame(const host::Store& store, Index parent, const Model& model) {
+    EXPECT_EQ(store.firstLive(parent), model.liveBehind(kNoIndex));
+    EXPECT_EQ(store.lastLive(parent), model.liveBefore(store.count() + 1));
+    for (const auto& [member, erased] : model.members) {
+        ASSERT_EQ(store.nextLive(store.at(member)), model.liveBehind(member))
+            << "behind " << member;
+        ASSERT_EQ(store.previousLive(store.at(member)), model.liveBefore(member))
+            << "before " << member;
+    }
+}
+
+class RandomOrder : public testing::TestWithParam<unsigned> {};
+
+}  // namespace
+
+TEST_P(RandomOrder, EveryWalkAgreesWithAPlainList) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    const Index parent = store.modelSpace();
+    std::mt19937 random(GetParam());
+    Model model;
+    for (int round = 0; round < 300; ++round) {
+        // Every other member belongs to another block, so that indexes have gaps.
+        if (random() % 4 == 0 || model.members.empty()) {
+            drawing.add("0 LINE|8 0", drawing.paper());
+            model.members.emplace_back(drawing.add("0 LINE|8 0").self, false);
+        } else {
+            auto& [index, erased] = model.members[random() % model.members.size()];
+            erased = !erased;
+            store.setErased(store.at(index), erased);
+        }
+        if (round % 7 == 0) expectSame(store, parent, model);
+        if (HasFatalFailure()) return;
+    }
+    expectSame(store, parent, model);
+}
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
+
+TEST(StoreOrder, RestoringARunInEitherOrderTakesNoLongWalks) {
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    constexpr Index kCount = 200'000;
+    const Index first = drawing.add("0 LINE|8 0").self;
+    for (Index added = 1; added < kCount; ++added)
+        drawing.add("0 LINE|8 0");
+    // Quadratic walks would take minutes here; the ends stay live so that neither is a shortcut.
+    for (const bool backwards : {false, true}) {
+        for (Index at = 1; at + 1 < kCount; ++at)
+            store.setErased(store.at(first + at), true);
+        EXPECT_EQ(store.nextLive(store.at(first + kCount / 2)), first + kCount - 1);
+        for (Index at = 1; at + 1 < kCount; ++at)
+            store.setErased(store.at(first + (backwards ? kCount - 1 - at : at)), false);
+    }
+    Index walked = first;
+    while (store.nextLive(store.at(walked)) == walked + 1)
+        ++walked;
+    EXPECT_EQ(walked, first + kCount - 1);
+}
+
+TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    host::ObjectBody& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference");
+    host::ObjectBody& first = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
+    host::ObjectBody& second = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
+    host::ObjectBody& end = drawing.addEnd(insert);
+    store.setErased(first, true);
+    host::eraseWithOwned(insert, true);
+    EXPECT_TRUE(second.erased && end.erased);
+    EXPECT_EQ(store.firstLive(insert.self), kNoIndex);
+    EXPECT_EQ(store.lastLive(insert.self), kNoIndex);
+    host::eraseWithOwned(insert, false);
+    EXPECT_FALSE(second.erased || end.erased);
+    EXPECT_TRUE(first.erased);
+    EXPECT_EQ(store.firstLive(insert.self), second.self);
+    store.setErased(first, false);
+    EXPECT_EQ(store.nextLive(first), second.self);
+}
+
+TEST(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    host::ObjectBody& outer = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", drawing.model());
+    host::ObjectBody& inner = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", outer);
+    outer.owner = inner.self;
+    for (host::ObjectBody* body : {&outer, &inner}) {
+        std::string text(body->text());
+        host::addTag(text, 3, "other");
+        host::addHandleTag(text, 350, store.at(body->owner).handle);
+        body->setText(text);
+    }
+    host::eraseWithOwned(outer, true);
+    EXPECT_TRUE(outer.erased && inner.erased);
+    EXPECT_TRUE(store.idOf(outer).isEffectivelyErased());
+    host::eraseWithOwned(outer, false);
+    EXPECT_FALSE(outer.erased || inner.erased);
+    EXPECT_FALSE(store.idOf(outer).isEffectivelyErased());
+}
+
+TEST(StoreOrder, TypesInWrongPlacesKeepTheirList) {
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    const Index layers = store.table("LAYER");
+    host::ObjectBody& layer = drawing.addObject("0 LAYER|2 stray", drawing.model());
+    host::ObjectBody& record = drawing.make("0 XRECORD|2 stray", store.at(layers), false);
+    store.appendChild(layers, record);
+    host::ObjectBody& end = drawing.add("0 SEQEND|8 0");
+    host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    EXPECT_EQ(store.nextLive(end), line.self);
+    for (const bool erased : {true, false}) {
+        for (host::ObjectBody* body : {&layer, &record, &end})
+            store.setErased(*body, erased);
+        EXPECT_EQ(store.lastLive(store.objectsList()) == layer.self, !erased);
+        EXPECT_EQ(store.lastLive(layers) == record.self, !erased);
+        EXPECT_EQ(store.firstLive(store.modelSpace()) == end.self, !erased);
+    }
+}
+
+TEST(HandleIndex, FindsEveryHandleAndRefusesTakenOnes) {
+    host::Store store;
+    std::mt19937_64 random(7);
+    std::vector<std::uint64_t> handles{~std::uint64_t{0}, 1};
+    // Neighbours and far ones, so that probing runs over filled stretches.
+    for (int count = 0; count < 5000; ++count)
+        handles.push_back(random() >> (random() % 64));
+    std::sort(handles.begin(), handles.end());
+    handles.erase(std::unique(handles.begin(), handles.end()), handles.end());
+    handles.erase(std::remove(handles.begin(), handles.end(), 0), handles.end());
+    for (const std::uint64_t handle : handles)
+        ASSERT_NE(store.create(host::Kind::Entity, "", handle), nullptr);
+    for (const std::uint64_t handle : handles) {
+        ASSERT_EQ(store.byHandle(handle)->handle, handle);
+        ASSERT_EQ(store.create(host::Kind::Entity, "", handle), nullptr);
+    }
+    // The highest handle is taken: new ones are free ones below.
+    const host::ObjectBody pattern;
+    host::ObjectBody& made = store.duplicate(pattern, kNoIndex);
+    EXPECT_FALSE(std::binary_search(handles.begin(), handles.end(), made.handle));
+    EXPECT_EQ(store.byHandle(made.handle), &made);
+}
+
+TEST(MissingHandles, AreGivenInTheRightGroup) {
+    host::Store store;
+    const auto create = [&](const char* literal, std::uint64_t handle) -> host::ObjectBody& {
+        const auto kept = store.keep(entities::storedGroups(literal));
+        return *store.create(host::Kind::Entity, kept, handle);
+    };
+    host::ObjectBody& line = create("0 LINE|8 0", 0);
+    host::ObjectBody& style = create("0 DIMSTYLE|2 Standard|5 arrow", 0);
+    create("0 POINT|5 20|8 0", 0x20);
+    store.assignMissingHandles();
+    EXPECT_EQ(entities::render(line.text()), "0 LINE|5 21|8 0");
+    EXPECT_EQ(entities::render(style.text()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(store.byHandle(0x22), &style);
+    EXPECT_EQ(store.handleSeed(), 0x23u);
+}

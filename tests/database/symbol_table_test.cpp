@@ -1,0 +1,200 @@
+// Symbol tables, block and layer records, the database, and what a new drawing holds.
+#include <set>
+
+#include "database/entities_drawing.h"
+
+using entities::Drawing;
+using entities::Opened;
+
+namespace {
+
+AcDbObjectId addLayer(Drawing& drawing, const ACHAR* name, Acad::ErrorStatus expected = Acad::eOk) {
+    auto* layer = new AcDbLayerTableRecord;
+    AcDbObjectId id;
+    EXPECT_EQ(layer->setName(name), Acad::eOk);
+    AcDbLayerTable* table = nullptr;
+    EXPECT_EQ(drawing.database().getLayerTable(table, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(table->add(id, layer), expected);
+    table->close();
+    if (expected == Acad::eOk)
+        layer->close();
+    else
+        delete layer;
+    return id;
+}
+
+}  // namespace
+
+TEST(SymbolTable, NamesAreFoundWithoutRegardToCaseAndLiveRecordsWin) {
+    Drawing drawing;
+    const AcDbObjectId first = addLayer(drawing, L"Gro\u00DFe W\u00E4nde");
+    addLayer(drawing, L"GRO\u00DFE W\u00C4NDE", Acad::eDuplicateRecordName);
+    AcDbLayerTable* table = nullptr;
+    drawing.database().getLayerTable(table, AcDb::kForRead);
+    EXPECT_TRUE(table->has(L"gro\u00DFe w\u00E4nde"));
+    Opened<AcDbObject>(first, AcDb::kForWrite)->erase();
+    EXPECT_FALSE(table->has(L"Gro\u00DFe W\u00E4nde"));
+    AcDbObjectId found;
+    AcDbLayerTableRecord* record = nullptr;
+    EXPECT_EQ(table->getAt(L"GRO\u00DFE W\u00E4nde", found), Acad::eWasErased);
+    EXPECT_EQ(table->getAt(L"GRO\u00DFE W\u00E4nde", record, AcDb::kForRead), Acad::eWasErased);
+    EXPECT_EQ(record, nullptr);
+    EXPECT_EQ(table->getAt(L"GRO\u00DFE W\u00E4nde", found, true), Acad::eOk);
+    EXPECT_EQ(found, first);
+    EXPECT_EQ(table->getAt(L"none", found), Acad::eKeyNotFound);
+    table->close();
+    const AcDbObjectId second = addLayer(drawing, L"gro\u00DFe w\u00E4nde");
+    drawing.database().getLayerTable(table, AcDb::kForRead);
+    EXPECT_EQ(table->getAt(L"Gro\u00DFe W\u00E4nde", found, true), Acad::eOk);
+    EXPECT_EQ(found, second);
+    table->close();
+}
+
+TEST(SymbolTable, RefusesBadNamesAndWrongRecords) {
+    Drawing drawing;
+    AcDbLayerTableRecord layer;
+    for (const ACHAR* bad : {L"", L"a*b", L"*a", L"a/b", L"a|b", L"a\nb"})
+        EXPECT_EQ(layer.setName(bad), Acad::eInvalidSymbolTableName) << bad;
+    EXPECT_EQ(layer.setName(std::wstring(256, L'x').c_str()), Acad::eInvalidSymbolTableName);
+    AcDbBlockTable* blocks = nullptr;
+    drawing.database().getBlockTable(blocks, AcDb::kForWrite);
+    EXPECT_EQ(blocks->add(&layer), Acad::eWrongObjectType);
+    EXPECT_EQ(blocks->add(nullptr), Acad::eNullObjectPointer);
+    AcDbBlockTableRecord unnamed;
+    EXPECT_EQ(blocks->add(&unnamed), Acad::eInvalidSymbolTableName);
+    blocks->downgradeOpen();
+    EXPECT_EQ(blocks->add(&unnamed), Acad::eNotOpenForWrite);
+    blocks->close();
+}
+
+TEST(Layer, StateColourLinetypeAndCurrentLayer) {
+    Drawing drawing;
+    AcDbDatabase& database = drawing.database();
+    const AcDbObjectId id = addLayer(drawing, L"Walls");
+    Opened<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+    EXPECT_EQ(layer->color().colorIndex(), 7);
+    EXPECT_FALSE(layer->isFrozen() || layer->isOff() || layer->isLocked());
+    EXPECT_EQ(layer->linetypeObjectId(),
+              drawing.id(*drawing.store().symbol("LTYPE", L"CONTINUOUS")));
+    AcCmColor red;
+    red.setColorIndex(1);
+    layer->setIsOff(true);
+    layer->setColor(red);
+    EXPECT_TRUE(layer->isOff());
+    EXPECT_EQ(layer->color().colorIndex(), 1);
+    EXPECT_EQ(layer->setLinetypeObjectId(id), Acad::eNotThatKindOfClass);
+    EXPECT_EQ(layer->setLinetypeObjectId(drawing.id(*drawing.store().symbol("LTYPE", L"ByLayer"))),
+              Acad::eOk);
+    EXPECT_EQ(layer->setIsFrozen(true), Acad::eOk);
+    EXPECT_EQ(database.setClayer(id), Acad::eInvalidInput);
+    layer->setIsFrozen(false);
+    EXPECT_EQ(database.setClayer(id), Acad::eOk);
+    EXPECT_EQ(database.clayer(), id);
+    EXPECT_EQ(layer->setIsFrozen(true), Acad::eInvalidInput);
+    EXPECT_EQ(database.setClayer(layer->linetypeObjectId()), Acad::eNotThatKindOfClass);
+    EXPECT_EQ(AcDbDatabase().setClayer(id), Acad::eWrongDatabase);
+    layer->setIsLocked(true);
+    layer->downgradeOpen();
+    layer->setIsLocked(false);
+    EXPECT_TRUE(layer->isLocked());
+    EXPECT_EQ(host::moduleFaults().size(), 1u);
+    host::clearModuleFaults();
+}
+
+TEST(Block, ANewDefinitionHasItsPartsBasePointAndAttributeMark) {
+    Drawing drawing;
+    AcDbBlockTable* blocks = nullptr;
+    drawing.database().getBlockTable(blocks, AcDb::kForWrite);
+    auto* record = new AcDbBlockTableRecord;
+    record->setName(L"T\u00FCr");
+    record->setOrigin({1, 2, 3});
+    ASSERT_EQ(blocks->add(record), Acad::eOk);
+    EXPECT_EQ(record->origin(), AcGePoint3d(1, 2, 3));
+    EXPECT_FALSE(record->hasAttributeDefinitions());
+    auto* definition = new AcDbAttributeDefinition;
+    EXPECT_EQ(record->appendAcDbEntity(definition), Acad::eOk);
+    EXPECT_TRUE(record->hasAttributeDefinitions());
+    const host::BlockParts parts = drawing.store().blockParts(record->body().self);
+    const std::string owner = drawing.handle(record->body());
+    EXPECT_EQ(entities::render(drawing.store().at(parts.begin).text()),
+              "0 BLOCK|5 " + drawing.handle(drawing.store().at(parts.begin)) + "|330 " + owner +
+                  "|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 T\u00FCr|70 2|10 1.0|20 2.0|30 3.0|3 "
+                  "T\u00FCr|1 ");
+    EXPECT_EQ(drawing.store().blockOrder().back(), record->body().self);
+    definition->close();
+    record->close();
+    blocks->close();
+}
+
+TEST(Block, TheIteratorWalksMainEntitiesBothWaysWithAndWithoutErasedOnes) {
+    Drawing drawing;
+    drawing.add("0 LINE|8 0");
+    host::ObjectBody& circle = drawing.add("0 CIRCLE|8 0");
+    drawing.addPolyline();
+    drawing.store().setErased(circle, true);
+    Opened<AcDbBlockTableRecord> model(drawing.id(drawing.model()), AcDb::kForRead);
+    const auto walk = [&](bool forward, bool skipDeleted) {
+        AcDbBlockTableRecordIterator* iterator = nullptr;
+        EXPECT_EQ(model->newIterator(iterator, forward, skipDeleted), Acad::eOk);
+        std::string types;
+        for (; !iterator->done(); iterator->step(forward, skipDeleted)) {
+            AcDbEntity* entity = nullptr;
+            EXPECT_EQ(iterator->getEntity(entity, AcDb::kForRead, !skipDeleted), Acad::eOk);
+            types += std::string(entity->body().type()) + " ";
+            entity->close();
+        }
+        iterator->step(forward, skipDeleted);
+        AcDbObjectId id;
+        EXPECT_NE(iterator->getEntityId(id), Acad::eOk);
+        delete iterator;
+        return types;
+    };
+    EXPECT_EQ(walk(true, true), "LINE POLYLINE ");
+    EXPECT_EQ(walk(false, true), "POLYLINE LINE ");
+    EXPECT_EQ(walk(true, false), "LINE CIRCLE POLYLINE ");
+    EXPECT_EQ(walk(false, false), "POLYLINE CIRCLE LINE ");
+}
+
+TEST(NewDrawing, EveryReferenceResolvesAndSpacesPointBack) {
+    host::Store store;
+    host::makeNewDrawing(store);
+    for (host::Index index = 1; index <= store.count(); ++index) {
+        host::TagReader reader(store.at(index).text());
+        for (host::Tag tag; reader.next(tag);) {
+            if (tag.code < 320 || tag.code > 369 || tag.value == "0") continue;
+            EXPECT_NE(store.byHandle(*host::parseHandle(tag.value)), nullptr) << tag.value;
+        }
+        EXPECT_LT(store.at(index).handle, store.handleSeed());
+    }
+    for (const host::Index space : {store.modelSpace(), store.paperSpace()}) {
+        ASSERT_NE(space, host::kNoIndex);
+        EXPECT_EQ(store.at(store.blockParts(space).begin).type(), "BLOCK");
+        EXPECT_EQ(store.at(store.blockParts(space).end).type(), "ENDBLK");
+        const auto handle = host::parseHandle(host::findTag(store.at(space).text(), 340)->value);
+        const host::ObjectBody* const layout = store.byHandle(*handle);
+        ASSERT_NE(layout, nullptr);
+        const auto part = host::subclassPart(layout->text(), "AcDbLayout");
+        EXPECT_EQ(host::parseHandle(host::findTag(*part, 330)->value), store.at(space).handle);
+    }
+    EXPECT_EQ(store.tables().size(), 9u);
+    EXPECT_EQ(store.at(store.rootDictionary()).handle, 0xCu);
+}
+
+TEST(Header, ValuesAreFoundChangedAndAdded) {
+    Drawing drawing;
+    host::Store& store = drawing.store();
+    EXPECT_EQ(store.headerValue("$ACADVER"), "AC1027");
+    EXPECT_EQ(store.headerValue("$TILE"), std::nullopt);
+    store.setHeaderValue("$CLAYER", 8, "a longer name");
+    store.setHeaderValue("$TITLE", 1, "$NEW");
+    EXPECT_EQ(store.headerValue("$NEW"), std::nullopt);
+    store.setHeaderValue("$NEW", 70, "3");
+    EXPECT_EQ(store.headerValue("$CLAYER"), "a longer name");
+    EXPECT_EQ(store.headerValue("$CELTYPE"), "ByLayer");
+    EXPECT_EQ(store.headerValue("$NEW"), "3");
+    store.setHeaderValue("$TILEMODE", 70, "0");
+    EXPECT_FALSE(drawing.database().tilemode());
+    EXPECT_EQ(store.currentSpace(), store.modelSpace());
+    store.currentViewport = 1;
+    EXPECT_EQ(store.currentSpace(), store.paperSpace());
+}

@@ -1,0 +1,112 @@
+// Load, unload, messages, menus and the AutoLISP function of the module.
+#include <regex>
+
+#include "common/drafting.h"
+#include "gtest/gtest.h"
+#include "host/control/effects.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/menus.h"
+#include "host/editor/notify.h"
+
+namespace {
+
+using host::EffectKind;
+using host::effectText;
+using host::effectTexts;
+using tests::Drafting;
+using Texts = std::vector<std::wstring>;
+
+constexpr const char* kModule = "VelmoGroup.arx";
+
+TEST(Entry, RegistersItsCommandsInOrderWithTheirFlags) {
+    Drafting drafting;
+    std::wstring seen;
+    for (const host::RegisteredCommand& command : host::registeredCommands()) {
+        EXPECT_EQ(command.globalName, command.localName);
+        seen += command.group + L"/" + command.globalName + L" " + std::to_wstring(command.flags) +
+                L"\n";
+    }
+    EXPECT_EQ(seen,
+              L"VelmoGROUP/VelmoGROUPMAKE 6\nVelmoGROUP/VelmoGROUPDELETE 2\n"
+              L"VelmoGROUP/VelmoGROUPREMOVEMEMBER 0\nVelmoGROUP/VelmoGROUPACTIVE 0\n"
+              L"VelmoGROUP/VelmoGROUPNOTACTIVE 0\n");
+    EXPECT_EQ(host::editorReactorCount(), 1);
+}
+
+TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
+    Drafting drafting;
+    host::clearEffects();
+    EXPECT_TRUE(drafting.session().unloadModule(kModule));
+    EXPECT_EQ(effectText(EffectKind::CommandLine),
+              L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
+    EXPECT_TRUE(host::registeredCommands().empty());
+    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_TRUE(drafting.session().loadModule(tests::modulePath()));
+    EXPECT_EQ(host::editorReactorCount(), 1);
+}
+
+TEST(Entry, GreysTheItemOfTheFirstMenuGroupThatIsLoaded) {
+    const std::pair<Texts, Texts> cases[] = {
+        {{}, {}},
+        {{L"Morvanta"}, {L"GMorvanta.ID_GRP_ON=~"}},
+        {{L"Pelltrix"}, {L"GPelltrix.ID_GRP_ON=~"}},
+        {{L"Pelltrix", L"Morvanta"}, {L"GMorvanta.ID_GRP_ON=~"}},
+    };
+    for (const auto& [groups, expected] : cases) {
+        Drafting drafting;
+        drafting.session().unloadModule(kModule);
+        for (const std::wstring& group : groups) {
+            host::setMenuGroupLoaded(group, true);
+        }
+        host::clearEffects();
+        drafting.session().loadModule(tests::modulePath());
+        EXPECT_EQ(effectTexts(EffectKind::MenuCommand), expected);
+    }
+}
+
+TEST(Entry, VersionFunctionPrintsTheMomentOfTheBuildInEveryDrawing) {
+    Drafting drafting;
+    drafting.session().newDrawing();
+    for (const std::size_t index : {0u, 1u}) {
+        drafting.session().activate(index);
+        host::clearEffects();
+        EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+        const std::wregex line(
+            L"GroupCommands : [A-Z][a-z]{2} [ 1-3][0-9] [0-9]{4} [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
+        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), line))
+            << "drawing " << index;
+    }
+}
+
+TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {
+    Drafting drafting;
+    host::clearEffects();
+    for (const int message : {5, 6, 9, 13, 4711}) {
+        EXPECT_EQ(drafting.session().sendMessage(kModule, message), 0);
+    }
+    EXPECT_EQ(effectText(EffectKind::CommandLine), L"");
+}
+
+TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {
+    Drafting drafting;
+    drafting.session().newDrawing();
+    drafting.session().sendMessage(kModule, 4);
+    EXPECT_NE(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+    drafting.session().activate(0);
+    EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+}
+
+TEST(Entry, EachDrawingMetGreysTheMenuItemAnew) {
+    Drafting drafting("", L"Morvanta");
+    drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
+    drafting.run(L"VelmoGROUPMAKE ALL\n\n");
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{});
+    // Closing forgets the record: a new drawing, even at the same address, starts afresh.
+    drafting.session().closeDrawing();
+    drafting.session().newDrawing();
+    drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+// The message service: what reaches the command line, in which pieces, and what goes elsewhere.
+#include "message_service.h"
+
+#include "diagnostics.h"
+#include "host/control/windows_control.h"
+#include "support_fixture.h"
+
+namespace {
+
+using host::EffectKind;
+using Lines = std::vector<std::wstring>;
+
+/// The prints of one message, as their lengths.
+std::vector<std::size_t> pieces(const std::wstring& text) {
+    host::clearEffects();
+    messageService(L"%s", text.c_str());
+    std::vector<std::size_t> lengths;
+    for (const std::wstring& piece : host::effectTexts(EffectKind::CommandLine)) {
+        lengths.push_back(piece.size());
+    }
+    EXPECT_EQ(host::effects().size(), lengths.size()) << "the command line only";
+    return lengths;
+}
+
+TEST_F(Support, LongMessagesArePrintedInPieces) {
+    const std::wstring text(299, L'x');
+    EXPECT_EQ(pieces(text + L"\n"), (std::vector<std::size_t>{132, 132, 36}));
+    EXPECT_EQ(host::effectText(EffectKind::CommandLine), text + L"\n");
+    EXPECT_EQ(pieces(text + L"\n\n\n"), (std::vector<std::size_t>{132, 132, 36}));
+    EXPECT_EQ(pieces(std::wstring(131, L'x')), (std::vector<std::size_t>{132}));
+    EXPECT_EQ(pieces(std::wstring(132, L'x')), (std::vector<std::size_t>{132, 1}));
+    // Two UTF-16 units of one character stay together.
+    const std::wstring pair = {wchar_t(0xD834), wchar_t(0xDD1E)};
+    EXPECT_EQ(pieces(std::wstring(131, L'x') + pair), (std::vector<std::size_t>{131, 3}));
+    EXPECT_EQ(pieces(std::wstring(130, L'x') + pair), (std::vector<std::size_t>{132, 1}));
+}
+
+TEST_F(Support, MessagesHaveOneNewline) {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {{L"text", L"text\n"},
+                                                               {L"\n\ntext\n\n\n", L"text\n"},
+                                                               {L"a\n\nb\n", L"a\n\nb\n"},
+                                                               {L"\n \x1D11E ", L" \x1D11E \n"},
+                                                               {L"\n\n", L"\n"},
+                                                               {L"", L"\n"},
+                                                               {L"100 %d%s", L"100 %d%s\n"}};
+    for (const auto& [text, expected] : cases) {
+        pieces(text);
+        EXPECT_EQ(host::effectText(EffectKind::CommandLine), expected);
+    }
+}
+
+TEST_F(Support, MessagesAreFormatted) {
+    messageService(L"%s has %d of %c, %S\n",
+                   L"w\x00EF"
+                   L"de",
+                   7, L'\x20AC', "narrow");
+    EXPECT_EQ(host::effectText(EffectKind::CommandLine),
+              L"w\x00EF"
+              L"de has 7 of \x20AC, narrow\n");
+}
+
+TEST_F(Support, TheDebuggerGetsMessagesWithoutAnySwitch) {
+    host::setDebuggerPresent(true);
+    messageService(L"\ntext\n\n");
+    EXPECT_EQ(host::effectTexts(EffectKind::DebugOutput), Lines{L"[16:19:18] \ntext\n\n"});
+    EXPECT_EQ(host::effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
+    EXPECT_EQ(host::effects().size(), 2u);
+}
+
+TEST_F(Support, TheLogGetsMessagesWithDebugStartup) {
+    start(1, 0);
+    messageService(L"text\n");
+    EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] text"});
+    EXPECT_TRUE(host::effectTexts(EffectKind::StandardOutput).empty());
+    EXPECT_EQ(host::effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
+}
+
+}  // namespace
