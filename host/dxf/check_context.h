@@ -1,0 +1,69 @@
+// What the parts of the drawing check share.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/dxf/erased_references.h"
+#include "host/dxf/finding.h"
+
+namespace host {
+
+/// What one pass over the groups of an object tells the parts of the check.
+struct ObjectSummary {
+    const ObjectBody* body = nullptr;
+    std::string_view text;  ///< groups as they would be saved
+    std::string_view type;
+    bool hasOwner = false;
+    std::uint64_t owner = 0;                ///< group 330 before the object's own groups
+    std::uint64_t extensionDictionary = 0;  ///< 0 when there is none
+    bool attributesFollow = false;          ///< group 66 is not 0
+    std::vector<std::string_view> markers;  ///< groups 100, in order
+};
+
+/// Collects findings and answers what is defined, in constant time.
+class CheckContext {
+  public:
+    explicit CheckContext(const Store& drawing) : store(drawing), references(drawing) {}
+
+    void error(const ObjectBody& body, const std::string& text);
+    void note(const ObjectBody& body, const std::string& text);
+    void error(const std::string& text) { findings.push_back({Severity::Error, 0, text}); }
+    void note(const std::string& text) { findings.push_back({Severity::Note, 0, text}); }
+
+    /// Live object with a handle, or null.
+    const ObjectBody* live(std::uint64_t handle) const;
+    /// Live slots only: not erased, nor their owners.
+    bool isLive(Index index) const;
+    /// True when a table holds a record of that name (as bytes of the drawing).
+    bool isDefined(const char* table, std::string_view name);
+
+    const Store& store;
+    const ErasedReferences references;
+    std::vector<Finding> findings;
+    long ownersAbsent = 0;
+
+  private:
+    std::unordered_map<std::string, bool> m_defined;  ///< by table and name
+    std::string m_key;
+};
+
+/// "LINE 2A".
+std::string nameOf(const ObjectBody& body);
+
+/// Every group of the object; fills the summary.
+void checkGroups(CheckContext& context, ObjectSummary& summary);
+void checkMarkers(CheckContext& context, const ObjectSummary& summary);
+void checkOwner(CheckContext& context, const ObjectSummary& summary);
+void checkSequence(CheckContext& context, const ObjectSummary& summary);
+/// The extension dictionary of an object, and the entries of a dictionary.
+void checkDictionaries(CheckContext& context, const ObjectSummary& summary);
+/// Block records, their blocks, and the layouts.
+void checkBlockRecord(CheckContext& context, const ObjectSummary& summary);
+void checkLayout(CheckContext& context, const ObjectSummary& summary);
+
+}  // namespace host

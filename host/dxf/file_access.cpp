@@ -1,0 +1,43 @@
+// What the file calls have in common on every platform.
+#include "host/dxf/file_access.h"
+
+#include <atomic>
+#include <vector>
+
+namespace host {
+namespace {
+
+std::atomic<long> failingCall{0};
+std::atomic<long> callCount{0};
+
+}  // namespace
+
+void setFileFault(long failAt) {
+    failingCall = failAt;
+    callCount = 0;
+}
+
+long fileCallCount() { return callCount; }
+
+bool fileCallFails(std::string& why) {
+    if (++callCount != failingCall) return false;
+    why = "No space left on device";
+    return true;
+}
+
+bool copyFile(const std::string& from, const std::string& to, std::string& why) {
+    InputFile input;
+    OutputFile output;
+    if (!input.open(from, why) || !output.create(to, why)) return false;
+    std::vector<char> buffer(1 << 16);
+    for (;;) {
+        const long count = input.read(buffer.data(), buffer.size(), why);
+        if (count < 0) return false;
+        if (count == 0) break;
+        const std::string_view bytes(buffer.data(), static_cast<std::size_t>(count));
+        if (!output.write(bytes, why)) return false;
+    }
+    return output.takePermissionsOf(from, why) && output.flushToDisk(why) && output.close(why);
+}
+
+}  // namespace host

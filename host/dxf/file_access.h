@@ -1,0 +1,83 @@
+// The file calls that loading and saving make. Paths are UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// What stands at a path; links are followed.
+enum class FilePlace { Missing, File, Folder, Other, Unreachable };
+FilePlace placeOf(const std::string& path);
+
+/// A regular file open for reading. Closed on destruction.
+class InputFile {
+  public:
+    InputFile() = default;
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    /// False with the reason in `why`: missing, not readable, a folder, a device.
+    bool open(const std::string& path, std::string& why);
+    /// Bytes read, 0 at the end, -1 on failure. The file may grow or shrink meanwhile.
+    long read(char* buffer, std::size_t size, std::string& why);
+    /// Size in bytes when it was opened.
+    std::uint64_t size() const { return m_size; }
+
+  private:
+    std::intptr_t m_file = -1;
+    std::uint64_t m_size = 0;
+};
+
+/// A new file open for writing. Closed on destruction; not removed.
+class OutputFile {
+  public:
+    OutputFile() = default;
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Creates a file that was not there before.
+    bool create(const std::string& path, std::string& why);
+    /// Gives the file the owner and permissions of another one, as far as the user may.
+    bool takePermissionsOf(const std::string& path, std::string& why);
+    bool write(std::string_view bytes, std::string& why);
+    /// Waits until everything written is on the disk.
+    bool flushToDisk(std::string& why);
+    bool close(std::string& why);
+
+  private:
+    std::intptr_t m_file = -1;
+};
+
+/// The part of a path up to its last separator, inclusive; empty for a bare name.
+std::string folderPart(const std::string& path);
+/// True when the user may write to the file.
+bool isWritable(const std::string& path);
+/// The file that a path means after following symbolic links, also when it does not exist yet.
+std::string withoutLinks(const std::string& path);
+/// Renames, replacing what stands at `to`. Atomic.
+bool renameOver(const std::string& from, const std::string& to, std::string& why);
+/// Makes a second name for a file, or a copy where the file system knows no hard links.
+bool duplicateFile(const std::string& from, const std::string& to, std::string& why);
+void removeFile(const std::string& path);
+/// Makes the renames in the folder of `path` last through a power cut.
+bool flushFolderOf(const std::string& path, std::string& why);
+/// Identification of this process, for names of temporary files.
+unsigned long processNumber();
+
+/// For tests: makes the `failAt`-th of the changing calls above (create, takePermissionsOf, write,
+/// flushToDisk, close, renameOver, duplicateFile, flushFolderOf; counted from 1 since this call)
+/// fail as on a full disk; 0 lets all pass.
+void setFileFault(long failAt);
+/// Changing calls since setFileFault.
+long fileCallCount();
+
+/// For the implementations: counts a changing call; true, with a reason, when it has to fail.
+bool fileCallFails(std::string& why);
+/// Copies by reading and writing; for duplicateFile.
+bool copyFile(const std::string& from, const std::string& to, std::string& why);
+
+}  // namespace host

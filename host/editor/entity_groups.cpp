@@ -1,0 +1,60 @@
+// Splits an entity's stored text into the groups that describe it.
+#include "host/editor/entity_groups.h"
+
+#include <cmath>
+
+namespace host {
+
+EntityGroups::EntityGroups(std::string_view text) {
+    m_tags.reserve(24);
+    TagReader reader(text);
+    Tag tag;
+    int depth = 0;
+    while (reader.next(tag)) {
+        if (tag.code >= 1000 || tag.code == 101) break;
+        if (tag.code == 102) {
+            const std::string_view value = trimmed(tag.value);
+            if (!value.empty() && value.front() == '{') ++depth;
+            if (value == "}" && depth > 0) --depth;
+            continue;
+        }
+        if (depth == 0) m_tags.push_back(tag);
+    }
+}
+
+const Tag* EntityGroups::find(int code) const {
+    for (const Tag& tag : m_tags) {
+        if (tag.code == code) return &tag;
+    }
+    return nullptr;
+}
+
+std::string_view EntityGroups::text(int code, std::string_view standard) const {
+    const Tag* tag = find(code);
+    return tag == nullptr ? standard : trimmed(tag->value);
+}
+
+double EntityGroups::real(int code, double standard) const {
+    const Tag* tag = find(code);
+    return tag == nullptr ? standard : realOf(tag->value, standard);
+}
+
+int EntityGroups::integer(int code, int standard) const {
+    const Tag* tag = find(code);
+    return tag == nullptr ? standard : integerOf(tag->value, standard);
+}
+
+bool EntityGroups::has(int code) const { return find(code) != nullptr; }
+
+double realOf(std::string_view value, double standard) {
+    const std::optional<double> number = parseReal(value);
+    return number && std::isfinite(*number) ? *number : standard;
+}
+
+int integerOf(std::string_view value, int standard) {
+    const std::optional<long long> number = parseInteger(value);
+    if (!number || *number < -2147483647 || *number > 2147483647) return standard;
+    return static_cast<int>(*number);
+}
+
+}  // namespace host

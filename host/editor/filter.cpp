@@ -1,0 +1,96 @@
+// Reading and applying the filters of selection sets.
+#include "host/editor/filter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/database/result_buffer_tools.h"
+#include "host/database/store.h"
+#include "host/editor/current_drawing.h"
+#include "host/editor/entity_groups.h"
+#include "host/editor/wildcard.h"
+
+namespace host {
+namespace {
+
+bool between(int code, int low, int high) { return low <= code && code <= high; }
+
+/// Groups whose text is a name, which is compared without regard to case.
+bool isNameCode(int code) { return code == 0 || code == 2 || between(code, 5, 8) || code == 410; }
+
+struct Default {
+    int code;
+    std::string_view value;
+};
+
+/// What an entity without the group has.
+constexpr Default kDefaults[] = {{6, "BYLAYER"}, {7, "STANDARD"}, {8, "0"},  {48, "1.0"}, {60, "0"},
+                                 {62, "256"},    {66, "0"},       {67, "0"}, {370, "-1"}};
+
+std::string_view defaultOf(int code) {
+    for (const Default& entry : kDefaults) {
+        if (entry.code == code) return entry.value;
+    }
+    return {};
+}
+
+bool sameNumber(double left, double right) {
+    return std::fabs(left - right) <= 1e-10 * std::max(1.0, std::fabs(left));
+}
+
+}  // namespace
+
+bool SelectionFilter::read(const resbuf* list, SelectionFilter& filter) {
+    for (; list != nullptr; list = list->rbnext) {
+        Item item;
+        item.code = list->restype == RTDXF0 ? 0 : list->restype;
+        if (item.code < 0 || item.code >= 1000) return false;
+        switch (valueKindOf(item.code)) {
+            case ValueKind::Text:
+                if (list->resval.rstring == nullptr) return false;
+                item.isText = true;
+                item.pattern = list->resval.rstring;
+                if (isNameCode(item.code)) item.pattern = foldCase(item.pattern);
+                break;
+            case ValueKind::Real:
+                item.number = list->resval.rreal;
+                break;
+            case ValueKind::Short:
+                item.number = list->resval.rint;
+                break;
+            case ValueKind::Long:
+                item.number = list->resval.rlong;
+                break;
+            default:
+                return false;
+        }
+        filter.m_items.push_back(std::move(item));
+    }
+    return true;
+}
+
+bool SelectionFilter::matches(const ObjectBody& entity) const {
+    if (m_items.empty()) return true;
+    const EntityGroups groups(entity.text());
+    const auto valueMatches = [&](const Item& item, std::string_view value) {
+        if (!item.isText) {
+            const std::optional<double> number = parseReal(value);
+            return number && sameNumber(*number, item.number);
+        }
+        const std::wstring text = entity.store->decode(value);
+        return wildcardMatch(item.pattern, isNameCode(item.code) ? foldCase(text) : text);
+    };
+    return std::all_of(m_items.begin(), m_items.end(), [&](const Item& item) {
+        if (item.code == 410)
+            return wildcardMatch(item.pattern, foldCase(layoutName(*entity.store, entity.owner)));
+        if (!groups.has(item.code)) {
+            const std::string_view standard = defaultOf(item.code);
+            return !standard.empty() && valueMatches(item, standard);
+        }
+        return std::any_of(groups.tags().begin(), groups.tags().end(), [&](const Tag& tag) {
+            return tag.code == item.code && valueMatches(item, tag.value);
+        });
+    });
+}
+
+}  // namespace host

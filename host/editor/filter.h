@@ -1,0 +1,36 @@
+// Filters of selection sets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/database/object_body.h"
+#include "host/objectarx/result_buffer.h"
+
+namespace host {
+
+/// A filter list: every item must match (AND).
+///
+/// Text groups match by wild cards, those that hold names (0, 2, 6, 7, 8, 410, 5) without regard to
+/// case. Numbers match by equality. Entities that lack a group have its default value where the
+/// format defines one. Operators (-4), points, names of entities and extended data are not served.
+class SelectionFilter {
+  public:
+    /// Reads a list; null gives a filter that everything passes. False when an item is not served.
+    static bool read(const resbuf* list, SelectionFilter& filter);
+
+    bool matches(const ObjectBody& entity) const;
+    bool isEmpty() const { return m_items.empty(); }
+
+  private:
+    struct Item {
+        int code = 0;
+        bool isText = false;
+        std::wstring pattern;
+        double number = 0;
+    };
+
+    std::vector<Item> m_items;
+};
+
+}  // namespace host

@@ -1,0 +1,53 @@
+// A small sound drawing as text, with ways to damage it, and files to load and save it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "host/dxf/drawing_check.h"
+#include "host/dxf/file_access.h"
+#include "host/dxf/load_drawing.h"
+#include "host/dxf/save_drawing.h"
+
+namespace dxf_tests {
+
+/// DXF text from a short form: groups "5=2A" parted by "|" or line ends.
+std::string dxf(const std::string& groups);
+
+/// Every kind of structure once, in the short form; the check finds nothing in it.
+extern const std::string kDrawing;
+
+/// Copy of a text with one part replaced; the part has to be there.
+std::string with(std::string text, const std::string& part, const std::string& replacement);
+
+/// A folder of its own for each test.
+class DrawingFiles : public testing::Test {
+  protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    std::string path(const std::string& name) const { return (m_folder / name).string(); }
+    std::string write(const std::string& name, const std::string& text) const;
+    std::string read(const std::string& name) const;
+    /// Names of all files in the folder, sorted, parted by blanks.
+    std::string listing() const;
+    /// Loads DXF text; the test fails when that fails.
+    std::unique_ptr<host::Store> load(const std::string& text) const;
+    /// The one-line error of loading DXF text, without the folder.
+    std::string loadError(const std::string& text) const;
+    /// DXF text of a saved store.
+    std::string saved(host::Store& store) const;
+    /// Texts of all findings in DXF text, one a line; notes begin with "note: ".
+    std::string findings(const std::string& text) const;
+
+  private:
+    std::filesystem::path m_folder;
+};
+
+}  // namespace dxf_tests

@@ -1,0 +1,131 @@
+// Saving: the old drawing or the new one at any moment, backups, references to erased objects.
+#include <sys/stat.h>
+
+#include "drawing_text.h"
+#include "host/database/object_access.h"
+
+namespace dxf_tests {
+namespace {
+
+using host::saveDrawing;
+
+class Saving : public DrawingFiles {
+  protected:
+    /// Groups of the saved drawing, in one line, from an object's handle to the next object.
+    std::string object(const std::string& handle) const {
+        const std::string text = "\n" + read("saved.dxf");
+        const std::size_t begin = text.find("\n  5\n" + handle + "\n");
+        if (begin == std::string::npos) return "none";
+        std::string groups = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
+        for (std::size_t i = 0; i < groups.size(); ++i) {
+            if (groups[i] == '\n') groups[i] = ' ';
+        }
+        return groups;
+    }
+    void erase(host::Store& store, std::uint64_t handle) const {
+        host::eraseWithOwned(*store.byHandle(handle), true);
+    }
+};
+
+TEST_F(Saving, AFailureAtAnyCallLeavesTheTargetUntouched) {
+    const auto store = load(dxf(kDrawing));
+    std::filesystem::remove(path("load.dxf"));
+    write("a.dxf", "old");
+    write("a.bak", "older");
+    host::DxfError error;
+    long failAt = 1;
+    for (; failAt < 100; ++failAt) {
+        host::setFileFault(failAt);
+        if (saveDrawing(*store, path("a.dxf"), error)) break;
+        EXPECT_EQ(error.text,
+                  "cannot be written: No space left on device; nothing was changed, "
+                  "save elsewhere");
+        EXPECT_EQ(read("a.dxf"), "old");
+        EXPECT_EQ(listing(), "a.bak a.dxf") << failAt;
+    }
+    // create, permissions, write, flush, close, link, rename to .bak, rename to the target
+    EXPECT_EQ(failAt, 9);
+    EXPECT_EQ(read("a.dxf"), dxf(kDrawing));
+    EXPECT_EQ(read("a.bak"), "old");
+}
+
+TEST_F(Saving, TheFormerFileIsKeptAsBackup) {
+    EXPECT_EQ(host::backupPath("/x.y/plan.dxf"), "/x.y/plan.bak");
+    EXPECT_EQ(host::backupPath("/x.y/plan"), "/x.y/plan.bak");
+    EXPECT_EQ(host::backupPath("plan.BAK"), "plan.BAK.bak");
+    const auto store = load(dxf(kDrawing));
+    std::filesystem::remove(path("load.dxf"));
+    host::DxfError error;
+    ASSERT_TRUE(saveDrawing(*store, path("new.dxf"), error));
+    EXPECT_EQ(listing(), "new.dxf");
+    ASSERT_TRUE(saveDrawing(*store, path("new.dxf"), error));
+    ASSERT_TRUE(saveDrawing(*store, path("new.dxf"), error));
+    EXPECT_EQ(listing(), "new.bak new.dxf");
+}
+
+TEST_F(Saving, PermissionsAndLinksStay) {
+    const auto store = load(dxf(kDrawing));
+    ::chmod(write("real.dxf", "old").c_str(), 0640);
+    std::filesystem::create_symlink("real.dxf", path("link.dxf"));
+    host::DxfError error;
+    ASSERT_TRUE(saveDrawing(*store, path("link.dxf"), error)) << error.message();
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
+    EXPECT_EQ(read("real.dxf"), dxf(kDrawing));
+    struct stat status;
+    ASSERT_EQ(::stat(path("real.dxf").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640u);
+}
+
+TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
+    const auto store = load(dxf(kDrawing));
+    host::DxfError error;
+    EXPECT_FALSE(saveDrawing(*store, path(""), error));
+    EXPECT_EQ(error.text, "cannot be written: Is a directory; nothing was changed, save elsewhere");
+    EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
+    EXPECT_EQ(error.text,
+              "cannot be written: Is not a regular file; nothing was changed, save elsewhere");
+    EXPECT_FALSE(saveDrawing(*store, path("no/such.dxf"), error));
+    EXPECT_EQ(error.text,
+              "cannot be written: No such file or directory; nothing was changed, save elsewhere");
+}
+
+TEST_F(Saving, ATooSmallHandleSeedIsCorrected) {
+    const auto store = load(dxf(with(kDrawing, "5=100", "5=10")));
+    EXPECT_EQ(saved(*store), dxf(with(kDrawing, "5=100", "5=63")));
+}
+
+TEST_F(Saving, NothingPointsAtErasedObjects) {
+    std::string text =
+        with(kDrawing, "0=TEXT|5=38|", "0=TEXT|5=38|102={ACAD_REACTORS|330=43|102=}|");
+    text = with(text, "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n",
+                "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n"
+                "0=HATCH|5=39|330=17|100=AcDbEntity|8=0|100=AcDbHatch|97=2|330=30|330=31\n");
+    text = with(
+        text, "0=XRECORD",
+        "0=SORTENTSTABLE|5=52|330=40|100=AcDbSortentsTable|331=30|5=30|331=31|5=31\n0=XRECORD");
+    const auto store = load(dxf(text));
+    erase(*store, 0x30);
+    erase(*store, 0x43);
+    saved(*store);
+    EXPECT_EQ(object("30") + object("50") + object("51") + object("43"), "nonenonenonenone");
+    EXPECT_EQ(object("38").find("102"), std::string::npos);
+    EXPECT_EQ(object("39").substr(object("39").find(" 97")), " 97 1 330 31");
+    EXPECT_EQ(object("52").substr(object("52").find("331")), "331 31   5 31");
+    EXPECT_EQ(object("41"), "  5 41 330 40 100 AcDbDictionary");
+}
+
+TEST_F(Saving, OtherPointersAtErasedObjectsBecomeZero) {
+    const std::string text = with(kDrawing, "100=AcDbText|1=A", "100=AcDbText|1=A|340=31|1005=31");
+    const auto store = load(dxf(text));
+    erase(*store, 0x31);
+    saved(*store);
+    EXPECT_NE(object("33").find("340 0 1005 0"), std::string::npos) << object("33");
+    erase(*store, 0x38);
+    const std::string file = saved(*store);
+    EXPECT_NE(object("51").find("330 0"), std::string::npos) << object("51");
+    EXPECT_EQ(object("43"), "  5 43 330 41 100 AcDbGroup  70 0 340 30");
+    EXPECT_EQ(findings(with(file, "340\n0\n1005\n0\n", "")), "");
+}
+
+}  // namespace
+}  // namespace dxf_tests

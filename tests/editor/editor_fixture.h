@@ -1,0 +1,78 @@
+// A drawing with the editor around it, as the tests of the editor use it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "gtest/gtest.h"
+#include "host/database/store.h"
+#include "host/editor/document_state.h"
+#include "host/editor/input.h"
+#include "host/objectarx/database.h"
+#include "host/objectarx/editor.h"
+#include "host/objectarx/selection_sets.h"
+
+namespace tests {
+
+/// Answers given one after the other: "" is Enter, "^" is Esc, and after the last the input ends.
+class Answers : public host::InputSource {
+  public:
+    host::Answer next(const std::wstring& prompt, host::InputUnit unit) override;
+    bool interactive() const override { return person; }
+
+    std::deque<std::wstring> left;
+    bool person = false;
+};
+
+/// Calls back on notifications.
+class Watcher : public AcEditorReactor {
+  public:
+    void pickfirstModified() override {
+        if (onPickfirst) onPickfirst();
+    }
+    void commandWillStart(const ACHAR* name) override {
+        if (onStart) onStart(name);
+    }
+    std::function<void()> onPickfirst;
+    std::function<void(std::wstring)> onStart;
+};
+
+/// An empty drawing that is current; at the end no fault of the module may be left over.
+class EditorTest : public ::testing::Test {
+  protected:
+    EditorTest();
+    ~EditorTest() override;
+
+    /// Adds an entity to model space (or the space of a block record) from its groups:
+    /// "LINE;10 0;20 0;11 5;21 0". On layer 0 unless group 8 is given. The entities of a test are
+    /// called a, b, c, ... in the order of adding.
+    AcDbObjectId add(const std::string& groups, host::Index owner = host::kNoIndex);
+    /// Adds a record to a table, for example ("LAYER", "LAYER;2 walls;70 0;62 7").
+    host::ObjectBody& addRecord(const std::string& table, const std::string& groups);
+    /// Adds an empty block with its base point, "10 1;20 0"; gives its record.
+    host::Index addBlock(const std::string& name, const std::string& base = "10 0;20 0");
+    /// "ab" for the first two entities.
+    std::string letters(const std::vector<AcDbObjectId>& ids) const;
+    /// Members of a set; "?" when the name is no open set.
+    std::string members(const ads_name set) const;
+    /// "(handent \"2A\")" for an entity.
+    static std::wstring handent(AcDbObjectId id);
+    void erase(AcDbObjectId id);
+    /// Faults so far, which are thereby expected.
+    std::vector<std::string> takeFaults();
+    /// Notifications since the last call.
+    std::vector<std::wstring> takeNotifications();
+
+    AcDbDatabase database;
+    host::Store& store = database.store();
+    host::DocumentState state;
+    Answers answers;
+    std::vector<AcDbObjectId> entities;
+
+  private:
+    host::ObjectBody& create(const std::string& groups, bool entity);
+};
+
+}  // namespace tests

@@ -1,0 +1,237 @@
+// What picks, windows and crossings reach, for each kind of entity.
+#include "host/editor/hit_test.h"
+
+#include "editor/editor_fixture.h"
+#include "host/database/tags.h"
+#include "host/editor/sysvars.h"
+
+namespace tests {
+namespace {
+
+struct Form {
+    const char* name;
+    const char* groups;
+    double hit[2];   ///< on the entity
+    double miss[2];  ///< near it, but not on it
+    double box[4];   ///< holds all of it; empty for what no window holds
+};
+
+std::ostream& operator<<(std::ostream& stream, const Form& form) { return stream << form.name; }
+
+class HitTest : public EditorTest, public ::testing::WithParamInterface<Form> {
+  protected:
+    std::string at(double x, double y) { return letters(host::entitiesAt(store, {x, y, 0}, 0.01)); }
+    std::string in(double left, double bottom, double right, double top, bool crossing) {
+        return letters(host::entitiesInWindow(store, {right, bottom, 0}, {left, top, 0}, crossing));
+    }
+};
+
+TEST_P(HitTest, ReachesTheForm) {
+    const Form& form = GetParam();
+    add(form.groups);
+    EXPECT_EQ(at(form.hit[0], form.hit[1]), "a");
+    EXPECT_EQ(at(form.miss[0], form.miss[1]), "");
+    const auto crossed = [&](const double* p) {
+        return in(p[0] - 0.02, p[1] - 0.02, p[0] + 0.02, p[1] + 0.02, true);
+    };
+    EXPECT_EQ(crossed(form.hit), "a");
+    EXPECT_EQ(crossed(form.miss), "");
+    const bool bounded = form.box[2] > form.box[0];
+    const double slack = 1e-6;
+    const double box[] = {form.box[0] - slack, form.box[1] - slack, form.box[2] + slack,
+                          form.box[3] + slack};
+    EXPECT_EQ(in(box[0], box[1], box[2], box[3], false), bounded ? "a" : "");
+    if (bounded) {
+        EXPECT_EQ(in(box[0] + 0.1, box[1], box[2], box[3], false), "") << "left side cut";
+        EXPECT_EQ(in(box[0], box[1], box[2], box[3] - 0.1, false), "") << "top cut";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, HitTest,
+    ::testing::Values(
+        Form{"line", "LINE;10 0;20 0;11 10;21 10", {5, 5}, {5, 6}, {0, 0, 10, 10}},
+        Form{"point", "POINT;10 3;20 4;30 9", {3, 4}, {3, 5}, {2.95, 3.95, 3.05, 4.05}},
+        Form{"circle", "CIRCLE;10 0;20 0;40 5", {3, 4}, {0, 0}, {-5, -5, 5, 5}},
+        Form{"mirrored circle",
+             "CIRCLE;10 10;20 0;40 5;210 0;220 0;230 -1",
+             {-15, 0},
+             {10, 5},
+             {-15, -5, -5, 5}},
+        Form{"arc", "ARC;10 0;20 0;40 5;50 270;51 90", {5, 0}, {-5, 0}, {0, -5, 5, 5}},
+        Form{"mirrored arc",
+             "ARC;10 0;20 0;40 5;50 270;51 90;210 0;220 0;230 -1",
+             {-5, 0},
+             {5, 0},
+             {-5, -5, 0, 5}},
+        Form{"ellipse",
+             "ELLIPSE;10 0;20 0;11 0;21 4;40 0.5;41 0;42 6.283185307179586",
+             {2, 0},
+             {0, 0},
+             {-2, -4, 2, 4}},
+        Form{"half ellipse",
+             "ELLIPSE;10 0;20 0;11 4;21 0;40 0.5;41 0;42 3.141592653589793",
+             {0, 2},
+             {0, -2},
+             {-4, 0, 4, 2}},
+        Form{"polyline",
+             "LWPOLYLINE;90 3;70 1;10 0;20 0;10 4;20 0;10 4;20 4",
+             {2, 2},
+             {2, 1},
+             {0, 0, 4, 4}},
+        Form{"bulge",
+             "LWPOLYLINE;90 2;70 0;10 0;20 0;42 -1;10 4;20 0",
+             {2, 2},
+             {2, -2},
+             {0, 0, 4, 2}},
+        Form{"spline",
+             "SPLINE;70 0;40 0;40 1;10 9;20 9;11 0;21 0;11 2;21 2",
+             {1, 1},
+             {9, 9},
+             {0, 0, 2, 2}},
+        Form{"text", "TEXT;10 0;20 0;40 2;1 four;50 90", {-1, 3}, {1, 3}, {-2, 0, 0, 6.4}},
+        Form{"centred text",
+             "TEXT;10 9;20 9;11 0;21 0;40 2;1 four;72 1;73 2",
+             {-3, 0.9},
+             {9, 9},
+             {-3.2, -1, 3.2, 1}},
+        Form{"paragraphs",
+             "MTEXT;10 0;20 0;40 3;41 0;71 1;1 ab\\Pabcd",
+             {9, -7},
+             {9, 1},
+             {0, -8, 9.6, 0}},
+        Form{
+            "solid", "SOLID;10 0;20 0;11 4;21 0;12 0;22 4;13 4;23 4", {3, 2}, {5, 2}, {0, 0, 4, 4}},
+        Form{
+            "face", "3DFACE;10 0;20 0;11 4;21 0;12 4;22 4;13 0;23 4", {4, 2}, {2, 2}, {0, 0, 4, 4}},
+        Form{"hatch",
+             "HATCH;10 0;20 0;2 SOLID;91 1;92 2;72 0;73 1;93 3;10 0;20 0;10 4;20 0;10 4;20 4;"
+             "97 0;75 0;98 1;10 9;20 9",
+             {2, 2},
+             {9, 9},
+             {0, 0, 4, 4}},
+        Form{"hatch edges",
+             "HATCH;10 0;20 0;91 1;92 1;93 2;72 2;10 0;20 0;40 2;50 0;51 180;73 0;"
+             "72 1;10 2;20 0;11 -2;21 0;97 0;75 0",
+             {0, -2},
+             {0, 2},
+             {-2, -2, 2, 0}},
+        Form{"leader", "LEADER;10 0;20 0;10 2;20 2;10 5;20 2", {4, 2}, {2, 0}, {0, 0, 5, 2}},
+        Form{"ray", "RAY;10 0;20 0;11 1;21 1", {1000, 1000}, {-1, -1}, {0, 0, 0, 0}},
+        Form{"construction line", "XLINE;10 0;20 0;11 1;21 1", {-900, -900}, {1, 0}, {0, 0, 0, 0}},
+        Form{"unknown kind",
+             "ACAD_PROXY_ENTITY;10 1;20 1;10 2;20 3",
+             {2, 3},
+             {1, 2},
+             {1, 1, 2, 3}}));
+
+/// A block with a unit square (0,0)-(1,1) and base point (1,0), and what refers to it.
+class BlockHits : public HitTest {
+  protected:
+    BlockHits() {
+        square = addBlock("SQUARE", "10 1;20 0");
+        add("LWPOLYLINE;70 1;10 0;20 0;10 1;20 0;10 1;20 1;10 0;20 1", square);
+    }
+    host::Index square;
+};
+
+TEST_F(BlockHits, ReferencesPlaceTheirBlock) {
+    add("INSERT;2 square;10 10;20 0;41 2;42 4;50 90");  // b: (10,-2) to (6,0)
+    EXPECT_EQ(at(6, -1), "b");
+    EXPECT_EQ(at(10, -2), "b");
+    EXPECT_EQ(at(11, 1), "");
+    EXPECT_EQ(in(5.99, -2.01, 10.01, 0.01, false), "b");
+    EXPECT_EQ(in(6.1, -2.01, 10.01, 0.01, false), "");
+    add("INSERT;2 SQUARE;10 101;20 0;70 3;71 2;44 5;45 5");  // c: 3 by 2 squares from (100,0)
+    EXPECT_EQ(in(99.99, -0.01, 111.01, 6.01, false), "c");
+    EXPECT_EQ(at(110.5, 6), "c");
+}
+
+TEST_F(BlockHits, NothingVisibleIsNoGraphics) {
+    const host::Index marker = addBlock("MARKER");
+    add("ATTDEF;10 0;20 0;40 1;1 x;2 TAG;70 1", marker);
+    const AcDbObjectId plain = add("INSERT;2 MARKER;10 5;20 5;66 1");
+    EXPECT_EQ(in(-100, -100, 100, 100, true), "");
+    EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(plain)));
+    const host::Index reference = host::Store::resolve(plain)->self;
+    add("ATTRIB;10 5;20 5;40 1;1 hidden;2 TAG;70 1", reference);
+    EXPECT_EQ(in(-100, -100, 100, 100, true), "");
+    add("ATTRIB;10 5;20 5;40 1;1 shown;2 TAG2;70 0", reference);
+    EXPECT_EQ(at(5.5, 5.5), "c");
+}
+
+TEST_F(BlockHits, LayersOfContentAndReference) {
+    host::ObjectBody& layer = addRecord("LAYER", "LAYER;2 walls;70 0;62 7");
+    add("LINE;8 walls;10 0;20 5;11 1;21 5", square);  // b, inside the block
+    add("INSERT;2 SQUARE;8 walls;10 1;20 0");         // c
+    EXPECT_EQ(at(0.5, 5), "c");
+    EXPECT_EQ(at(0.5, 1), "c");
+    const auto switchOff = [](host::ObjectBody& record) {
+        std::string text(record.text());
+        host::replaceValue(text, *host::findTag(text, 62), "-7");
+        record.setText(text);
+    };
+    host::ObjectBody& zero = *store.symbol("LAYER", L"0");
+    const std::string zeroBefore(zero.text());
+    switchOff(zero);
+    EXPECT_EQ(at(0.5, 1), "c") << "layer 0 inside follows the reference";
+    zero.setText(zeroBefore);
+    switchOff(layer);
+    EXPECT_EQ(at(0.5, 1), "");
+    add("INSERT;2 SQUARE;8 0;10 1;20 0");  // d
+    EXPECT_EQ(at(0.5, 5), "");
+    EXPECT_EQ(at(0.5, 1), "d");
+}
+
+TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {
+    add("INSERT;2 SQUARE;10 3;20 0", square);  // b refers to its own block
+    std::string inner = "SQUARE";
+    for (int level = 0; level < 20; ++level) {
+        const std::string name = "LEVEL" + std::to_string(level);
+        const host::Index record = addBlock(name);
+        for (int i = 0; i < 8; ++i)
+            add("INSERT;2 " + inner + ";10 0;20 0;70 30000;71 30000;44 1;45 1", record);
+        inner = name;
+    }
+    const AcDbObjectId top = add("INSERT;2 " + inner + ";10 0;20 0");
+    EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(top))) << "deeper than 16 levels";
+    add("INSERT;2 LEVEL3;10 0;20 0;70 2000000000;71 2000000000");
+    EXPECT_NE(at(0, 0.5), "");
+}
+
+TEST_F(HitTest, OldPolylinesDrawTheirVertices) {
+    const AcDbObjectId id = add("POLYLINE;66 1;10 0;20 0;70 1");
+    const host::Index owner = host::Store::resolve(id)->self;
+    for (const char* vertex : {"10 0;20 0", "10 4;20 0;42 1", "10 4;20 4"})
+        add(std::string("VERTEX;70 0;") + vertex, owner);
+    EXPECT_EQ(at(6, 2), "a") << "the bulge";
+    EXPECT_EQ(at(2, 2), "a") << "the closing side";
+    EXPECT_EQ(at(4, 2), "");
+}
+
+TEST_F(HitTest, DrawingOrderAndPickBox) {
+    add("LINE;10 0;20 0;11 10;21 0");
+    add("LINE;10 5;20 -5;11 5;21 5");
+    EXPECT_EQ(at(5, 0), "ab");
+    const double radius = host::pickRadius(store);
+    std::wstring explanation;
+    ASSERT_TRUE(host::setSysvarText(L"PICKBOX", L"6", explanation));
+    EXPECT_DOUBLE_EQ(host::pickRadius(store), 2 * radius);
+    EXPECT_DOUBLE_EQ(radius, 3 * host::viewHeight(store) / 1000);
+}
+
+TEST_F(HitTest, AbsurdNumbersAreHarmless) {
+    add("CIRCLE;10 1e308;20 1e308;40 1e308");
+    add("ARC;10 0;20 0;40 nan;50 1e300;51 -1e300");
+    add("ELLIPSE;10 0;20 0;11 0;21 0;40 0;41 1e300;42 inf");
+    add("LWPOLYLINE;10 0;20 0;42 1e300;10 0;20 0;42 1e-300");
+    add("TEXT;10 0;20 0;40 -1e308;1 x;41 1e308");
+    add("INSERT;2 NOWHERE;10 0;20 0");
+    add("HATCH;91 1;92 7;10 0;72 99999999999999999999");
+    add("LINE;10 0");
+    EXPECT_NE(in(-1e300, -1e300, 1e300, 1e300, true), "");
+    at(0, 0);
+}
+
+}  // namespace
+}  // namespace tests

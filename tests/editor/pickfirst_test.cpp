@@ -1,0 +1,196 @@
+// The pick-first set: gestures, notifications, and how modules read and set it.
+#include "host/editor/pickfirst.h"
+
+#include "editor/editor_fixture.h"
+#include "host/control/accounting.h"
+#include "host/control/switches.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/sysvars.h"
+
+namespace tests {
+namespace {
+
+using Notifications = std::vector<std::wstring>;
+const Notifications kOnce = {L"pickfirstModified"};
+const Notifications kNever = {};
+
+class Pickfirst : public EditorTest {
+  protected:
+    Pickfirst() {
+        for (int i = 0; i < 5; ++i)
+            add("POINT;10 " + std::to_string(i) + ";20 0");
+        editor = static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"));
+    }
+    std::vector<AcDbObjectId> ids(const std::string& which) const {
+        std::vector<AcDbObjectId> chosen;
+        for (char letter : which)
+            chosen.push_back(entities[static_cast<std::size_t>(letter - 'a')]);
+        return chosen;
+    }
+    static void set(const wchar_t* variable, const wchar_t* value) {
+        std::wstring explanation;
+        ASSERT_TRUE(host::setSysvarText(variable, value, explanation));
+    }
+    /// The set and the notifications since the last look: "ab 1".
+    std::string look() {
+        return letters(host::pickfirst()) + " " + std::to_string(takeNotifications().size());
+    }
+    /// What acedSSGetFirst gives, everything released again.
+    std::string getFirst() {
+        resbuf *grips = nullptr, *picks = nullptr;
+        if (acedSSGetFirst(&grips, &picks) != RTNORM) return "error";
+        if (picks == nullptr) return "null";
+        EXPECT_EQ(picks->restype, RTPICKS);
+        const std::string text = members(picks->resval.rlname);
+        acedSSFree(picks->resval.rlname);
+        acutRelRb(picks);
+        return text;
+    }
+    int setFirst(const std::string& which) {
+        ads_name name = {0, 0}, entity;
+        for (AcDbObjectId id : ids(which)) {
+            acdbGetAdsName(entity, id);
+            acedSSAdd(entity, name[0] == 0 ? nullptr : name, name);
+        }
+        const int result = acedSSSetFirst(name, nullptr);
+        acedSSFree(name);
+        return result;
+    }
+
+    AcEditor* editor;
+    Watcher watcher;
+};
+
+TEST_F(Pickfirst, ClicksAddAndShiftRemoves) {
+    for (const wchar_t* mode : {L"1", L"2"}) {
+        set(L"PICKADD", mode);
+        host::pick(ids("ba"));
+        EXPECT_EQ(look(), "ba 1");
+        host::pick(ids("acb"));
+        EXPECT_EQ(look(), "bac 1") << "those in the set stay in place";
+        host::pick(ids("a"));
+        EXPECT_EQ(look(), "bac 0");
+        host::unpick(ids("ad"));
+        EXPECT_EQ(look(), "bc 1");
+        host::pick({});
+        EXPECT_EQ(look(), "bc 0");
+        host::pickNothing();
+        EXPECT_EQ(look(), " 1");
+        host::pickNothing();
+        EXPECT_EQ(look(), " 0");
+    }
+}
+
+TEST_F(Pickfirst, PickAdd0Replaces) {
+    set(L"PICKADD", L"0");
+    host::pick(ids("ab"));
+    EXPECT_EQ(look(), "ab 1");
+    host::pick(ids("bc"));
+    EXPECT_EQ(look(), "bc 1");
+    host::unpick(ids("bd"));
+    EXPECT_EQ(look(), "cd 1") << "Shift takes out what is in and adds what is not";
+    host::pick(ids("cd"));
+    EXPECT_EQ(look(), "cd 0");
+}
+
+TEST_F(Pickfirst, PickFirst0SelectsNothingButNotifies) {
+    set(L"PICKFIRST", L"0");
+    host::pick(ids("a"));
+    EXPECT_EQ(look(), " 1");
+    host::unpick(ids("a"));
+    EXPECT_EQ(look(), " 1");
+}
+
+TEST_F(Pickfirst, ErasedEntitiesDropOut) {
+    host::pick(ids("abc"));
+    erase(entities[1]);
+    EXPECT_EQ(look(), "abc 1");
+    host::dropErasedFromPickfirst();
+    EXPECT_EQ(look(), "ac 1");
+    host::switches().eraseNotifiesPickfirst = false;
+    erase(entities[0]);
+    host::dropErasedFromPickfirst();
+    EXPECT_EQ(look(), "c 0");
+    host::pick(ids("ab"));
+    EXPECT_EQ(look(), "c 0") << "erased entities cannot be picked";
+}
+
+TEST_F(Pickfirst, ModulesReadACopy) {
+    EXPECT_EQ(getFirst(), "error");
+    host::switches().emptyPickfirstIsNorm = true;
+    EXPECT_EQ(getFirst(), "null");
+    host::pick(ids("cab"));
+    EXPECT_EQ(getFirst(), "cab");
+    EXPECT_EQ(getFirst(), "cab") << "outside commands reading does not clear";
+    set(L"PICKFIRST", L"0");
+    EXPECT_EQ(getFirst(), "null");
+}
+
+TEST_F(Pickfirst, ModulesSetItAndAreNotified) {
+    EXPECT_EQ(setFirst("bd"), RTNORM);
+    EXPECT_EQ(look(), "bd 1");
+    EXPECT_EQ(setFirst("bd"), RTNORM);
+    EXPECT_EQ(look(), "bd 1") << "also when nothing changes";
+    const ads_name foreign = {5, 77};
+    EXPECT_EQ(acedSSSetFirst(foreign, nullptr), RTERROR);
+    EXPECT_EQ(look(), "bd 0");
+    EXPECT_EQ(acedSSSetFirst(nullptr, nullptr), RTNORM);
+    EXPECT_EQ(look(), " 1");
+}
+
+TEST_F(Pickfirst, NotificationMayWaitForIdle) {
+    host::switches().pickfirstNotifiedInside = false;
+    EXPECT_EQ(setFirst("a"), RTNORM);
+    EXPECT_EQ(look(), "a 0");
+    host::idle();
+    EXPECT_EQ(look(), "a 1");
+    host::idle();
+    EXPECT_EQ(look(), "a 0");
+}
+
+TEST_F(Pickfirst, AHandlerMayWidenTheSetInEitherMode) {
+    for (bool inside : {true, false}) {
+        host::switches().pickfirstNotifiedInside = inside;
+        bool guard = true;
+        watcher.onPickfirst = [&] {
+            if (!guard) return;
+            guard = false;
+            EXPECT_EQ(getFirst(), "a");
+            EXPECT_EQ(setFirst("eab"), RTNORM);
+        };
+        editor->addReactor(&watcher);
+        host::pick(ids("a"));
+        EXPECT_EQ(look(), "eab 2");
+        editor->removeReactor(&watcher);
+        host::pickNothing();
+        look();
+    }
+}
+
+TEST_F(Pickfirst, EndlessHandlersAreStopped) {
+    editor->addReactor(&watcher);
+    watcher.onPickfirst = [&] { setFirst("ab"); };
+    for (bool inside : {true, false}) {
+        host::switches().pickfirstNotifiedInside = inside;
+        host::pick(ids(inside ? "a" : "c"));
+        EXPECT_FALSE(takeFaults().empty());
+    }
+    editor->removeReactor(&watcher);
+}
+
+TEST_F(Pickfirst, InputInANotificationIsAFault) {
+    answers.left = {L"0,0"};
+    editor->addReactor(&watcher);
+    int result = 0;
+    ads_name name;
+    watcher.onPickfirst = [&] { result = acedSSGet(L"", nullptr, nullptr, nullptr, name); };
+    set(L"PICKFIRST", L"0");
+    host::pick(ids("a"));
+    EXPECT_EQ(result, RTERROR);
+    EXPECT_EQ(takeFaults().size(), 1u);
+    EXPECT_EQ(answers.left.size(), 1u);
+    editor->removeReactor(&watcher);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,69 @@
+// Attaching, detaching and accounting of editor reactors.
+#include "editor/editor_fixture.h"
+#include "host/control/accounting.h"
+#include "host/editor/notify.h"
+
+namespace tests {
+namespace {
+
+class Reactors : public EditorTest {
+  protected:
+    AcEditor* editor = static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"));
+    int called = 0;
+};
+
+TEST_F(Reactors, AttachOnceAndDetach) {
+    Watcher watcher;
+    watcher.onPickfirst = [&] { ++called; };
+    editor->addReactor(&watcher);
+    editor->addReactor(&watcher);
+    editor->addReactor(nullptr);
+    EXPECT_EQ(host::editorReactorCount(), 1);
+    host::notifyPickfirstModified();
+    EXPECT_EQ(called, 1);
+    editor->removeReactor(&watcher);
+    editor->removeReactor(&watcher);
+    host::notifyPickfirstModified();
+    EXPECT_EQ(called, 1);
+}
+
+TEST_F(Reactors, DeletedWhileAttachedIsAFault) {
+    auto watcher = std::make_unique<Watcher>();
+    editor->addReactor(watcher.get());
+    watcher.reset();
+    EXPECT_EQ(takeFaults().size(), 1u);
+    EXPECT_EQ(host::editorReactorCount(), 0);
+    host::notifyPickfirstModified();
+}
+
+TEST_F(Reactors, ADetachedOneIsNotCalledAnyMore) {
+    Watcher first, second;
+    first.onPickfirst = [&] { editor->removeReactor(&second); };
+    second.onPickfirst = [&] { ++called; };
+    editor->addReactor(&first);
+    editor->addReactor(&second);
+    host::notifyPickfirstModified();
+    EXPECT_EQ(called, 0);
+    editor->removeReactor(&first);
+}
+
+TEST_F(Reactors, LeaksAndExceptionsAreNamed) {
+    Watcher watcher;
+    editor->addReactor(&watcher);
+    ads_name set;
+    watcher.onStart = [&](const std::wstring&) { acedSSAdd(nullptr, nullptr, set); };
+    host::notifyCommandWillStart(L"COPY");
+    std::vector<std::string> faults = takeFaults();
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_EQ(faults[0].find("after commandWillStart COPY: 1 selection set"), 0u) << faults[0];
+    acedSSFree(set);
+    watcher.onStart = [](const std::wstring&) { throw 1; };
+    host::notifyCommandWillStart(L"COPY");
+    faults = takeFaults();
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_EQ(faults[0], "commandWillStart COPY: an exception left the handler");
+    editor->removeReactor(&watcher);
+}
+
+}  // namespace
+}  // namespace tests

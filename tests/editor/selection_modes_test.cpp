@@ -1,0 +1,107 @@
+// acedSSGet: modes, order and filters.
+#include "editor/editor_fixture.h"
+#include "host/control/switches.h"
+#include "host/editor/sysvars.h"
+
+namespace tests {
+namespace {
+
+class SelectionModes : public EditorTest {
+  protected:
+    SelectionModes() {
+        addRecord("LAYER", "LAYER;2 off;70 0;62 -7");
+        addRecord("LAYER", "LAYER;2 frozen;70 1;62 7");
+        add("LINE;10 0;20 0;11 10;21 0;62 1");                     // a
+        add("CIRCLE;8 off;10 5;20 5;40 1");                        // b
+        add("LINE;8 frozen;10 0;20 2;11 10;21 2");                 // c
+        add("LINE;67 1;10 0;20 0;11 1;21 0", store.paperSpace());  // d
+        add("POINT;10 50;20 50;60 1");                             // e, invisible
+        add("LINE;8 0;10 0;20 4;11 10;21 4;6 DASHED");             // f
+    }
+
+    std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
+                    const double* pt1 = nullptr, const double* pt2 = nullptr) {
+        ads_name set;
+        const int result = acedSSGet(mode, pt1, pt2, filter, set);
+        if (result != RTNORM) return std::to_string(result);
+        const std::string text = members(set);
+        acedSSFree(set);
+        return text;
+    }
+    /// "X" with a filter of one group.
+    std::string filtered(int code, const wchar_t* text) {
+        resbuf* filter = acutBuildList(code, text, RTNONE);
+        const std::string found = get(L"X", filter);
+        acutRelRb(filter);
+        return found;
+    }
+};
+
+const std::string kError = std::to_string(RTERROR);
+const std::string kRejected = std::to_string(RTREJ);
+
+TEST_F(SelectionModes, ReachWhatTheyNameNewestFirst) {
+    EXPECT_EQ(get(L"X"), "fecbad");
+    EXPECT_EQ(get(L"_x"), "fecbad");
+    EXPECT_EQ(get(L"A"), "feba") << "not on frozen layers";
+    EXPECT_EQ(get(L"L"), "f");
+    EXPECT_EQ(get(L"P"), kError);
+    erase(entities[5]);
+    EXPECT_EQ(get(L"L"), "a") << "e is invisible, b and c are on layers that are not drawn";
+    host::switches().newestFirst = false;
+    EXPECT_EQ(get(L"X"), "dabce");
+}
+
+TEST_F(SelectionModes, FollowTheCurrentSpace) {
+    std::wstring explanation;
+    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    EXPECT_EQ(get(L"A"), "d");
+    EXPECT_EQ(get(L"X"), "dfecba");
+    EXPECT_EQ(get(L"L"), "d");
+}
+
+TEST_F(SelectionModes, WindowCrossingAndPick) {
+    const ads_point low = {-1, -1, 0}, high = {11, 3, 0}, middle = {5, 5, 0}, on = {3, 4, 0};
+    EXPECT_EQ(get(L"W", nullptr, low, high), "a");
+    EXPECT_EQ(get(L"C", nullptr, middle, low), "fa");
+    EXPECT_EQ(get(nullptr, nullptr, on), "f");
+    const ads_point nowhere = {300, 300, 0};
+    EXPECT_EQ(get(nullptr, nullptr, nowhere), kError);
+}
+
+TEST_F(SelectionModes, RejectWhatIsNotServed) {
+    const ads_point point = {0, 0, 0};
+    EXPECT_EQ(get(L"W", nullptr, point), kRejected);
+    EXPECT_EQ(get(L"X", nullptr, point, point), kRejected);
+    EXPECT_EQ(get(L"F"), kRejected);
+    EXPECT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, nullptr), RTREJ);
+    EXPECT_EQ(filtered(-4, L"<OR"), kRejected);
+    host::setCurrentDocumentState(nullptr);
+    EXPECT_EQ(get(L"X"), kError);
+}
+
+TEST_F(SelectionModes, FilterByNamesWithoutRegardToCase) {
+    EXPECT_EQ(filtered(RTDXF0, L"line"), "fcad");
+    EXPECT_EQ(filtered(RTDXF0, L"~LINE"), "eb");
+    EXPECT_EQ(filtered(8, L"OFF,Froz*"), "cb");
+    EXPECT_EQ(filtered(6, L"dashed"), "f");
+    EXPECT_EQ(filtered(6, L"ByLayer"), "ecbad");
+    EXPECT_EQ(filtered(410, L"model"), "fecba");
+    EXPECT_EQ(filtered(410, L"~Model"), "d");
+    EXPECT_EQ(filtered(1, L"*"), kError) << "no entity has the group";
+    const std::wstring handle = handent(entities[1]);
+    EXPECT_EQ(filtered(5, handle.substr(10, handle.size() - 12).c_str()), "b");
+}
+
+TEST_F(SelectionModes, FilterByNumbersAndAllItems) {
+    resbuf* filter = acutBuildList(RTDXF0, L"LINE", 62, 256, 67, 0, RTNONE);
+    EXPECT_EQ(get(L"X", filter), "fc");
+    EXPECT_EQ(get(L"A", filter), "f");
+    acutRelRb(filter);
+    filter = acutBuildList(40, 1.0, RTNONE);
+    EXPECT_EQ(get(L"X", filter), "b");
+    acutRelRb(filter);
+}
+
+}  // namespace
+}  // namespace tests
