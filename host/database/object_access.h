@@ -33,5 +33,4 @@ Acad::ErrorStatus checkWritable(const AcDbObject& object);
 /// with its entries. No access checks.
 void eraseWithOwned(ObjectBody& body, bool erasing);
 
-
 }  // namespace host

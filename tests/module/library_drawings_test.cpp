@@ -15,7 +15,7 @@ namespace {
 using tests::Drafting;
 
 /// Debian's librecad-data; ./check installs it.
-constexpr const char* kLibrary = "/usr/share/librecad/library";
+constexpr const char* kLibrary = "/usr/share/librecad";
 
 std::vector<std::string> libraryDrawings() {
     std::vector<std::string> files;

@@ -1,0 +1,190 @@
+// A session of the program, and the check of drawings.
+#include "drafthost/run.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "drafthost/module_switches.h"
+#include "drafthost/output.h"
+#include "drafthost/terminal.h"
+#include "host/application/session.h"
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/database/text_codec.h"
+#include "host/dxf/drawing_check.h"
+#include "host/dxf/load_drawing.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/menus.h"
+#include "host/editor/sysvars.h"
+
+namespace {
+
+constexpr const char* kDefaultModule = "VelmoGroup.arx";
+
+std::filesystem::path nativePath(const std::string& path) { return std::filesystem::u8path(path); }
+
+/// Reads a whole stream; false on a read error.
+bool readAll(std::FILE* file, std::string& text) {
+    char buffer[65536];
+    std::size_t count = 0;
+    while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0)
+        text.append(buffer, count);
+    return std::ferror(file) == 0;
+}
+
+bool readScript(const std::string& path, std::string& text) {
+    if (path == "-") {
+        if (readAll(stdin, text)) return true;
+        complain("standard input cannot be read");
+        return false;
+    }
+    std::error_code ignored;
+    if (std::filesystem::is_directory(nativePath(path), ignored)) {
+        complain(path + ": a directory, not a script");
+        return false;
+    }
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    const bool read = file != nullptr && readAll(file, text);
+    if (!read) complain(path + ": the script cannot be read: " + std::strerror(errno));
+    if (file != nullptr) std::fclose(file);
+    return read;
+}
+
+/// True when the outcome is good; else its line has been printed.
+bool passed(const host::Outcome& outcome) {
+    if (!outcome) complain(outcome.error);
+    return static_cast<bool>(outcome);
+}
+
+bool setVariables(const Options& options) {
+    for (const auto& [name, value] : options.variables) {
+        std::wstring explanation;
+        if (host::setSysvarText(host::fromUtf8(name), host::fromUtf8(value), explanation)) continue;
+        complain("--set " + name + "=" + value + ": " + host::toUtf8(explanation));
+        return false;
+    }
+    return true;
+}
+
+bool setSwitches(const Options& options) {
+    for (const auto& [name, value] : options.switches) {
+        std::string error;
+        if (setModuleSwitch(name, value, error)) continue;
+        complain(error);
+        return false;
+    }
+    return true;
+}
+
+bool loadModule(host::Session& session, const Options& options) {
+    if (options.noModule) return true;
+    if (options.module) return passed(session.loadModule(*options.module));
+    const std::string path = programFolder() + kDefaultModule;
+    std::error_code ignored;
+    if (std::filesystem::exists(nativePath(path), ignored)) return passed(session.loadModule(path));
+    complain(path +
+             ": the module is not beside the program: name it with --module, or start with "
+             "--no-module");
+    return false;
+}
+
+/// Drawing, variables and module; the exit status when that fails, else kDone.
+int start(host::Session& session, const Options& options) {
+    for (const std::string& group : options.menuGroups)
+        host::setMenuGroupLoaded(host::fromUtf8(group), true);
+    if (!setSwitches(options)) return kUsage;
+    const host::Outcome opened =
+        options.drawing.empty() ? session.newDrawing() : session.openDrawing(options.drawing);
+    if (!passed(opened)) return opened.status;
+    if (!setVariables(options)) return kUsage;
+    return loadModule(session, options) ? kDone : kFailed;
+}
+
+/// Exit status of a finished session whose commands ended with `status`.
+int reportFaults(int status) {
+    for (const std::string& fault : host::moduleFaults())
+        complain("module fault: " + fault);
+    return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
+}
+
+void runTerminal(host::Session& session) {
+    const std::unique_ptr<Terminal> terminal = openTerminal();
+    host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    session.runInput(*terminal);
+    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+}
+
+void runScript(host::Session& session, const Options& options, const std::string& text) {
+    session.setDiagnostics([](const std::string& line) { complain(line); });
+    const std::string name = *options.script == "-" ? "standard input" : *options.script;
+    session.runScript(host::fromUtf8(text), false, name);
+}
+
+}  // namespace
+
+int runSession(const Options& options) {
+    std::string script;
+    if (options.script && !readScript(*options.script, script)) return kUsage;
+    host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
+    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    auto session = std::make_unique<host::Session>();
+    session->setProgress(showProgress);
+    int status = start(*session, options);
+    if (status == kDone) {
+        if (options.script) {
+            runScript(*session, options, script);
+        } else if (isInteractive()) {
+            runTerminal(*session);
+        }
+        status = session->exitStatus();
+    }
+    session.reset();
+    flushOutput();
+    return reportFaults(status);
+}
+
+int checkFiles(const Options& options) {
+    bool unreadable = false;
+    bool damaged = false;
+    for (const std::string& file : options.checked) {
+        host::DxfError error;
+        const auto store = host::loadDrawing(file, error, [&](double done) {
+            showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
+        });
+        if (store == nullptr) {
+            complain(error.message());
+            unreadable = true;
+            continue;
+        }
+        long errors = 0;
+        for (const host::Finding& finding : host::checkDrawing(*store)) {
+            errors += finding.severity == host::Severity::Error ? 1 : 0;
+            writeOutput(file + ": " + finding.text + "\n");
+        }
+        writeOutput(file + (errors == 0 ? ": sound\n" : ": damaged\n"));
+        damaged = damaged || errors > 0;
+    }
+    if (unreadable) return kUnreadable;
+    return damaged ? kDamaged : kDone;
+}
+
+void printHelp() {
+    const host::Session session;  // registers the commands
+    std::string text = helpText();
+    text += "\nCommands:\n";
+    for (const host::BuiltinCommand* command : host::builtinCommands()) {
+        std::string name = host::toUtf8(command->name);
+        name.resize(std::max<std::size_t>(name.size(), 10), ' ');
+        text += "  " + name + "  " + host::toUtf8(command->help) + "\n";
+    }
+    writeOutput(
+        text +
+        "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED.\n"
+        "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
+        "(Name args) calls a LISP function of a module.\n");
+}

@@ -1,0 +1,11 @@
+// What the program does, once it knows what is wanted.
+#pragma once
+
+#include "drafthost/options.h"
+
+/// Runs a session: drawing, module, then the script or the terminal. Gives the exit status.
+int runSession(const Options& options);
+/// Checks the files and prints what is found. Gives the exit status.
+int checkFiles(const Options& options);
+/// Prints the help and the list of commands.
+void printHelp();

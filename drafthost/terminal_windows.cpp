@@ -1,0 +1,91 @@
+// The terminal of Windows, whose console edits lines by itself.
+#include "drafthost/terminal.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstdio>
+#include <optional>
+
+#include "drafthost/output.h"
+#include "host/application/script.h"
+#include "host/database/text_codec.h"
+
+namespace {
+
+volatile LONG interrupted = 0;
+
+BOOL WINAPI onControl(DWORD event) {
+    if (event != CTRL_C_EVENT) return FALSE;
+    InterlockedExchange(&interrupted, 1);
+    return TRUE;
+}
+
+class ConsoleTerminal : public Terminal {
+  public:
+    ConsoleTerminal() { SetConsoleCtrlHandler(onControl, TRUE); }
+    host::Answer next(const std::wstring&, host::InputUnit unit) override;
+    bool interactive() const override { return true; }
+    void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
+
+  private:
+    std::optional<host::ScriptSource> m_line;
+};
+
+host::Answer ConsoleTerminal::next(const std::wstring&, host::InputUnit unit) {
+    if (!m_line || m_line->atEnd()) {
+        flushOutput();
+        wchar_t buffer[4096];
+        DWORD length = 0;
+        InterlockedExchange(&interrupted, 0);
+        const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), buffer,
+                                       static_cast<DWORD>(std::size(buffer)), &length, nullptr);
+        if (interrupted != 0) return {host::Answer::Kind::Cancel, {}};
+        constexpr wchar_t kControlZ = 0x1A;
+        if (!read || length == 0 || buffer[0] == kControlZ) return {host::Answer::Kind::End, {}};
+        m_line.emplace(std::wstring(buffer, length));
+    }
+    const host::Answer answer = m_line->next({}, unit);
+    if (answer.kind == host::Answer::Kind::End) return {host::Answer::Kind::Enter, {}};
+    return answer;
+}
+
+bool isConsole(DWORD which) {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(which), &mode) != 0;
+}
+
+}  // namespace
+
+std::vector<std::string> programArguments(int, char**) {
+    int count = 0;
+    LPWSTR* values = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; values != nullptr && i < count; ++i)
+        arguments.push_back(host::toUtf8(values[i]));
+    LocalFree(values);
+    return arguments;
+}
+
+std::string programFolder() {
+    wchar_t buffer[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(nullptr, buffer, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return {};
+    const std::string path = host::toUtf8(std::wstring(buffer, length));
+    return path.substr(0, path.find_last_of("\\/") + 1);
+}
+
+void prepareStreams() {
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stdin), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+bool isInteractive() { return isConsole(STD_INPUT_HANDLE) && isConsole(STD_OUTPUT_HANDLE); }
+
+bool standardErrorIsTerminal() { return isConsole(STD_ERROR_HANDLE); }
+
+std::unique_ptr<Terminal> openTerminal() { return std::make_unique<ConsoleTerminal>(); }

@@ -1,0 +1,210 @@
+// The open documents, and the document manager as modules see it.
+#include "host/application/documents.h"
+
+#include <algorithm>
+#include <new>
+
+#include "host/application/guarded_call.h"
+#include "host/application/session_impl.h"
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/database/text_codec.h"
+
+namespace host {
+namespace {
+
+/// Memory of closed documents, last closed first out. The real host re-uses the addresses of closed
+/// documents, so this one does so every time: a module that keeps a pointer beyond
+/// documentToBeDestroyed then meets another drawing's data at once.
+class DocumentMemory {
+  public:
+    ~DocumentMemory() {
+        for (void* block : m_free)
+            ::operator delete(block);
+    }
+    void* take() {
+        if (m_free.empty()) return ::operator new(sizeof(HostDocument));
+        void* block = m_free.back();
+        m_free.pop_back();
+        return block;
+    }
+    void giveBack(void* block) { m_free.push_back(block); }
+
+  private:
+    std::vector<void*> m_free;
+};
+
+DocumentMemory& documentMemory() {
+    static DocumentMemory memory;
+    return memory;
+}
+
+/// An attached reactor, and its virtual table at that time: it tells the library that the reactor
+/// comes from, also when the reactor itself is gone.
+struct AttachedReactor {
+    AcApDocManagerReactor* reactor;
+    const void* table;
+};
+
+/// Never destroyed: reactors of a module may be deleted while the process ends.
+std::vector<AttachedReactor>& reactors() {
+    static auto& attached = *new std::vector<AttachedReactor>;
+    return attached;
+}
+
+bool isAttached(const AcApDocManagerReactor* reactor) {
+    const auto& attached = reactors();
+    return std::any_of(attached.begin(), attached.end(),
+                       [&](const AttachedReactor& each) { return each.reactor == reactor; });
+}
+
+void detach(const AcApDocManagerReactor* reactor) {
+    auto& attached = reactors();
+    attached.erase(std::remove_if(attached.begin(), attached.end(),
+                                  [&](const auto& each) { return each.reactor == reactor; }),
+                   attached.end());
+}
+
+using DocumentEvent = void (AcApDocManagerReactor::*)(AcApDocument*);
+
+/// Sends one event to every reactor that is still attached when its turn comes.
+void notify(DocumentEvent event, const char* name, HostDocument& document) {
+    recordEffect(EffectKind::Notification, fromUtf8(name) + L" " + document.fileName());
+    const std::vector<AttachedReactor> turn = reactors();
+    for (const AttachedReactor& each : turn) {
+        if (!isAttached(each.reactor)) continue;
+        guardedCall(name, [&] { (each.reactor->*event)(&document); });
+    }
+}
+
+}  // namespace
+
+HostDocument::HostDocument(std::unique_ptr<AcDbDatabase> database, std::wstring path,
+                           std::wstring title)
+    : m_database(std::move(database)), m_path(std::move(path)), m_title(std::move(title)) {
+    state.database = m_database.get();
+    state.fileName = fileName();
+}
+
+Documents::~Documents() {
+    setCurrent(nullptr);
+    while (!m_documents.empty())
+        destroy(*m_documents.back());
+}
+
+HostDocument& Documents::add(std::unique_ptr<AcDbDatabase> database, std::wstring path) {
+    std::wstring title;
+    if (path.empty()) title = L"Drawing" + std::to_wstring(++m_untitled) + L".dxf";
+    m_documents.reserve(m_documents.size() + 1);
+    void* memory = documentMemory().take();
+    auto* document =
+        ::new (memory) HostDocument(std::move(database), std::move(path), std::move(title));
+    m_documents.push_back(document);
+    notify(&AcApDocManagerReactor::documentCreated, "documentCreated", *document);
+    return *document;
+}
+
+void Documents::setCurrent(HostDocument* document) {
+    if (document == m_current) return;
+    m_current = document;
+    setCurrentDocumentState(document != nullptr ? &document->state : nullptr);
+    acdbHostApplicationServices()->setWorkingDatabase(document != nullptr ? document->database()
+                                                                          : nullptr);
+    if (document != nullptr) {
+        notify(&AcApDocManagerReactor::documentBecameCurrent, "documentBecameCurrent", *document);
+    }
+}
+
+void Documents::announceDestruction(HostDocument& document) {
+    notify(&AcApDocManagerReactor::documentToBeDestroyed, "documentToBeDestroyed", document);
+}
+
+void Documents::destroy(HostDocument& document) {
+    if (m_current == &document) setCurrent(nullptr);
+    m_documents.erase(std::find(m_documents.begin(), m_documents.end(), &document));
+    document.~HostDocument();
+    documentMemory().giveBack(&document);
+}
+
+HostDocument* Documents::at(std::size_t index) const {
+    return index < m_documents.size() ? m_documents[index] : nullptr;
+}
+
+HostDocument* Documents::withPath(const std::wstring& path) const {
+    for (HostDocument* document : m_documents) {
+        if (!path.empty() && document->path() == path) return document;
+    }
+    return nullptr;
+}
+
+int forgetDocumentReactorsOf(const ModuleLibrary& library) {
+    auto& attached = reactors();
+    const auto left = std::remove_if(attached.begin(), attached.end(), [&](const auto& each) {
+        return library.contains(each.table);
+    });
+    const int count = static_cast<int>(attached.end() - left);
+    attached.erase(left, attached.end());
+    return count;
+}
+
+void resetDocumentReactors() { reactors().clear(); }
+
+}  // namespace host
+
+// --- the interface
+// ---------------------------------------------------------------------------------
+
+AcRxClass* AcApDocument::desc() {
+    static AcRxClass descriptor(L"AcApDocument", AcRxObject::desc());
+    return &descriptor;
+}
+AcRxClass* AcApDocument::isA() const { return desc(); }
+AcDbDatabase* AcApDocument::database() const { return nullptr; }
+const ACHAR* AcApDocument::fileName() const { return L""; }
+
+AcRxClass* AcApDocManagerReactor::desc() {
+    static AcRxClass descriptor(L"AcApDocManagerReactor", AcRxObject::desc());
+    return &descriptor;
+}
+AcRxClass* AcApDocManagerReactor::isA() const { return desc(); }
+AcApDocManagerReactor::~AcApDocManagerReactor() {
+    if (!host::isAttached(this)) return;
+    host::detach(this);
+    host::reportModuleFault("a document reactor was deleted while it was attached");
+}
+void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
+void AcApDocManagerReactor::documentToBeDestroyed(AcApDocument*) {}
+void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
+
+AcRxClass* AcApDocManager::desc() {
+    static AcRxClass descriptor(L"AcApDocManager", AcRxObject::desc());
+    return &descriptor;
+}
+AcRxClass* AcApDocManager::isA() const { return desc(); }
+
+AcApDocument* AcApDocManager::curDocument() const {
+    host::Session* session = host::currentSession();
+    return session == nullptr ? nullptr : session->impl().documents.current();
+}
+
+AcApDocument* AcApDocManager::mdiActiveDocument() const {
+    host::Session* session = host::currentSession();
+    return session == nullptr ? nullptr : session->impl().active;
+}
+
+void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
+    if (reactor == nullptr) {
+        host::reportModuleFault("AcApDocManager::addReactor: null reactor");
+        return;
+    }
+    if (host::isAttached(reactor)) return;
+    // The first word of a polymorphic object points to its virtual table.
+    host::reactors().push_back({reactor, *reinterpret_cast<const void* const*>(reactor)});
+}
+
+void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) { host::detach(reactor); }
+
+AcApDocManager* acDocManagerPtr() {
+    static AcApDocManager manager;
+    return &manager;
+}

@@ -1,0 +1,61 @@
+// The dynamic linker as modules see it: locks and the registration for several documents.
+#include "host/application/session_impl.h"
+#include "host/control/accounting.h"
+#include "host/control/faults.h"
+#include "host/database/text_codec.h"
+
+namespace host {
+namespace {
+
+/// The module that an identity names; null, and a fault, when it names none.
+Module* moduleOf(void* pkt, const char* call) {
+    Session* session = currentSession();
+    Module* module = session != nullptr ? session->impl().modules.identified(pkt) : nullptr;
+    if (module == nullptr) {
+        reportModuleFault(std::string(call) + ": the identity is not that of a loaded application");
+    }
+    return module;
+}
+
+}  // namespace
+
+AcRxDynamicLinker& dynamicLinker() {
+    static AcRxDynamicLinker linker;
+    return linker;
+}
+
+}  // namespace host
+
+AcRxClass* AcRxDynamicLinker::desc() {
+    static AcRxClass descriptor(L"AcRxDynamicLinker", AcRxObject::desc());
+    return &descriptor;
+}
+AcRxClass* AcRxDynamicLinker::isA() const { return desc(); }
+
+bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
+    if (host::callFails("unlockApplication")) return false;
+    host::Module* module = host::moduleOf(pkt, "unlockApplication");
+    if (module != nullptr) module->locked = false;
+    return module != nullptr;
+}
+
+bool AcRxDynamicLinker::lockApplication(void* pkt) const {
+    if (host::callFails("lockApplication")) return false;
+    host::Module* module = host::moduleOf(pkt, "lockApplication");
+    if (module != nullptr) module->locked = true;
+    return module != nullptr;
+}
+
+bool AcRxDynamicLinker::isApplicationLocked(const ACHAR* name) const {
+    host::Session* session = host::currentSession();
+    if (session == nullptr || name == nullptr) return false;
+    const host::Module* module = session->impl().modules.find(host::toUtf8(name));
+    return module != nullptr && module->locked;
+}
+
+bool AcRxDynamicLinker::registerAppMDIAware(void* pkt) const {
+    if (host::callFails("registerAppMDIAware")) return false;
+    host::Module* module = host::moduleOf(pkt, "registerAppMDIAware");
+    if (module != nullptr) module->mdiAware = true;
+    return module != nullptr;
+}

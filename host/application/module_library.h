@@ -1,0 +1,35 @@
+// A shared library that holds an application, on whatever system this is.
+#pragma once
+
+#include <string>
+
+namespace host {
+
+/// One loaded library. Closing it runs its static destructors.
+class ModuleLibrary {
+  public:
+    ModuleLibrary() = default;
+    ~ModuleLibrary() { close(); }
+    ModuleLibrary(const ModuleLibrary&) = delete;
+    ModuleLibrary& operator=(const ModuleLibrary&) = delete;
+
+    /// Loads the library at `path` (UTF-8); static construction runs. False with the system's
+    /// reason in `error`.
+    bool open(const std::string& path, std::string& error);
+    void close();
+    /// Leaves the library in memory for ever, for one that code still points into.
+    void abandon() { m_handle = nullptr; }
+    /// Address of an exported function, or null.
+    void* symbol(const char* name) const;
+    /// True when the address lies in this library.
+    bool contains(const void* address) const;
+
+  private:
+    void* m_handle = nullptr;
+    const void* m_base = nullptr;
+};
+
+/// Absolute path of a file; the text itself when the system gives none.
+std::string absolutePath(const std::string& path);
+
+}  // namespace host

@@ -1,0 +1,283 @@
+// Loading and unloading applications, and the order of their messages.
+#include "host/application/modules.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <utility>
+
+#include "host/application/documents.h"
+#include "host/application/guarded_call.h"
+#include "host/commands/command_support.h"
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/control/faults.h"
+#include "host/control/switches.h"
+#include "host/database/text_codec.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/notify.h"
+#include "host/objectarx/command_stack.h"
+
+namespace host {
+namespace {
+
+constexpr int kInterfaceVersion = 19;
+
+std::string fileNameOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of("/\\");
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+Outcome failure(std::string text) { return {std::move(text), 1}; }
+
+/// Why the file cannot be an application, before the system's loader sees it; empty when it may.
+std::string fileProblem(const std::string& path) {
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+    if (!std::filesystem::exists(status)) return "no such file";
+    if (std::filesystem::is_directory(status)) return "a directory, not an application";
+    return {};
+}
+
+/// Opens the library and finds its two functions; the reason when it is no application for us.
+std::string openLibrary(Module& module) {
+    const std::string problem = fileProblem(module.path);
+    if (!problem.empty()) return problem;
+    std::string reason;
+    if (!module.library.open(module.path, reason)) {
+        std::replace(reason.begin(), reason.end(), '\n', ' ');
+        return "cannot be loaded: " + reason;
+    }
+    module.entry = reinterpret_cast<Module::EntryPoint>(module.library.symbol("acrxEntryPoint"));
+    const auto version = reinterpret_cast<int (*)()>(module.library.symbol("acrxGetApiVersion"));
+    if (module.entry == nullptr || version == nullptr) {
+        return std::string("not an ObjectARX application: it does not export ") +
+               (module.entry == nullptr ? "acrxEntryPoint" : "acrxGetApiVersion");
+    }
+    const int number = version();
+    if (number >> 16 != kInterfaceVersion) {
+        return "built for interface version " + std::to_string(number >> 16) + "." +
+               std::to_string(number & 0xFFFF) + ", this host has version 19; rebuild it";
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string messageName(AcRx::AppMsgCode message) {
+    static const char* const kNames[] = {
+        "kNullMsg",       "kInitAppMsg",      "kUnloadAppMsg",    "kLoadDwgMsg", "kUnloadDwgMsg",
+        "kInvkSubrMsg",   "kCfgMsg",          "kEndMsg",          "kQuitMsg",    "kSaveMsg",
+        "kDependencyMsg", "kNoDependencyMsg", "kOleUnloadAppMsg", "kPreQuitMsg"};
+    const auto number = static_cast<std::size_t>(message);
+    if (number < std::size(kNames)) return kNames[number];
+    return "message " + std::to_string(static_cast<int>(message));
+}
+
+int Modules::send(Module& module, AcRx::AppMsgCode message) {
+    const std::string where = messageName(message) + " to " + module.name;
+    recordEffect(EffectKind::Notification, fromUtf8(messageName(message) + " " + module.name));
+    const int reactorsBefore = editorReactorCount();
+    const AcRx::AppMsgCode outer = std::exchange(m_message, message);
+    AcRx::AppRetCode answer = AcRx::kRetError;
+    {
+        const Calling calling(*this, &module);
+        guardedCall(where, [&] { answer = module.entry(message, &module); });
+    }
+    m_message = outer;
+    module.editorReactors += editorReactorCount() - reactorsBefore;
+    const bool mayRefuse = message != AcRx::kUnloadAppMsg && message != AcRx::kOleUnloadAppMsg &&
+                           message != AcRx::kUnloadDwgMsg;
+    if (answer == AcRx::kRetError && mayRefuse) m_refusing.push_back(&module);
+    return answer;
+}
+
+Outcome Modules::load(const std::string& path) {
+    auto module = std::make_unique<Module>();
+    module->path = absolutePath(path);
+    module->name = fileNameOf(module->path);
+    if (find(module->name) != nullptr) {
+        return failure(path + ": " + module->name + " is loaded already; unload it first");
+    }
+    const std::string problem = openLibrary(*module);
+    if (!problem.empty()) return failure(path + ": " + problem);
+    return start(std::move(module));
+}
+
+Outcome Modules::start(std::unique_ptr<Module> owned) {
+    Module& module = *owned;
+    m_modules.push_back(std::move(owned));
+    send(module, AcRx::kInitAppMsg);
+    if (!m_refusing.empty())
+        return refuse(module, "the application answered kRetError to kInitAppMsg");
+    if (!module.mdiAware && m_documents.count() > 1) {
+        return refuse(module, "it is not registered for several documents; close all but one");
+    }
+    HostDocument* const current = m_documents.current();
+    const std::vector<HostDocument*> open = m_documents.all();
+    for (HostDocument* document : open) {
+        if (!switches().loadMessageAtOnce && document != current) continue;
+        m_documents.setCurrent(document);
+        sendLoadDrawing(module, *document);
+    }
+    m_documents.setCurrent(current);
+    if (!m_refusing.empty())
+        return refuse(module, "the application answered kRetError to kLoadDwgMsg");
+    return {};
+}
+
+Outcome Modules::refuse(Module& module, const std::string& reason) {
+    m_refusing.clear();
+    const std::string text = module.path + ": not loaded: " + reason;
+    sendUnloadDrawings(module);
+    remove(module);
+    return failure(text);
+}
+
+Outcome Modules::unload(const std::string& name) {
+    Module* module = find(name);
+    if (module == nullptr) {
+        return failure(name + ": no such application is loaded; ARX ? lists the loaded ones");
+    }
+    if (module->locked) {
+        return failure(module->name + " is locked and cannot be unloaded while the host runs");
+    }
+    if (module == m_called || module->unloading) {
+        return failure(module->name + " is running and cannot be unloaded now");
+    }
+    sendUnloadDrawings(*module);
+    remove(*module);
+    return {};
+}
+
+void Modules::sendLoadDrawing(Module& module, HostDocument& document) {
+    if (!module.documents.insert(&document).second) return;
+    send(module, AcRx::kLoadDwgMsg);
+}
+
+void Modules::sendUnloadDrawings(Module& module) {
+    HostDocument* const current = m_documents.current();
+    const std::vector<HostDocument*> open = m_documents.all();
+    for (HostDocument* document : open) {
+        if (module.documents.erase(document) == 0) continue;
+        m_documents.setCurrent(document);
+        send(module, AcRx::kUnloadDwgMsg);
+    }
+    m_documents.setCurrent(current);
+}
+
+void Modules::documentActivated(HostDocument& document) {
+    for (std::size_t i = 0; i < m_modules.size(); ++i)
+        sendLoadDrawing(*m_modules[i], document);
+    unloadRefusing();
+}
+
+void Modules::documentClosing(HostDocument& document) {
+    for (std::size_t i = m_modules.size(); i > 0; --i) {
+        Module& module = *m_modules[i - 1];
+        if (module.documents.erase(&document) != 0) send(module, AcRx::kUnloadDwgMsg);
+        document.lisp.removeAllOf(&module);
+    }
+}
+
+void Modules::sendToAll(AcRx::AppMsgCode message) {
+    for (std::size_t i = m_modules.size(); i > 0; --i)
+        send(*m_modules[i - 1], message);
+    unloadRefusing();
+}
+
+void Modules::unloadRefusing() {
+    while (!m_refusing.empty()) {
+        Module* module = m_refusing.back();
+        m_refusing.erase(std::remove(m_refusing.begin(), m_refusing.end(), module),
+                         m_refusing.end());
+        say(fromUtf8(module->name) + L" answered kRetError and is unloaded.");
+        sendUnloadDrawings(*module);
+        remove(*module);
+    }
+}
+
+void Modules::quit() {
+    m_refusing.clear();
+    while (!m_modules.empty())
+        remove(*m_modules.back());
+}
+
+void Modules::remove(Module& module) {
+    module.unloading = true;
+    send(module, AcRx::kUnloadAppMsg);
+    // A library that is still pointed into stays in memory: a fault, but no crash.
+    if (clearLeftovers(module)) module.library.abandon();
+    for (HostDocument* document : m_documents.all())
+        document->lisp.removeAllOf(&module);
+    const auto at = std::find_if(m_modules.begin(), m_modules.end(),
+                                 [&](const auto& each) { return each.get() == &module; });
+    const std::unique_ptr<Module> last = std::move(*at);
+    m_modules.erase(at);
+    const HeldCounts before = heldNow();
+    last->library.close();
+    checkNothingLeaked(before, "the static destructors of " + last->name);
+}
+
+bool Modules::clearLeftovers(Module& module) {
+    const std::string where = "after kUnloadAppMsg to " + module.name + ": ";
+    std::set<std::wstring> groups;
+    // A call that was made to fail is not the module's fault, and neither is what it left.
+    const auto report = [&](const std::string& what) {
+        if (faultsInjected() == 0) reportModuleFault(where + what);
+    };
+    for (const RegisteredCommand& command : registeredCommands()) {
+        if (!module.library.contains(reinterpret_cast<const void*>(command.function))) continue;
+        report("command " + toUtf8(command.globalName) + " is still registered");
+        groups.insert(command.group);
+    }
+    bool pointedInto = false;
+    for (const std::wstring& group : groups)
+        pointedInto |= acedRegCmds->removeGroup(group.c_str()) != Acad::eOk;
+    for (int left = forgetDocumentReactorsOf(module.library); left > 0; --left)
+        report("a document reactor is still attached");
+    for (HostDocument* document : m_documents.all()) {
+        for (const std::wstring& name : document->lisp.namesOf(&module)) {
+            report("LISP function " + toUtf8(name) + " is still defined in " +
+                   toUtf8(document->fileName()));
+        }
+    }
+    const bool last = m_modules.size() == 1;
+    if (module.editorReactors > 0 || (last && editorReactorCount() > 0)) {
+        report("an editor reactor is still attached");
+        pointedInto = true;
+    }
+    return pointedInto;
+}
+
+Module* Modules::find(const std::string& name) const {
+    const std::wstring wanted = foldCase(fromUtf8(fileNameOf(name)));
+    for (const auto& module : m_modules) {
+        if (foldCase(fromUtf8(module->name)) == wanted) return module.get();
+    }
+    return nullptr;
+}
+
+Module* Modules::identified(const void* pkt) const {
+    for (const auto& module : m_modules) {
+        if (module.get() == pkt) return module.get();
+    }
+    return nullptr;
+}
+
+Module* Modules::caller(const void* address) const {
+    if (m_called != nullptr) return m_called;
+    for (const auto& module : m_modules) {
+        if (address != nullptr && module->library.contains(address)) return module.get();
+    }
+    return m_modules.size() == 1 ? m_modules.front().get() : nullptr;
+}
+
+const Module* Modules::withoutMdi() const {
+    for (const auto& module : m_modules) {
+        if (!module->mdiAware) return module.get();
+    }
+    return nullptr;
+}
+
+}  // namespace host

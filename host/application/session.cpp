@@ -1,0 +1,211 @@
+// The session: start and end of the host, documents and modules together.
+#include "host/application/session.h"
+
+#include <utility>
+
+#include "host/application/session_impl.h"
+#include "host/commands/commands.h"
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/control/faults.h"
+#include "host/control/switches.h"
+#include "host/database/system_registry.h"
+#include "host/database/text_codec.h"
+#include "host/dxf/load_drawing.h"
+#include "host/dxf/save_drawing.h"
+#include "host/editor/menus.h"
+#include "host/editor/notify.h"
+#include "host/editor/sysvars.h"
+
+namespace host {
+namespace {
+
+Session* theSession = nullptr;
+
+/// Progress of a load or save as the session's receiver takes it.
+ProgressFunction progressOf(const Session::Impl& session, const std::string& what) {
+    if (!session.progress) return {};
+    return [&session, what](double done) {
+        session.progress(what.c_str(), static_cast<int>(done * 100.0));
+    };
+}
+
+}  // namespace
+
+Session* currentSession() { return theSession; }
+
+Session::Session() : m_impl(std::make_unique<Impl>()) {
+    theSession = this;
+    switches() = Switches();
+    setFaultPlan({});
+    resetEditor();
+    resetSysvars();
+    resetMenus();
+    resetDocumentReactors();
+    registerEditorServices();
+    registerService(L"DynamicLinker", &dynamicLinker());
+    registerHostCommands();
+    registerDocumentCommands();
+    registerModuleCommands();
+    clearEffects();
+    clearModuleFaults();
+    m_impl->heldAtStart = heldNow();
+}
+
+Session::~Session() {
+    m_impl->shutDown();
+    resetEditor();
+    checkNothingLeaked(m_impl->heldAtStart, "the end of the session");
+    resetDocumentReactors();
+    registerService(L"DynamicLinker", nullptr);
+    if (theSession == this) theSession = nullptr;
+}
+
+// --- documents
+// -------------------------------------------------------------------------------------
+
+void Session::Impl::activate(HostDocument& document) {
+    active = &document;
+    documents.setCurrent(&document);
+    modules.documentActivated(document);
+}
+
+Outcome Session::Impl::addDocument(std::unique_ptr<AcDbDatabase> database, std::wstring path) {
+    activate(documents.add(std::move(database), std::move(path)));
+    return {};
+}
+
+Outcome Session::Impl::mayAddDocument() const {
+    const Module* single = documents.count() > 0 ? modules.withoutMdi() : nullptr;
+    if (single == nullptr) return {};
+    return {single->name +
+                " does not work with several drawings: close the open drawing or unload " +
+                single->name,
+            1};
+}
+
+void Session::Impl::close(HostDocument& document) {
+    documents.setCurrent(&document);
+    if (switches().unloadMessageFirst) modules.documentClosing(document);
+    documents.announceDestruction(document);
+    if (!switches().unloadMessageFirst) modules.documentClosing(document);
+    if (active == &document) active = nullptr;
+    documents.destroy(document);
+}
+
+Outcome Session::Impl::save(const std::string& path, bool keepName) {
+    HostDocument* document = documents.current();
+    if (document == nullptr) return {"no drawing is open", 4};
+    const std::wstring target = path.empty() ? document->path() : fromUtf8(absolutePath(path));
+    if (target.empty()) return {"the drawing has no name yet: save it with SAVEAS", 4};
+    const HostDocument* holder = documents.withPath(target);
+    if (holder != nullptr && holder != document) {
+        return {toUtf8(target) + ": open as another drawing; choose another name or close that one",
+                4};
+    }
+    modules.sendToAll(AcRx::kSaveMsg);
+    notifyBeginSave(document->database(), target);
+    DxfError error;
+    const std::string file = toUtf8(target);
+    const std::string what = "Saving " + file;
+    if (!host::saveDrawing(document->database()->store(), file, error, progressOf(*this, what))) {
+        return {error.message(), 4};
+    }
+    if (!keepName || document->path().empty()) document->setPath(target);
+    notifySaveComplete(document->database(), target);
+    return {};
+}
+
+void Session::Impl::shutDown() {
+    if (documents.current() != nullptr) modules.sendToAll(AcRx::kPreQuitMsg);
+    while (documents.count() > 0)
+        close(*documents.at(0));
+    modules.quit();
+}
+
+Outcome Session::newDrawing() {
+    if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
+    if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
+    return m_impl->addDocument(std::make_unique<AcDbDatabase>(), {});
+}
+
+Outcome Session::openDrawing(const std::string& path) {
+    if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
+    const std::wstring file = fromUtf8(absolutePath(path));
+    if (m_impl->documents.withPath(file) != nullptr) return {path + ": open already", 3};
+    DxfError error;
+    std::unique_ptr<Store> store = loadDrawing(path, error, progressOf(*m_impl, "Loading " + path));
+    if (store == nullptr) return {error.message(), 3};
+    if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
+    return m_impl->addDocument(std::make_unique<AcDbDatabase>(std::move(store)), file);
+}
+
+Outcome Session::saveDrawing(const std::string& path) { return m_impl->save(path, false); }
+
+Outcome Session::closeDrawing() {
+    HostDocument* document = m_impl->documents.current();
+    if (document == nullptr) return {"no drawing is open", 1};
+    m_impl->close(*document);
+    const std::size_t left = m_impl->documents.count();
+    if (left > 0) m_impl->activate(*m_impl->documents.at(left - 1));
+    return {};
+}
+
+Outcome Session::activate(std::size_t index) {
+    HostDocument* document = m_impl->documents.at(index);
+    if (document == nullptr) {
+        return {"drawing " + std::to_string(index) + " is not open: there are " +
+                    std::to_string(documentCount()),
+                1};
+    }
+    m_impl->activate(*document);
+    return {};
+}
+
+std::size_t Session::documentCount() const { return m_impl->documents.count(); }
+
+AcApDocument* Session::document(std::size_t index) const { return m_impl->documents.at(index); }
+
+AcDbDatabase* Session::database() const {
+    const HostDocument* document = m_impl->documents.current();
+    return document != nullptr ? document->database() : nullptr;
+}
+
+// --- modules
+// ---------------------------------------------------------------------------------------
+
+Outcome Session::loadModule(const std::string& path) { return m_impl->modules.load(path); }
+
+Outcome Session::unloadModule(const std::string& name) { return m_impl->modules.unload(name); }
+
+std::vector<std::string> Session::modules() const {
+    std::vector<std::string> names;
+    for (const auto& module : m_impl->modules.all())
+        names.push_back(module->name);
+    return names;
+}
+
+int Session::sendMessage(const std::string& name, int message) {
+    Module* module = m_impl->modules.find(name);
+    if (module == nullptr) return AcRx::kRetError;
+    const int answer = m_impl->modules.send(*module, static_cast<AcRx::AppMsgCode>(message));
+    m_impl->modules.unloadRefusing();
+    return answer;
+}
+
+// --- the rest
+// --------------------------------------------------------------------------------------
+
+void Session::setProgress(std::function<void(const char*, int)> progress) {
+    m_impl->progress = std::move(progress);
+}
+
+void Session::setDiagnostics(std::function<void(const std::string&)> diagnostics) {
+    m_impl->diagnostics = std::move(diagnostics);
+}
+
+bool Session::quitAsked() const { return m_impl->quit; }
+
+int Session::exitStatus() const { return m_impl->exitStatus; }
+
+}  // namespace host

@@ -1,0 +1,19 @@
+// What the host's own commands share.
+#include "host/commands/command_support.h"
+
+#include "host/control/effects.h"
+#include "host/editor/document_state.h"
+#include "host/objectarx/database.h"
+
+namespace host {
+
+Store* drawingOrComplaint() {
+    const DocumentState* document = currentDocumentState();
+    if (document != nullptr) return &document->database->store();
+    say(L"No drawing is open: use NEW or OPEN first.");
+    return nullptr;
+}
+
+void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, L"\n" + text); }
+
+}  // namespace host

@@ -1,0 +1,15 @@
+// The host's own commands that need no more than a drawing and the editor.
+#pragma once
+
+namespace host {
+
+/// Registers all of them; called once per session.
+void registerHostCommands();
+
+/// The groups of commands, one source each.
+void registerDrawingCommands();
+void registerEditCommands();
+void registerInquiryCommands();
+void registerSettingCommands();
+
+}  // namespace host

@@ -1,0 +1,143 @@
+// LINE, CIRCLE, POINT and TEXT.
+#include <cmath>
+
+#include "host/commands/command_support.h"
+#include "host/commands/commands.h"
+#include "host/commands/entity_maker.h"
+#include "host/commands/point_or_word.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/input.h"
+
+namespace host {
+namespace {
+
+void addPoint(std::string& groups, int code, const AcGePoint3d& point) {
+    addPointTag(groups, code, point.x, point.y, point.z);
+}
+
+void drawLine(Store& store, const AcGePoint3d& from, const AcGePoint3d& to) {
+    std::string groups;
+    addTag(groups, 100, "AcDbLine");
+    addPoint(groups, 10, from);
+    addPoint(groups, 11, to);
+    addEntity(store, "LINE", groups);
+}
+
+/// Segments until Enter; C closes the figure once it has two.
+CommandStatus runLine() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    AcGePoint3d first;
+    PromptStatus status = promptPoint(L"\nSpecify first point: ", nullptr, first);
+    if (status != PromptStatus::Ok) {
+        return status == PromptStatus::None ? CommandStatus::Done : CommandStatus::Cancelled;
+    }
+    AcGePoint3d last = first;
+    for (int segments = 0;; ++segments) {
+        AcGePoint3d next;
+        bool close = false;
+        const bool mayClose = segments >= 2;
+        status = promptPointOrWord(
+            mayClose ? L"\nSpecify next point or [Close]: " : L"\nSpecify next point: ", &last,
+            mayClose ? L"C" : nullptr, next, close);
+        if (status == PromptStatus::None) return CommandStatus::Done;
+        if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
+        drawLine(*store, last, close ? first : next);
+        if (close) return CommandStatus::Done;
+        last = next;
+    }
+}
+
+CommandStatus runCircle() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    AcGePoint3d centre;
+    if (promptPoint(L"\nSpecify center point for circle: ", nullptr, centre) != PromptStatus::Ok) {
+        return CommandStatus::Cancelled;
+    }
+    double radius = 0.0;
+    if (promptReal(L"\nSpecify radius of circle: ", radius) != PromptStatus::Ok) {
+        return CommandStatus::Cancelled;
+    }
+    if (!(radius > 0.0)) {
+        say(L"The radius must be greater than zero.");
+        return CommandStatus::Failed;
+    }
+    std::string groups;
+    addTag(groups, 100, "AcDbCircle");
+    addPoint(groups, 10, centre);
+    addTag(groups, 40, radius);
+    addEntity(*store, "CIRCLE", groups);
+    return CommandStatus::Done;
+}
+
+CommandStatus runPoint() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    AcGePoint3d point;
+    if (promptPoint(L"\nSpecify a point: ", nullptr, point) != PromptStatus::Ok) {
+        return CommandStatus::Cancelled;
+    }
+    std::string groups;
+    addTag(groups, 100, "AcDbPoint");
+    addPoint(groups, 10, point);
+    addEntity(*store, "POINT", groups);
+    return CommandStatus::Done;
+}
+
+/// A real with a default that Enter takes. False when the prompt was cancelled.
+bool realOr(const std::wstring& question, double& value) {
+    const std::wstring text = question + L" <" + fromUtf8(formatReal(value)) + L">: ";
+    double answer = 0.0;
+    const PromptStatus status = promptReal(text, answer);
+    if (status == PromptStatus::Ok) value = answer;
+    return status != PromptStatus::Cancel;
+}
+
+CommandStatus runText() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    constexpr double kHeightOfNewDrawings = 2.5;
+    AcGePoint3d start;
+    if (promptPoint(L"\nSpecify start point of text: ", nullptr, start) != PromptStatus::Ok) {
+        return CommandStatus::Cancelled;
+    }
+    double height = parseReal(store->headerValue("$TEXTSIZE").value_or("")).value_or(0.0);
+    if (!(height > 0.0)) height = kHeightOfNewDrawings;
+    double rotation = 0.0;
+    if (!realOr(L"\nSpecify height", height)) return CommandStatus::Cancelled;
+    if (!(height > 0.0)) {
+        say(L"The height must be greater than zero.");
+        return CommandStatus::Failed;
+    }
+    if (!realOr(L"\nSpecify rotation angle of text", rotation)) return CommandStatus::Cancelled;
+    std::wstring text;
+    const PromptStatus status = promptText(L"\nEnter text: ", text);
+    if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
+    if (status == PromptStatus::None || text.empty()) return CommandStatus::Done;
+    std::string groups;
+    addTag(groups, 100, "AcDbText");
+    addPoint(groups, 10, start);
+    addTag(groups, 40, height);
+    addTag(groups, 1, toUtf8(text));
+    addTag(groups, 50, rotation);
+    addTag(groups, 100, "AcDbText");
+    addEntity(*store, "TEXT", groups);
+    return CommandStatus::Done;
+}
+
+const BuiltinCommand kCommands[] = {
+    {L"LINE", 0, runLine, L"line segments: points, C closes, Enter ends"},
+    {L"CIRCLE", 0, runCircle, L"a circle: centre, radius"},
+    {L"POINT", 0, runPoint, L"a point"},
+    {L"TEXT", 0, runText, L"a line of text: start, height, rotation in degrees, text"},
+};
+
+}  // namespace
+
+void registerDrawingCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+
+}  // namespace host

@@ -1,0 +1,38 @@
+// Making entities from their groups.
+#include "host/commands/entity_maker.h"
+
+#include "host/database/object_access.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+
+namespace host {
+namespace {
+
+std::string currentLayer(const Store& store) {
+    const auto name = store.headerValue("$CLAYER");
+    return name && !name->empty() ? toUtf8(store.decode(*name)) : std::string("0");
+}
+
+}  // namespace
+
+AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& groups) {
+    const Index space = store.currentSpace();
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbEntity");
+    if (space != store.modelSpace()) addTag(text, 67, 1);
+    addTag(text, 8, currentLayer(store));
+    text += groups;
+    const Kind kind = kindOf(type, text, true);
+    AcDbObject* entity = makeView(*freshBody(kind, std::move(text)));
+    if (makeResident(*entity, store, space) != Acad::eOk) {
+        delete entity;
+        return {};
+    }
+    const AcDbObjectId id = entity->objectId();
+    store.appendChild(space, *Store::resolve(id));
+    entity->close();
+    return id;
+}
+
+}  // namespace host

@@ -1,0 +1,97 @@
+// LIST and AUDIT.
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "host/commands/command_support.h"
+#include "host/commands/commands.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/dxf/drawing_check.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/input.h"
+
+namespace host {
+namespace {
+
+std::wstring wide(std::string_view text) { return fromUtf8(trimmed(text)); }
+
+/// "label X=.. Y=.. Z=.." for the point whose first group has `code`; nothing without such a group.
+void listPoint(std::string_view text, int code, const wchar_t* label) {
+    const auto x = findTag(text, code);
+    if (!x) return;
+    const auto y = findTag(text, code + 10);
+    const auto z = findTag(text, code + 20);
+    say(std::wstring(L"    ") + label + L" X=" + wide(x->value) + L" Y=" +
+        (y ? wide(y->value) : L"0.0") + L" Z=" + (z ? wide(z->value) : L"0.0"));
+}
+
+void listValue(const Store& store, std::string_view text, int code, const wchar_t* label) {
+    const auto place = findTag(text, code);
+    if (!place) return;
+    say(std::wstring(L"    ") + label + L" " + store.decode(place->value));
+}
+
+/// Fields that say where and how large an entity is. A group means different things in different
+/// types, so each type lists its own.
+void listGeometry(const Store& store, const ObjectBody& body) {
+    const std::string_view type = body.type();
+    const std::string_view text = body.text();
+    if (type == "LINE") {
+        listPoint(text, 10, L"from point");
+        listPoint(text, 11, L"to point");
+        return;
+    }
+    const bool round = type == "CIRCLE" || type == "ARC";
+    listPoint(text, 10, round ? L"center point" : L"at point");
+    if (round) listValue(store, text, 40, L"radius");
+    if (type == "TEXT" || type == "MTEXT" || type == "ATTDEF") {
+        listValue(store, text, 40, L"height");
+        listValue(store, text, 1, L"text");
+    }
+    if (type == "INSERT") listValue(store, text, 2, L"block");
+}
+
+CommandStatus runList() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    std::vector<AcDbObjectId> selection;
+    if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel) {
+        return CommandStatus::Cancelled;
+    }
+    for (const AcDbObjectId id : selection) {
+        const ObjectBody* body = Store::resolve(id);
+        if (body == nullptr || body->erased) continue;
+        say(wide(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
+            fromUtf8(formatHandle(body->handle)));
+        listGeometry(*store, *body);
+    }
+    return CommandStatus::Done;
+}
+
+/// Prints what the drawing check finds; Failed when the drawing is damaged.
+CommandStatus runAudit() {
+    const Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    long errors = 0;
+    const std::vector<Finding> findings = checkDrawing(*store);
+    for (const Finding& finding : findings) {
+        errors += finding.severity == Severity::Error ? 1 : 0;
+        say(fromUtf8(finding.text));
+    }
+    say(std::to_wstring(errors) + L" error(s), " +
+        std::to_wstring(static_cast<long>(findings.size()) - errors) + L" note(s).");
+    return errors == 0 ? CommandStatus::Done : CommandStatus::Failed;
+}
+
+const BuiltinCommand kCommands[] = {
+    {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle and geometry of entities"},
+    {L"AUDIT", 0, runAudit, L"checks the drawing for damage, changes nothing"},
+};
+
+}  // namespace
+
+void registerInquiryCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+
+}  // namespace host

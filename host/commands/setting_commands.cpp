@@ -1,0 +1,70 @@
+// SETVAR, REGEN and MENULOAD.
+#include <iterator>
+#include <string>
+
+#include "host/commands/command_support.h"
+#include "host/commands/commands.h"
+#include "host/database/text_codec.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/input.h"
+#include "host/editor/menus.h"
+#include "host/editor/sysvars.h"
+
+namespace host {
+namespace {
+
+CommandStatus listVariables() {
+    for (const std::wstring& name : sysvarNames()) {
+        std::wstring value;
+        if (sysvarText(name, value)) say(name + L" = " + value);
+    }
+    return CommandStatus::Done;
+}
+
+CommandStatus runSetvar() {
+    const Answer named = prompt(L"\nEnter variable name or [?]: ");
+    if (named.kind == Answer::Kind::Enter) return CommandStatus::Done;
+    if (named.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+    if (named.text == L"?") return listVariables();
+    const std::wstring name = foldCase(named.text);
+    std::wstring value;
+    if (!sysvarText(name, value)) {
+        say(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
+        return CommandStatus::Failed;
+    }
+    const Answer answer = prompt(L"\nEnter new value for " + name + L" <" + value + L">: ");
+    if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;
+    if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+    std::wstring explanation;
+    if (setSysvarText(name, answer.text, explanation)) return CommandStatus::Done;
+    say(explanation);
+    return CommandStatus::Failed;
+}
+
+/// Nothing is displayed here: the command exists for the notifications it causes.
+CommandStatus runRegen() {
+    if (drawingOrComplaint() == nullptr) return CommandStatus::Failed;
+    say(L"Regenerating model.");
+    return CommandStatus::Done;
+}
+
+/// A menu group counts as loaded from here on; no menu file is read.
+CommandStatus runMenuload() {
+    const Answer group = prompt(L"\nEnter name of menu group: ");
+    if (group.kind == Answer::Kind::Enter) return CommandStatus::Done;
+    if (group.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+    setMenuGroupLoaded(group.text, true);
+    return CommandStatus::Done;
+}
+
+const BuiltinCommand kCommands[] = {
+    {L"SETVAR", 0, runSetvar, L"shows or sets a system variable: name, value; ? lists all"},
+    {L"REGEN", 0, runRegen, L"regenerates the drawing"},
+    {L"MENULOAD", 0, runMenuload, L"makes a menu group count as loaded: name"},
+};
+
+}  // namespace
+
+void registerSettingCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+
+}  // namespace host

@@ -1,0 +1,93 @@
+// Documents: which is current, what reactors hear, and addresses that are used again.
+#include "session_fixture.h"
+
+#include "host/editor/document_state.h"
+#include "host/objectarx/documents.h"
+
+namespace {
+
+using DocumentsTest = SessionTest;
+
+/// Writes down what it hears.
+class Listener : public AcApDocManagerReactor {
+  public:
+    Listener() { acDocManager->addReactor(this); }
+    ~Listener() override { acDocManager->removeReactor(this); }
+    void documentCreated(AcApDocument* document) override { note("created", document); }
+    void documentBecameCurrent(AcApDocument* document) override { note("current", document); }
+    void documentToBeDestroyed(AcApDocument* document) override {
+        note(document->database() != nullptr ? "destroyed" : "too late", document);
+    }
+    std::string heard;
+
+  private:
+    void note(const std::string& event, AcApDocument* document) {
+        heard += event + " " + toUtf8(document->fileName()) + "\n";
+    }
+};
+
+TEST_F(DocumentsTest, EventsComeInOrderWhileTheDatabaseExists) {
+    Listener listener;
+    session->newDrawing();
+    session->newDrawing();
+    session->activate(0);
+    session->closeDrawing();
+    EXPECT_EQ(listener.heard,
+              "created Drawing1.dxf\ncurrent Drawing1.dxf\n"
+              "created Drawing2.dxf\ncurrent Drawing2.dxf\n"
+              "current Drawing1.dxf\ndestroyed Drawing1.dxf\ncurrent Drawing2.dxf\n");
+}
+
+TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
+    EXPECT_EQ(acDocManager->curDocument(), nullptr);
+    session->newDrawing();
+    session->newDrawing();
+    for (const std::size_t index : {0, 1, 0}) {
+        session->activate(index);
+        AcApDocument* document = session->document(index);
+        EXPECT_EQ(acDocManager->curDocument(), document);
+        EXPECT_EQ(acDocManager->mdiActiveDocument(), document);
+        EXPECT_EQ(currentDocumentState()->database, document->database());
+        EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), document->database());
+    }
+    session->closeDrawing();
+    session->closeDrawing();
+    EXPECT_EQ(acDocManager->curDocument(), nullptr);
+    EXPECT_EQ(currentDocumentState(), nullptr);
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
+}
+
+TEST_F(DocumentsTest, AClosedDocumentsAddressIsTheNextOnes) {
+    session->newDrawing();
+    session->newDrawing();
+    const AcApDocument* closed = session->document(1);
+    session->closeDrawing();
+    session->newDrawing();
+    EXPECT_EQ(session->document(1), closed);
+    EXPECT_EQ(toUtf8(session->document(1)->fileName()), "Drawing3.dxf");
+}
+
+TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {
+    EXPECT_EQ(session->closeDrawing().error, "no drawing is open");
+    EXPECT_EQ(session->saveDrawing({}).error, "no drawing is open");
+    session->newDrawing();
+    EXPECT_EQ(session->activate(1).error, "drawing 1 is not open: there are 1");
+    EXPECT_EQ(session->saveDrawing({}).error, "the drawing has no name yet: save it with SAVEAS");
+    ASSERT_TRUE(session->saveDrawing(file("a.dxf")));
+    EXPECT_EQ(session->openDrawing(file("a.dxf")).error, file("a.dxf") + ": open already");
+    session->newDrawing();
+    EXPECT_EQ(session->saveDrawing(file("a.dxf")).error,
+              file("a.dxf") + ": open as another drawing; choose another name or close that one");
+}
+
+TEST_F(DocumentsTest, AnAttachedReactorThatIsDeletedIsAFault) {
+    {
+        class Careless : public AcApDocManagerReactor {
+        } careless;
+        acDocManager->addReactor(&careless);
+    }
+    session->newDrawing();
+    EXPECT_EQ(faults(), "a document reactor was deleted while it was attached\n");
+}
+
+}  // namespace

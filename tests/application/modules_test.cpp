@@ -1,0 +1,182 @@
+// Loading and unloading applications: messages, locks, refusals and what is left behind.
+#include "session_fixture.h"
+
+#include "host/editor/command_runner.h"
+#include "host/editor/notify.h"
+
+namespace {
+
+class ModulesTest : public SessionTest {
+  protected:
+    void loadWith(const char* misbehaviour) {
+        setenv("PROBE", misbehaviour, 1);
+        loaded = session->loadModule(PROBE_FILE);
+    }
+    Outcome loaded;
+};
+
+TEST_F(ModulesTest, LoadingMakesEachDrawingCurrentInTurn) {
+    session->newDrawing();
+    session->newDrawing();
+    session->activate(0);
+    ASSERT_TRUE(session->loadModule(PROBE_FILE));
+    EXPECT_EQ(shown(), "<1 Drawing1.dxf><3 Drawing1.dxf><3 Drawing2.dxf>");
+    EXPECT_EQ(acDocManager->curDocument(), session->document(0));
+    ASSERT_TRUE(session->unloadModule("PROBE.arx"));
+    EXPECT_EQ(shown(), "<4 Drawing1.dxf><4 Drawing2.dxf><2 Drawing1.dxf><gone>");
+    EXPECT_EQ(acDocManager->curDocument(), session->document(0));
+    EXPECT_TRUE(session->modules().empty());
+}
+
+TEST_F(ModulesTest, LazilyEachDrawingGetsItsMessageWhenItIsNextCurrent) {
+    switches().loadMessageAtOnce = false;
+    session->newDrawing();
+    session->newDrawing();
+    session->loadModule(PROBE_FILE);
+    EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf>");
+    session->unloadModule("probe.arx");
+    EXPECT_EQ(shown(), "<4 Drawing2.dxf><2 Drawing2.dxf><gone>");
+    session->loadModule(PROBE_FILE);
+    session->activate(0);
+    session->activate(1);
+    EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf><3 Drawing1.dxf>");
+}
+
+TEST_F(ModulesTest, DrawingsOpenedAndClosedLater) {
+    session->newDrawing();
+    session->loadModule(PROBE_FILE);
+    shown();
+    session->newDrawing();
+    EXPECT_EQ(shown(), "<9 Drawing1.dxf><3 Drawing2.dxf>");
+    session->closeDrawing();
+    EXPECT_EQ(shown(), "<4 Drawing2.dxf>");
+}
+
+TEST_F(ModulesTest, QuittingTellsAndUnloadsEvenALockedApplication) {
+    session->newDrawing();
+    session->newDrawing();
+    loadWith("locked");
+    shown();
+    session.reset();
+    EXPECT_EQ(shown(), "<13 Drawing2.dxf><4 Drawing1.dxf><4 Drawing2.dxf><2 -><gone>");
+}
+
+TEST_F(ModulesTest, ALockedApplicationStays) {
+    session->newDrawing();
+    loadWith("locked");
+    EXPECT_EQ(session->unloadModule("probe.arx").error,
+              "probe.arx is locked and cannot be unloaded while the host runs");
+    EXPECT_EQ(session->modules(), std::vector<std::string>{"probe.arx"});
+}
+
+TEST_F(ModulesTest, AnApplicationForOneDrawingOnly) {
+    session->newDrawing();
+    loadWith("single");
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(session->newDrawing().error,
+              "probe.arx does not work with several drawings: close the open drawing or unload "
+              "probe.arx");
+    session->unloadModule("probe.arx");
+    session->newDrawing();
+    loadWith("single");
+    EXPECT_EQ(loaded.error, std::string(PROBE_FILE) +
+                                ": not loaded: it is not registered for "
+                                "several documents; close all but one");
+    EXPECT_TRUE(session->modules().empty());
+}
+
+TEST_F(ModulesTest, AnApplicationThatAnswersWithAnErrorIsUnloaded) {
+    session->newDrawing();
+    loadWith("refuse");
+    EXPECT_EQ(loaded.error, std::string(PROBE_FILE) +
+                                ": not loaded: the application answered kRetError to kLoadDwgMsg");
+    EXPECT_EQ(shown(), "<1 Drawing1.dxf><3 Drawing1.dxf><4 Drawing1.dxf><2 Drawing1.dxf><gone>");
+}
+
+TEST_F(ModulesTest, FilesThatAreNoApplication) {
+    session->newDrawing();
+    const std::string text = file("text.arx");
+    write(text, "not a library");
+    EXPECT_EQ(session->loadModule(file("none.arx")).error, file("none.arx") + ": no such file");
+    EXPECT_EQ(session->loadModule(file("")).error, file("") + ": a directory, not an application");
+    EXPECT_EQ(session->loadModule(text).error.rfind(text + ": cannot be loaded: ", 0), 0u);
+    EXPECT_EQ(session->loadModule(HOST_FILE).error,
+              HOST_FILE ": not an ObjectARX application: it does not export acrxEntryPoint");
+    EXPECT_EQ(session->loadModule(OLD_PROBE_FILE).error, OLD_PROBE_FILE
+              ": built for interface version 18.2, this host has version 19; rebuild it");
+    ASSERT_TRUE(session->loadModule(PROBE_FILE));
+    EXPECT_EQ(session->loadModule(PROBE_FILE).error,
+              PROBE_FILE ": probe.arx is loaded already; unload it first");
+    EXPECT_EQ(session->unloadModule("other.arx").error,
+              "other.arx: no such application is loaded; ARX ? lists the loaded ones");
+    EXPECT_EQ(session->loadModule(file("none.arx")).status, 1);
+}
+
+/// What an application leaves registered, and the fault it gives.
+struct Leftover {
+    const char* misbehaviour;
+    const char* faults;
+};
+
+class LeftoverTest : public ModulesTest, public testing::WithParamInterface<Leftover> {};
+
+TEST_P(LeftoverTest, IsAFaultAndDoesNoHarm) {
+    session->newDrawing();
+    loadWith(GetParam().misbehaviour);
+    session->unloadModule("probe.arx");
+    EXPECT_EQ(faults(), GetParam().faults);
+    EXPECT_TRUE(registeredCommands().empty());
+    session->newDrawing();
+    EXPECT_EQ(session->runScript(L"REGEN\n"), CommandStatus::Done);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, LeftoverTest,
+    testing::Values(
+        Leftover{"keep-commands",
+                 "after kUnloadAppMsg to probe.arx: command PROBELEAK is still registered\n"
+                 "after kUnloadAppMsg to probe.arx: command PROBETHROW is still registered\n"},
+        Leftover{"keep-documents",
+                 "after kUnloadAppMsg to probe.arx: a document reactor is still attached\n"},
+        Leftover{"keep-editor",
+                 "after kUnloadAppMsg to probe.arx: an editor reactor is still attached\n"},
+        Leftover{"keep-lisp",
+                 "after kUnloadAppMsg to probe.arx: LISP function PROBEFAILS is still defined in "
+                 "Drawing1.dxf\n"
+                 "after kUnloadAppMsg to probe.arx: LISP function PROBELEAKS is still defined in "
+                 "Drawing1.dxf\n"
+                 "after kUnloadAppMsg to probe.arx: LISP function PROBEMESSAGE is still defined in "
+                 "Drawing1.dxf\n"
+                 "after kUnloadAppMsg to probe.arx: LISP function PROBETYPES is still defined in "
+                 "Drawing1.dxf\n"},
+        Leftover{"early-lisp",
+                 "acedDefun: called during kInitAppMsg by probe.arx, when no LISP "
+                 "may be assumed\n"}));
+
+TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
+    session->newDrawing();
+    session->loadModule(PROBE_FILE);
+    EXPECT_EQ(session->runScript(L"PROBETHROW\n"), CommandStatus::Failed);
+    EXPECT_EQ(faults(), "command PROBETHROW: an exception left its function\n");
+    session->runScript(L"PROBELEAK\n");
+    EXPECT_EQ(faults().rfind("after command PROBELEAK: 1 object(s) left open", 0), 0u);
+    session.reset();
+    EXPECT_EQ(faults(), "closing the drawing: TABLE 1 open for read; close it before\n");
+}
+
+TEST_F(ModulesTest, ArxCommand) {
+    session->newDrawing();
+    EXPECT_EQ(session->runScript(L"ARX L \"" + fromUtf8(PROBE_FILE) + L"\"\n"),
+              CommandStatus::Done);
+    shown();
+    session->runScript(L"ARX ?\n");
+    EXPECT_NE(shown().find("\n" PROBE_FILE "\n"), std::string::npos);
+    EXPECT_EQ(problemsOf(L"ARX X\n\nARX UNLOAD nothing.arx\n"),
+              "plan.scr:1: ARX failed: X is no option: ? lists, L loads, U unloads\n"
+              "plan.scr:3: ARX failed: nothing.arx: no such application is loaded; ARX ? lists the "
+              "loaded ones\n");
+    EXPECT_EQ(session->runScript(L"ARX u probe.arx\n"), CommandStatus::Done);
+    EXPECT_TRUE(session->modules().empty());
+}
+
+}  // namespace

@@ -1,0 +1,74 @@
+// Saving through commands: names, notifications, and the safety of the former file.
+#include "session_fixture.h"
+
+#include "host/dxf/drawing_check.h"
+#include "host/objectarx/editor.h"
+
+namespace {
+
+class SaveTest : public SessionTest {
+  protected:
+    SaveTest() {
+        session->newDrawing();
+        session->runScript(L"LINE 0,0 1,1\n\n");
+    }
+    std::wstring quoted(const std::string& name) const {
+        return L"\"" + fromUtf8(file(name)) + L"\"";
+    }
+    std::string name() const { return toUtf8(acDocManager->curDocument()->fileName()); }
+};
+
+TEST_F(SaveTest, SaveKeepsTheNameAndSaveasTakesTheNewOne) {
+    EXPECT_EQ(
+        problemsOf(L"QSAVE " + quoted("a b.dxf") + L"\nSAVE " + quoted("copy") + L"\nQSAVE\n"), "");
+    EXPECT_EQ(name(), file("a b.dxf"));
+    EXPECT_EQ(contentOf(file("copy.dxf")), contentOf(file("a b.dxf")));
+    EXPECT_EQ(problemsOf(L"SAVEAS " + quoted("c.dxf") + L"\n"), "");
+    EXPECT_EQ(name(), file("c.dxf"));
+}
+
+TEST_F(SaveTest, WhatIsSavedCanBeLoadedAndIsSound) {
+    session->runScript(L"CIRCLE 0,0 1\nPOINT 4,4\nTEXT 0,0 1 30 Größe\nSAVEAS " + quoted("a.dxf") +
+                       L"\nCLOSE\nOPEN " + quoted("a.dxf") + L"\n");
+    EXPECT_EQ(drawing(), "LINE CIRCLE POINT TEXT");
+    for (const Finding& finding : checkDrawing(session->database()->store()))
+        ADD_FAILURE() << finding.text;
+}
+
+/// Draws a point when a save is about to write.
+class LateChange : public AcEditorReactor {
+  public:
+    void beginSave(AcDbDatabase* database, const ACHAR* name) override {
+        heard = toUtf8(name);
+        database->store().setHeaderValue("$USERI1", 70, "4711");
+    }
+    std::string heard;
+};
+
+TEST_F(SaveTest, ChangesInBeginSaveAreInTheFile) {
+    LateChange change;
+    AcEditor* editor = AcEditor::cast(acrxSysRegistry()->at(L"AcEditor"));
+    editor->addReactor(&change);
+    session->runScript(L"SAVEAS " + quoted("a.dxf") + L"\n");
+    editor->removeReactor(&change);
+    EXPECT_EQ(change.heard, file("a.dxf"));
+    EXPECT_NE(contentOf(file("a.dxf")).find("$USERI1\n 70\n4711"), std::string::npos);
+}
+
+TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {
+    session->runScript(L"SAVEAS " + quoted("a.dxf") + L"\n");
+    const std::string before = contentOf(file("a.dxf"));
+    const std::string problems = problemsOf(L"POINT 0,0\nSAVEAS " + quoted("none/b.dxf") +
+                                            L"\nSAVEAS " + quoted("b.dwg") + L"\n");
+    EXPECT_EQ(problems.rfind("plan.scr:2: SAVEAS failed: " + file("none/b.dxf") + ": ", 0), 0u);
+    EXPECT_NE(problems.find("plan.scr:3: SAVEAS failed: " + file("b.dwg") +
+                            ": only DXF can be written; name the file .dxf\n"),
+              std::string::npos);
+    EXPECT_EQ(session->exitStatus(), 4);
+    EXPECT_EQ(name(), file("a.dxf"));
+    EXPECT_EQ(contentOf(file("a.dxf")), before);
+    EXPECT_EQ(problemsOf(L"QSAVE\n"), "");
+    EXPECT_EQ(contentOf(file("a.bak")), before);
+}
+
+}  // namespace

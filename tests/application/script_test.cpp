@@ -1,0 +1,116 @@
+// The script language, and the lines about what goes wrong in a script.
+#include "session_fixture.h"
+
+#include "host/application/script.h"
+
+namespace {
+
+/// Answers of a script: "<text>" each, Enter as "-", the line number behind it.
+std::string answersOf(const std::wstring& text) {
+    ScriptSource source(text);
+    std::string answers;
+    while (!source.atEnd()) {
+        const Answer answer = source.next({}, InputUnit::Token);
+        answers += answer.kind == Answer::Kind::Enter ? "-" : "<" + toUtf8(answer.text) + ">";
+        answers += std::to_string(source.line());
+    }
+    EXPECT_EQ(source.next({}, InputUnit::Token).kind, Answer::Kind::End);
+    return answers;
+}
+
+TEST(ScriptSource, AnswersAndTheirLines) {
+    const struct {
+        const wchar_t* text;
+        const char* answers;
+    } cases[] = {
+        {L"", ""},
+        {L"LINE 0,0 1,1\n\n", "<LINE>1<0,0>1<1,1>1-2"},
+        {L"LINE 0,0  1,1", "<LINE>1<0,0>1-1<1,1>1"},
+        {L"A\r\nB\r\n", "<A>1<B>2"},
+        {L"\uFEFF; note\nA\n;B\n C", "<A>2-4<C>4"},
+        {L"A;B", "<A;B>1"},
+        {L"OPEN \"a b.dxf\"\nX", "<OPEN>1<a b.dxf>1<X>2"},
+        {L"\"\"\n\n", "<>1-2"},
+        {L"\"open\nX", "<open>1<X>2"},
+        {L"a\"b c\"d e", "<ab cd>1<e>1"},
+        {L"(f \"a)\" (g 1))\n\nX", "<(f \"a)\" (g 1))>1-2<X>3"},
+        {L"(f)(g) X", "<(f)>1<(g)>1<X>1"},
+        {L"(f\n 1)\nX", "<(f\n 1)>1<X>3"},
+        {L"(f \"\\\")\" 1", "<(f \"\\\")\" 1>1"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(answersOf(each.text), each.answers) << toUtf8(each.text);
+}
+
+TEST(ScriptSource, ALineAnswerKeepsBlanksAndQuotes) {
+    ScriptSource source(L"TEXT a \"b\"  c\nREGEN\n");
+    EXPECT_EQ(source.next({}, InputUnit::Token).text, L"TEXT");
+    EXPECT_EQ(source.next({}, InputUnit::Line).text, L"a \"b\"  c");
+    EXPECT_EQ(source.next({}, InputUnit::Token).text, L"REGEN");
+    EXPECT_TRUE(source.atEnd());
+}
+
+class ScriptTest : public SessionTest {
+  protected:
+    ScriptTest() { session->newDrawing(); }
+};
+
+TEST_F(ScriptTest, CommandsDraw) {
+    EXPECT_EQ(problemsOf(L"LINE 0,0 1,0 1,1 C\n_.circle 5,5 2\nPOINT 1,2\n"
+                         L"TEXT 0,0 2.5 0 Two words\n"),
+              "");
+    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE POINT TEXT");
+    EXPECT_EQ(problemsOf(L"ERASE (handent \"" + fromUtf8(lastHandle()) + L"\")\n\n"), "");
+    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE POINT");
+}
+
+TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
+    const struct {
+        const wchar_t* script;
+        const char* line;
+    } cases[] = {
+        {L"; nothing\nNONSENSE\n",
+         "plan.scr:2: unknown command \"NONSENSE\"; drafthost --help lists the commands\n"},
+        {L"MOVE\n", "plan.scr:1: unknown command \"MOVE\"; drafthost --help lists the commands\n"},
+        {L"\n(handent \"FFFF\")\n", "plan.scr:2: no object has the handle FFFF in this drawing\n"},
+        {L"(Nothing)\n", "plan.scr:1: no LISP function Nothing is defined in this drawing\n"},
+        {L"PICK \n",
+         "plan.scr:1: PICK failed: a selection is missing: a point, W or C and two "
+         "points, ALL, L, P, (handent \"2A\") or NONE\n"},
+        {L"LINE 0,0 1,1", "plan.scr:1: LINE was cancelled: the input ended inside the command\n"},
+        {L"LINE\n0,0\nx\n", "plan.scr:3: LINE was cancelled; the command line says why\n"},
+        {L"\nOPEN nowhere.dxf\n",
+         "plan.scr:2: OPEN failed: nowhere.dxf: cannot be read: No such file or "
+         "directory; choose a DXF drawing\n"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(problemsOf(each.script), each.line);
+    EXPECT_EQ(session->exitStatus(), 3);
+}
+
+TEST_F(ScriptTest, TheFirstFailureIsTheResultAndMayStopTheScript) {
+    EXPECT_EQ(session->runScript(L"REGEN\nNONSENSE\nPOINT 1,1\nCIRCLE 0,0 -1\n"),
+              CommandStatus::Unknown);
+    EXPECT_EQ(drawing(), "POINT");
+    EXPECT_EQ(session->runScript(L"NONSENSE\nPOINT 2,2\n", true), CommandStatus::Unknown);
+    EXPECT_EQ(drawing(), "POINT");
+    EXPECT_EQ(session->runScript(L"LINE 0,0 1,1"), CommandStatus::Cancelled);
+}
+
+TEST_F(ScriptTest, GesturesAreNoCommands) {
+    session->runScript(L"POINT 1,1\nLINE 0,0 5,0\n\n");
+    clearEffects();
+    EXPECT_EQ(problemsOf(L"PICK ALL\nUNPICK 1,1\nPICKED\nPICK NONE\n"), "");
+    for (const std::wstring& text : effectTexts(EffectKind::Notification))
+        EXPECT_EQ(text, L"pickfirstModified");
+    EXPECT_NE(shown().find("1 " + lastHandle() + " LINE"), std::string::npos);
+    session->runScript(L"PICKED\n");
+    EXPECT_NE(shown().find("Nothing is picked."), std::string::npos);
+}
+
+TEST_F(ScriptTest, QuitEndsTheScript) {
+    EXPECT_EQ(problemsOf(L"QUIT\nNONSENSE\n"), "");
+    EXPECT_TRUE(session->quitAsked());
+}
+
+}  // namespace

@@ -1,0 +1,97 @@
+// A session for the tests of this room, with the texts they compare.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/application/session.h"
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/control/switches.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/objectarx/database.h"
+#include "host/objectarx/documents.h"
+
+using namespace host;
+
+/// A fresh session and a fresh folder for each test. No test may leave a fault of a module behind
+/// without looking at it.
+class SessionTest : public testing::Test {
+  protected:
+    SessionTest() {
+        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+        m_folder = std::filesystem::temp_directory_path() /
+                   (std::string("velmo_") + info->test_suite_name() + "_" + info->name());
+        std::filesystem::remove_all(m_folder);
+        std::filesystem::create_directories(m_folder);
+        unsetenv("PROBE");
+        session = std::make_unique<Session>();
+    }
+    ~SessionTest() override {
+        session.reset();
+        EXPECT_EQ(faults(), "");
+        unsetenv("PROBE");
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    std::string file(const std::string& name) const { return (m_folder / name).string(); }
+
+    /// What the command line shows since the last call.
+    std::string shown() {
+        const std::string text = toUtf8(effectText(EffectKind::CommandLine));
+        clearEffects();
+        return text;
+    }
+    /// Faults of modules since the last call, one a line.
+    static std::string faults() {
+        std::string text;
+        for (const std::string& fault : moduleFaults())
+            text += fault + "\n";
+        clearModuleFaults();
+        return text;
+    }
+    /// The lines about commands that did not end well, while a script runs.
+    std::string problemsOf(const std::wstring& script) {
+        std::string text;
+        session->setDiagnostics([&](const std::string& line) { text += line + "\n"; });
+        session->runScript(script, false, "plan.scr");
+        session->setDiagnostics({});
+        return text;
+    }
+    /// Types of the entities of the current drawing's model space.
+    std::string drawing() const {
+        const Store& store = session->database()->store();
+        std::string text;
+        for (Index at = store.firstLive(store.modelSpace()); at != kNoIndex;
+             at = store.nextLive(store.at(at)))
+            text += (text.empty() ? "" : " ") + std::string(store.at(at).type());
+        return text;
+    }
+    /// Handle of the entity drawn last.
+    std::string lastHandle() const {
+        const Store& store = session->database()->store();
+        return formatHandle(store.at(store.lastLive(store.modelSpace())).handle);
+    }
+    static std::string contentOf(const std::string& path) {
+        std::ifstream stream(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    static void write(const std::string& path, const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+
+    std::unique_ptr<Session> session;
+
+  private:
+    std::filesystem::path m_folder;
+};

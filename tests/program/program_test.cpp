@@ -1,0 +1,136 @@
+// The program from end to end: options, exit statuses and whole messages.
+#include "program_fixture.h"
+
+namespace {
+
+TEST_F(ProgramTest, WrongUse) {
+    const struct {
+        const char* arguments;
+        const char* complaint;
+    } cases[] = {
+        {"--nonsense", "unknown option --nonsense"},
+        {"-s", "-s needs a value"},
+        {"--script=", "--script needs a value that is not empty"},
+        {"-s a -s b", "-s is given twice"},
+        {"--set PICKADD", "--set needs NAME=VALUE, not \"PICKADD\""},
+        {"--registry A=x", "--registry needs a number from 0 to 4294967295 behind \"A=\""},
+        {"--registry A=4294967296", "--registry needs a number from 0 to 4294967295 behind \"A=\""},
+        {"--no-module=1", "--no-module takes no value"},
+        {"--no-module -m a.arx", "--module and --no-module exclude each other"},
+        {"a.dxf b.dxf", "only one drawing can be given, not also \"b.dxf\""},
+        {"\"\"", "the name of a drawing is empty"},
+        {"--check", "--check needs at least one file"},
+        {"--check a.dxf -s b", "--check only checks files: it takes no script and no module"},
+    };
+    for (const auto& each : cases) {
+        const Result run = drafthost(each.arguments);
+        EXPECT_EQ(run.status, 2) << each.arguments;
+        EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) +
+                                  "; drafthost --help lists the options\n");
+        EXPECT_EQ(run.output, "");
+    }
+}
+
+TEST_F(ProgramTest, HelpAndVersion) {
+    const Result help = drafthost("--help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.output.rfind("drafthost [options] [drawing.dxf]", 0), 0u);
+    EXPECT_NE(help.output.find("\n  QSAVE       saves the drawing under its name\n"),
+              std::string::npos);
+    EXPECT_EQ(drafthost("--version").output, "drafthost 1.0.0\n");
+}
+
+TEST_F(ProgramTest, AScriptDrawsAndSaves) {
+    write("plan.scr", "; three lines\r\nLINE 0,0 1,0 1,1 C\r\nSAVEAS \"a b.dxf\"\r\n");
+    const Result run = drafthost("--no-module /s plan.scr");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_NE(run.output.find("\nCommand: LINE\nSpecify first point: 0,0\n"), std::string::npos);
+    EXPECT_EQ(drafthost("--check 'a b.dxf'").output, "a b.dxf: sound\n");
+    const Result list = drafthost("--no-module -s - /i 'a b.dxf'", "PICK 0.5,0\nPICKED\n");
+    EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
+}
+
+TEST_F(ProgramTest, CommandsThatGoWrong) {
+    const struct {
+        const char* script;
+        int status;
+        const char* complaint;
+    } cases[] = {
+        {"NONSENSE\n", 1, ":1: unknown command \"NONSENSE\"; drafthost --help lists the commands"},
+        {"\nLINE 0,0", 1, ":2: LINE was cancelled: the input ended inside the command"},
+        {"(handent \"FFFF\")\n", 1, ":1: no object has the handle FFFF in this drawing"},
+        {"SAVEAS x.dwg\n", 4,
+         ":1: SAVEAS failed: x.dwg: only DXF can be written; name the file .dxf"},
+    };
+    for (const auto& each : cases) {
+        const Result run = script(each.script);
+        EXPECT_EQ(run.status, each.status) << each.script;
+        EXPECT_EQ(run.errors, "drafthost: standard input" + std::string(each.complaint) + "\n");
+    }
+    EXPECT_EQ(script("OPEN nowhere.dxf\n").status, 3);
+    EXPECT_EQ(script("SAVEAS nowhere/a.dxf\n").status, 4);
+}
+
+TEST_F(ProgramTest, FilesThatCannotBeRead) {
+    EXPECT_EQ(drafthost("--no-module nowhere.dxf").status, 3);
+    EXPECT_EQ(drafthost("--no-module nowhere.dxf").errors.rfind("drafthost: nowhere.dxf: ", 0), 0u);
+    EXPECT_EQ(drafthost("--no-module .").status, 3);
+    Result run = drafthost("-s nowhere.scr");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.errors,
+              "drafthost: nowhere.scr: the script cannot be read: No such file or directory\n");
+    EXPECT_EQ(drafthost("-s .").errors, "drafthost: .: a directory, not a script\n");
+    run = drafthost("-m nowhere.arx");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors, "drafthost: nowhere.arx: no such file\n");
+}
+
+TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
+    script("LINE 0,0 1,1\n\nSAVEAS good.dxf\n");
+    std::string text = contentOf("good.dxf");
+    const std::size_t layer = text.rfind("\n  8\n0\n", text.find("AcDbLine"));
+    ASSERT_NE(layer, std::string::npos);
+    text.replace(layer, 7, "\n  8\nnone\n");
+    write("bad.dxf", text);
+    EXPECT_EQ(drafthost("--check good.dxf").status, 0);
+    const Result run = drafthost("--check good.dxf bad.dxf");
+    EXPECT_EQ(run.status, 5);
+    EXPECT_NE(run.output.find("bad.dxf: damaged\n"), std::string::npos);
+    EXPECT_EQ(drafthost("--check nowhere.dxf bad.dxf").status, 3);
+    EXPECT_EQ(contentOf("bad.dxf"), text);
+    EXPECT_EQ(script("AUDIT\n", "bad.dxf").status, 1);
+}
+
+TEST_F(ProgramTest, VariablesAndMenuGroups) {
+    const Result run = script("SETVAR PICKADD \n", "--set pickadd=0 --menu Tools");
+    EXPECT_NE(run.output.find("new value for PICKADD <0>: "), std::string::npos);
+    const Result wrong = script("", "--set NOTHING=1");
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_EQ(wrong.errors.rfind("drafthost: --set NOTHING=1: ", 0), 0u);
+}
+
+TEST_F(ProgramTest, FaultsOfTheModuleAreToldAndCount) {
+    const std::string module = "-m \"" PROBE_FILE "\" -s -";
+    EXPECT_EQ(drafthost(module, "(ProbeTypes 1)\n").status, 0);
+    const Result run = drafthost(module, "(ProbeLeaks)\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors.rfind("drafthost: module fault: after (ProbeLeaks): 1 result buffer(s) "
+                               "not released",
+                               0),
+              0u);
+}
+
+TEST_F(ProgramTest, OutputThatCannotBeWritten) {
+    const std::string help = "\"" DRAFTHOST_FILE "\" --help";
+    const std::string closed =
+        "{ sleep 0.3; " + help + " 2>errors; echo $? >status; } | true; sleep 1";
+    ASSERT_EQ(std::system(closed.c_str()), 0);
+    EXPECT_EQ(contentOf("status") + contentOf("errors"), "0\n");
+    const std::string full = help + " >/dev/full 2>errors; echo $? >status";
+    ASSERT_EQ(std::system(full.c_str()), 0);
+    EXPECT_EQ(contentOf("status") + contentOf("errors"),
+              "1\ndrafthost: standard output cannot be written: No space left on device\n");
+}
+
+}  // namespace

@@ -1,0 +1,77 @@
+// The program at a terminal: prompt, line editing, Ctrl+C and Ctrl+D.
+#include <poll.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include "program_fixture.h"
+
+namespace {
+
+constexpr char kControlC = 3;
+constexpr char kControlD = 4;
+
+/// A program at a pseudo-terminal.
+class AtTerminal {
+  public:
+    AtTerminal() {
+        m_child = forkpty(&m_terminal, nullptr, nullptr, nullptr);
+        if (m_child != 0) return;
+        setenv("TERM", "dumb", 1);
+        execl(DRAFTHOST_FILE, "drafthost", "--no-module", nullptr);
+        _exit(127);
+    }
+    ~AtTerminal() { close(m_terminal); }
+
+    /// Reads until `text` has come since the last call; false when it does not come in time.
+    bool shows(const std::string& text) {
+        constexpr int kLongest = 20000;  // milliseconds
+        for (char buffer[512]; m_seen.find(text) == std::string::npos;) {
+            pollfd terminal = {m_terminal, POLLIN, 0};
+            const bool ready = poll(&terminal, 1, kLongest) > 0;
+            const ssize_t count = ready ? read(m_terminal, buffer, sizeof buffer) : 0;
+            if (count > 0) {
+                m_seen.append(buffer, static_cast<std::size_t>(count));
+                continue;
+            }
+            ADD_FAILURE() << "no \"" << text << "\" in: " << m_seen;
+            return false;
+        }
+        m_seen.erase(0, m_seen.find(text) + text.size());
+        return true;
+    }
+    void type(const std::string& text) {
+        EXPECT_EQ(write(m_terminal, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
+    int status() {
+        int result = -1;
+        waitpid(m_child, &result, 0);
+        return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+    }
+
+  private:
+    int m_terminal = -1;
+    pid_t m_child = -1;
+    std::string m_seen;
+};
+
+TEST(TerminalTest, CommandsCancelAndLeave) {
+    AtTerminal terminal;
+    ASSERT_TRUE(terminal.shows("Command: "));
+    terminal.type("LINE 0,0\n");
+    ASSERT_TRUE(terminal.shows("Specify next point: "));
+    terminal.type("nonsense\n");
+    ASSERT_TRUE(terminal.shows("is no point"));
+    ASSERT_TRUE(terminal.shows("Specify next point: "));
+    terminal.type("1,1\n");
+    ASSERT_TRUE(terminal.shows("Specify next point: "));
+    terminal.type(std::string(1, kControlC));
+    ASSERT_TRUE(terminal.shows("*Cancel*"));
+    ASSERT_TRUE(terminal.shows("Command: "));
+    terminal.type("PICK ALL\nPICKED\n");
+    ASSERT_TRUE(terminal.shows(" LINE"));
+    ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
+    terminal.type(std::string(1, kControlD));
+    EXPECT_EQ(terminal.status(), 0);
+}
+
+}  // namespace
