@@ -13,6 +13,9 @@ else()
 endif()
 
 add_library(velmohost SHARED ${host_sources})
+if(WIN32)
+  include(cmake/windows_runtime.cmake)
+endif()
 target_include_directories(velmohost PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(velmohost PRIVATE ${CMAKE_DL_LIBS})
 

@@ -5,6 +5,7 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/database/dictionary_text.h"
 #include "host/database/store.h"
 #include "host/database/tags.h"
 #include "host/database/text_codec.h"
@@ -53,6 +54,27 @@ void listGeometry(const Store& store, const ObjectBody& body) {
     if (type == "INSERT") listValue(store, text, 2, L"block");
 }
 
+/// Attributes of a block reference: "attribute TAG = text".
+void listAttributes(const Store& store, const ObjectBody& body) {
+    for (Index at = store.firstLive(body.self); at != kNoIndex; at = store.nextLive(store.at(at))) {
+        const ObjectBody& part = store.at(at);
+        const auto tag = findTag(part.text(), 2);
+        const auto text = findTag(part.text(), 1);
+        if (part.kind != Kind::Attribute || !tag || !text) continue;
+        say(L"    attribute " + store.decode(tag->value) + L" = " + store.decode(text->value));
+    }
+}
+
+/// Keys that applications keep in the entity's extension dictionary: "data KEY".
+void listApplicationData(const Store& store, const ObjectBody& body) {
+    const ObjectBody* dictionary = store.byHandle(extensionDictionaryHandle(body.text()));
+    if (dictionary == nullptr || dictionary->erased) return;
+    DictionaryReader entries(dictionary->text());
+    for (DictionaryEntry entry; entries.next(entry);) {
+        say(L"    data " + store.decode(entry.key));
+    }
+}
+
 CommandStatus runList() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
@@ -66,6 +88,8 @@ CommandStatus runList() {
         say(wide(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
             fromUtf8(formatHandle(body->handle)));
         listGeometry(*store, *body);
+        listAttributes(*store, *body);
+        listApplicationData(*store, *body);
     }
     return CommandStatus::Done;
 }
@@ -86,7 +110,7 @@ CommandStatus runAudit() {
 }
 
 const BuiltinCommand kCommands[] = {
-    {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle and geometry of entities"},
+    {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle, geometry and data of entities"},
     {L"AUDIT", 0, runAudit, L"checks the drawing for damage, changes nothing"},
 };
 

@@ -10,6 +10,7 @@
 #include "host/database/system_registry.h"
 #include "host/database/text_codec.h"
 #include "host/editor/command_table.h"
+#include "host/editor/document_state.h"
 #include "host/editor/input.h"
 #include "host/editor/selection_sets.h"
 #include "host/objectarx/command_stack.h"
@@ -55,9 +56,11 @@ void deliver(const std::string& where, Handler handler) {
 }
 
 /// Records the notification and calls the handlers. Those attached or detached by a handler count
-/// from the next notification on, except that a detached one is not called any more.
+/// from the next notification on, except that a detached one is not called any more. Without an
+/// open drawing nobody is called: handlers may count on a current document.
 template <typename Call>
 void send(const std::wstring& text, Call call) {
+    if (currentDocumentState() == nullptr) return;
     const std::string where = toUtf8(text);
     if (depth >= kDeepest) {
         reportModuleFault(where + ": handlers cause this notification without end");
