@@ -1,6 +1,8 @@
 // File calls on Windows.
 #include <windows.h>
 
+#include <system_error>
+
 #include "host/database/text_codec.h"
 #include "host/dxf/file_access.h"
 
@@ -9,13 +11,12 @@ namespace {
 
 bool failed(std::string& why) {
     const DWORD error = GetLastError();
-    wchar_t text[512];
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                                  nullptr, error, 0, text, 512, nullptr);
-    while (length > 0 && (text[length - 1] <= L' ' || text[length - 1] == L'.'))
-        --length;
-    why = length > 0 ? toUtf8(std::wstring_view(text, length))
-                     : "system error " + std::to_string(error);
+    // The same words as on other systems, where Windows' error has its match there.
+    const std::error_condition condition =
+        std::system_category().default_error_condition(static_cast<int>(error));
+    why = condition.category() == std::generic_category()
+              ? condition.message()
+              : "system error " + std::to_string(error);
     return false;
 }
 

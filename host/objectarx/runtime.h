@@ -90,7 +90,7 @@ class AcRxDynamicLinker : public AcRxObject {
 /// Messages and answers of an application's entry point.
 namespace AcRx {
 /// Codes 1 to 5 are required; the others are distinct values above them. Documented names.
-enum AppMsgCode {
+enum AppMsgCode : int {
     kNullMsg = 0,
     kInitAppMsg = 1,
     kUnloadAppMsg = 2,

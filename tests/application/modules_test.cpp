@@ -9,7 +9,7 @@ namespace {
 class ModulesTest : public SessionTest {
   protected:
     void loadWith(const char* misbehaviour) {
-        setenv("PROBE", misbehaviour, 1);
+        setVariable("PROBE", misbehaviour);
         loaded = session->loadModule(PROBE_FILE);
     }
     Outcome loaded;

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "common/process.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
@@ -33,13 +33,13 @@ class SessionTest : public testing::Test {
                    (std::string("velmo_") + info->test_suite_name() + "_" + info->name());
         std::filesystem::remove_all(m_folder);
         std::filesystem::create_directories(m_folder);
-        unsetenv("PROBE");
+        setVariable("PROBE", nullptr);
         session = std::make_unique<Session>();
     }
     ~SessionTest() override {
         session.reset();
         EXPECT_EQ(faults(), "");
-        unsetenv("PROBE");
+        setVariable("PROBE", nullptr);
         std::error_code ignored;
         std::filesystem::remove_all(m_folder, ignored);
     }

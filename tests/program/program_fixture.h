@@ -3,13 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#include "common/process.h"
 
 /// What one run gave.
 struct Result {
@@ -40,9 +39,8 @@ class ProgramTest : public testing::Test {
         write("input", input);
         const std::string command =
             std::string("\"" DRAFTHOST_FILE "\" ") + arguments + " <input >output 2>errors";
-        const int result = std::system(command.c_str());
-        return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, contentOf("output"),
-                contentOf("errors")};
+        const int status = runShell(command);
+        return {status, contentOf("output"), contentOf("errors")};
     }
     /// The same with a script on standard input and without a module.
     static Result script(const std::string& text, const std::string& arguments = "") {

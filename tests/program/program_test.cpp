@@ -46,8 +46,8 @@ TEST_F(ProgramTest, AScriptDrawsAndSaves) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_NE(run.output.find("\nCommand: LINE\nSpecify first point: 0,0\n"), std::string::npos);
-    EXPECT_EQ(drafthost("--check 'a b.dxf'").output, "a b.dxf: sound\n");
-    const Result list = drafthost("--no-module -s - /i 'a b.dxf'", "PICK 0.5,0\nPICKED\n");
+    EXPECT_EQ(drafthost("--check \"a b.dxf\"").output, "a b.dxf: sound\n");
+    const Result list = drafthost("--no-module -s - /i \"a b.dxf\"", "PICK 0.5,0\nPICKED\n");
     EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
 }
 
