@@ -33,7 +33,8 @@ Outcome failure(std::string text) { return {std::move(text), 1}; }
 /// Why the file cannot be an application, before the system's loader sees it; empty when it may.
 std::string fileProblem(const std::string& path) {
     std::error_code ignored;
-    const std::filesystem::file_status status = std::filesystem::status(std::filesystem::u8path(path), ignored);
+    const std::filesystem::file_status status =
+        std::filesystem::status(std::filesystem::u8path(path), ignored);
     if (!std::filesystem::exists(status)) return "no such file";
     if (std::filesystem::is_directory(status)) return "a directory, not an application";
     return {};

@@ -14,9 +14,8 @@ bool failed(std::string& why) {
     // The same words as on other systems, where Windows' error has its match there.
     const std::error_condition condition =
         std::system_category().default_error_condition(static_cast<int>(error));
-    why = condition.category() == std::generic_category()
-              ? condition.message()
-              : "system error " + std::to_string(error);
+    why = condition.category() == std::generic_category() ? condition.message()
+                                                          : "system error " + std::to_string(error);
     return false;
 }
 
