@@ -1,6 +1,7 @@
-// The group commands.
+// VelmoGROUPMAKE: binds entities into one group.
 #include "GroupCommands.h"
 
+#include "command_source.h"
 #include "diagnostics.h"
 #include "document_data.h"
 #include "group_forming.h"
@@ -9,32 +10,19 @@
 #include "marker_block.h"
 #include "membership.h"
 #include "platform.h"
+#include "selection_walk.h"
 #include "VeLogging.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"GroupCommands";
 constexpr int kListGrowth = 8;
 constexpr int kPointCode = 10;
 constexpr int kRefuseEmptyInput = 1;
 
 enum class Highlight { kOn = 3, kOff = 4 };
 
-/// Number of entities in the set; 0, without a word, when the set is not open any more.
-Adesk::Int32 lengthOf(const ads_name selection) {
-    Adesk::Int32 length = 0;
-    if (acedSSLength(selection, &length) != RTNORM) return 0;
-    return length;
-}
-
-bool nameAt(const ads_name selection, Adesk::Int32 index, ads_name entity) {
-    const bool named = acedSSName(selection, index, entity) == RTNORM;
-    DIAG_ASSERT(named, L"acedSSName(ss, i, ent1) == RTNORM");
-    return named;
-}
-
 void highlight(const ads_name selection, Highlight mode) {
-    const Adesk::Int32 length = lengthOf(selection);
+    const Adesk::Int32 length = selectionLength(selection);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name entity = {};
         if (nameAt(selection, i, entity)) acedRedraw(entity, static_cast<int>(mode));
@@ -55,14 +43,10 @@ void addAll(ads_name selection, const AcDbObjectIdArray& group) {
 
 /// Adds the whole group of every grouped entity. Entities that this adds are not visited.
 void widenToGroups(ads_name selection) {
-    const Adesk::Int32 length = lengthOf(selection);
+    const Adesk::Int32 length = selectionLength(selection);
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        ads_name entity = {};
-        if (!nameAt(selection, i, entity)) continue;
-        AcDbObjectId id;
-        const bool found = acdbGetObjectId(id, entity) == Acad::eOk;
-        DIAG_ASSERT(found, L"acdbGetObjectId (objId, ent1) == Acad::eOk");
-        if (!found || !isGroupedEntity(id)) continue;
+        const AcDbObjectId id = idAt(selection, i, L"acdbGetObjectId (objId, ent1) == Acad::eOk");
+        if (!isGroupedEntity(id)) continue;
         AcDbObjectIdArray group(0, kListGrowth);
         if (verifyGroup(group, id) && !group.isEmpty()) addAll(selection, group);
     }
@@ -95,7 +79,7 @@ bool definitionPoint(const ads_name entity, AcGePoint3d& point) {
 /// Where the markers go: at the first located entity. Only a set without any point asks the user;
 /// false when that prompt was cancelled.
 bool markerPoint(const ads_name selection, AcGePoint3d& point) {
-    const Adesk::Int32 length = lengthOf(selection);
+    const Adesk::Int32 length = selectionLength(selection);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name entity = {};
         if (nameAt(selection, i, entity) && definitionPoint(entity, point)) return true;
@@ -130,7 +114,3 @@ void groupMake() {
     acedSSFree(selection);
     clearPickfirst(selection);
 }
-
-void groupDelete() {}
-
-void groupRemoveMember() {}

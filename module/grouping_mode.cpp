@@ -1,9 +1,12 @@
 // Switches grouping and keeps the menu items in step.
 #include "grouping_mode.h"
 
+#include <initializer_list>
 #include <string>
 
+#include "document_data.h"
 #include "platform.h"
+#include "VeLogging.h"
 
 namespace {
 
@@ -26,6 +29,18 @@ void sendMenuCommands(std::initializer_list<const wchar_t*> instructions) {
 
 void showGroupingOn() { sendMenuCommands({L"ID_GRP_ON=~"}); }
 
-void groupingOn() {}
+void groupingOn() {
+    docData().m_bActive = true;
+    sendMenuCommands({L"ID_GRP_ON=~", L"ID_GRP_OFF="});
+    // Grouping widens the pick-first set, so it needs one, whatever the user had set.
+    resbuf* on = acutBuildList(RTSHORT, 1, 0);
+    acedSetVar(L"PICKFIRST", on);
+    acutRelRb(on);
+    logCommandUse(L"Active");
+}
 
-void groupingOff() {}
+// Not the mirror image of groupingOn, on purpose: PICKFIRST keeps its value and nothing is logged.
+void groupingOff() {
+    docData().m_bActive = false;
+    sendMenuCommands({L"ID_GRP_OFF=~", L"ID_GRP_ON="});
+}

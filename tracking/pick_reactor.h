@@ -1,4 +1,4 @@
-// The editor reactor that follows the pick-first set and the editing commands.
+// The editor reactor that follows the pick-first set.
 #pragma once
 
 #include "platform.h"
@@ -10,6 +10,9 @@ class KESTpickGroupEnt : public AcEditorReactor {
     explicit KESTpickGroupEnt(bool attach);
     /// Detaches itself when it was attached.
     ~KESTpickGroupEnt() override;
+
+    /// Widens the pick-first set to whole groups, or drops the whole groups of what was deselected.
+    void pickfirstModified() override;
 
   private:
     bool m_bAttachedToEditor = false;

@@ -1,0 +1,47 @@
+// Reads single markers and links pairs of them.
+#include "group_markers.h"
+
+#include "command_source.h"
+#include "diagnostics.h"
+#include "group_naming.h"
+#include "host_guards.h"
+#include "marker.h"
+
+std::wstring readMarkerCount(const AcDbObjectId& markerId) {
+    Opened<AcDbEntity> entity;
+    DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), markerId, AcDb::kForRead) == Acad::eOk,
+                L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
+    AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
+    if (reference == nullptr || !blockHasAttributeDefinitions(*reference)) return {};
+    const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
+    if (!attributes) return {};
+    // The count stands in the second attribute; the first is never looked at.
+    attributes->start();
+    attributes->step();
+    if (attributes->done()) return {};
+    Opened<AcDbAttribute> attribute;
+    const bool opened = reference->openAttribute(attribute.receive(), attributes->objectId(),
+                                                 AcDb::kForRead) == Acad::eOk;
+    DIAG_ASSERT(opened, L"pBlkRef->openAttribute(pAtt, attId, AcDb::kForRead) == Acad::eOk");
+    if (!opened || attribute->tagConst() != groupPrefix() + GroupSuffix::kBeginMarker) return {};
+    return attribute->textStringConst();
+}
+
+AcGePoint3d markerPosition(const AcDbObjectId& markerId) {
+    Opened<AcDbEntity> entity;
+    DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), markerId, AcDb::kForRead) == Acad::eOk,
+                L"acdbOpenAcDbEntity(pEnt, blkId, AcDb::kForRead) == Acad::eOk");
+    const AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
+    if (reference != nullptr) return reference->position();
+    acutPrintf(L"\n\n !!! BANG Object is not a AcDbBlockReference!!!\n");
+    return AcGePoint3d::kOrigin;
+}
+
+void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& count) {
+    updateMarker(begin.id, begin.position, end.handle, count);
+    updateMarker(end.id, end.position, begin.handle, count);
+}
+
+bool sameTag(const std::wstring& left, const std::wstring& right) {
+    return _wcsicmp(left.c_str(), right.c_str()) == 0;
+}
