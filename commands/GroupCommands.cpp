@@ -33,11 +33,10 @@ void highlight(const ads_name selection, Highlight mode) {
 void addAll(ads_name selection, const AcDbObjectIdArray& group) {
     for (int i = 0; i < group.length(); ++i) {
         ads_name entity = {};
-        const bool named = acdbGetAdsName(entity, group[i]) == Acad::eOk;
-        DIAG_ASSERT(named, L"acdbGetAdsName(ent1, objId) == Acad::eOk");
+        const bool named = DIAG_ASSERT(acdbGetAdsName(entity, group[i]) == Acad::eOk,
+                                       L"acdbGetAdsName(ent1, objId) == Acad::eOk");
         if (!named) continue;
-        DIAG_ASSERT(acedSSAdd(entity, selection, selection) == RTNORM,
-                    L"acedSSAdd(ent1, ss, ss) == RTNORM");
+        DIAG_CHECK(acedSSAdd(entity, selection, selection) == RTNORM);
     }
 }
 

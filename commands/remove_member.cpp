@@ -35,8 +35,7 @@ int shrinkGroup(const AcDbObjectIdArray& group) {
 /// Moves the entity behind everything in the drawing, without its group record.
 void recloneAlone(const ads_name entity) {
     ads_name selection = {};
-    const bool made = acedSSAdd(entity, nullptr, selection) == RTNORM;
-    DIAG_ASSERT(made, L"acedSSAdd(ent, NULL, ss) == RTNORM");
+    const bool made = DIAG_CHECK(acedSSAdd(entity, nullptr, selection) == RTNORM);
     if (!made) return;
     recloneIntoCurrentSpace(selection, Records::kTakeAway);
     acedSSFree(selection);

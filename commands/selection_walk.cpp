@@ -10,8 +10,7 @@ Adesk::Int32 selectionLength(const ads_name selection) {
 }
 
 bool nameAt(const ads_name selection, Adesk::Int32 index, ads_name entity) {
-    const bool named = acedSSName(selection, index, entity) == RTNORM;
-    DIAG_ASSERT(named, L"acedSSName(ss, i, ent) == RTNORM");
+    const bool named = DIAG_CHECK(acedSSName(selection, index, entity) == RTNORM);
     return named;
 }
 

@@ -15,8 +15,7 @@ std::wstring currentSpaceName() {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     if (database == nullptr || database->tilemode()) return ACDB_MODEL_SPACE;
     resbuf viewport{};
-    const bool known = acedGetVar(L"CVPORT", &viewport) == RTNORM;
-    DIAG_ASSERT(known, L"acedGetVar(L\"CVPORT\", &rbViewport) == RTNORM");
+    const bool known = DIAG_CHECK(acedGetVar(L"CVPORT", &viewport) == RTNORM);
     return known && viewport.resval.rint == kPaperSpaceViewport ? ACDB_PAPER_SPACE
                                                                 : ACDB_MODEL_SPACE;
 }
@@ -25,11 +24,10 @@ AcDbObjectId currentSpaceId() {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     if (database == nullptr) return {};
     Opened<AcDbBlockTable> blocks;
-    const bool opened = database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk;
-    DIAG_ASSERT(opened, L"pDatabase->getSymbolTable(pBlockTable, AcDb::kForRead) == Acad::eOk");
+    const bool opened =
+        DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
     if (!opened) return {};
     AcDbObjectId space;
-    DIAG_ASSERT(blocks->getAt(currentSpaceName().c_str(), space) == Acad::eOk,
-                L"pBlockTable->getAt(sSpaceName, spaceId) == Acad::eOk");
+    DIAG_CHECK(blocks->getAt(currentSpaceName().c_str(), space) == Acad::eOk);
     return space;
 }

@@ -24,8 +24,7 @@ std::wstring confirmForming() { return kProceed; }
 
 Adesk::Int32 lengthOf(const ads_name selection) {
     Adesk::Int32 length = 0;
-    DIAG_ASSERT(acedSSLength(selection, &length) == RTNORM,
-                L"acedSSLength(ss, &nLength) == RTNORM");
+    DIAG_CHECK(acedSSLength(selection, &length) == RTNORM);
     return length;
 }
 
@@ -33,22 +32,18 @@ Adesk::Int32 lengthOf(const ads_name selection) {
 AcDbObjectId idAt(const ads_name selection, Adesk::Int32 index) {
     ads_name name = {};
     AcDbObjectId id;
-    const bool named = acedSSName(selection, index, name) == RTNORM;
-    DIAG_ASSERT(named, L"acedSSName(ss, i, ent) == RTNORM");
+    const bool named = DIAG_CHECK(acedSSName(selection, index, name) == RTNORM);
     if (!named) return id;
-    DIAG_ASSERT(acdbGetObjectId(id, name) == Acad::eOk,
-                L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
 
 AcDbObjectId lastEntity() {
     ads_name name = {};
     AcDbObjectId id;
-    const bool found = acdbEntLast(name) == RTNORM;
-    DIAG_ASSERT(found, L"acdbEntLast(ent) == RTNORM");
+    const bool found = DIAG_CHECK(acdbEntLast(name) == RTNORM);
     if (!found) return id;
-    DIAG_ASSERT(acdbGetObjectId(id, name) == Acad::eOk,
-                L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
 
@@ -73,9 +68,8 @@ AcDbObjectIdArray markersIn(const ads_name selection) {
 void removeFrom(const ads_name selection, const AcDbObjectIdArray& markers) {
     for (int i = 0; i < markers.length(); ++i) {
         ads_name name = {};
-        DIAG_ASSERT(acdbGetAdsName(name, markers[i]) == Acad::eOk,
-                    L"acdbGetAdsName(ent, objId) == Acad::eOk");
-        DIAG_ASSERT(acedSSDel(name, selection) == RTNORM, L"acedSSDel(ent, ss) == RTNORM");
+        DIAG_CHECK(acdbGetAdsName(name, markers[i]) == Acad::eOk);
+        DIAG_CHECK(acedSSDel(name, selection) == RTNORM);
     }
 }
 
@@ -98,8 +92,8 @@ Sources prepareSources(const ads_name selection, Records records) {
             ungroupEntity(id);
         }
         Opened<AcDbEntity> entity;
-        const bool opened = acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk;
-        DIAG_ASSERT(opened, L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
+        const bool opened =
+            DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk);
         if (!opened) continue;
         if (commonOwner.isNull()) commonOwner = entity->ownerId();
         if (entity->ownerId() == commonOwner) sources.toClone.append(id);
@@ -142,9 +136,8 @@ void recloneIntoCurrentSpace(const ads_name selection, Records records) {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     AcDbIdMapping clones;
     const bool cloned =
-        database != nullptr &&
-        database->deepCloneObjects(sources.toClone, space, clones, false) == Acad::eOk;
-    DIAG_ASSERT(cloned, L"pDatabase->deepCloneObjects(aIds, spaceId, idMap, false) == Acad::eOk");
+        DIAG_CHECK(database != nullptr &&
+                   database->deepCloneObjects(sources.toClone, space, clones, false) == Acad::eOk);
     if (cloned) eraseAll(sources.toErase);  // a drawing must not lose what could not be cloned
 }
 
@@ -159,7 +152,7 @@ void formGroup(const ads_name selection, const AcGePoint3d& point) {
     const AcDbObjectId begin = lastEntity();
     const std::wstring beginHandle = handleText(begin);
     recloneIntoCurrentSpace(selection, Records::kGive);
-    acedSSFree(selection);
+    DIAG_CHECK(acedSSFree(selection) == RTNORM);
     insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count);
     const AcDbObjectId end = lastEntity();
     updateMarker(begin, point, handleText(end), count);

@@ -14,28 +14,23 @@ AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
     Opened<AcDbLayerTableRecord> layer;
     if (layers.getAt(name.c_str(), layer.receive(), AcDb::kForWrite) != Acad::eOk) return {};
     if (thaw) {
-        DIAG_ASSERT(layer->setIsFrozen(false) == Acad::eOk,
-                    L"pLayer->setIsFrozen(false) == Acad::eOk");
+        DIAG_CHECK(layer->setIsFrozen(false) == Acad::eOk);
     }
-    DIAG_ASSERT(layer->setColor(color) == Acad::eOk, L"pLayer->setColor(color) == Acad::eOk");
-    DIAG_ASSERT(layer->setLinetypeObjectId(linetype) == Acad::eOk,
-                L"pLayer->setLinetypeObjectId(linetypeId) == Acad::eOk");
+    DIAG_CHECK(layer->setColor(color) == Acad::eOk);
+    DIAG_CHECK(layer->setLinetypeObjectId(linetype) == Acad::eOk);
     return layer->objectId();
 }
 
 /// Adds a new layer to the open table, which is upgraded to write. The null id on failure.
 AcDbObjectId addLayer(AcDbLayerTable& layers, const std::wstring& name, const AcCmColor& color,
                       const AcDbObjectId& linetype) {
-    const bool writable = layers.upgradeOpen() == Acad::eOk;
-    DIAG_ASSERT(writable, L"pLayerTable->upgradeOpen() == Acad::eOk");
+    const bool writable = DIAG_CHECK(layers.upgradeOpen() == Acad::eOk);
     if (!writable) return {};
     NewObject<AcDbLayerTableRecord> layer(new AcDbLayerTableRecord);
-    DIAG_ASSERT(layer->setName(name.c_str()) == Acad::eOk,
-                L"pLayer->setName(sLayerName) == Acad::eOk");
-    DIAG_ASSERT(layer->setColor(color) == Acad::eOk, L"pLayer->setColor(color) == Acad::eOk");
-    DIAG_ASSERT(layer->setLinetypeObjectId(linetype) == Acad::eOk,
-                L"pLayer->setLinetypeObjectId(linetypeId) == Acad::eOk");
-    DIAG_ASSERT(layers.add(layer.get()) == Acad::eOk, L"pLayerTable->add(pLayer) == Acad::eOk");
+    DIAG_CHECK(layer->setName(name.c_str()) == Acad::eOk);
+    DIAG_CHECK(layer->setColor(color) == Acad::eOk);
+    DIAG_CHECK(layer->setLinetypeObjectId(linetype) == Acad::eOk);
+    DIAG_CHECK(layers.add(layer.get()) == Acad::eOk);
     return layer->objectId();
 }
 
@@ -44,7 +39,7 @@ AcDbObjectId addLayer(AcDbLayerTable& layers, const std::wstring& name, const Ac
 void makeLayer(const std::wstring& name, Adesk::UInt16 colorIndex, const AcDbObjectId& linetype,
                int thawAndMakeCurrent) {
     AcCmColor color;
-    color.setColorIndex(colorIndex);
+    DIAG_CHECK(color.setColorIndex(colorIndex) == Acad::eOk);
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     Opened<AcDbLayerTable> layers;
     if (database == nullptr ||
@@ -58,7 +53,6 @@ void makeLayer(const std::wstring& name, Adesk::UInt16 colorIndex, const AcDbObj
                                 : addLayer(*layers.get(), name, color, linetype);
     layers.close();
     if (makeCurrent && !id.isNull()) {
-        DIAG_ASSERT(database->setClayer(id) == Acad::eOk,
-                    L"pDatabase->setClayer(layerId) == Acad::eOk");
+        DIAG_CHECK(database->setClayer(id) == Acad::eOk);
     }
 }

@@ -13,7 +13,7 @@ constexpr int kTextCode = 1;
 /// Text of the first text group in the record; empty when it has none.
 std::wstring recordText(const AcDbXrecord& record) {
     ResultBuffers chain;
-    DIAG_ASSERT(record.rbChain(chain.receive()) == Acad::eOk, L"pXrec->rbChain(&pRb) == Acad::eOk");
+    DIAG_CHECK(record.rbChain(chain.receive()) == Acad::eOk);
     for (const resbuf* item = chain.get(); item != nullptr; item = item->rbnext) {
         if (item->restype != kTextCode) continue;
         return item->resval.rstring != nullptr ? item->resval.rstring : L"";
@@ -25,21 +25,18 @@ std::wstring recordText(const AcDbXrecord& record) {
 void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     const std::wstring prefix = groupPrefix();
     Opened<AcDbDictionary> dictionary;
-    const bool opened =
-        acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForWrite) == Acad::eOk;
-    DIAG_ASSERT(opened, L"acdbOpenObject(pDict, dictId, AcDb::kForWrite) == Acad::eOk");
+    const bool opened = DIAG_CHECK(
+        acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForWrite) == Acad::eOk);
     if (!opened) return;
     AcDbObjectId recordId;
-    DIAG_ASSERT(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
-                    Acad::eOk,
-                L"pDict->setAt(sKey, pXrec, xrecId) == Acad::eOk");
+    DIAG_CHECK(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
+               Acad::eOk);
     dictionary.close();
 
     const std::wstring text = prefix + GroupSuffix::kRecordText;
     const ResultBuffers chain(acutBuildList(kTextCode, text.c_str(), 0));
     if (chain.get() == nullptr) return;
-    DIAG_ASSERT(record.setFromRbChain(*chain.get()) == Acad::eOk,
-                L"pXrec->setFromRbChain(*pRb) == Acad::eOk");
+    DIAG_CHECK(record.setFromRbChain(*chain.get()) == Acad::eOk);
 }
 
 }  // namespace
@@ -54,7 +51,7 @@ void createXrecord(const AcDbObjectId& entityId) {
     // An extension dictionary of somebody else's is left alone: such an entity gets no record.
     const Acad::ErrorStatus status = entity->createExtensionDictionary();
     if (status == Acad::eAlreadyInDb) return;
-    DIAG_ASSERT(status == Acad::eOk, L"pObj->createExtensionDictionary() == Acad::eOk");
+    DIAG_ASSERT(status == Acad::eOk, L"entity->createExtensionDictionary() == Acad::eOk");
     const AcDbObjectId dictionaryId = entity->extensionDictionary();
     entity.close();
     storeRecord(dictionaryId, *record.get());

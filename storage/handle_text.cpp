@@ -13,8 +13,8 @@ constexpr int kHandleBufferLength = 17;
 
 std::wstring handleText(const AcDbObjectId& id) {
     Opened<AcDbObject> object;
-    const bool opened = acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk;
-    DIAG_ASSERT(opened, L"acdbOpenObject(pObj, objId, AcDb::kForRead) == Acad::eOk");
+    const bool opened =
+        DIAG_CHECK(acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk);
     if (!opened) return {};
     AcDbHandle handle;
     object->getAcDbHandle(handle);

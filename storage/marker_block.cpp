@@ -18,20 +18,19 @@ enum class Place { kFirst, kBelowFirst };
 /// Tag, prompt and default text of a definition are all the block's name.
 void setProperties(AcDbAttributeDefinition& definition, const std::wstring& blockName,
                    const std::wstring& layerName) {
-    definition.setTag(blockName.c_str());
-    definition.setPrompt(blockName.c_str());
-    definition.setTextString(blockName.c_str());
-    definition.setHeight(kAttributeHeight);
-    definition.setRotation(0.0);
-    definition.setHorizontalMode(AcDb::kTextLeft);
-    definition.setVerticalMode(AcDb::kTextBase);
-    DIAG_ASSERT(definition.setLayer(layerName.c_str()) == Acad::eOk,
-                L"pAttDef->setLayer(sLayerName) == Acad::eOk");
-    definition.setInvisible(true);
-    definition.setVerifiable(false);
-    definition.setPreset(false);
-    definition.setConstant(false);
-    definition.setFieldLength(kFieldLength);
+    DIAG_CHECK(definition.setTag(blockName.c_str()) == Acad::eOk);
+    DIAG_CHECK(definition.setPrompt(blockName.c_str()) == Acad::eOk);
+    DIAG_CHECK(definition.setTextString(blockName.c_str()) == Acad::eOk);
+    DIAG_CHECK(definition.setHeight(kAttributeHeight) == Acad::eOk);
+    DIAG_CHECK(definition.setRotation(0.0) == Acad::eOk);
+    DIAG_CHECK(definition.setHorizontalMode(AcDb::kTextLeft) == Acad::eOk);
+    DIAG_CHECK(definition.setVerticalMode(AcDb::kTextBase) == Acad::eOk);
+    DIAG_CHECK(definition.setLayer(layerName.c_str()) == Acad::eOk);
+    DIAG_CHECK(definition.setInvisible(true) == Acad::eOk);
+    DIAG_CHECK(definition.setVerifiable(false) == Acad::eOk);
+    DIAG_CHECK(definition.setPreset(false) == Acad::eOk);
+    DIAG_CHECK(definition.setConstant(false) == Acad::eOk);
+    DIAG_CHECK(definition.setFieldLength(kFieldLength) == Acad::eOk);
 }
 
 void appendDefinition(AcDbBlockTableRecord& block, const std::wstring& blockName,
@@ -39,19 +38,19 @@ void appendDefinition(AcDbBlockTableRecord& block, const std::wstring& blockName
     NewObject<AcDbAttributeDefinition> definition(new AcDbAttributeDefinition);
     if (place == Place::kBelowFirst) {
         // By the height that a new definition reports, not by the one that it is given below.
-        definition->setPosition(AcGePoint3d(0.0, -definition->height(), 0.0));
+        DIAG_CHECK(definition->setPosition(AcGePoint3d(0.0, -definition->height(), 0.0)) ==
+                   Acad::eOk);
     }
     setProperties(*definition.get(), blockName, layerName);
-    DIAG_ASSERT(block.appendAcDbEntity(definition.get()) == Acad::eOk,
-                L"pBlockRecord->appendAcDbEntity(pAttDef) == Acad::eOk");
+    DIAG_CHECK(block.appendAcDbEntity(definition.get()) == Acad::eOk);
 }
 
 bool blockMissing(const std::wstring& blockName) {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     Opened<AcDbBlockTable> blocks;
-    const bool opened = database != nullptr &&
-                        database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk;
-    DIAG_ASSERT(opened, L"pDatabase->getSymbolTable(pBlockTable, AcDb::kForRead) == Acad::eOk");
+    const bool opened =
+        DIAG_CHECK(database != nullptr &&
+                   database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
     return opened && !blocks->has(blockName.c_str());
 }
 
@@ -62,8 +61,7 @@ bool groupLinetype(AcDbDatabase* database, AcDbObjectId& linetype) {
         database->getSymbolTable(linetypes.receive(), AcDb::kForRead) != Acad::eOk) {
         return false;
     }
-    DIAG_ASSERT(linetypes->getAt(L"CONTINUOUS", linetype) == Acad::eOk,
-                L"pLinetypeTable->getAt(L\"CONTINUOUS\", linetypeId) == Acad::eOk");
+    DIAG_CHECK(linetypes->getAt(L"CONTINUOUS", linetype) == Acad::eOk);
     return true;
 }
 
@@ -83,15 +81,13 @@ void createMarkerBlock(AcDbObjectId& blockId, const std::wstring& blockName) {
     makeLayer(layerName, kGroupLayerColor, linetype, 0);
 
     NewObject<AcDbBlockTableRecord> block(new AcDbBlockTableRecord);
-    DIAG_ASSERT(block->setName(blockName.c_str()) == Acad::eOk,
-                L"pBlockRecord->setName(sBlockName) == Acad::eOk");
-    block->setOrigin(AcGePoint3d::kOrigin);
+    DIAG_CHECK(block->setName(blockName.c_str()) == Acad::eOk);
+    DIAG_CHECK(block->setOrigin(AcGePoint3d::kOrigin) == Acad::eOk);
     Opened<AcDbBlockTable> blocks;
-    const bool opened = database->getSymbolTable(blocks.receive(), AcDb::kForWrite) == Acad::eOk;
-    DIAG_ASSERT(opened, L"pDatabase->getSymbolTable(pBlockTable, AcDb::kForWrite) == Acad::eOk");
+    const bool opened =
+        DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForWrite) == Acad::eOk);
     if (!opened) return;
-    const bool added = blocks->add(blockId, block.get()) == Acad::eOk;
-    DIAG_ASSERT(added, L"pBlockTable->add(blockId, pBlockRecord) == Acad::eOk");
+    const bool added = DIAG_CHECK(blocks->add(blockId, block.get()) == Acad::eOk);
     if (!added) return;
     appendDefinition(*block.get(), blockName, layerName, Place::kFirst);
     if (blockName == prefix + GroupSuffix::kBeginMarker) {

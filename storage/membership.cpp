@@ -15,8 +15,7 @@ constexpr int kCountAttribute = 2;
 
 std::wstring handleTextOf(const ads_name name) {
     AcDbObjectId id;
-    DIAG_ASSERT(acdbGetObjectId(id, name) == Acad::eOk,
-                L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return handleText(id);
 }
 
@@ -28,8 +27,7 @@ AcDbObjectId sequenceEndToStepOver(AcDbEntity& entity) {
         // The block may define attributes while this reference has none: then no end exists.
         if (reference->openSequenceEnd(end.receive(), AcDb::kForRead) != Acad::eOk) return {};
     } else if (AcDb2dPolyline* polyline = AcDb2dPolyline::cast(&entity)) {
-        DIAG_ASSERT(polyline->openSequenceEnd(end.receive(), AcDb::kForRead) == Acad::eOk,
-                    L"pPolyline->openSequenceEnd(pSeqEnd, AcDb::kForRead) == Acad::eOk");
+        DIAG_CHECK(polyline->openSequenceEnd(end.receive(), AcDb::kForRead) == Acad::eOk);
     }
     return end ? end->objectId() : AcDbObjectId();
 }
@@ -78,8 +76,7 @@ class GroupWalk {
     /// Looks at the entity's attributes; kMember when nothing makes it a marker.
     Step visit(const AcDbObjectId& current) {
         Opened<AcDbEntity> entity;
-        DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), current, AcDb::kForRead) == Acad::eOk,
-                    L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
+        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), current, AcDb::kForRead) == Acad::eOk);
         AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
         if (reference == nullptr || !blockHasAttributeDefinitions(*reference)) {
             return Step::kMember;
@@ -90,10 +87,8 @@ class GroupWalk {
         for (; attributes && !attributes->done(); attributes->step()) {
             Opened<AcDbAttribute> attribute;
             const bool opened =
-                reference->openAttribute(attribute.receive(), attributes->objectId(),
-                                         AcDb::kForRead) == Acad::eOk;
-            DIAG_ASSERT(opened,
-                        L"pBlkRef->openAttribute(pAtt, attId, AcDb::kForRead) == Acad::eOk");
+                DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
+                                                    AcDb::kForRead) == Acad::eOk);
             if (!opened) break;
             const std::wstring tag = attribute->tagConst();
             if (tag == m_endTag) {
@@ -124,8 +119,7 @@ class GroupWalk {
         m_count = _wtoi(attribute.textStringConst());
         m_text.clear();
         ads_name name = {};
-        DIAG_ASSERT(acdbGetAdsName(name, attribute.objectId()) == Acad::eOk,
-                    L"acdbGetAdsName(ent, attId) == Acad::eOk");
+        DIAG_CHECK(acdbGetAdsName(name, attribute.objectId()) == Acad::eOk);
         if (acdbEntNext(name, name) == RTNORM && acdbEntNext(name, name) == RTNORM) {
             m_text = handleTextOf(name);
         }
@@ -156,13 +150,12 @@ std::wstring nextEntityHandle(const AcDbObjectId& entityId) {
     ads_name name = {};
     if (acdbGetAdsName(name, entityId) != Acad::eOk) return {};
     Opened<AcDbEntity> entity;
-    const bool opened = acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk;
-    DIAG_ASSERT(opened, L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
+    const bool opened =
+        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
     if (opened) {
         const AcDbObjectId end = sequenceEndToStepOver(*entity.get());
         if (!end.isNull()) {
-            DIAG_ASSERT(acdbGetAdsName(name, end) == Acad::eOk,
-                        L"acdbGetAdsName(ent, seqEndId) == Acad::eOk");
+            DIAG_CHECK(acdbGetAdsName(name, end) == Acad::eOk);
         }
     }
     entity.close();

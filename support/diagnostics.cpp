@@ -35,10 +35,11 @@ void writeStandardOutput(const std::wstring& text) {
 
 }  // namespace
 
-void checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression) {
-    if (holds || !G_diagnostics.assertionsEnabled) return;
+bool checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression) {
+    if (holds || !G_diagnostics.assertionsEnabled) return holds;
     reportAssertion(source, line, expression);
     if (::IsDebuggerPresent()) ::DebugBreak();
+    return holds;
 }
 
 void reportAssertion(const wchar_t* source, int line, const wchar_t* expression) {

@@ -16,16 +16,20 @@ struct DiagnosticsSettings {
 extern DiagnosticsSettings G_diagnostics;
 
 /// Checks a condition, which is evaluated exactly once whatever the settings, so that it may be the
-/// call itself. When it is false and checks are enabled, `expression` is reported; execution always
-/// goes on. The source names itself by a constant: `constexpr wchar_t DIAG_SOURCE[] =
-/// L"VeLogging";`
+/// call itself; the value is the condition's. When it is false and checks are enabled, `expression`
+/// is reported; execution always goes on. The source names itself by a constant:
+/// `constexpr wchar_t DIAG_SOURCE[] = L"VeLogging";`
 #define DIAG_ASSERT(condition, expression) DIAG_ASSERT_AT(__LINE__, condition, expression)
 /// The same with the line to report.
 #define DIAG_ASSERT_AT(line, condition, expression) \
     checkAssertion(static_cast<bool>(condition), DIAG_SOURCE, (line), (expression))
+/// The same with the condition as it stands in the source for its expression.
+#define DIAG_CHECK(condition) DIAG_ASSERT(condition, DIAG_WIDE(#condition))
+#define DIAG_WIDE(literal) DIAG_WIDE_TOKEN(literal)
+#define DIAG_WIDE_TOKEN(literal) L##literal
 
-/// What DIAG_ASSERT does: reports, then breaks into an attached debugger.
-void checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression);
+/// What DIAG_ASSERT does: reports, then breaks into an attached debugger. Gives `holds`.
+bool checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression);
 /// Shows the message box, waits for it, and hands report line and call stack to diagnosticsOutput.
 void reportAssertion(const wchar_t* source, int line, const wchar_t* expression);
 

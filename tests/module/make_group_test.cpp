@@ -7,6 +7,7 @@
 #include "host/database/tags.h"
 #include "host/database/text_codec.h"
 #include "host/editor/document_state.h"
+#include "host/objectarx/database.h"
 
 namespace {
 
@@ -159,6 +160,28 @@ TEST(MakeGroup, OlderDrawingsKeepTheirPrefix) {
     EXPECT_EQ(drafting.order(), "begin(1) line* end");
     EXPECT_NE(drafting.store().symbol("BLOCK_RECORD", L"KEST_GB"), nullptr);
     EXPECT_EQ(drafting.store().symbol("BLOCK_RECORD", L"VELMO_GB"), nullptr);
+}
+
+TEST(MakeGroup, AnExistingGroupLayerGetsItsColourBackAndStaysFrozen) {
+    Drafting drafting;
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(drafting.session().database()->getSymbolTable(layers, AcDb::kForWrite), Acad::eOk);
+    auto* layer = new AcDbLayerTableRecord;
+    AcCmColor green;
+    green.setColorIndex(3);
+    layer->setName(L"VELMO_GFRZ");
+    layer->setColor(green);
+    layer->setIsFrozen(true);
+    ASSERT_EQ(layers->add(layer), Acad::eOk);
+    layer->close();
+    layers->close();
+    drafting.run(L"LINE 1,1 2,2\n\n");
+    drafting.run(kMakeOfAll);
+    EXPECT_EQ(drafting.order(), "begin(1) line* end");
+    const host::ObjectBody* stored = drafting.store().symbol("LAYER", L"VELMO_GFRZ");
+    const std::string handle = host::formatHandle(stored->handle);
+    EXPECT_EQ(groupOf(drafting.store(), handle, 62), "7");
+    EXPECT_EQ(groupOf(drafting.store(), handle, 70), "1");
 }
 
 TEST(MakeGroup, WorksInTheSpaceOfTheUser) {
