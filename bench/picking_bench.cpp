@@ -1,0 +1,78 @@
+// How long it takes to widen a selection to a whole group, and how many host calls it costs.
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "host/application/session.h"
+#include "host/control/effects.h"
+#include "host/control/faults.h"
+#include "host/database/store.h"
+#include "host/editor/pickfirst.h"
+#include "host/objectarx/database.h"
+
+namespace {
+
+/// A drawing of one group, with the module loaded.
+class GroupDrawing {
+  public:
+    explicit GroupDrawing(long members) {
+        if (!m_session.newDrawing() || !m_session.loadModule(MODULE_FILE)) {
+            throw std::runtime_error("no drawing with the module");
+        }
+        std::wstring script;
+        for (long x = 1; x <= members; ++x) {
+            script += L"LINE " + std::to_wstring(x) + L",0 " + std::to_wstring(x) + L",1\n\n";
+        }
+        m_session.runScript(script + L"VelmoGROUPMAKE ALL\n\n");
+        host::clearEffects();
+        host::setEffectRecording(false);
+    }
+    ~GroupDrawing() { host::setEffectRecording(true); }
+
+    /// The members in drawing order: all but the first and the last entity.
+    std::vector<AcDbObjectId> members() const {
+        const host::Store& store = m_session.database()->store();
+        const host::Index space = store.modelSpace();
+        std::vector<AcDbObjectId> ids;
+        for (host::Index i = store.nextLive(store.at(store.firstLive(space)));
+             i != store.lastLive(space); i = store.nextLive(store.at(i))) {
+            ids.push_back(store.idOf(i));
+        }
+        return ids;
+    }
+
+  private:
+    host::Session m_session;
+};
+
+/// Times one gesture on an empty pick-first set.
+void measure(benchmark::State& state, const std::vector<AcDbObjectId>& picks, std::size_t widened) {
+    for (auto step : state) {
+        host::setFaultPlan({});
+        host::pick(picks);
+        state.PauseTiming();
+        state.counters["host_calls"] = static_cast<double>(host::faultCallCount());
+        if (host::pickfirst().size() != widened) state.SkipWithError("not the whole group");
+        host::pickNothing();
+        state.ResumeTiming();
+    }
+}
+
+void pickOneMember(benchmark::State& state) {
+    const GroupDrawing drawing(state.range(0));
+    const std::vector<AcDbObjectId> members = drawing.members();
+    measure(state, {members[members.size() / 2]}, members.size() + 2);
+}
+
+void windowOverTheGroup(benchmark::State& state) {
+    const GroupDrawing drawing(state.range(0));
+    const std::vector<AcDbObjectId> members = drawing.members();
+    measure(state, {members.rbegin(), members.rend()}, members.size() + 2);
+}
+
+BENCHMARK(pickOneMember)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(windowOverTheGroup)->RangeMultiplier(10)->Range(10, 1000)->Unit(benchmark::kMillisecond);
+
+}  // namespace

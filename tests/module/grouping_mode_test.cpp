@@ -1,0 +1,101 @@
+// Switching grouping on and off: menu items, PICKFIRST, each drawing for itself.
+#include "common/scene.h"
+#include "host/editor/menus.h"
+#include "host/editor/sysvars.h"
+
+namespace {
+
+using host::Switches;
+using tests::kGathering;
+using tests::Scene;
+using tests::underEachSetting;
+
+const std::string kGroup = "begin(2) line* line* end | ";
+
+struct MenuCase {
+    std::vector<std::wstring> loaded;
+    std::string firstOff;  ///< in a drawing that the module has not met before
+    std::string on;
+    std::string off;
+};
+
+TEST(GroupingMode, MenuItemsOfTheFirstMenuGroupFollow) {
+    const MenuCase cases[] = {
+        {{}, "", "", ""},
+        {{L"Morvanta"},
+         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON=",
+         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=",
+         "GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON="},
+        {{L"Pelltrix"},
+         "GPelltrix.ID_GRP_ON=~, GPelltrix.ID_GRP_OFF=~, GPelltrix.ID_GRP_ON=",
+         "GPelltrix.ID_GRP_ON=~, GPelltrix.ID_GRP_OFF=",
+         "GPelltrix.ID_GRP_OFF=~, GPelltrix.ID_GRP_ON="},
+        {{L"Pelltrix", L"Morvanta"},
+         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON=",
+         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=",
+         "GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON="},
+        {{L"Other"}, "", "", ""},
+    };
+    const auto shown = [](const std::string& menu) {
+        return menu.empty() ? " |  | " : " |  |  | " + menu;
+    };
+    for (const MenuCase& each : cases) {
+        Scene scene("");
+        for (const std::wstring& group : each.loaded) {
+            host::setMenuGroupLoaded(group, true);
+        }
+        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(each.firstOff));
+        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(each.on));
+        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(each.on));
+        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(each.off));
+    }
+}
+
+TEST(GroupingMode, OnlySwitchingOnTouchesPickfirst) {
+    Scene scene("");
+    const auto written = [&](const std::wstring& script) {
+        scene.after(script);
+        return host::effectText(host::EffectKind::SystemVariable);
+    };
+    EXPECT_EQ(written(L"VelmoGROUPACTIVE\n"), L"PICKFIRST=1");
+    EXPECT_EQ(written(L"VelmoGROUPNOTACTIVE\n"), L"");
+}
+
+TEST(GroupingMode, APickIsWidenedOnlyWhileGroupingIsOn) {
+    underEachSetting([](const Switches& settings) {
+        Scene scene("(line line)", settings);
+        scene.after(L"VelmoGROUPNOTACTIVE\n");
+        EXPECT_EQ(scene.click({3}), kGroup + "3 | ");
+        EXPECT_EQ(scene.click({2}), kGroup + "3 2 | ");
+        scene.after(L"PICK NONE\nVelmoGROUPACTIVE\n");
+        EXPECT_EQ(scene.click({3}), kGroup + "1 3 2 4 | " + kGathering);
+    });
+}
+
+TEST(GroupingMode, SwitchingOnBringsPickfirstBack) {
+    Scene scene("(line line)");
+    scene.after(L"SETVAR PICKFIRST 0\n");
+    EXPECT_EQ(scene.click({3}), kGroup + " | ");
+    scene.after(L"VelmoGROUPACTIVE\n");
+    EXPECT_EQ(host::sysvarInteger(L"PICKFIRST"), 1);
+    EXPECT_EQ(scene.click({3}), kGroup + "1 3 2 4 | " + kGathering);
+    scene.after(L"VelmoGROUPNOTACTIVE\n");
+    EXPECT_EQ(host::sysvarInteger(L"PICKFIRST"), 1);
+}
+
+TEST(GroupingMode, EachDrawingHasItsOwnAndTheMenuShowsTheLast) {
+    underEachSetting([](const Switches& settings) {
+        Scene scene("(line line)", settings, L"Pelltrix");
+        scene.after(L"VelmoGROUPNOTACTIVE\n");
+        scene.session().newDrawing();
+        scene.draw("(line line)");
+        EXPECT_EQ(scene.click({2}), kGroup + "1 2 3 4 | " + kGathering);
+        scene.session().activate(0);
+        EXPECT_EQ(host::menuItemState(L"Pelltrix.ID_GRP_ON"), L"~");
+        EXPECT_EQ(scene.click({2}), kGroup + "2 | ");
+        scene.session().activate(1);
+        EXPECT_EQ(scene.shiftClick({3}), kGroup + " | " + kGathering);
+    });
+}
+
+}  // namespace
