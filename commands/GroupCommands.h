@@ -10,3 +10,16 @@ void groupDelete();
 
 /// Function of VelmoGROUPREMOVEMEMBER: takes picked entities out of their groups, one at a time.
 void groupRemoveMember();
+
+/// Brings every group of the working drawing back in line with its markers: rewrites both markers
+/// of a group that holds members, with the smaller count if some are gone; erases the markers of
+/// one that is empty or holds more than its count. Prints how many were updated and deleted, and
+/// ends with purgeStrayMarkers.
+void updateAllGroups();
+
+/// Erases markers whose partner does not exist, and pairs with nothing between them.
+void purgeStrayMarkers();
+
+/// Links each begin marker behind the current document's m_idLastBeforeCommand with the end marker
+/// that follows it, so that copies form groups of their own. Counts are kept.
+void relinkCopiedGroups();

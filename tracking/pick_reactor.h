@@ -1,4 +1,4 @@
-// The editor reactor that follows the pick-first set.
+// The editor reactor that follows the pick-first set and the editing commands.
 #pragma once
 
 #include "platform.h"
@@ -13,6 +13,14 @@ class KESTpickGroupEnt : public AcEditorReactor {
 
     /// Widens the pick-first set to whole groups, or drops the whole groups of what was deselected.
     void pickfirstModified() override;
+    /// Repairs the groups of the working drawing before it is saved.
+    void beginSave(AcDbDatabase* database, const ACHAR* intendedName) override;
+    /// Notes the state before copy, mirror and clipboard commands; repairs groups on REGEN.
+    void commandWillStart(const ACHAR* name) override;
+    /// Makes groups of what COPY, MIRROR and PASTECLIP copied.
+    void commandEnded(const ACHAR* name) override;
+    /// Forgets the gathered ids of a cancelled COPYCLIP.
+    void commandCancelled(const ACHAR* name) override;
 
   private:
     bool m_bAttachedToEditor = false;

@@ -54,6 +54,7 @@ Session::Session() : m_impl(std::make_unique<Impl>()) {
 
 Session::~Session() {
     m_impl->shutDown();
+    dropClipboard();
     resetEditor();
     checkNothingLeaked(m_impl->heldAtStart, "the end of the session");
     resetDocumentReactors();

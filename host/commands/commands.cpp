@@ -6,6 +6,9 @@ namespace host {
 void registerHostCommands() {
     registerDrawingCommands();
     registerEditCommands();
+    registerModifyCommands();
+    registerClipboardCommands();
+    registerUndoCommands();
     registerInquiryCommands();
     registerSettingCommands();
 }

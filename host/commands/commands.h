@@ -9,7 +9,13 @@ void registerHostCommands();
 /// The groups of commands, one source each.
 void registerDrawingCommands();
 void registerEditCommands();
+void registerModifyCommands();
+void registerClipboardCommands();
+void registerUndoCommands();
 void registerInquiryCommands();
 void registerSettingCommands();
+
+/// Empties the clipboard, which belongs to the application: at the start and end of a session.
+void dropClipboard();
 
 }  // namespace host

@@ -10,7 +10,7 @@ namespace host {
 enum class EffectKind {
     CommandLine,     ///< text as printed, one effect a call
     MenuCommand,     ///< text of acedMenuCmd
-    MessageBox,      ///< title, line feed, style as a number, line feed, text
+    AlertBox,        ///< message box: title, line feed, style as a number, line feed, text
     Redraw,          ///< mode and handle: "3 2A"
     Notification,    ///< name and argument: "commandWillStart LINE"
     SystemVariable,  ///< write: "PICKFIRST=1"

@@ -1,55 +1,37 @@
-// What tests and the program set up in the stood-in Windows, and what they may ask of it.
+// What tests and the program set up in Windows, stood in for or real.
 //
-// Effects (message boxes, debugger and standard output, files written) are in effects.h, time is in
-// clock.h, and calls fail through faults.h. Only the native build has this.
+// On real Windows all of it is real, but the registry that this process sees becomes one of its own
+// with the first value set. What only the stood-in Windows can be made to do is in
+// stood_in_windows.h.
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace host {
 
-/// Puts everything below back to its start: no registry value, no debugger, no file locked, the
-/// process's own environment, module files and version resource.
+/// Puts everything back: no registry value, the process's own environment, no file locked; and all
+/// of stood_in_windows.h. On real Windows the process then sees the user's registry again.
 void resetWindows();
 
 /// Sets one registry value of any type (REG_SZ 1, REG_BINARY 3, REG_DWORD 4, ...). The key starts
-/// with "HKCU\" or "HKLM\".
-void setRegistryValue(const std::wstring& key, const std::wstring& name, std::uint32_t type,
+/// with "HKCU\" or "HKLM\". False when the system refuses it.
+bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::uint32_t type,
                       std::vector<std::uint8_t> data);
-void setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value);
-void setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
+bool setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value);
+bool setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
 /// "HKCU\Software\<company>\<product>" of the version resource: where the module's per-user
 /// switches are.
 std::wstring moduleRegistryKey();
-/// Keys that were opened and not closed; closes them.
-long openRegistryKeys();
-void closeRegistryKeys();
 
-/// Whether a debugger counts as attached, and how often the module broke into it since the reset.
-void setDebuggerPresent(bool present);
-long breakpointsHit();
-
-/// Overrides an environment variable; no value: it is not defined. Without an override "TEMP" is
-/// the process's own, else "TMPDIR", else "/tmp".
+/// Overrides an environment variable; no value: it is not defined. Stood in, "TEMP" is without an
+/// override the process's own, else "TMPDIR", else "/tmp".
 void setEnvironment(const std::wstring& name, std::optional<std::wstring> value);
-/// Overrides the file name of a module handle; null is the program.
-void setModuleFileName(const void* module, const std::wstring& path);
-/// The next `opens` attempts to open a file fail with a sharing violation.
-void lockFiles(long opens);
-/// Start time of the workstation service; none: its statistics cannot be had, as at start.
-void setWorkstationStart(std::optional<std::time_t> moment);
 
-/// Strings of the version resource that every module file has.
-struct VersionResource {
-    std::wstring companyName;
-    std::wstring productName;
-    std::wstring fileVersion;
-};
-/// Overrides the version resource; none: files have no such resource.
-void setVersionResource(std::optional<VersionResource> resource);
+/// Locks a file that is there: the next `attempts` to open or delete it fail with a sharing
+/// violation. On real Windows another handle holds it for half a second an attempt, less a quarter.
+void lockFile(const std::wstring& path, long attempts);
 
 }  // namespace host

@@ -76,7 +76,9 @@ bool isMainEntity(const ObjectBody& body) {
 Index nextSlot(const Store& store, Index block, Index from, bool forward) {
     for (Index index = forward ? from + 1 : from - 1; index != kNoIndex && index <= store.count();
          forward ? ++index : --index)
-        if (store.at(index).owner == block && isMainEntity(store.at(index))) return index;
+        if (store.at(index).owner == block && isMainEntity(store.at(index)) &&
+            !store.at(index).undone)
+            return index;
     return kNoIndex;
 }
 

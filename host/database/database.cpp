@@ -58,7 +58,7 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
     if (host::callFails("AcDbDatabase::getAcDbObjectId")) return Acad::eUnknownHandle;
     if (createIfNotFound) return Acad::eNotApplicable;
     const host::ObjectBody* const body = m_store->byHandle(handle.value());
-    if (body == nullptr) return Acad::eUnknownHandle;
+    if (body == nullptr || body->undone) return Acad::eUnknownHandle;
     id = m_store->idOf(*body);
     return Acad::eOk;
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/database/body_text.h"
+#include "host/database/journal.h"
 #include "host/database/store.h"
 #include "host/database/tags.h"
 
@@ -86,6 +87,7 @@ ObjectBody::~ObjectBody() {
 }
 
 void ObjectBody::setText(std::string text) {
+    if (store != nullptr) store->journal().textChanges(*this);
     placeText(*this, text);
     if (store == nullptr) return;
     ++store->revision;

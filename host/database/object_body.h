@@ -75,13 +75,15 @@ struct ObjectBody {
     bool openForNotify : 1;
     bool releasedLater : 1;    ///< its extension dictionary was erased without being released
     bool erasedWithOwner : 1;  ///< erased because its owner was; comes back with it
+    bool undone : 1;           ///< erased because its making was undone; see journal.h
 
     ObjectBody()
         : erased(false),
           openForWrite(false),
           openForNotify(false),
           releasedLater(false),
-          erasedWithOwner(false) {}
+          erasedWithOwner(false),
+          undone(false) {}
     ~ObjectBody();
     ObjectBody(const ObjectBody&) = delete;
     ObjectBody& operator=(const ObjectBody&) = delete;

@@ -32,7 +32,7 @@ Index neighbour(const Store& store, Index parent, Index from, bool backwards) {
     for (Index at = from; at != limit; backwards ? --at : ++at) {
         const ObjectBody& body = store.at(at);
         const bool delivered = body.kind == Kind::Attribute || body.kind == Kind::Vertex;
-        if (delivered && body.owner == parent) return at;
+        if (delivered && !body.undone && body.owner == parent) return at;
     }
     return kNoIndex;
 }

@@ -2,6 +2,7 @@
 #include "host/database/store.h"
 
 #include "host/database/body_text.h"
+#include "host/database/journal.h"
 #include "host/database/opening.h"
 #include "host/database/store_parts.h"
 #include "host/database/tags.h"
@@ -25,7 +26,8 @@ const std::vector<Store*>& storesBySerial() { return openStores(); }
 Store::Store()
     : m_serial(static_cast<std::uint32_t>(openStores().size())),
       m_arena(std::make_unique<Arena>()),
-      m_handles(std::make_unique<HandleIndex>()) {
+      m_handles(std::make_unique<HandleIndex>()),
+      m_journal(std::make_unique<Journal>(*this)) {
     openStores().push_back(this);
     m_blocks.emplace_back(new ObjectBody[kBlockSize]);  // slot 0 stays empty: "no object"
     ObjectBody& list = newSlot();
@@ -43,6 +45,10 @@ AcDbObjectId Store::idOf(Index index) const {
 }
 
 AcDbObjectId Store::idOf(const ObjectBody& body) const { return idOf(body.self); }
+
+Store* Store::withSerial(std::uint32_t serial) {
+    return serial < openStores().size() ? openStores()[serial] : nullptr;
+}
 
 ObjectBody* Store::resolve(AcDbObjectId id) {
     const std::uint64_t serial = id.asWord() >> 32;
@@ -127,6 +133,7 @@ ObjectBody& Store::adopt(ObjectBody* fresh, Index owner) {
     body.owner = owner;
     body.openForWrite = fresh->openForWrite;
     giveHandle(body, nextHandle());
+    m_journal->made(body);
     std::string text(fresh->text());
     if (!m_encoding.utf8) text = recoded(text, Encoding(), m_encoding);
     placeText(body, withIdentity(text, body.handle, at(owner).handle));
@@ -142,6 +149,7 @@ ObjectBody& Store::duplicate(const ObjectBody& source, Index owner) {
     body.kind = source.kind;
     body.owner = owner;
     giveHandle(body, nextHandle());
+    m_journal->made(body);
     const Encoding& from = source.store != nullptr ? source.store->encoding() : Encoding();
     std::string text(source.text());
     if (from.utf8 != m_encoding.utf8 || from.codePage != m_encoding.codePage)

@@ -19,6 +19,8 @@ class AcDbDatabase;
 
 namespace host {
 
+class Journal;
+
 /// What a section of the file holds, in the order of the file.
 enum class SectionKind { Header, Raw, Tables, Blocks, Entities, Objects };
 struct Section {
@@ -47,6 +49,8 @@ class Store {
     std::uint32_t serial() const { return m_serial; }
     AcDbObjectId idOf(const ObjectBody& body) const;
     AcDbObjectId idOf(Index index) const;
+    /// The open store with a serial number, or null.
+    static Store* withSerial(std::uint32_t serial);
     /// The body that an id names, in whatever open store; null for a null or stale id.
     static ObjectBody* resolve(AcDbObjectId id);
     ObjectBody& at(Index index) const;
@@ -132,6 +136,9 @@ class Store {
     /// Version of the drawing, for example "AC1027".
     std::string version() const;
 
+    /// What the commands of this drawing changed, for undo and redo.
+    Journal& journal() { return *m_journal; }
+
     const Encoding& encoding() const { return m_encoding; }
     void setEncoding(Encoding encoding) { m_encoding = std::move(encoding); }
     LineEnding lineEnding() const { return m_lineEnding; }
@@ -148,6 +155,7 @@ class Store {
 
   private:
     friend struct ObjectBody;
+    friend class Journal;
     struct Arena;
     struct HandleIndex;
 
@@ -172,6 +180,7 @@ class Store {
     std::vector<std::unique_ptr<ObjectBody[]>> m_blocks;
     std::unique_ptr<Arena> m_arena;
     std::unique_ptr<HandleIndex> m_handles;
+    std::unique_ptr<Journal> m_journal;
     std::vector<Section> m_sections;
     std::vector<Index> m_tables;
     std::vector<Index> m_blockOrder;

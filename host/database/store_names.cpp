@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "host/database/body_text.h"
+#include "host/database/journal.h"
 #include "host/database/store.h"
 #include "host/database/tags.h"
 
@@ -108,7 +109,7 @@ ObjectBody* Store::symbol(Index table, std::wstring_view name) const {
     for (const Index index : found->second) {
         ObjectBody& record = at(index);
         // A renamed record is still noted under its former name.
-        if (foldCase(symbolName(record)) != folded) continue;
+        if (record.undone || foldCase(symbolName(record)) != folded) continue;
         if (!record.erased) return &record;
         erasedOne = &record;
     }
@@ -163,6 +164,7 @@ std::optional<std::string_view> Store::headerValue(std::string_view name) const 
 
 void Store::setHeaderValue(std::string_view name, int code, std::string_view value) {
     std::string& text = section(SectionKind::Header).text;
+    m_journal->headerChanges(text);
     ++revision;
     if (const auto old = headerValue(name)) {
         const std::string copy(value);

@@ -3,6 +3,7 @@
 // A list holds its members in the order of their indexes. An erased body is unlinked but keeps its
 // own links as hints: whatever was erased, restored or appended since, the right place is between
 // the nearest members below and above the body's index.
+#include "host/database/journal.h"
 #include "host/database/store.h"
 #include "host/database/tags.h"
 
@@ -46,6 +47,7 @@ void Store::appendChild(Index parent, ObjectBody& child) {
 }
 
 void Store::setSequenceEnd(ObjectBody& parent, ObjectBody& end) {
+    m_journal->flagsChange(parent);
     parent.sequenceEnd = end.self;
     end.owner = parent.self;
     ++revision;
@@ -95,6 +97,7 @@ void Store::setErased(ObjectBody& body, bool erased) {
     if (body.erased == erased) return;
     const bool inList = listParent(body) != kNoIndex;
     ObjectBody& owner = at(body.owner);
+    m_journal->flagsChange(body);
     if (erased) {
         body.erasedWithOwner = owner.erased;
         if (inList && !staysLinked(body)) unlink(body);
@@ -104,8 +107,10 @@ void Store::setErased(ObjectBody& body, bool erased) {
         body.erased = false;
         body.erasedWithOwner = false;
     }
-    if (body.kind == Kind::Dictionary && extensionDictionaryHandle(owner.text()) == body.handle)
+    if (body.kind == Kind::Dictionary && extensionDictionaryHandle(owner.text()) == body.handle) {
+        m_journal->flagsChange(owner);
         owner.releasedLater = erased && !body.erasedWithOwner;
+    }
     recordsChanged(body.kind);
     ++revision;
 }

@@ -7,6 +7,8 @@
 
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
+#include "host/database/journal.h"
+#include "host/database/store.h"
 #include "host/database/text_codec.h"
 #include "host/editor/command_table.h"
 #include "host/editor/current_drawing.h"
@@ -152,9 +154,14 @@ CommandStatus runCommand(const std::wstring& typedName) {
     now.name = command.name;
     now.flags = command.flags;
     running = &now;
+    Store* const store = currentStore();
+    const std::uint32_t serial = store != nullptr ? store->serial() : 0;
+    if (store != nullptr) store->journal().begin(command.name);
     const CommandStatus status = runResolved(command, now);
     running = nullptr;
     idle();
+    // The command may have closed the drawing.
+    if (Store* const left = Store::withSerial(serial)) left->journal().end();
     return status;
 }
 

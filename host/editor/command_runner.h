@@ -29,7 +29,9 @@ std::vector<const BuiltinCommand*> builtinCommands();
 /// groups in registration order and then the host's own, and runs the command with its
 /// notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
 /// cancelled, failed, then the accounting. A module's command counts as cancelled when a prompt in
-/// it was cancelled, else as ended. Not while another command runs: Failed. Nothing is thrown.
+/// it was cancelled, else as ended. All it changes in the drawing that is current at its start,
+/// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is
+/// thrown.
 CommandStatus runCommand(const std::wstring& typedName);
 /// True while a command function runs.
 bool commandActive();

@@ -136,34 +136,6 @@ bool anyEdge(const std::vector<Vec>& area, Test test) {
 
 }  // namespace
 
-double length(const Vec& v) { return std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z); }
-
-Vec unit(const Vec& v) {
-    const double size = length(v);
-    return size > 0 && std::isfinite(size) ? v * (1 / size) : Vec{0, 0, 1};
-}
-
-Vec cross(const Vec& a, const Vec& b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-Transform operator*(const Transform& outer, const Transform& inner) {
-    return {outer.turn(inner.x), outer.turn(inner.y), outer.turn(inner.z),
-            outer.apply(inner.origin)};
-}
-
-Transform objectSystem(const Vec& extrusion) {
-    const Vec z = unit(extrusion);
-    const bool nearPole = std::fabs(z.x) < 1.0 / 64 && std::fabs(z.y) < 1.0 / 64;
-    const Vec x = unit(cross(nearPole ? Vec{0, 1, 0} : Vec{0, 0, 1}, z));
-    return {x, cross(z, x), z, {}};
-}
-
-Transform rotation(double angle) {
-    const double c = std::cos(angle), s = std::sin(angle);
-    return {{c, s, 0}, {-s, c, 0}, {0, 0, 1}, {}};
-}
-
 bool Outline::near(const Vec& point, double tolerance) const {
     const auto close = [&](const auto& stroke) { return distance(stroke, point) <= tolerance; };
     return std::any_of(lines.begin(), lines.end(), close) ||
@@ -198,6 +170,28 @@ bool Outline::touches(const Box& box) const {
            std::any_of(areas.begin(), areas.end(), [&](const std::vector<Vec>& area) {
                return insideArea(area, {box.left, box.bottom, 0}) || anyEdge(area, touched);
            });
+}
+
+std::optional<Box> Outline::bounds() const {
+    std::optional<Box> box;
+    const auto add = [&](const Vec& p) {
+        if (!box) box = Box{p.x, p.y, p.x, p.y};
+        *box = {std::min(box->left, p.x), std::min(box->bottom, p.y), std::max(box->right, p.x),
+                std::max(box->top, p.y)};
+    };
+    for (const Line& line : lines) {
+        add(line.a);
+        add(line.b);
+    }
+    for (const Arc& arc : arcs) {
+        for (const Vec& point : extremes(arc))
+            add(point);
+    }
+    for (const std::vector<Vec>& area : areas) {
+        for (const Vec& point : area)
+            add(point);
+    }
+    return box;
 }
 
 }  // namespace host

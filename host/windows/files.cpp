@@ -45,7 +45,7 @@ BOOL answer(int result) { return result == 0 ? TRUE : failWith(errorFromErrno(er
 
 HANDLE CreateFileW(LPCWSTR name, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition,
                    DWORD, HANDLE) {
-    if (openFails("CreateFileW")) return INVALID_HANDLE_VALUE;
+    if (accessFails("CreateFileW", name)) return INVALID_HANDLE_VALUE;
     if (disposition != OPEN_EXISTING) {
         failWith(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
@@ -83,7 +83,7 @@ HANDLE GetStdHandle(DWORD which) {
 }
 
 BOOL DeleteFileW(LPCWSTR name) {
-    if (callFails("DeleteFileW")) return failWith(ERROR_GEN_FAILURE);
+    if (accessFails("DeleteFileW", name)) return FALSE;
     if (unlink(nativePath(name).c_str()) != 0) return failWith(errorFromErrno(errno));
     recordEffect(EffectKind::FileWrite, name);
     return TRUE;

@@ -33,21 +33,22 @@ std::wstring rootPath(HKEY key) {
 
 }  // namespace
 
-void setRegistryValue(const std::wstring& key, const std::wstring& name, std::uint32_t type,
+bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::uint32_t type,
                       std::vector<std::uint8_t> data) {
     windowsState().registry[lowerCase(key)][lowerCase(name)] = {type, std::move(data)};
+    return true;
 }
 
-void setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value) {
+bool setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value) {
     std::vector<std::uint8_t> data(sizeof value);
     std::memcpy(data.data(), &value, sizeof value);
-    setRegistryValue(key, name, REG_DWORD, std::move(data));
+    return setRegistryValue(key, name, REG_DWORD, std::move(data));
 }
 
-void setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+bool setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
     std::vector<std::uint8_t> data((text.size() + 1) * sizeof(wchar_t));
     std::memcpy(data.data(), text.c_str(), data.size());
-    setRegistryValue(key, name, REG_SZ, std::move(data));
+    return setRegistryValue(key, name, REG_SZ, std::move(data));
 }
 
 std::wstring moduleRegistryKey() {

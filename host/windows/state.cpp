@@ -42,7 +42,10 @@ void setModuleFileName(const void* module, const std::wstring& path) {
     windowsState().moduleFiles[module] = path;
 }
 
-void lockFiles(long opens) { windowsState().lockedOpens = opens; }
+void lockFile(const std::wstring& path, long attempts) {
+    windowsState().lockedFile = nativePath(path.c_str());
+    windowsState().lockedAttempts = attempts;
+}
 
 void setWorkstationStart(std::optional<std::time_t> moment) {
     windowsState().workstationStart = moment;
@@ -126,10 +129,11 @@ DWORD errorFromErrno(int number) {
     }
 }
 
-bool openFails(const char* call) {
+bool accessFails(const char* call, LPCWSTR path) {
     if (callFails(call)) return failWith(ERROR_GEN_FAILURE), true;
-    if (windowsState().lockedOpens <= 0) return false;
-    --windowsState().lockedOpens;
+    WindowsState& state = windowsState();
+    if (state.lockedAttempts <= 0 || nativePath(path) != state.lockedFile) return false;
+    --state.lockedAttempts;
     return failWith(ERROR_SHARING_VIOLATION), true;
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/control/stood_in_windows.h"
 #include "host/control/windows_control.h"
 #include "host/windows/windows.h"
 
@@ -25,7 +26,8 @@ struct WindowsState {
     long breakpoints = 0;
     std::map<std::wstring, std::optional<std::wstring>> environment;
     std::map<const void*, std::wstring> moduleFiles;
-    long lockedOpens = 0;
+    std::string lockedFile;
+    long lockedAttempts = 0;
     std::optional<std::time_t> workstationStart;
     std::optional<VersionResource> version;
     WindowsState();
@@ -45,9 +47,9 @@ std::string nativePath(LPCWSTR path);
 int failWith(DWORD error);
 /// The Windows error that matches errno.
 DWORD errorFromErrno(int number);
-/// True, after noting the failure, when an attempt to open a file has to fail now: as the fault
-/// point or a lock demands.
-bool openFails(const char* call);
+/// True, after noting the failure, when an attempt to open or delete a file has to fail now: as the
+/// fault point or a lock demands.
+bool accessFails(const char* call, LPCWSTR path);
 /// Copies a result by the rule of Windows' text-returning calls: the length without the ending
 /// null, or the size needed when the buffer is too small.
 DWORD giveText(const std::wstring& text, LPWSTR buffer, DWORD size);

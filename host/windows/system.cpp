@@ -46,7 +46,7 @@ std::optional<std::wstring> environmentValue(const std::wstring& name) {
 }  // namespace
 
 int MessageBoxW(HWND, LPCWSTR text, LPCWSTR title, UINT style) {
-    recordEffect(EffectKind::MessageBox,
+    recordEffect(EffectKind::AlertBox,
                  std::wstring(title) + L"\n" + std::to_wstring(style) + L"\n" + text);
     return IDOK;
 }

@@ -44,7 +44,7 @@ std::FILE* _wfopen(const wchar_t* name, const wchar_t* mode) {
     errno = EINVAL;
     if (std::wstring(mode) != L"a+t, ccs=UNICODE") return nullptr;
     errno = EACCES;
-    if (openFails("_wfopen")) return nullptr;
+    if (accessFails("_wfopen", name)) return nullptr;
     std::FILE* const stream = std::fopen(nativePath(name).c_str(), "abe");
     if (stream == nullptr) return nullptr;
     recordEffect(EffectKind::FileWrite, name);

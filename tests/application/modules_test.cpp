@@ -6,11 +6,14 @@
 
 namespace {
 
+/// As the system itself writes it.
+const std::string kProbe = std::filesystem::path(PROBE_FILE).make_preferred().string();
+
 class ModulesTest : public SessionTest {
   protected:
     void loadWith(const char* misbehaviour) {
         setVariable("PROBE", misbehaviour);
-        loaded = session->loadModule(PROBE_FILE);
+        loaded = session->loadModule(kProbe);
     }
     Outcome loaded;
 };
@@ -19,7 +22,7 @@ TEST_F(ModulesTest, LoadingMakesEachDrawingCurrentInTurn) {
     session->newDrawing();
     session->newDrawing();
     session->activate(0);
-    ASSERT_TRUE(session->loadModule(PROBE_FILE));
+    ASSERT_TRUE(session->loadModule(kProbe));
     EXPECT_EQ(shown(), "<1 Drawing1.dxf><3 Drawing1.dxf><3 Drawing2.dxf>");
     EXPECT_EQ(acDocManager->curDocument(), session->document(0));
     ASSERT_TRUE(session->unloadModule("PROBE.arx"));
@@ -32,11 +35,11 @@ TEST_F(ModulesTest, LazilyEachDrawingGetsItsMessageWhenItIsNextCurrent) {
     switches().loadMessageAtOnce = false;
     session->newDrawing();
     session->newDrawing();
-    session->loadModule(PROBE_FILE);
+    session->loadModule(kProbe);
     EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf>");
     session->unloadModule("probe.arx");
     EXPECT_EQ(shown(), "<4 Drawing2.dxf><2 Drawing2.dxf><gone>");
-    session->loadModule(PROBE_FILE);
+    session->loadModule(kProbe);
     session->activate(0);
     session->activate(1);
     EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf><3 Drawing1.dxf>");
@@ -44,7 +47,7 @@ TEST_F(ModulesTest, LazilyEachDrawingGetsItsMessageWhenItIsNextCurrent) {
 
 TEST_F(ModulesTest, DrawingsOpenedAndClosedLater) {
     session->newDrawing();
-    session->loadModule(PROBE_FILE);
+    session->loadModule(kProbe);
     shown();
     session->newDrawing();
     EXPECT_EQ(shown(), "<9 Drawing1.dxf><3 Drawing2.dxf>");
@@ -79,7 +82,7 @@ TEST_F(ModulesTest, AnApplicationForOneDrawingOnly) {
     session->unloadModule("probe.arx");
     session->newDrawing();
     loadWith("single");
-    EXPECT_EQ(loaded.error, std::string(PROBE_FILE) +
+    EXPECT_EQ(loaded.error, kProbe +
                                 ": not loaded: it is not registered for "
                                 "several documents; close all but one");
     EXPECT_TRUE(session->modules().empty());
@@ -88,8 +91,8 @@ TEST_F(ModulesTest, AnApplicationForOneDrawingOnly) {
 TEST_F(ModulesTest, AnApplicationThatAnswersWithAnErrorIsUnloaded) {
     session->newDrawing();
     loadWith("refuse");
-    EXPECT_EQ(loaded.error, std::string(PROBE_FILE) +
-                                ": not loaded: the application answered kRetError to kLoadDwgMsg");
+    EXPECT_EQ(loaded.error,
+              kProbe + ": not loaded: the application answered kRetError to kLoadDwgMsg");
     EXPECT_EQ(shown(), "<1 Drawing1.dxf><3 Drawing1.dxf><4 Drawing1.dxf><2 Drawing1.dxf><gone>");
 }
 
@@ -104,9 +107,9 @@ TEST_F(ModulesTest, FilesThatAreNoApplication) {
               HOST_FILE ": not an ObjectARX application: it does not export acrxEntryPoint");
     EXPECT_EQ(session->loadModule(OLD_PROBE_FILE).error, OLD_PROBE_FILE
               ": built for interface version 18.2, this host has version 19; rebuild it");
-    ASSERT_TRUE(session->loadModule(PROBE_FILE));
-    EXPECT_EQ(session->loadModule(PROBE_FILE).error,
-              PROBE_FILE ": probe.arx is loaded already; unload it first");
+    ASSERT_TRUE(session->loadModule(kProbe));
+    EXPECT_EQ(session->loadModule(kProbe).error,
+              kProbe + ": probe.arx is loaded already; unload it first");
     EXPECT_EQ(session->unloadModule("other.arx").error,
               "other.arx: no such application is loaded; ARX ? lists the loaded ones");
     EXPECT_EQ(session->loadModule(file("none.arx")).status, 1);
@@ -155,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
     session->newDrawing();
-    session->loadModule(PROBE_FILE);
+    session->loadModule(kProbe);
     EXPECT_EQ(session->runScript(L"PROBETHROW\n"), CommandStatus::Failed);
     EXPECT_EQ(faults(), "command PROBETHROW: an exception left its function\n");
     session->runScript(L"PROBELEAK\n");
@@ -166,11 +169,10 @@ TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
 
 TEST_F(ModulesTest, ArxCommand) {
     session->newDrawing();
-    EXPECT_EQ(session->runScript(L"ARX L \"" + fromUtf8(PROBE_FILE) + L"\"\n"),
-              CommandStatus::Done);
+    EXPECT_EQ(session->runScript(L"ARX L \"" + fromUtf8(kProbe) + L"\"\n"), CommandStatus::Done);
     shown();
     session->runScript(L"ARX ?\n");
-    EXPECT_NE(shown().find("\n" PROBE_FILE "\n"), std::string::npos);
+    EXPECT_NE(shown().find("\n" + kProbe + "\n"), std::string::npos);
     EXPECT_EQ(problemsOf(L"ARX X\n\nARX UNLOAD nothing.arx\n"),
               "plan.scr:1: ARX failed: X is no option: ? lists, L loads, U unloads\n"
               "plan.scr:3: ARX failed: nothing.arx: no such application is loaded; ARX ? lists the "

@@ -71,7 +71,8 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
     } cases[] = {
         {L"; nothing\nNONSENSE\n",
          "plan.scr:2: unknown command \"NONSENSE\"; drafthost --help lists the commands\n"},
-        {L"MOVE\n", "plan.scr:1: unknown command \"MOVE\"; drafthost --help lists the commands\n"},
+        {L"STRETCH\n",
+         "plan.scr:1: unknown command \"STRETCH\"; drafthost --help lists the commands\n"},
         {L"\n(handent \"FFFF\")\n", "plan.scr:2: no object has the handle FFFF in this drawing\n"},
         {L"(Nothing)\n", "plan.scr:1: no LISP function Nothing is defined in this drawing\n"},
         {L"PICK \n",

@@ -44,7 +44,9 @@ class SessionTest : public testing::Test {
         std::filesystem::remove_all(m_folder, ignored);
     }
 
-    std::string file(const std::string& name) const { return (m_folder / name).string(); }
+    std::string file(const std::string& name) const {
+        return (m_folder / name).make_preferred().string();
+    }
 
     /// What the command line shows since the last call.
     std::string shown() {

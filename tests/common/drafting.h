@@ -13,7 +13,11 @@ namespace tests {
 /// that the accounting found, and every damage of a drawing still open, fails the test.
 class Drafting {
   public:
-    explicit Drafting(const std::string& drawing = "", const std::wstring& menuGroup = L"");
+    /// Whether the drawing is sound, or has defects of its own that the test does not count.
+    enum class Damage { None, Known };
+
+    explicit Drafting(const std::string& drawing = "", const std::wstring& menuGroup = L"",
+                      Damage damage = Damage::None);
     ~Drafting();
 
     /// Runs commands and gives what they printed, echoes of the typed answers left out.
@@ -34,6 +38,7 @@ class Drafting {
   private:
     std::unique_ptr<host::Session> m_session;
     std::string m_expectedFault;
+    Damage m_damage;
 };
 
 /// Path of the module that the tests load.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/only_on_linux.h"
+#include "common/windows_watch.h"
 
 namespace {
 
@@ -19,6 +20,12 @@ bool isTest(const std::string& name) {
     }
     return false;
 }
+
+/// No message box stays open: each is recorded and closed.
+class BoxWatch : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { watchBoxes(); }
+    void OnTestEnd(const testing::TestInfo&) override { endWatch(); }
+};
 
 }  // namespace
 
@@ -37,6 +44,7 @@ int main(int count, char** values) {
     std::string filter = GTEST_FLAG_GET(filter);
     filter += (filter.find('-') == filter.npos ? "-" : ":") + excluded;
     if (!excluded.empty()) GTEST_FLAG_SET(filter, filter);
+    testing::UnitTest::GetInstance()->listeners().Append(new BoxWatch);
     const int result = RUN_ALL_TESTS();
     return stale ? 1 : result;
 }

@@ -81,12 +81,17 @@ TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
     host::DxfError error;
     EXPECT_FALSE(saveDrawing(*store, path(""), error));
     EXPECT_EQ(error.text, "cannot be written: Is a directory; nothing was changed, save elsewhere");
-    EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
-    EXPECT_EQ(error.text,
-              "cannot be written: Is not a regular file; nothing was changed, save elsewhere");
     EXPECT_FALSE(saveDrawing(*store, path("no/such.dxf"), error));
     EXPECT_EQ(error.text,
               "cannot be written: No such file or directory; nothing was changed, save elsewhere");
+}
+
+TEST_F(Saving, DevicesAreNoTarget) {
+    const auto store = load(dxf(kDrawing));
+    host::DxfError error;
+    EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
+    EXPECT_EQ(error.text,
+              "cannot be written: Is not a regular file; nothing was changed, save elsewhere");
 }
 
 TEST_F(Saving, ATooSmallHandleSeedIsCorrected) {

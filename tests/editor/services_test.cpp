@@ -43,7 +43,7 @@ TEST_F(Services, OneEffectForEachCall) {
               (std::vector<std::wstring>{L"\nOne", L"100%s"}));
     printed();
     acdbFail(L"it broke\n");
-    EXPECT_EQ(printed(), L"Application editor_tests ERROR: it broke\n");
+    EXPECT_EQ(printed(), L"Application " + host::fromUtf8(PROGRAM_FILE) + L" ERROR: it broke\n");
 }
 
 TEST_F(Services, MenuItemsOfLoadedGroups) {

@@ -28,6 +28,11 @@ TEST(Samples, EveryScriptRunsWithoutAFailedCommand) {
     EXPECT_GT(scripts, 0);
 }
 
+TEST(Samples, TheDrawingIsSound) {
+    tests::Drafting drafting(std::string(SAMPLES_FOLDER) + "/plan.dxf");  // checked at its end
+    EXPECT_GT(drafting.order().size(), 100u);
+}
+
 TEST(Samples, TheTourSaysWhatThePageSays) {
     tests::Drafting drafting;
     const std::wstring said =

@@ -1,6 +1,6 @@
 # A drawing of a million lines: loads, takes a group of 100,000 and saves, in bounded memory.
 #
-# usage: million_lines.py DRAFTHOST WORK_FOLDER
+# usage: million_lines.py DRAFTHOST WORK_FOLDER [LAUNCHER...]
 import os
 import resource
 import subprocess
@@ -31,7 +31,7 @@ def main(host, work):
     rows = MEMBERS // 1000
     script = f"VelmoGROUPMAKE W 0,0 1000,{rows}\n\nSAVEAS {target}\n"
     began = time.monotonic()
-    run = subprocess.run([host, "--script", "-", source], input=script, text=True,
+    run = subprocess.run([*sys.argv[3:], host, "--script", "-", source], input=script, text=True,
                          capture_output=True)
     seconds = time.monotonic() - began
     peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss * 1024

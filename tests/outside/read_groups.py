@@ -1,6 +1,6 @@
 # Reads drawings that drafthost grouped with ezdxf, an outside reader that shares nothing with us.
 #
-# usage: read_groups.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER
+# usage: read_groups.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER [LAUNCHER...]
 import os
 import subprocess
 import sys
@@ -17,7 +17,7 @@ def expect(what, seen, wanted):
 
 
 def draft(host, script, drawing=None):
-    command = [host, "--script", "-"] + ([drawing] if drawing else [])
+    command = [*sys.argv[4:], host, "--script", "-"] + ([drawing] if drawing else [])
     run = subprocess.run(command, input=script, text=True, capture_output=True)
     expect(f"exit status for {script!r} ({run.stderr.strip()})", run.returncode, 0)
 

@@ -1,6 +1,5 @@
 // Assertion checks and their reports.
 #include "diagnostics.h"
-#include "host/control/windows_control.h"
 #include "library.h"
 #include "support_fixture.h"
 
@@ -28,24 +27,22 @@ std::wstring expectedReport(int line) {
 }
 
 TEST_F(Support, WithoutSwitchesAFailedCheckIsSilent) {
-    host::setDebuggerPresent(true);
     start(0, 0);
     int calls = 0;
     DIAG_ASSERT(counted(calls, false), L"counted(calls, false)");
     EXPECT_EQ(calls, 1) << "the condition is the call itself";
     diagnosticsOutput(L"text");
     shutDownLibrary();
-    EXPECT_TRUE(host::effects().empty());
-    EXPECT_EQ(host::breakpointsHit(), 0);
+    EXPECT_TRUE(effects().empty());
     EXPECT_FALSE(exists(logFolder()));
 }
 
 TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
     start(1, 1);
-    host::clearEffects();
+    clearEffects();
     int calls = 0;
     DIAG_ASSERT(counted(calls, true), L"counted(calls, true)");
-    EXPECT_TRUE(host::effects().empty());
+    EXPECT_TRUE(effects().empty());
     const int line = failCheck();
     EXPECT_EQ(onlyBox(),
               L"Assertion Failure: VelmoGroup\n16\n"
@@ -54,7 +51,7 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
               L"File : <GroupCommands>\n"
               L"Line : " +
                   std::to_wstring(line));
-    EXPECT_EQ(host::effects().size(), 1u);
+    EXPECT_EQ(effects().size(), 1u);
     EXPECT_EQ(calls, 1);
     EXPECT_FALSE(exists(logFolder()));
 }
@@ -62,52 +59,39 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
 TEST_F(Support, TheBoxEndsWithTheCallStack) {
     start(0, 1);
     failCheck();
-    const std::wstring box = host::effectText(EffectKind::MessageBox);
+    const std::wstring box = effectText(EffectKind::AlertBox);
     const Lines frames = linesOf(box.substr(box.find(L"\n\n") + 2));
     ASSERT_GT(frames.size(), 3u);
-    EXPECT_NE(frames[0].find(L"support_tests + 0x"), std::wstring::npos) << "the caller's module";
+    const std::string program = PROGRAM_FILE;
+    EXPECT_NE(frames[0].find(std::wstring(program.begin(), program.end()) + L" + 0x"),
+              std::wstring::npos)
+        << "the caller's module";
 }
 
 TEST_F(Support, DebugStartupReportsEverywhere) {
-    host::setDebuggerPresent(true);
     start(1, 0);
     const int line = failCheck();
-    const std::wstring report = L"[16:19:18] " + expectedReport(line);
-    const Lines output = linesOf(host::effectText(EffectKind::StandardOutput));
+    EXPECT_EQ(effects()[0].kind, EffectKind::AlertBox) << "the box comes first";
+    const Lines output = linesOf(effectText(EffectKind::StandardOutput));
     ASSERT_GT(output.size(), 2u);
-    EXPECT_EQ(output[0], report);
+    EXPECT_EQ(output[0], L"[16:19:18] " + expectedReport(line));
     EXPECT_EQ(output[1].substr(0, 11), L"[16:19:18] ") << "the call stack";
-    EXPECT_EQ(linesOf(host::effectText(EffectKind::DebugOutput)), output);
     EXPECT_EQ(loggedLines(), output);
-    EXPECT_EQ(host::breakpointsHit(), 1);
-    EXPECT_EQ(host::effects()[0].kind, EffectKind::MessageBox) << "the box comes first";
-}
-
-TEST_F(Support, DebuggerOnlyWhenPresent) {
-    start(1, 0);
-    failCheck();
-    EXPECT_TRUE(host::effectTexts(EffectKind::DebugOutput).empty());
-    EXPECT_EQ(host::breakpointsHit(), 0);
-    EXPECT_FALSE(host::effectTexts(EffectKind::StandardOutput).empty());
+    EXPECT_TRUE(effectTexts(EffectKind::DebugOutput).empty()) << "no debugger is there";
 }
 
 TEST_F(Support, ModuleNameComesFromTheHandle) {
-    for (const auto& [file, name] : {std::pair(L"/opt/a.b/Name.With.Dots.arx", L"Name.With.Dots"),
-                                     std::pair(L"Bare", L"Bare")}) {
-        host::setModuleFileName(module(), file);
-        host::clearEffects();
-        G_diagnostics = {};
+    for (const wchar_t* const name : {L"Name.With.Dots", L"Bare"}) {
+        const std::wstring text = name;
+        const bool bare = text.find(L'.') == text.npos;
         start(0, 1);
+        G_hCurrentModule = static_cast<HMODULE>(moduleNamed(bare ? text : text + L".arx"));
+        clearEffects();
+        G_diagnostics.assertionsEnabled = true;
         failCheck();
-        EXPECT_EQ(linesOf(onlyBox())[0], std::wstring(L"Assertion Failure: ") + name);
+        EXPECT_EQ(linesOf(onlyBox())[0], L"Assertion Failure: " + text);
+        G_diagnostics = {};
     }
-}
-
-TEST_F(Support, LongModulePathIsNotCut) {
-    host::setModuleFileName(module(), L"/" + std::wstring(3000, L'x') + L"/Long.arx");
-    start(0, 1);
-    failCheck();
-    EXPECT_EQ(linesOf(onlyBox())[0], L"Assertion Failure: Long");
 }
 
 }  // namespace

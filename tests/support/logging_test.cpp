@@ -23,7 +23,7 @@ TEST_F(Support, LoggingFromCreationToDestruction) {
     EXPECT_EQ(G_pLoggingObject, nullptr);
     logCommandUse(L"Active");
     destroyLogging();
-    EXPECT_TRUE(host::effects().empty());
+    EXPECT_TRUE(effects().empty());
 }
 
 TEST_F(Support, ASecondLoggingObjectIsReportedAndTakesOver) {
@@ -42,7 +42,7 @@ TEST_F(Support, AMissingSessionIsReported) {
     G_pLoggingObject->m_pLogSession.reset();
     logCommandUse(L"Remove Member");
     EXPECT_EQ(onlyBox(), report(L"m_pLogSession != NULL", 69));
-    host::clearEffects();
+    clearEffects();
     destroyLogging();
     EXPECT_EQ(onlyBox(), report(L"m_pLogSession != NULL", 62));
 }

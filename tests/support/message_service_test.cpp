@@ -2,7 +2,6 @@
 #include "message_service.h"
 
 #include "diagnostics.h"
-#include "host/control/windows_control.h"
 #include "support_fixture.h"
 
 namespace {
@@ -36,13 +35,14 @@ TEST_F(Support, LongMessagesArePrintedInPieces) {
 }
 
 TEST_F(Support, MessagesHaveOneNewline) {
-    const std::pair<const wchar_t*, const wchar_t*> cases[] = {{L"text", L"text\n"},
-                                                               {L"\n\ntext\n\n\n", L"text\n"},
-                                                               {L"a\n\nb\n", L"a\n\nb\n"},
-                                                               {L"\n \x1D11E ", L" \x1D11E \n"},
-                                                               {L"\n\n", L"\n"},
-                                                               {L"", L"\n"},
-                                                               {L"100 %d%s", L"100 %d%s\n"}};
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"text", L"text\n"},
+        {L"\n\ntext\n\n\n", L"text\n"},
+        {L"a\n\nb\n", L"a\n\nb\n"},
+        {L"\n \U0001D11E ", L" \U0001D11E \n"},
+        {L"\n\n", L"\n"},
+        {L"", L"\n"},
+        {L"100 %d%s", L"100 %d%s\n"}};
     for (const auto& [text, expected] : cases) {
         pieces(text);
         EXPECT_EQ(host::effectText(EffectKind::CommandLine), expected);
@@ -59,20 +59,12 @@ TEST_F(Support, MessagesAreFormatted) {
               L"de has 7 of \x20AC, narrow\n");
 }
 
-TEST_F(Support, TheDebuggerGetsMessagesWithoutAnySwitch) {
-    host::setDebuggerPresent(true);
-    messageService(L"\ntext\n\n");
-    EXPECT_EQ(host::effectTexts(EffectKind::DebugOutput), Lines{L"[16:19:18] \ntext\n\n"});
-    EXPECT_EQ(host::effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
-    EXPECT_EQ(host::effects().size(), 2u);
-}
-
 TEST_F(Support, TheLogGetsMessagesWithDebugStartup) {
     start(1, 0);
     messageService(L"text\n");
     EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] text"});
-    EXPECT_TRUE(host::effectTexts(EffectKind::StandardOutput).empty());
-    EXPECT_EQ(host::effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
+    EXPECT_TRUE(effectTexts(EffectKind::StandardOutput).empty());
+    EXPECT_EQ(effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
 }
 
 }  // namespace

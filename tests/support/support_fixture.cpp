@@ -1,52 +1,35 @@
-// The fixture of the support room's tests.
+// The fixture of the support room's tests, as far as it is the same everywhere.
 #include "support_fixture.h"
 
-#include <stdlib.h>
-#include <time.h>
-#include <unistd.h>
-
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
 #include "diagnostics.h"
-#include "host/control/clock.h"
 #include "host/control/faults.h"
 #include "host/control/windows_control.h"
 #include "library.h"
 
-namespace {
-
-constexpr std::time_t kMoment = 1358259558;            // 2013-01-15 14:19:18 UTC
-constexpr std::time_t kWorkstationStart = 1358150400;  // 2013-01-14 08:00:00 UTC
-
-int handleOfModule;
-
-}  // namespace
-
 void Support::SetUp() {
-    setenv("TZ", "TST-2", 1);
-    tzset();
-    host::clockFix(kMoment);
     host::resetWindows();
     host::setFaultPlan({});
-    host::setEnvironment(L"TEMP", wideTemporaryFolder());
-    host::setModuleFileName(module(), L"C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx");
-    host::setWorkstationStart(kWorkstationStart);
+    prepareSystem();
+    host::setEnvironment(L"TEMP", wide(temporaryFolder()));
     std::filesystem::remove_all(temporaryFolder());
     std::filesystem::create_directories(temporaryFolder());
     G_diagnostics = {};
-    host::clearEffects();
+    clearEffects();
+    m_sleepsSeen = 0;
+    expectSlept(0);
 }
 
 void Support::TearDown() {
     host::setFaultPlan({});
     G_diagnostics = {};
     shutDownLibrary();
+    restoreSystem();
+    host::resetWindows();
     std::filesystem::remove_all(temporaryFolder());
-    EXPECT_EQ(host::openRegistryKeys(), 0);
-    host::closeRegistryKeys();
 }
 
 void Support::start(unsigned debugStartup, unsigned assertStartup, bool finaliseLog) {
@@ -55,58 +38,68 @@ void Support::start(unsigned debugStartup, unsigned assertStartup, bool finalise
     initialiseLibrary(L"Corvinstrand", static_cast<HMODULE>(module()), false, finaliseLog);
 }
 
-void* Support::module() { return &handleOfModule; }
+std::vector<host::Effect> Support::effects() {
+    collectEffects();
+    std::vector<host::Effect> steady = host::effects();
+    for (host::Effect& effect : steady)
+        effect.text = steadyTimes(effect.text);
+    return steady;
+}
+
+std::vector<std::wstring> Support::effectTexts(host::EffectKind kind) {
+    std::vector<std::wstring> texts;
+    for (const host::Effect& effect : effects()) {
+        if (effect.kind == kind) texts.push_back(effect.text);
+    }
+    return texts;
+}
+
+std::wstring Support::effectText(host::EffectKind kind) {
+    std::wstring whole;
+    for (const std::wstring& text : effectTexts(kind))
+        whole += text;
+    return whole;
+}
+
+void Support::clearEffects() {
+    collectEffects();
+    host::clearEffects();
+}
 
 std::wstring Support::onlyBox() {
-    const std::vector<std::wstring> boxes = host::effectTexts(host::EffectKind::MessageBox);
+    const std::vector<std::wstring> boxes = effectTexts(host::EffectKind::AlertBox);
     EXPECT_EQ(boxes.size(), 1u);
     return boxes.empty() ? std::wstring() : boxes[0].substr(0, boxes[0].find(L"\n\n"));
 }
 
 std::vector<std::wstring> Support::reportedExpressions() {
     std::vector<std::wstring> expressions;
-    for (const std::wstring& box : host::effectTexts(host::EffectKind::MessageBox)) {
+    for (const std::wstring& box : effectTexts(host::EffectKind::AlertBox)) {
         const std::size_t start = box.find(L"Assertion : <") + 13;
         expressions.push_back(box.substr(start, box.find(L">\nFile") - start));
     }
     return expressions;
 }
 
-std::string Support::temporaryFolder() {
-    // Outside ASCII on purpose.
-    return ::testing::TempDir() + "velmo-\xC3\xA4\xF0\x9D\x84\x9E-" + std::to_string(getpid());
-}
+std::filesystem::path Support::logFolder() { return temporaryFolder() / "Velmo Diagnostics"; }
 
-std::wstring Support::wideTemporaryFolder() {
-    const std::string parent = ::testing::TempDir();
-    return std::wstring(parent.begin(), parent.end()) + L"velmo-\x00E4\x1D11E-" +
-           std::to_wstring(getpid());
-}
+std::filesystem::path Support::finalLog() { return logFolder() / "VelmoGroup.arx.log"; }
 
-std::string Support::logFolder() { return temporaryFolder() + "/Velmo Diagnostics/"; }
+bool Support::exists(const std::filesystem::path& path) { return std::filesystem::exists(path); }
 
-std::string Support::workingLogFile() {
-    return "VelmoGroup.arx.20130114080000_20130115141918_" + std::to_string(getpid()) + ".log";
-}
-
-std::string Support::workingLog() { return logFolder() + workingLogFile(); }
-
-std::string Support::finalLog() { return logFolder() + "VelmoGroup.arx.log"; }
-
-bool Support::exists(const std::string& path) { return std::filesystem::exists(path); }
-
-void Support::writeFile(const std::string& path, const std::string& bytes) {
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+void Support::writeFile(const std::filesystem::path& path, const std::string& bytes) {
+    std::filesystem::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-std::string Support::readFile(const std::string& path) {
+std::string Support::readFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 std::vector<std::wstring> Support::loggedLines() {
-    std::vector<std::wstring> lines = linesOf(decodeLog(readFile(workingLog())));
+    const std::wstring text = steadyTimes(decodeLog(readFile(workingLog())));
+    std::vector<std::wstring> lines = linesOf(text);
     for (auto line = lines.begin(); line != lines.end(); ++line) {
         if (*line == L":-------------------------") return {line + 1, lines.end()};
     }
@@ -120,9 +113,14 @@ std::wstring decodeLog(const std::string& bytes) {
         const auto low = static_cast<unsigned char>(bytes[i]);
         const auto high = static_cast<unsigned char>(bytes[i + 1]);
         const auto unit = static_cast<wchar_t>(low | (high << 8));
-        const bool second = unit >= 0xDC00 && unit <= 0xDFFF && !text.empty();
-        if (second) text.back() = ((text.back() - 0xD800) << 10) + (unit - 0xDC00) + 0x10000;
-        if (!second) text += unit;
+        const bool wideCharacters = sizeof(wchar_t) > 2;
+        const bool second = wideCharacters && unit >= 0xDC00 && unit <= 0xDFFF && !text.empty();
+        if (second) {
+            const long lead = text.back() - 0xD800L;
+            text.back() = static_cast<wchar_t>(lead * 0x400 + (unit - 0xDC00) + 0x10000);
+        } else {
+            text += unit;
+        }
     }
     EXPECT_EQ(bytes.size() % 2, 0u);
     EXPECT_EQ(text.substr(0, 1), L"\xFEFF");

@@ -1,0 +1,33 @@
+// Makes groups of their own of what a copying command appended to the drawing.
+#include <string>
+
+#include "document_data.h"
+#include "group_markers.h"
+#include "group_naming.h"
+#include "GroupCommands.h"
+#include "handle_text.h"
+#include "marker.h"
+#include "membership.h"
+
+void relinkCopiedGroups() {
+    const std::wstring prefix = groupPrefix();
+    const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
+    const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
+    std::wstring handle = nextEntityHandle(docData().m_idLastBeforeCommand);
+    Marker begin;
+    bool openPair = false;
+    while (!handle.empty()) {
+        const AcDbObjectId id = idFromHandleText(handle);
+        const std::wstring tag = readMarkerText(id, MarkerText::kTag);
+        if (sameTag(tag, beginTag)) {
+            // A begin marker met before any end marker replaces the one before it.
+            begin = {id, handleText(id), readMarkerCount(id), markerPosition(id)};
+            openPair = true;
+        } else if (sameTag(tag, endTag)) {
+            const Marker end{id, handleText(id), {}, markerPosition(id)};
+            if (openPair) linkMarkers(begin, end, begin.count);
+            openPair = false;
+        }
+        handle = nextEntityHandle(id);
+    }
+}

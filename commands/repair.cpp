@@ -1,0 +1,127 @@
+// The repair pass: brings every group of the drawing back in line with its markers.
+#include <string>
+
+#include "command_source.h"
+#include "diagnostics.h"
+#include "group_forming.h"
+#include "group_markers.h"
+#include "group_naming.h"
+#include "GroupCommands.h"
+#include "handle_text.h"
+#include "host_guards.h"
+#include "marker.h"
+#include "membership.h"
+#include "selection_walk.h"
+
+namespace {
+
+constexpr int kListGrowth = 8;
+constexpr int kBlockName = 2;
+/// Matches the blocks of both kinds of marker.
+constexpr const wchar_t* kAnyMarker = L"_G?";
+
+/// Ids of all block references in the drawing whose block name matches, in the host's order.
+AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* conversionText) {
+    // Group code 0 would end the list: it is passed as RTDXF0.
+    const ResultBuffers filter(acutBuildList(RTDXF0, L"INSERT", kBlockName, blockName.c_str(), 0));
+    AcDbObjectIdArray ids(0, kListGrowth);
+    ads_name selection = {};
+    // Without its filter the selection would take the whole drawing.
+    if (filter.get() == nullptr ||
+        acedSSGet(L"X", nullptr, nullptr, filter.get(), selection) != RTNORM) {
+        return ids;
+    }
+    const Adesk::Int32 length = selectionLength(selection);
+    for (Adesk::Int32 i = 0; i < length; ++i) {
+        ids.append(idAt(selection, i, conversionText));
+    }
+    acedSSFree(selection);
+    return ids;
+}
+
+struct RepairCounts {
+    int updated = 0;
+    int deleted = 0;
+};
+
+/// Settles a group of which `between` entities stand between its markers.
+void settleGroup(const Marker& begin, const Marker& end, int between, RepairCounts& counts) {
+    const int expected = _wtoi(begin.count.c_str());
+    if (between == expected) {
+        linkMarkers(begin, end, begin.count);
+        ++counts.updated;
+    } else if (between == 0 || between > expected) {
+        eraseObject(begin.id);
+        eraseObject(end.id);
+        ++counts.deleted;
+    } else {
+        linkMarkers(begin, end, std::to_wstring(between));
+        ++counts.updated;
+    }
+}
+
+/// Walks from a begin marker to the end marker that follows it and settles the group. A walk that
+/// meets no end marker leaves the group alone.
+void repairGroup(const AcDbObjectId& beginId, const std::wstring& endTag, RepairCounts& counts) {
+    Marker begin{beginId, handleText(beginId), readMarkerCount(beginId), {}};
+    begin.position = markerPosition(beginId);
+    Marker end;
+    end.handle = nextEntityHandle(beginId);
+    if (end.handle.empty()) return;
+    end.id = idFromHandleText(end.handle);
+    int between = 0;
+    while (!sameTag(readMarkerText(end.id, MarkerText::kTag), endTag)) {
+        end.handle = nextEntityHandle(end.id);
+        end.id = idFromHandleText(end.handle);
+        ++between;
+        if (!end.id.isValid()) return;
+    }
+    end.position = markerPosition(end.id);
+    settleGroup(begin, end, between, counts);
+}
+
+/// Erases markers whose partner does not exist; so goes also what only looks like a marker.
+void purgePartnerless(const std::wstring& prefix) {
+    const AcDbObjectIdArray markers =
+        referencesOf(prefix + kAnyMarker, L"acdbGetObjectId(objId, ent) == Acad::eOk");
+    for (int i = 0; i < markers.length(); ++i) {
+        const std::wstring partner = readMarkerText(markers[i], MarkerText::kText);
+        if (idFromHandleText(partner).isNull()) eraseObject(markers[i]);
+    }
+}
+
+/// Erases pairs of markers with nothing between them.
+void purgeEmptyPairs(const std::wstring& prefix) {
+    const AcDbObjectIdArray begins = referencesOf(prefix + GroupSuffix::kBeginMarker,
+                                                  L"acdbGetObjectId(objId2, ent) == Acad::eOk");
+    for (int i = 0; i < begins.length(); ++i) {
+        const std::wstring next = nextEntityHandle(begins[i]);
+        const std::wstring partner = readMarkerText(begins[i], MarkerText::kText);
+        const AcDbObjectId end = idFromHandleText(partner);
+        if (end.isNull() || partner != next) continue;
+        eraseObject(end);
+        eraseObject(begins[i]);
+    }
+}
+
+}  // namespace
+
+void updateAllGroups() {
+    const std::wstring prefix = groupPrefix();
+    const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
+    const AcDbObjectIdArray begins = referencesOf(prefix + GroupSuffix::kBeginMarker,
+                                                  L"acdbGetObjectId(objIdGB, ent) == Acad::eOk");
+    RepairCounts counts;
+    for (int i = 0; i < begins.length(); ++i) {
+        repairGroup(begins[i], endTag, counts);
+    }
+    if (counts.updated >= 1) acutPrintf(L"\n%d Groups Updated. ", counts.updated);
+    if (counts.deleted > 0) acutPrintf(L"\n%d Groups Deleted. ", counts.deleted);
+    purgeStrayMarkers();
+}
+
+void purgeStrayMarkers() {
+    const std::wstring prefix = groupPrefix();
+    purgePartnerless(prefix);
+    purgeEmptyPairs(prefix);
+}

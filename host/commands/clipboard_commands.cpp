@@ -1,0 +1,120 @@
+// COPYCLIP, CUTCLIP and PASTECLIP, through a drawing that the application keeps.
+#include <iterator>
+#include <memory>
+
+#include "host/commands/command_support.h"
+#include "host/commands/commands.h"
+#include "host/commands/entity_selection.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/database/wblock_clone.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/input.h"
+#include "host/editor/outline.h"
+#include "host/objectarx/database.h"
+
+namespace host {
+namespace {
+
+/// The temporary drawing behind the clipboard. Empty until the first copy.
+struct Clipboard {
+    std::unique_ptr<AcDbDatabase> drawing;
+    Vec base;
+};
+
+Clipboard& clipboard() {
+    static Clipboard& instance = *new Clipboard;
+    return instance;
+}
+
+/// Lower left corner of what is drawn of the entities; the origin when nothing is.
+Vec cornerOf(const Store& store, const std::vector<ObjectBody*>& entities) {
+    OutlineMaker maker(store);
+    std::optional<Box> box;
+    for (const ObjectBody* entity : entities) {
+        const auto bounds = maker.outlineOf(*entity).bounds();
+        if (!bounds) continue;
+        if (!box) box = bounds;
+        box->left = std::min(box->left, bounds->left);
+        box->bottom = std::min(box->bottom, bounds->bottom);
+    }
+    return box ? Vec{box->left, box->bottom, 0} : Vec{};
+}
+
+bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const char* done) {
+    EntityTransform unmoved(displacement({}), done);
+    if (!canTransform(unmoved, entities)) return false;
+    Clipboard filled;
+    filled.drawing = std::make_unique<AcDbDatabase>();
+    filled.base = cornerOf(store, entities);
+    Store& target = filled.drawing->store();
+    wblockClone({entities.begin(), entities.end()}, target, target.at(target.modelSpace()));
+    say(std::to_wstring(entities.size()) + L" copied to the clipboard, base point X=" +
+        fromUtf8(formatReal(filled.base.x)) + L" Y=" + fromUtf8(formatReal(filled.base.y)));
+    clipboard() = std::move(filled);
+    return true;
+}
+
+CommandStatus runCopyClip() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    std::vector<ObjectBody*> entities;
+    if (!selectEntities(Locked::Taken, entities)) return CommandStatus::Cancelled;
+    if (entities.empty()) return CommandStatus::Done;
+    return fillClipboard(*store, entities, "copied") ? CommandStatus::Done : CommandStatus::Failed;
+}
+
+CommandStatus runCutClip() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    std::vector<ObjectBody*> entities;
+    if (!selectEntities(Locked::LeftOut, entities)) return CommandStatus::Cancelled;
+    if (entities.empty()) return CommandStatus::Done;
+    if (!fillClipboard(*store, entities, "cut")) return CommandStatus::Failed;
+    eraseEntities(entities);
+    return CommandStatus::Done;
+}
+
+CommandStatus runPasteClip() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    if (clipboard().drawing == nullptr) {
+        say(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
+        return CommandStatus::Failed;
+    }
+    AcGePoint3d point;
+    if (promptPoint(L"\nSpecify insertion point: ", nullptr, point) != PromptStatus::Ok)
+        return CommandStatus::Cancelled;
+    Store& source = clipboard().drawing->store();
+    std::vector<ObjectBody*> entities;
+    for (Index at = source.firstLive(source.modelSpace()); at != kNoIndex;
+         at = source.nextLive(source.at(at)))
+        entities.push_back(&source.at(at));
+    EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
+    if (!canTransform(moved, entities)) return CommandStatus::Failed;
+    ObjectBody& space = store->at(store->currentSpace());
+    moved.apply(*store, wblockClone({entities.begin(), entities.end()}, *store, space));
+    return CommandStatus::Done;
+}
+
+constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
+constexpr Adesk::Int32 kKeepsPickfirst = ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW;
+
+const BuiltinCommand kCommands[] = {
+    {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
+     L"copies entities to the clipboard; base point is their lower left corner"},
+    {L"CUTCLIP", kTakesPickfirst, runCutClip, L"the same, and erases them"},
+    {L"PASTECLIP", 0, runPasteClip, L"inserts what the clipboard holds: insertion point"},
+};
+
+}  // namespace
+
+void registerClipboardCommands() {
+    dropClipboard();
+    registerBuiltins(kCommands, std::size(kCommands));
+}
+
+void dropClipboard() { clipboard() = {}; }
+
+}  // namespace host

@@ -1,0 +1,45 @@
+// Selecting entities for editing, erasing them, and telling why they cannot be changed.
+#include "host/commands/entity_selection.h"
+
+#include "host/commands/command_support.h"
+#include "host/database/object_access.h"
+#include "host/database/store.h"
+#include "host/database/text_codec.h"
+#include "host/editor/input.h"
+#include "host/editor/pickfirst.h"
+
+namespace host {
+
+bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities) {
+    std::vector<AcDbObjectId> selection;
+    if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel)
+        return false;
+    long onLocked = 0;
+    for (const AcDbObjectId id : selection) {
+        ObjectBody* body = Store::resolve(id);
+        if (body == nullptr || body->erased) continue;
+        if (locked == Locked::LeftOut && body->store->onLockedLayer(*body))
+            ++onLocked;
+        else
+            entities.push_back(body);
+    }
+    if (onLocked > 0) say(std::to_wstring(onLocked) + L" on a locked layer, left as they are.");
+    return true;
+}
+
+void eraseEntities(const std::vector<ObjectBody*>& entities) {
+    for (ObjectBody* entity : entities)
+        eraseWithOwned(*entity, true);
+    dropErasedFromPickfirst();
+}
+
+bool canTransform(EntityTransform& transform, const std::vector<ObjectBody*>& entities) {
+    for (const ObjectBody* entity : entities) {
+        if (transform.check(*entity)) continue;
+        say(fromUtf8(transform.problem()) + L".");
+        return false;
+    }
+    return true;
+}
+
+}  // namespace host

@@ -1,0 +1,68 @@
+// U, UNDO and REDO of whole commands.
+#include <iterator>
+
+#include "host/commands/command_support.h"
+#include "host/commands/commands.h"
+#include "host/database/journal.h"
+#include "host/database/store.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/editor/command_runner.h"
+#include "host/editor/input.h"
+#include "host/editor/pickfirst.h"
+
+namespace host {
+namespace {
+
+/// Tells what was undone or redone, the names in one line.
+CommandStatus finish(const std::vector<std::wstring>& names, const wchar_t* whenNothing) {
+    std::wstring line;
+    for (const std::wstring& name : names)
+        line += (line.empty() ? L"" : L" ") + name;
+    say(names.empty() ? whenNothing : line);
+    dropErasedFromPickfirst();
+    return CommandStatus::Done;
+}
+
+CommandStatus undo(Store& store, int count) {
+    return finish(store.journal().undo(count), L"Everything has been undone.");
+}
+
+CommandStatus runU() {
+    Store* store = drawingOrComplaint();
+    return store != nullptr ? undo(*store, 1) : CommandStatus::Failed;
+}
+
+CommandStatus runUndo() {
+    constexpr long long kMost = 32767;
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    for (;;) {
+        const Answer answer = prompt(L"\nEnter the number of operations to undo <1>: ");
+        if (answer.kind == Answer::Kind::Enter) return undo(*store, 1);
+        if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+        const auto count = parseInteger(toUtf8(answer.text));
+        if (count && *count > 0 && *count <= kMost) return undo(*store, static_cast<int>(*count));
+        if (!wrongAnswer(L"\"" + answer.text +
+                         L"\" is no number from 1 to 32767; UNDO has no other options here"))
+            return CommandStatus::Cancelled;
+    }
+}
+
+CommandStatus runRedo() {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
+    return finish(store->journal().redo(), L"Everything has been redone.");
+}
+
+const BuiltinCommand kCommands[] = {
+    {L"U", 0, runU, L"undoes the last command that changed the drawing"},
+    {L"UNDO", 0, runUndo, L"undoes several of them: number"},
+    {L"REDO", 0, runRedo, L"redoes what the last U or UNDO undid"},
+};
+
+}  // namespace
+
+void registerUndoCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+
+}  // namespace host

@@ -1,0 +1,35 @@
+// What only the stood-in Windows can be made to do; the native build alone has it.
+//
+// Effects (message boxes, debugger and standard output, files written) are in effects.h, time is in
+// clock.h, and calls fail through faults.h.
+#pragma once
+
+#include <ctime>
+#include <optional>
+#include <string>
+
+namespace host {
+
+/// Keys that were opened and not closed; closes them.
+long openRegistryKeys();
+void closeRegistryKeys();
+
+/// Whether a debugger counts as attached, and how often the module broke into it since the reset.
+void setDebuggerPresent(bool present);
+long breakpointsHit();
+
+/// Overrides the file name of a module handle; null is the program.
+void setModuleFileName(const void* module, const std::wstring& path);
+/// Start time of the workstation service; none: its statistics cannot be had, as at start.
+void setWorkstationStart(std::optional<std::time_t> moment);
+
+/// Strings of the version resource that every module file has.
+struct VersionResource {
+    std::wstring companyName;
+    std::wstring productName;
+    std::wstring fileVersion;
+};
+/// Overrides the version resource; none: files have no such resource.
+void setVersionResource(std::optional<VersionResource> resource);
+
+}  // namespace host

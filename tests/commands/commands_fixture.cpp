@@ -1,0 +1,91 @@
+// Rendering drawings as text for whole-state comparisons.
+#include "commands/commands_fixture.h"
+
+#include <sstream>
+
+#include "host/commands/entity_maker.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/dxf/drawing_check.h"
+
+namespace tests {
+
+using namespace host;
+
+std::string stateOf(const Store& store) {
+    std::string text;
+    for (const Section& section : store.sections())
+        text += section.text;
+    for (Index at = 1; at <= store.count(); ++at) {
+        const ObjectBody& body = store.at(at);
+        if (body.erased || body.size == 0) continue;
+        text += std::to_string(at) + ":\n" + std::string(body.text());
+        std::string forward, backward;
+        for (Index child = store.firstLive(at); child != kNoIndex;
+             child = store.nextLive(store.at(child)))
+            forward += " " + std::to_string(child);
+        for (Index child = store.lastLive(at); child != kNoIndex;
+             child = store.previousLive(store.at(child)))
+            backward = " " + std::to_string(child) + backward;
+        text += forward + "\n" + (forward == backward ? "" : "backward" + backward + "\n");
+    }
+    return text;
+}
+
+std::string damage(const Store& store) {
+    std::string text;
+    for (const Finding& finding : checkDrawing(store))
+        if (finding.severity == Severity::Error) text += finding.text + "\n";
+    return text;
+}
+
+CommandsTest::~CommandsTest() {
+    for (std::size_t i = 0; i < session.documentCount(); ++i)
+        EXPECT_EQ(damage(session.document(i)->database()->store()), "");
+}
+
+std::string CommandsTest::shown() {
+    const std::string text = toUtf8(effectText(EffectKind::CommandLine));
+    clearEffects();
+    return text;
+}
+
+std::string CommandsTest::entities() const {
+    std::string text;
+    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
+         at = store().nextLive(store().at(at))) {
+        const std::wstring layer = layerName(store().at(at));
+        text += (text.empty() ? "" : " ") + std::string(store().at(at).type());
+        if (layer != L"0") text += "/" + toUtf8(layer);
+    }
+    return text;
+}
+
+ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const {
+    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
+         at = store().nextLive(store().at(at)))
+        if (store().at(at).type() == type && occurrence-- == 0) return store().at(at);
+    ADD_FAILURE() << "no " << type;
+    return store().at(0);
+}
+
+std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<int> codes) {
+    std::string text;
+    for (const int code : codes) {
+        const auto place = findTag(body.text(), code);
+        text += (text.empty() ? "" : " ") + (place ? std::string(place->value) : "-");
+    }
+    return text;
+}
+
+ObjectBody& CommandsTest::add(const std::string& type, const std::string& groups) {
+    std::string text;
+    std::istringstream stream(groups);
+    for (std::string group; std::getline(stream, group, '|');) {
+        const std::size_t blank = group.find(' ');
+        addTag(text, std::stoi(group.substr(0, blank)), std::string_view(group).substr(blank + 1));
+    }
+    return *Store::resolve(addEntity(store(), type, text));
+}
+
+}  // namespace tests

@@ -1,0 +1,41 @@
+// A session whose drawings the tests of the host's own commands compare as a whole.
+#pragma once
+
+#include <string>
+
+#include "gtest/gtest.h"
+#include "host/application/session.h"
+#include "host/control/effects.h"
+#include "host/database/store.h"
+#include "host/objectarx/database.h"
+
+namespace tests {
+
+/// Everything live in a drawing: header, each object with its groups, and the order of the spaces,
+/// walked both ways.
+std::string stateOf(const host::Store& store);
+/// "" for a sound drawing, else the errors that the check finds.
+std::string damage(const host::Store& store);
+
+class CommandsTest : public testing::Test {
+  protected:
+    /// Every drawing that is open at the end has to be sound.
+    ~CommandsTest() override;
+
+    host::CommandStatus run(const std::wstring& script) { return session.runScript(script); }
+    /// What the command line shows since the last call.
+    std::string shown();
+    host::Store& store() const { return session.database()->store(); }
+    /// Type and layer of the entities of model space in order: "LINE LINE/Walls".
+    std::string entities() const;
+    /// The occurrence-th entity of a type in model space.
+    host::ObjectBody& entity(const std::string& type, int occurrence = 0) const;
+    /// Values of groups of an entity: "10 20 30" gives "1.0 2.0 3.0".
+    static std::string groups(const host::ObjectBody& body, std::initializer_list<int> codes);
+    /// Adds an entity from "code value|code value" to model space.
+    host::ObjectBody& add(const std::string& type, const std::string& groups);
+
+    host::Session session;
+};
+
+}  // namespace tests

@@ -1,0 +1,143 @@
+// COPY, MIRROR, the clipboard and switching between drawings, as whole states.
+#include "commands/commands_fixture.h"
+#include "host/control/switches.h"
+#include "host/database/object_access.h"
+#include "host/database/tags.h"
+#include "host/objectarx/entities.h"
+
+namespace tests {
+namespace {
+
+using namespace host;
+
+class EditingTest : public CommandsTest {
+  protected:
+    EditingTest() {
+        session.newDrawing();
+        switches().newestFirst = false;
+        run(L"LINE 0,0 10,0\n\nCIRCLE 5,5 1\n");
+    }
+    /// Gives an entity an extension dictionary with one record that holds its handle.
+    static void addRecord(ObjectBody& body, bool hard) {
+        AcDbObject* entity = nullptr;
+        ASSERT_EQ(acdbOpenObject(entity, body.store->idOf(body), AcDb::kForWrite), Acad::eOk);
+        entity->createExtensionDictionary();
+        AcDbObject* dictionary = nullptr;
+        acdbOpenObject(dictionary, entity->extensionDictionary(), AcDb::kForWrite);
+        static_cast<AcDbDictionary*>(dictionary)->setTreatElementsAsHard(hard);
+        auto* record = new AcDbXrecord;
+        AcDbObjectId id;
+        static_cast<AcDbDictionary*>(dictionary)->setAt(L"KEY", record, id);
+        record->close();
+        dictionary->close();
+        entity->close();
+    }
+    /// Number of live records of applications.
+    int records() const {
+        int count = 0;
+        for (Index at = 1; at <= store().count(); ++at)
+            count += store().at(at).kind == Kind::Xrecord && !store().at(at).erased &&
+                     store().at(store().at(at).owner).owner > store().modelSpace();
+        return count;
+    }
+};
+
+TEST_F(EditingTest, CopyMakesOneForEachPointInTheOrderOfSelection) {
+    EXPECT_EQ(run(L"COPY ALL\n\n0,0 100,0 @0,50\n\n"), CommandStatus::Done);
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE LINE CIRCLE");
+    EXPECT_EQ(groups(entity("LINE", 1), {10, 20, 11}), "100.0 0.0 110.0");
+    EXPECT_EQ(groups(entity("CIRCLE", 2), {10, 20}), "5.0 55.0");
+    EXPECT_EQ(run(L"COPY L\n\nD 1,2\nCOPY L\n\n7,8\n\n"), CommandStatus::Done);
+    EXPECT_EQ(groups(entity("CIRCLE", 3), {10, 20}), "6.0 57.0");
+    EXPECT_EQ(groups(entity("CIRCLE", 4), {10, 20}), "13.0 65.0");
+}
+
+TEST_F(EditingTest, MirrorKeepsOrReplacesTheSources) {
+    run(L"MIRROR ALL\n\n0,0 0,1\n\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE");
+    EXPECT_EQ(groups(entity("LINE", 1), {11}), "-10.0");
+    const Index count = store().count();
+    run(L"MIRROR ALL\n\n0,0 0,1 y\n");
+    EXPECT_EQ(groups(entity("LINE", 0), {11}), "-10.0");
+    EXPECT_EQ(store().count(), count);
+}
+
+/// Cancelled at whatever prompt, a command leaves the drawing as it was; COPY leaves its copies.
+TEST_F(EditingTest, CancellingLeavesTheDrawingUntouched) {
+    run(L"COPYCLIP ALL\n\n");
+    const std::vector<std::vector<std::wstring>> commands = {
+        {L"MOVE ", L"ALL\n\n", L"1,1 "},
+        {L"COPY ", L"ALL\n\n", L"1,1 "},
+        {L"MIRROR ", L"ALL\n\n", L"0,0 ", L"0,1 "},
+        {L"COPYCLIP ", L"ALL\n"},
+        {L"CUTCLIP ", L"ALL\n"},
+        {L"PASTECLIP "}};
+    const std::string before = stateOf(store());
+    for (const auto& answers : commands) {
+        std::wstring script;
+        for (const std::wstring& answer : answers) {
+            script += answer;
+            EXPECT_EQ(run(script), CommandStatus::Cancelled) << answers[0].c_str();
+            EXPECT_EQ(stateOf(store()), before);
+        }
+    }
+    EXPECT_EQ(run(L"COPY L\n\n0,0 5,5 "), CommandStatus::Cancelled);
+    EXPECT_EQ(entities(), "LINE CIRCLE CIRCLE");
+}
+
+TEST_F(EditingTest, LockedLayersAreCopiedButNotChanged) {
+    ObjectBody& layer = *store().symbol("LAYER", L"0");
+    std::string text(layer.text());
+    replaceValue(text, *findTag(text, 70), "4");
+    layer.setText(text);
+    const std::string before = stateOf(store());
+    run(L"MOVE ALL\n\n0,0 1,1\nMIRROR ALL\n\n0,0 1,1 Y\nCUTCLIP ALL\n\nERASE ALL\n\n");
+    EXPECT_EQ(stateOf(store()), before);
+    run(L"COPY ALL\n\n0,0 1,1\n\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE");
+}
+
+TEST_F(EditingTest, ClipboardGoesBetweenDrawingsWithWhatBelongsToIt) {
+    addRecord(entity("LINE"), true);
+    addRecord(entity("CIRCLE"), false);
+    run(L"COPYCLIP ALL\n\nNEW\nPASTECLIP 100,100\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE");
+    EXPECT_EQ(records(), 1) << "a soft dictionary's record stays behind";
+    // The lower left corner of both comes to the insertion point.
+    EXPECT_EQ(groups(entity("LINE"), {10, 20, 11}), "100.0 100.0 110.0");
+    run(L"PASTECLIP 0,0\nSWITCH 1\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE");
+    EXPECT_EQ(run(L"CUTCLIP L\n\nSWITCH Drawing2.dxf\nPASTECLIP 0,0\n"), CommandStatus::Done);
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE CIRCLE");
+    EXPECT_EQ(groups(entity("CIRCLE", 2), {10, 20}), "1.0 1.0");
+    EXPECT_EQ(run(L"SWITCH Drawing3.dxf\n"), CommandStatus::Failed);
+}
+
+/// Every kind of entity goes through the clipboard into an empty drawing with what it names.
+TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
+    session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+    const std::string all = entities();
+    run(L"COPYCLIP ALL\n\nSWITCH 1\n");
+    const Index circle = entity("CIRCLE").self;
+    run(L"PASTECLIP 0,0\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE " + all);
+    EXPECT_EQ(damage(store()), "");
+    ObjectBody* block = store().symbol("BLOCK_RECORD", L"B");
+    ASSERT_NE(block, nullptr);
+    const Index first = store().firstLive(block->self);
+    store().setErased(store().at(first), true);
+    const std::string dimension = groups(entity("DIMENSION"), {2});
+    run(L"PASTECLIP 0,0\n");
+    EXPECT_EQ(store().symbol("BLOCK_RECORD", L"b"), block);
+    EXPECT_TRUE(store().at(first).erased);
+    EXPECT_NE(groups(entity("DIMENSION", 6), {2}), dimension) << "anonymous blocks are not shared";
+    EXPECT_FALSE(store().at(circle).erased);
+}
+
+TEST_F(EditingTest, AnEmptyClipboardIsToldAndEachSessionStartsWithOne) {
+    EXPECT_EQ(run(L"PASTECLIP\n"), CommandStatus::Failed);
+    EXPECT_NE(shown().find("The clipboard is empty"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tests

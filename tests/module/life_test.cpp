@@ -1,0 +1,134 @@
+// The whole life of groups on drawings that nobody here made.
+#include <algorithm>
+#include <filesystem>
+
+#include "common/census.h"
+#include "common/drawing_order.h"
+#include "gtest/gtest.h"
+#include "host/database/tags.h"
+#include "host/database/text_codec.h"
+#include "host/dxf/drawing_check.h"
+#include "host/objectarx/database.h"
+
+namespace {
+
+using tests::Census;
+using tests::Drafting;
+
+/// Debian's librecad-data; ./check installs it.
+constexpr const char* kLibrary = "/usr/share/librecad/library";
+
+std::vector<std::string> someDrawings() {
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(kLibrary)) {
+        if (entry.path().extension() == ".dxf") files.push_back(entry.path().string());
+    }
+    std::sort(files.begin(), files.end());
+    std::vector<std::string> some;
+    for (std::size_t i = 7; i < files.size(); i += 60) {
+        some.push_back(files[i]);
+    }
+    return some;
+}
+
+class Life {
+  public:
+    explicit Life(const std::string& file) : m_drafting(file, L"", Drafting::Damage::Known) {}
+
+    bool suits() {
+        const std::vector<std::string> words = tests::wordsOf(m_drafting);
+        return words.size() >= 4 && words.size() <= 400;
+    }
+
+    /// Runs a step; afterwards the census is the former one with `by` added.
+    void step(const std::wstring& script, const Census& by = {}) {
+        SCOPED_TRACE(host::toUtf8(script));
+        Census expected = tests::censusOf(m_drafting);
+        for (const auto& [type, count] : by) {
+            expected[type] += count;
+            if (expected[type] == 0) expected.erase(type);
+        }
+        const std::size_t errors = errorsNow();
+        m_drafting.run(script);
+        EXPECT_EQ(tests::censusOf(m_drafting), expected);
+        EXPECT_LE(errorsNow(), errors);
+    }
+
+    void expectSound() { EXPECT_EQ(tests::unsoundGroup(m_drafting), "") << m_drafting.order(); }
+
+    /// "(handent ..)" of the n-th main entity.
+    std::wstring entity(std::size_t n) const {
+        const host::Store& store = m_drafting.store();
+        host::Index index = store.firstLive(store.modelSpace());
+        for (; n > 0; --n) {
+            index = store.nextLive(store.at(index));
+        }
+        return L"(handent \"" + host::fromUtf8(host::formatHandle(store.at(index).handle)) + L"\")";
+    }
+
+    std::size_t count() const { return tests::wordsOf(m_drafting).size(); }
+    Census typesOf(std::size_t first, std::size_t length, int times) const {
+        Census census;
+        const std::vector<std::string> words = tests::wordsOf(m_drafting);
+        for (std::size_t i = first; i < first + length; ++i) {
+            census[words[i].substr(0, words[i].find('*'))] += times;
+        }
+        return census;
+    }
+    Drafting& drafting() { return m_drafting; }
+
+  private:
+    std::size_t errorsNow() const {
+        std::size_t errors = 0;
+        for (const host::Finding& finding : host::checkDrawing(m_drafting.store())) {
+            errors += finding.severity == host::Severity::Error ? 1 : 0;
+        }
+        return errors;
+    }
+
+    Drafting m_drafting;
+};
+
+void live(Life& life) {
+    const auto last = [&](std::size_t back) { return life.entity(life.count() - back); };
+    life.step(L"VelmoGROUPMAKE " + life.entity(0) + L" " + life.entity(1) + L" " + life.entity(2) +
+              L"\n\n");
+    life.expectSound();
+    const Census three = life.typesOf(life.count() - 4, 3, 1);
+    const Census gone = life.typesOf(life.count() - 4, 3, -1);
+    for (const wchar_t* copy : {L"COPY 0,0 500,0\n\n", L"COPY 0,0 0,500\n\n"}) {
+        life.step(L"PICK " + last(2) + L"\n");
+        life.step(copy, three);
+        life.expectSound();
+    }
+    life.step(L"PICK " + last(3) + L"\n");
+    life.step(L"MIRROR 0,0 1,1 N\n", three);
+    life.step(L"PICK " + last(2) + L"\n");
+    life.step(L"CUTCLIP\n", gone);
+    life.step(L"PASTECLIP 7,7\n", three);
+    life.step(L"PASTECLIP 9,9\n", three);
+    life.expectSound();
+    life.step(L"VelmoGROUPNOTACTIVE\n");
+    life.step(L"ERASE " + last(2) + L"\n\n", life.typesOf(life.count() - 2, 1, -1));
+    const Census group = life.typesOf(life.count() - 8, 3, -1);
+    life.step(L"ERASE " + last(6) + L" " + last(7) + L" " + last(8) + L"\n\n", group);
+    life.step(L"REGEN\n");
+    life.expectSound();
+    life.drafting().saveAndReopen();
+    life.expectSound();
+}
+
+TEST(Life, OfGroupsOnDrawingsOfOthers) {
+    int lived = 0;
+    for (const std::string& file : someDrawings()) {
+        SCOPED_TRACE(file);
+        Life life(file);
+        if (!life.suits()) continue;
+        live(life);
+        if (testing::Test::HasFailure()) return;
+        ++lived;
+    }
+    EXPECT_GE(lived, 10);
+}
+
+}  // namespace

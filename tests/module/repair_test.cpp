@@ -1,0 +1,111 @@
+// The repair pass: what editing breaks, and what a regeneration or a save makes of it.
+#include "common/drawing_order.h"
+#include "common/scene.h"
+#include "gtest/gtest.h"
+#include "host/editor/notify.h"
+#include "host/objectarx/database.h"
+#include "host/objectarx/entities.h"
+
+namespace {
+
+using tests::Scene;
+
+/// Rewrites one attribute text of the n-th marker, as damage from outside would.
+void setAttribute(Scene& scene, int marker, int attribute, const wchar_t* text) {
+    const host::Store& store = scene.store();
+    const auto handle = host::parseHandle(tests::handleOf(store, "INSERT", marker));
+    host::Index index = store.firstLive(store.byHandle(handle.value())->self);
+    while (attribute-- > 0) {
+        index = store.nextLive(store.at(index));
+    }
+    AcDbText* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, store.idOf(index), AcDb::kForWrite), Acad::eOk);
+    opened->setTextString(text);
+    opened->close();
+}
+
+/// State after a regeneration; what the host itself says about it is left out.
+std::string afterRegen(Scene& scene) {
+    const std::string said = "\nRegenerating model.";
+    std::string state = scene.after(L"REGEN\n");
+    const std::size_t at = state.find(said);
+    return at == std::string::npos ? state : state.erase(at, said.size());
+}
+
+TEST(Repair, IntactGroupsAreRewrittenAndCounted) {
+    Scene scene("(line line) circle (circle) (line)");
+    EXPECT_EQ(afterRegen(scene),
+              "begin(2) line* line* end circle begin(1) circle* end begin(1) line* end |  | "
+              "\n3 Groups Updated. ");
+}
+
+TEST(Repair, ADrawingWithoutGroupsIsLeftInSilence) {
+    Scene scene("line circle");
+    EXPECT_EQ(afterRegen(scene), "line circle |  | ");
+}
+
+TEST(Repair, LostMembersLowerTheCountAndAnEmptiedGroupGoes) {
+    Scene scene("(line line line)");
+    scene.run(L"VelmoGROUPNOTACTIVE\n");
+    scene.after(L"ERASE #3\n\n");
+    EXPECT_EQ(afterRegen(scene), "begin(2) line* line* end |  | \n1 Groups Updated. ");
+    scene.after(L"ERASE #2 #3\n\n");
+    EXPECT_EQ(afterRegen(scene), " |  | \n1 Groups Deleted. ");
+}
+
+TEST(Repair, AGroupThatGainedEntitiesIsDissolvedAndItsMembersStay) {
+    Scene scene("(line circle line)");
+    setAttribute(scene, 0, 1, L"2");
+    EXPECT_EQ(afterRegen(scene), "line* circle* line* |  | \n1 Groups Deleted. ");
+}
+
+TEST(Repair, ACountThatIsNoNumberCountsAsNone) {
+    Scene scene("(line) (line)");
+    setAttribute(scene, 0, 1, L"many");
+    EXPECT_EQ(afterRegen(scene),
+              "line* begin(1) line* end |  | \n1 Groups Updated. \n1 Groups Deleted. ");
+}
+
+TEST(Repair, AnEmptyGroupThatCountsNoneIsPurged) {
+    Scene scene("(line)");
+    scene.after(L"VelmoGROUPMAKE #1\n\n");
+    ASSERT_EQ(scene.order(), "line* end? begin(0) end");
+    EXPECT_EQ(afterRegen(scene), "line* end? |  | \n1 Groups Updated. ");
+}
+
+TEST(Repair, PartnersThatNoLongerNameEachOtherAreLinkedAnew) {
+    Scene scene("(line line)");
+    setAttribute(scene, 0, 0, L"ENT_HANDL");
+    setAttribute(scene, 1, 0, L"1");
+    ASSERT_EQ(scene.order(), "begin(2)? line* line* end?");
+    EXPECT_EQ(afterRegen(scene), "begin(2) line* line* end |  | \n1 Groups Updated. ");
+}
+
+TEST(Repair, MarkersWithoutAPartnerArePurgedOnceTheDrawingForgotIt) {
+    Scene scene("(line) circle");
+    scene.after(L"ERASE #1\n\n");  // the begin marker; its handle is still known
+    ASSERT_EQ(scene.order(), "line* end? circle");
+    EXPECT_EQ(afterRegen(scene), "line* end? circle |  | ");
+    scene.saveAndReopen();
+    EXPECT_EQ(afterRegen(scene), "line* circle |  | ");
+}
+
+TEST(Repair, RunsBeforeTheWorkingDrawingIsSavedAndForNoOther) {
+    Scene scene("(line line line)");
+    scene.run(L"VelmoGROUPNOTACTIVE\n");
+    scene.after(L"ERASE #3\n\n");
+    AcDbDatabase other;
+    host::clearEffects();
+    host::notifyBeginSave(&other, L"other.dxf");
+    EXPECT_EQ(Scene::printed(), "");
+    scene.saveAndReopen();
+    EXPECT_EQ(scene.order(), "begin(2) line* line* end");
+}
+
+TEST(Repair, WorksInEverySpaceAtOnce) {
+    Scene scene("(line line)");
+    scene.run(L"SETVAR TILEMODE 0\nCIRCLE 1,1 2\nVelmoGROUPMAKE ALL\n\n");
+    EXPECT_EQ(afterRegen(scene), "begin(2) line* line* end |  | \n2 Groups Updated. ");
+}
+
+}  // namespace

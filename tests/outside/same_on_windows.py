@@ -1,0 +1,86 @@
+# drafthost.exe against the native drafthost: the same script gives the same drawing and transcript,
+# and a per-user switch set for one run has its effect and is gone afterwards.
+#
+# usage: same_on_windows.py NATIVE_DRAFTHOST SAMPLES_FOLDER WORK_FOLDER LAUNCHER... DRAFTHOST.EXE
+#
+# Runs inside scripts/run_wine.sh, whose Wine prefix holds the logs.
+import glob
+import os
+import re
+import subprocess
+import sys
+
+SCRIPT = ("LINE 1,2 3,4\n\nVelmoGROUPMAKE W -1,-1 4,5\n\nCIRCLE 9,9 2\nVelmoGROUPMAKE ALL\n\n"
+          "SAVEAS {target}\n")
+# Prints by the module's message service, which also writes the log when there is one.
+MESSAGE = "(VelmoGroupVersion)\n"
+failures = []
+
+
+def expect(what, seen, wanted):
+    if seen != wanted:
+        failures.append(f"{what}: {seen!r} instead of {wanted!r}")
+
+
+def run_script(host, work, script, *options):
+    """Transcript of one run in the work folder."""
+    run = subprocess.run([*host, *options, "--script", "-", "plan.dxf"], cwd=work,
+                         input=script.encode(), capture_output=True)
+    expect(f"exit status of {host[-1]} ({run.stderr.decode().strip()})", run.returncode, 0)
+    return run.stdout
+
+
+def draft(host, work, target):
+    """Transcript and saved drawing."""
+    # The current name of the drawing is a whole path.
+    transcript = re.sub(rb"<[^>]*plan\.dxf>", b"<plan.dxf>",
+                        run_script(host, work, SCRIPT.format(target=target)))
+    with open(os.path.join(work, target), "rb") as drawing:
+        return transcript.replace(target.encode(), b"TARGET"), drawing.read()
+
+
+def take_logs():
+    """The final logs in the Wine prefix, as text; they are removed."""
+    pattern = os.path.join(os.environ["WINEPREFIX"], "drive_c", "users", "*", "**",
+                           "Velmo Diagnostics", "VelmoGroup.arx.log")
+    logs = glob.glob(pattern, recursive=True)
+    texts = []
+    for log in logs:
+        with open(log, encoding="utf-16", newline="") as stream:
+            texts.append(stream.read())
+        os.remove(log)
+    return texts
+
+
+def main(native, samples, work, *windows):
+    if not os.path.exists(native):
+        failures.append(f"{native}: not there; build the preset native first")
+        return
+    os.makedirs(work, exist_ok=True)
+    with open(os.path.join(samples, "plan.dxf"), "rb") as source:
+        plan = source.read()
+    with open(os.path.join(work, "plan.dxf"), "wb") as copy:
+        copy.write(plan)
+    here = draft([native], work, "native.dxf")
+    take_logs()
+    there = draft(windows, work, "windows.dxf")
+    expect("transcript", there[0], here[0])
+    expect("the drawings are the same", there[1] == here[1], True)
+    expect("something was drawn", len(here[1]) > len(plan), True)
+    run_script(windows, work, MESSAGE, "--registry", "DebugStartup=1")
+    logs = take_logs()
+    expect("logs with DebugStartup", len(logs), 1)
+    expect("beginning of the log", [log[:21] for log in logs], ["Diagnostics started: "])
+    expect("the message in the log", ["] GroupCommands : " in log for log in logs], [True])
+    run_script(windows, work, MESSAGE)
+    expect("logs once the switch is put back", take_logs(), [])
+
+
+try:
+    main(*sys.argv[1:])
+except (OSError, KeyError, UnicodeError) as problem:
+    failures.append(f"{type(problem).__name__}: {problem}")
+for failure in failures:
+    print(failure)
+print(f"{len(failures)} difference(s)")
+sys.exit(1 if failures else 0)
