@@ -40,10 +40,11 @@ def draft(host, work, target):
 
 
 def take_logs():
-    """The final logs in the Wine prefix, as text; they are removed."""
-    pattern = os.path.join(os.environ["WINEPREFIX"], "drive_c", "users", "*", "**",
-                           "Velmo Diagnostics", "VelmoGroup.arx.log")
-    logs = glob.glob(pattern, recursive=True)
+    """The final logs in the user's temporary folder, as text; they are removed."""
+    logs = []
+    for temporary in ("Temp", "AppData/Local/Temp"):
+        logs += glob.glob(os.path.join(os.environ["WINEPREFIX"], "drive_c", "users", "*", temporary,
+                                       "Velmo Diagnostics", "VelmoGroup.arx.log"))
     texts = []
     for log in logs:
         with open(log, encoding="utf-16", newline="") as stream:
