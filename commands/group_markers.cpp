@@ -12,7 +12,12 @@ std::wstring readMarkerCount(const AcDbObjectId& markerId) {
     DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), markerId, AcDb::kForRead) == Acad::eOk,
                 L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
     AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
-    if (reference == nullptr || !blockHasAttributeDefinitions(*reference)) return {};
+    if (reference == nullptr) return {};
+    Opened<AcDbBlockTableRecord> definition;
+    DIAG_ASSERT(acdbOpenObject(definition.receive(), reference->blockTableRecord(),
+                               AcDb::kForRead) == Acad::eOk,
+                L"acdbOpenObject(pBlkDefRecord, blkDefId, AcDb::kForRead) == Acad::eOk");
+    if (!definition || !definition->hasAttributeDefinitions()) return {};
     const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
     if (!attributes) return {};
     // The count stands in the second attribute; the first is never looked at.

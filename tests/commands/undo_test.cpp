@@ -18,7 +18,8 @@ class UndoTest : public CommandsTest {
     }
 };
 
-/// A random command that changes the drawing. Copies double what they copy: a large drawing shrinks.
+/// A random command that changes the drawing. Copies double what they copy: a large drawing
+/// shrinks.
 std::wstring randomEdit(std::mt19937& random, bool large) {
     if (large) return L"ERASE W -9,-9 99,99\n\n";
     const std::wstring number = std::to_wstring(random() % 50);
