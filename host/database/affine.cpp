@@ -33,4 +33,10 @@ Transform rotation(double angle) {
     return {{c, s, 0}, {-s, c, 0}, {0, 0, 1}, {}};
 }
 
+Vec paragraphDirection(double angle) {
+    constexpr double kTurn = 6.283185307179586, kDegree = kTurn / 360.0, kSlack = 1e-6;
+    const double radians = std::fabs(angle) > kTurn + kSlack ? angle * kDegree : angle;
+    return {std::cos(radians), std::sin(radians), 0};
+}
+
 }  // namespace host

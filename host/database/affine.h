@@ -31,5 +31,8 @@ Transform operator*(const Transform& outer, const Transform& inner);
 Transform objectSystem(const Vec& extrusion);
 /// Rotation about Z, in radians.
 Transform rotation(double angle);
+/// Direction of a paragraph text (MTEXT) from its rotation, group 50. That is documented in
+/// radians, but many programs write degrees, so that more than a turn is taken for these.
+Vec paragraphDirection(double angle);
 
 }  // namespace host

@@ -10,14 +10,6 @@ namespace {
 
 constexpr double kTurn = 6.283185307179586;
 
-/// Direction of a paragraph text's rotation. It is documented in radians, but many programs write
-/// degrees, so that more than a turn is taken for these.
-Vec directionOf(double angle) {
-    constexpr double kDegree = kTurn / 360.0, kSlack = 1e-6;
-    const double radians = std::fabs(angle) > kTurn + kSlack ? angle * kDegree : angle;
-    return {std::cos(radians), std::sin(radians), 0};
-}
-
 /// Adds a group behind the last own group of a subclass part, or of the whole entity.
 void addTo(GroupEdit& edit, std::string_view subclass, const std::string& groups) {
     std::size_t last = edit.size(), inPart = edit.size();
@@ -114,7 +106,7 @@ class Mapper {
     /// The direction 11 says the same as the angle and does not depend on the object's axes.
     void mapDirection(double angle, std::optional<std::size_t> place) {
         if (!m_frame.world().mirrors || m_edit.find(11)) return;
-        const Vec old = m_frame.system().turn(directionOf(angle));
+        const Vec old = m_frame.system().turn(paragraphDirection(angle));
         const Vec direction = m_frame.world().map.turn(old);
         std::string groups;
         addPointTag(groups, 11, direction.x, direction.y, direction.z);
@@ -183,7 +175,7 @@ void transformReadable(GroupEdit& edit, const ObjectFrame& frame) {
     constexpr double kLevel = 1e-9;
     const auto place = edit.find(10), axis = edit.find(11), angle = edit.find(50);
     if (place) edit.setPoint(*place, world.apply(edit.point(*place)));
-    const Vec old = axis ? edit.point(*axis) : directionOf(angle ? edit.real(*angle) : 0.0);
+    const Vec old = axis ? edit.point(*axis) : paragraphDirection(angle ? edit.real(*angle) : 0.0);
     Vec direction = world.turn(old);
     if (direction.x < -kLevel || (direction.x < kLevel && direction.y < 0))
         direction = direction * -1;

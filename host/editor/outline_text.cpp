@@ -91,8 +91,8 @@ void drawMText(const Shape& shape) {
     }
     const double tall = height * (1 + (lines - 1) * kLineDistance);
     const int attachment = std::clamp(groups.integer(71, 1), 1, 9) - 1;  // 0 top left, by rows
-    const Vec direction = pointOf(groups, 11, {1, 0, 0});
-    const double angle = groups.has(11) ? std::atan2(direction.y, direction.x) : groups.real(50, 0);
+    const Vec direction = pointOf(groups, 11, paragraphDirection(groups.real(50, 0)));
+    const double angle = std::atan2(direction.y, direction.x);
     const Vec offset{-width * 0.5 * (attachment % 3), -tall * (1 - 0.5 * (attachment / 3)), 0};
     drawBox(shape.pen, pointOf(groups, 10) + rotation(angle).turn(offset), angle, width, tall);
 }
