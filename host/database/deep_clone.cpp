@@ -4,23 +4,16 @@
 #include <algorithm>
 
 #include "host/database/fields.h"
+#include "host/database/references.h"
 #include "host/database/store.h"
 #include "host/database/tags.h"
 
 namespace host {
 namespace {
 
-bool isOwnerCode(int code) { return code >= 350 && code <= 369; }
-
 /// True for what stands in the OBJECTS section; only that can be owned through a handle.
 bool isFreeObject(Kind kind) {
     return kind == Kind::Object || kind == Kind::Dictionary || kind == Kind::Xrecord;
-}
-
-/// Codes whose values name other objects. Handles kept as text are none of them.
-bool isReferenceCode(int code) {
-    return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 ||
-           code == 481 || code == 1005;
 }
 
 /// Copies one object after the other with what it owns, an owner before what is its own.

@@ -8,7 +8,7 @@
 namespace host {
 namespace {
 
-/// Where a field is, and where its group would be added.
+/// Where a field is or, when it is nowhere, where its group would be added.
 struct Location {
     std::optional<TagPlace> group;
     std::size_t addAt = 0;
@@ -24,6 +24,7 @@ class PartWalk {
         while (m_reader.next(tag)) {
             if (tag.code >= 1000 || tag.code == 101) return false;  // xdata, embedded object
             if (tag.code == 100) {
+                if (m_inPart) return false;  // the part is over
                 const bool named = trimmed(tag.value) == m_place.subclass;
                 m_inPart = named && m_count++ == m_place.occurrence;
             }
@@ -56,15 +57,14 @@ class PartWalk {
 
 Location locate(std::string_view text, const FieldPlace& place) {
     PartWalk walk(text, place);
-    std::optional<TagPlace> inPart;
     std::optional<TagPlace> anywhere;
     Tag tag;
     while (walk.next(tag)) {
         if (tag.code != place.code) continue;
-        if (walk.inPart() && !inPart) inPart = walk.placeOf(tag);
+        if (walk.inPart()) return {walk.placeOf(tag), 0};
         if (!anywhere) anywhere = walk.placeOf(tag);
     }
-    return {walk.sawPart() ? inPart : anywhere, walk.addAt()};
+    return {walk.sawPart() ? std::nullopt : anywhere, walk.addAt()};
 }
 
 std::string encoded(const ObjectBody& body, std::wstring_view value) {

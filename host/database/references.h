@@ -12,6 +12,8 @@ inline bool isReferenceCode(int code) {
     return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 ||
            code == 481 || code == 1005;
 }
+/// Codes of owned objects, softly or hard.
+inline bool isOwnerCode(int code) { return code >= 350 && code <= 369; }
 /// References that keep their object with theirs when drawings are divided.
 inline bool isHardOwnerCode(int code) { return code >= 360 && code <= 369; }
 inline bool isHardPointerCode(int code) {

@@ -186,7 +186,9 @@ class Store {
     std::vector<Index> m_blockOrder;
     Index m_objectsList = kNoIndex;
     std::unordered_map<Index, BlockParts> m_blockParts;
-    std::unordered_map<std::wstring, std::vector<Index>> m_symbols;
+    /// Records by folded name, for each table.
+    std::unordered_map<Index, std::unordered_map<std::wstring, std::vector<Index>>> m_symbols;
+    mutable std::vector<std::string> m_tableNames;  ///< of m_tables; filled when it is asked for
     Encoding m_encoding;
     LineEnding m_lineEnding = LineEnding::Lf;
     mutable bool m_spacesKnown = false;

@@ -28,11 +28,6 @@ const char* nameOf(SectionKind kind) {
     return "CLASSES";
 }
 
-/// Key of a symbol: its table and its name without regard to case.
-std::wstring symbolKey(Index table, std::wstring_view name) {
-    return std::to_wstring(table) + L' ' + foldCase(name);
-}
-
 std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwise) {
     const auto place = findTag(body.text(), code);
     if (!place) return otherwise;
@@ -54,11 +49,13 @@ Section& Store::section(SectionKind kind) {
 }
 
 Index Store::table(std::string_view name) const {
-    for (const Index table : m_tables) {
-        const auto place = findTag(at(table).text(), 2);
-        if (place && place->value == name) return table;
+    // Tables are only ever added, under a name that stays.
+    for (std::size_t i = m_tableNames.size(); i < m_tables.size(); ++i) {
+        const auto place = findTag(at(m_tables[i]).text(), 2);
+        m_tableNames.emplace_back(place ? place->value : std::string_view());
     }
-    return kNoIndex;
+    const auto found = std::find(m_tableNames.begin(), m_tableNames.end(), name);
+    return found != m_tableNames.end() ? m_tables[found - m_tableNames.begin()] : kNoIndex;
 }
 
 Index Store::rootDictionary() const {
@@ -102,9 +99,11 @@ Index Store::currentSpace() const {
 }
 
 ObjectBody* Store::symbol(Index table, std::wstring_view name) const {
-    const auto found = m_symbols.find(symbolKey(table, name));
-    if (found == m_symbols.end()) return nullptr;
+    const auto records = m_symbols.find(table);
+    if (records == m_symbols.end()) return nullptr;
     const std::wstring folded = foldCase(name);
+    const auto found = records->second.find(folded);
+    if (found == records->second.end()) return nullptr;
     ObjectBody* erasedOne = nullptr;
     for (const Index index : found->second) {
         ObjectBody& record = at(index);
@@ -122,7 +121,7 @@ ObjectBody* Store::symbol(std::string_view tableName, std::wstring_view name) co
 
 void Store::indexSymbol(Index table, const ObjectBody& record, std::wstring_view name) {
     recordsChanged(record.kind);
-    std::vector<Index>& sameName = m_symbols[symbolKey(table, name)];
+    std::vector<Index>& sameName = m_symbols[table][foldCase(name)];
     if (std::find(sameName.begin(), sameName.end(), record.self) == sameName.end())
         sameName.push_back(record.self);
 }

@@ -60,7 +60,7 @@ struct Store::HandleIndex {
   private:
     std::size_t mask() const { return m_places.size() - 1; }
     std::size_t firstPlace(std::uint64_t handle) const {
-        return static_cast<std::size_t>((handle * 0x9E3779B97F4A7C15u) >> 32) & mask();
+        return static_cast<std::size_t>(handle + (handle >> 16) * 0x9E3779B1u) & mask();
     }
     void insert(std::uint64_t handle, Index index) {
         std::size_t place = firstPlace(handle);

@@ -10,9 +10,9 @@ namespace {
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
-/// Code of a group: a short decimal number, blanks before it. The text was checked when it was
-/// loaded or made, so anything else only has to be harmless.
-int codeFrom(const char* at, const char* end) {
+/// Code of a group: a short decimal number, blanks before it; `at` moves behind it. The text was
+/// checked when it was loaded or made, so anything else only has to be harmless.
+int readCode(const char*& at, const char* end) {
     while (at != end && isBlank(*at))
         ++at;
     const bool negative = at != end && *at == '-';
@@ -25,6 +25,7 @@ int codeFrom(const char* at, const char* end) {
 
 std::size_t lineEnd(std::string_view text, std::size_t from) {
     if (from >= text.size()) return text.size();
+    if (text[from] == '\n') return from;  // behind a code, nearly always
     const void* found = std::memchr(text.data() + from, '\n', text.size() - from);
     return found == nullptr ? text.size() : static_cast<const char*>(found) - text.data();
 }
@@ -76,11 +77,11 @@ class Brackets {
 bool TagReader::next(Tag& tag) {
     m_begin = m_end;
     if (m_begin >= m_text.size()) return false;
-    const char* text = m_text.data();
-    const std::size_t codeEnd = lineEnd(m_text, m_begin);
+    const char* at = m_text.data() + m_begin;
+    tag.code = readCode(at, m_text.data() + m_text.size());
+    const std::size_t codeEnd = lineEnd(m_text, static_cast<std::size_t>(at - m_text.data()));
     const std::size_t valueBegin = codeEnd < m_text.size() ? codeEnd + 1 : codeEnd;
     const std::size_t valueEnd = lineEnd(m_text, valueBegin);
-    tag.code = codeFrom(text + m_begin, text + codeEnd);
     tag.value = m_text.substr(valueBegin, valueEnd - valueBegin);
     m_end = valueEnd < m_text.size() ? valueEnd + 1 : valueEnd;
     return true;
