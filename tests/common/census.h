@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "common/drafting.h"
+#include "host/database/tags.h"
 
 namespace tests {
 
@@ -23,11 +24,27 @@ inline bool isMarker(const std::string& word) {
     return word[0] == 'b' || word.rfind("end", 0) == 0;
 }
 
-/// What there is of the user's own entities, by type.
+/// "line on A" for each main entity of model space in drawing order; empty for markers.
+inline std::vector<std::string> kindsOf(const Drafting& drafting) {
+    std::vector<std::string> kinds = wordsOf(drafting);
+    const host::Store& store = drafting.store();
+    host::Index index = store.firstLive(store.modelSpace());
+    for (std::string& kind : kinds) {
+        const host::ObjectBody& body = store.at(index);
+        const auto layer = host::findTag(body.text(), 8);
+        kind = isMarker(kind) ? ""
+                              : kind.substr(0, kind.find('*')) + " on " +
+                                    std::string(layer ? layer->value : "?");
+        index = store.nextLive(body);
+    }
+    return kinds;
+}
+
+/// What there is of the user's own entities, by type and layer.
 inline Census censusOf(const Drafting& drafting) {
     Census census;
-    for (const std::string& word : wordsOf(drafting)) {
-        if (!isMarker(word)) ++census[word.substr(0, word.find('*'))];
+    for (const std::string& kind : kindsOf(drafting)) {
+        if (!kind.empty()) ++census[kind];
     }
     return census;
 }

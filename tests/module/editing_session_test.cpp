@@ -11,6 +11,7 @@ namespace {
 using tests::Census;
 using tests::censusOf;
 using tests::isMarker;
+using tests::kindsOf;
 using tests::Scene;
 using tests::unsoundGroup;
 using tests::wordsOf;
@@ -99,18 +100,18 @@ class EditingSession {
         m_census = now;
     }
 
-    void draw() { edit(L"LINE 1,1 2,2\n\n", {{"line", 1}}, 1); }
+    void draw() { edit(L"LINE 1,1 2,2\n\n", {{"line on 0", 1}}, 1); }
 
     void make() { edit(L"VelmoGROUPMAKE " + anyEntity() + L" " + anyEntity() + L"\n\n", {}, 1); }
 
     /// What is picked now, markers left out.
     Census picked() {
-        const std::vector<std::string> words = wordsOf(m_scene);
+        const std::vector<std::string> kinds = kindsOf(m_scene);
         std::istringstream positions(m_scene.picked());
         Census census;
         for (std::size_t position; positions >> position;) {
-            const std::string& word = words.at(position - 1);
-            if (!isMarker(word)) ++census[word.substr(0, word.find('*'))];
+            const std::string& kind = kinds.at(position - 1);
+            if (!kind.empty()) ++census[kind];
         }
         return census;
     }
@@ -124,8 +125,8 @@ class EditingSession {
     void erase() {
         if (wordsOf(m_scene).size() < 8) return draw();
         const std::wstring entity = anyEntity();
-        const std::string word = wordsOf(m_scene).at(std::stoul(entity.substr(1)) - 1);
-        edit(L"ERASE " + entity + L"\n\n", {{word.substr(0, word.find('*')), 1}}, -1);
+        const std::string kind = kindsOf(m_scene).at(std::stoul(entity.substr(1)) - 1);
+        edit(L"ERASE " + entity + L"\n\n", {{kind, 1}}, -1);
     }
 
     void cutAndPaste() {

@@ -70,11 +70,11 @@ class Life {
     }
 
     std::size_t count() const { return tests::wordsOf(m_drafting).size(); }
-    Census typesOf(std::size_t first, std::size_t length, int times) const {
+    Census kindsOf(std::size_t first, std::size_t length, int times) const {
         Census census;
-        const std::vector<std::string> words = tests::wordsOf(m_drafting);
+        const std::vector<std::string> kinds = tests::kindsOf(m_drafting);
         for (std::size_t i = first; i < first + length; ++i) {
-            census[words[i].substr(0, words[i].find('*'))] += times;
+            census[kinds[i]] += times;
         }
         return census;
     }
@@ -100,8 +100,8 @@ void live(Life& life) {
     life.step(L"VelmoGROUPMAKE " + life.entity(0) + L" " + life.entity(1) + L" " + life.entity(2) +
               L"\n\n");
     life.expectSound();
-    const Census three = life.typesOf(life.count() - 4, 3, 1);
-    const Census gone = life.typesOf(life.count() - 4, 3, -1);
+    const Census three = life.kindsOf(life.count() - 4, 3, 1);
+    const Census gone = life.kindsOf(life.count() - 4, 3, -1);
     for (const wchar_t* copy : {L"COPY 0,0 500,0\n\n", L"COPY 0,0 0,500\n\n"}) {
         life.step(L"PICK " + last(2) + L"\n");
         life.step(copy, three);
@@ -121,8 +121,8 @@ void live(Life& life) {
     life.expectSound();
     life.drafting().run(L"CLOSE\n");
     life.step(L"VelmoGROUPNOTACTIVE\n");
-    life.step(L"ERASE " + last(2) + L"\n\n", life.typesOf(life.count() - 2, 1, -1));
-    const Census group = life.typesOf(life.count() - 8, 3, -1);
+    life.step(L"ERASE " + last(2) + L"\n\n", life.kindsOf(life.count() - 2, 1, -1));
+    const Census group = life.kindsOf(life.count() - 8, 3, -1);
     life.step(L"ERASE " + last(6) + L" " + last(7) + L" " + last(8) + L"\n\n", group);
     life.step(L"REGEN\n");
     life.expectSound();

@@ -10,8 +10,7 @@ import re
 import subprocess
 import sys
 
-SCRIPT = ("LINE 1,2 3,4\n\nVelmoGROUPMAKE W -1,-1 4,5\n\nCIRCLE 9,9 2\nVelmoGROUPMAKE ALL\n\n"
-          "SAVEAS {target}\n")
+SCRIPT = ("LINE 1,2 3,4\n\nVelmoGROUPMAKE W -1,-1 4,5\n\nCIRCLE 9,9 2\nVelmoGROUPMAKE ALL\n\n")
 # Prints by the module's message service, which also writes the log when there is one.
 MESSAGE = "(VelmoGroupVersion)\n"
 failures = []
@@ -30,11 +29,11 @@ def run_script(host, work, script, *options):
     return run.stdout
 
 
-def draft(host, work, target):
+def draft(host, work, script, target):
     """Transcript and saved drawing."""
     # The current name of the drawing is a whole path.
     transcript = re.sub(rb"<[^>]*plan\.dxf>", b"<plan.dxf>",
-                        run_script(host, work, SCRIPT.format(target=target)))
+                        run_script(host, work, script + f"SAVEAS {target}\n"))
     with open(os.path.join(work, target), "rb") as drawing:
         return transcript.replace(target.encode(), b"TARGET"), drawing.read()
 
@@ -62,12 +61,15 @@ def main(native, samples, work, *windows):
         plan = source.read()
     with open(os.path.join(work, "plan.dxf"), "wb") as copy:
         copy.write(plan)
-    here = draft([native], work, "native.dxf")
     take_logs()
-    there = draft(windows, work, "windows.dxf")
-    expect("transcript", there[0], here[0])
-    expect("the drawings are the same", there[1] == here[1], True)
-    expect("something was drawn", len(here[1]) > len(plan), True)
+    with open(os.path.join(samples, "life_of_a_group.scr"), encoding="ascii") as source:
+        life = source.read()
+    for script in (SCRIPT, life):
+        here = draft([native], work, script, "native.dxf")
+        there = draft(windows, work, script, "windows.dxf")
+        expect("transcript", there[0], here[0])
+        expect("the drawings are the same", there[1] == here[1], True)
+        expect("something was drawn", len(here[1]) > len(plan), True)
     run_script(windows, work, MESSAGE, "--registry", "DebugStartup=1")
     logs = take_logs()
     expect("logs with DebugStartup", len(logs), 1)
