@@ -26,8 +26,11 @@ AcDbObjectId currentSpaceId() {
     Opened<AcDbBlockTable> blocks;
     const bool opened =
         DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
-    if (!opened) return {};
+    return opened ? currentSpaceId(*blocks.get()) : AcDbObjectId();
+}
+
+AcDbObjectId currentSpaceId(const AcDbBlockTable& blocks) {
     AcDbObjectId space;
-    DIAG_CHECK(blocks->getAt(currentSpaceName().c_str(), space) == Acad::eOk);
+    DIAG_CHECK(blocks.getAt(currentSpaceName().c_str(), space) == Acad::eOk);
     return space;
 }

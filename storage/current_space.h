@@ -11,3 +11,5 @@ std::wstring currentSpaceName();
 
 /// Id of the current space's block table record, or the null id.
 AcDbObjectId currentSpaceId();
+/// The same from the open block table.
+AcDbObjectId currentSpaceId(const AcDbBlockTable& blocks);

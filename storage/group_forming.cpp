@@ -38,38 +38,55 @@ AcDbObjectId idAt(const ads_name selection, Adesk::Int32 index) {
     return id;
 }
 
-AcDbObjectId lastEntity() {
+/// What stands last once a marker was inserted. Null when the marker was refused: then the last
+/// entity is the user's, and neither is rewritten nor named by the other marker.
+AcDbObjectId lastEntity(bool inserted) {
     ads_name name = {};
     AcDbObjectId id;
     const bool found = DIAG_CHECK(acdbEntLast(name) == RTNORM);
-    if (!found) return id;
+    if (!found || !inserted) return id;
     DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
 
-/// Group markers among the selected entities; tags are compared without regard to case here.
-AcDbObjectIdArray markersIn(const ads_name selection) {
-    const std::wstring prefix = groupPrefix();
+/// What a selection that becomes a group holds besides its members.
+struct Others {
+    AcDbObjectIdArray markers{0, kListGrowth};  // of the groups that it was, to be erased
+    AcDbObjectIdArray leftOut{0, kListGrowth};  // what no new member must be made of
+    bool known = false;                         // whether the selection could be walked
+};
+
+/// Group markers among the selected entities; tags are compared without regard to case here. What
+/// cannot be read may be a marker: it is left out, for a marker among the members breaks a group.
+Others findMarkers(const ads_name selection, const std::wstring& prefix) {
     const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
     const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
-    AcDbObjectIdArray markers(0, kListGrowth);
-    const Adesk::Int32 length = lengthOf(selection);
+    Others others;
+    Adesk::Int32 length = 0;
+    others.known = DIAG_CHECK(acedSSLength(selection, &length) == RTNORM);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i);
-        const std::wstring tag = readMarkerText(id, MarkerText::kTag);
+        std::wstring tag;
+        if (id.isNull()) {
+            others.known = false;
+        } else if (!readMarkerTag(id, tag)) {
+            others.leftOut.append(id);
+        }
         if (_wcsicmp(tag.c_str(), beginTag.c_str()) == 0 ||
             _wcsicmp(tag.c_str(), endTag.c_str()) == 0) {
-            markers.append(id);
+            others.markers.append(id);
         }
     }
-    return markers;
+    return others;
 }
 
-void removeFrom(const ads_name selection, const AcDbObjectIdArray& markers) {
-    for (int i = 0; i < markers.length(); ++i) {
+/// Takes the markers out of the selection; those that stay in it are left out.
+void removeMarkers(const ads_name selection, Others& others) {
+    for (int i = 0; i < others.markers.length(); ++i) {
         ads_name name = {};
-        DIAG_CHECK(acdbGetAdsName(name, markers[i]) == Acad::eOk);
-        DIAG_CHECK(acedSSDel(name, selection) == RTNORM);
+        DIAG_CHECK(acdbGetAdsName(name, others.markers[i]) == Acad::eOk);
+        const bool removed = DIAG_CHECK(acedSSDel(name, selection) == RTNORM);
+        if (!removed) others.leftOut.append(others.markers[i]);
     }
 }
 
@@ -80,12 +97,14 @@ struct Sources {
 };
 
 /// Gives or takes each entity's record and sorts the entities by owner.
-Sources prepareSources(const ads_name selection, Records records) {
+Sources prepareSources(const ads_name selection, Records records,
+                       const AcDbObjectIdArray& leftOut) {
     Sources sources;
     AcDbObjectId commonOwner;
     const Adesk::Int32 length = lengthOf(selection);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i);
+        if (leftOut.contains(id)) continue;
         if (records == Records::kGive) {
             createXrecord(id);
         } else {
@@ -130,8 +149,9 @@ bool ungroupEntity(const AcDbObjectId& entityId) {
     return false;
 }
 
-void recloneIntoCurrentSpace(const ads_name selection, Records records) {
-    Sources sources = prepareSources(selection, records);
+void recloneIntoCurrentSpace(const ads_name selection, Records records,
+                             const AcDbObjectIdArray& leftOut) {
+    Sources sources = prepareSources(selection, records, leftOut);
     AcDbObjectId space = currentSpaceId();
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     AcDbIdMapping clones;
@@ -144,17 +164,21 @@ void recloneIntoCurrentSpace(const ads_name selection, Records records) {
 void formGroup(const ads_name selection, const AcGePoint3d& point) {
     if (confirmForming() != kProceed) return;
     const std::wstring prefix = groupPrefix();
-    const AcDbObjectIdArray oldMarkers = markersIn(selection);
-    removeFrom(selection, oldMarkers);
+    Others others = findMarkers(selection, prefix);
+    if (!others.known) {  // nothing has changed yet
+        DIAG_CHECK(acedSSFree(selection) == RTNORM);
+        return;
+    }
+    removeMarkers(selection, others);
     const std::wstring count = std::to_wstring(lengthOf(selection));
 
-    insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count);
-    const AcDbObjectId begin = lastEntity();
+    const AcDbObjectId begin = lastEntity(
+        insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count));
     const std::wstring beginHandle = handleText(begin);
-    recloneIntoCurrentSpace(selection, Records::kGive);
+    recloneIntoCurrentSpace(selection, Records::kGive, others.leftOut);
     DIAG_CHECK(acedSSFree(selection) == RTNORM);
-    insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count);
-    const AcDbObjectId end = lastEntity();
+    const AcDbObjectId end =
+        lastEntity(insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count));
     updateMarker(begin, point, handleText(end), count);
-    eraseAll(oldMarkers);
+    eraseAll(others.markers);
 }

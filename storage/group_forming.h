@@ -13,8 +13,10 @@ enum class Records { kGive, kTakeAway };
 
 /// Replaces the entities of the selection by clones at the end of the current space. Only those
 /// with the owner of the first one are cloned; all are erased, but for those that could not be read
-/// or whose cloning failed. The set stays the caller's.
-void recloneIntoCurrentSpace(const ads_name selection, Records records);
+/// or whose cloning failed, and those in `leftOut`, which stay as they are. The set stays the
+/// caller's.
+void recloneIntoCurrentSpace(const ads_name selection, Records records,
+                             const AcDbObjectIdArray& leftOut = AcDbObjectIdArray());
 
 /// Takes the group record away and answers true; a group marker is erased, with the answer false,
 /// as for anything else.

@@ -18,7 +18,9 @@ struct MarkerTexts {
     const std::wstring& other;
 };
 
-bool findBlock(const std::wstring& blockName, AcDbObjectId& block) {
+/// Finds a marker's block and the space that it comes to. False when the block table does not give
+/// them; the ids stay null when it has no such block.
+bool findBlockAndSpace(const std::wstring& blockName, AcDbObjectId& block, AcDbObjectId& space) {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
     Opened<AcDbBlockTable> blocks;
     const bool opened =
@@ -27,10 +29,17 @@ bool findBlock(const std::wstring& blockName, AcDbObjectId& block) {
     if (!opened) return false;
     if (!blocks->has(blockName.c_str())) {
         acutPrintf(L"\nBlock definition %s not found. ", blockName.c_str());
-        return false;
+        return true;
     }
     const bool found = DIAG_CHECK(blocks->getAt(blockName.c_str(), block) == Acad::eOk);
+    if (found) space = currentSpaceId(*blocks.get());
     return found;
+}
+
+bool openBlock(const AcDbBlockReference& reference, Opened<AcDbBlockTableRecord>& block) {
+    const bool opened = DIAG_CHECK(
+        acdbOpenObject(block.receive(), reference.blockTableRecord(), AcDb::kForRead) == Acad::eOk);
+    return opened;
 }
 
 /// Appends an attribute made after `definition` to the reference.
@@ -68,12 +77,29 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
     }
 }
 
-/// Opens the first attribute of the reference; stays empty when it has none.
-void openFirstAttribute(AcDbBlockReference& reference, Opened<AcDbAttribute>& attribute) {
+/// Opens the first attribute of the reference; stays empty when it has none. False when the host
+/// refuses.
+bool openFirstAttribute(AcDbBlockReference& reference, Opened<AcDbAttribute>& attribute) {
     const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
-    if (!attributes || attributes->done()) return;
-    DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
-                                       AcDb::kForRead) == Acad::eOk);
+    if (!attributes || attributes->done()) return true;
+    const bool opened =
+        DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
+                                           AcDb::kForRead) == Acad::eOk);
+    return opened;
+}
+
+/// Opens the first attribute of an entity; stays empty when it has none. False when the host does
+/// not let the entity be read.
+bool openFirstAttribute(const AcDbObjectId& entityId, Opened<AcDbEntity>& entity,
+                        Opened<AcDbAttribute>& attribute) {
+    if (entityId.isErased()) return true;
+    const bool opened =
+        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
+    AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
+    if (reference == nullptr) return opened;
+    Opened<AcDbBlockTableRecord> block;
+    return openBlock(*reference, block) &&
+           (!block->hasAttributeDefinitions() || openFirstAttribute(*reference, attribute));
 }
 
 AcGeTol placeTolerance() {
@@ -106,19 +132,19 @@ void rewriteAttributes(AcDbBlockReference& reference, const AcGePoint3d& point,
 
 bool blockHasAttributeDefinitions(const AcDbBlockReference& reference) {
     Opened<AcDbBlockTableRecord> block;
-    const bool opened = DIAG_CHECK(
-        acdbOpenObject(block.receive(), reference.blockTableRecord(), AcDb::kForRead) == Acad::eOk);
-    return opened && block->hasAttributeDefinitions();
+    return openBlock(reference, block) && block->hasAttributeDefinitions();
 }
 
-void insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
+bool insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
                   const std::wstring& firstText, const std::wstring& otherText) {
     AcDbObjectId block;
-    if (!findBlock(blockName, block)) return;
+    AcDbObjectId spaceId;
+    if (!findBlockAndSpace(blockName, block, spaceId)) return false;
+    if (block.isNull()) return true;
     Opened<AcDbBlockTableRecord> space;
     const bool opened =
-        DIAG_CHECK(acdbOpenObject(space.receive(), currentSpaceId(), AcDb::kForWrite) == Acad::eOk);
-    if (!opened) return;
+        DIAG_CHECK(acdbOpenObject(space.receive(), spaceId, AcDb::kForWrite) == Acad::eOk);
+    if (!opened) return false;
 
     NewObject<AcDbBlockReference> reference(new AcDbBlockReference(point, block));
     DIAG_CHECK(reference->setScaleFactors(AcGeScale3d(1.0)) == Acad::eOk);
@@ -127,17 +153,13 @@ void insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
     DIAG_CHECK(reference->setLinetype(L"BYLAYER") == Acad::eOk);
     const bool appended = DIAG_CHECK(space->appendAcDbEntity(reference.get()) == Acad::eOk);
     if (appended) appendAttributes(*reference.get(), block, point, {firstText, otherText});
+    return appended;
 }
 
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted) {
-    if (entityId.isErased()) return {};
     Opened<AcDbEntity> entity;
-    DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
-    AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
-    if (reference == nullptr || !blockHasAttributeDefinitions(*reference)) return {};
-
     Opened<AcDbAttribute> attribute;
-    openFirstAttribute(*reference, attribute);
+    openFirstAttribute(entityId, entity, attribute);
     if (!attribute) return {};
     const std::wstring tag = attribute->tagConst();
     if (wanted == MarkerText::kTag) return tag;
@@ -145,6 +167,14 @@ std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted) {
     const bool marker =
         tag == prefix + GroupSuffix::kEndMarker || tag == prefix + GroupSuffix::kBeginMarker;
     return marker ? attribute->textStringConst() : L"";
+}
+
+bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag) {
+    Opened<AcDbEntity> entity;
+    Opened<AcDbAttribute> attribute;
+    const bool readable = openFirstAttribute(entityId, entity, attribute);
+    tag = attribute ? attribute->tagConst() : L"";
+    return readable;
 }
 
 void updateMarker(const AcDbObjectId& markerId, const AcGePoint3d& point,

@@ -12,14 +12,18 @@
 enum class MarkerText { kTag, kText };
 
 /// Appends a marker of block `blockName` at `point` to the current space, where it is then the last
-/// entity (acdbEntLast). Its first attribute gets `firstText`, every later one `otherText`. Prints
-/// a line and inserts nothing when the drawing lacks the block.
-void insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
+/// entity (acdbEntLast). Its first attribute gets `firstText`, every later one `otherText`. False
+/// when the host refuses: then the last entity is no marker. A block that the drawing lacks is no
+/// refusal: a line is printed, nothing is inserted, and the last entity stands in for the marker.
+bool insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
                   const std::wstring& firstText, const std::wstring& otherText);
 
 /// The tag of the entity's first attribute or, for kText, that attribute's text when the tag is a
 /// marker tag (compared exactly). Empty for anything but a block reference with attributes.
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted);
+
+/// The same for the tag. False when the host did not let the entity be read: it may be a marker.
+bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag);
 
 /// Moves a marker and its attributes to `point` when they stand farther than 0.01 drawing units
 /// from it, and rewrites the attribute texts. Call it with markers only.

@@ -19,7 +19,7 @@ std::map<std::wstring, AcRxObject*>& services() {
 }  // namespace
 
 void* AcHeapOperators::operator new(std::size_t size) {
-    void* const memory = std::malloc(size != 0 ? size : 1);
+    void* const memory = host::heapFails() ? nullptr : std::malloc(size != 0 ? size : 1);
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }

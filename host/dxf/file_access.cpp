@@ -2,6 +2,7 @@
 #include "host/dxf/file_access.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <vector>
 
 namespace host {
@@ -9,18 +10,26 @@ namespace {
 
 std::atomic<long> failingCall{0};
 std::atomic<long> callCount{0};
+std::atomic<FileFault> faultOfCall{FileFault::DiskFull};
 
 }  // namespace
 
-void setFileFault(long failAt) {
+void setFileFault(long failAt, FileFault fault) {
     failingCall = failAt;
+    faultOfCall = fault;
     callCount = 0;
 }
 
 long fileCallCount() { return callCount; }
 
 bool fileCallFails(std::string& why) {
+    return fileWriteFails(why, [] {});
+}
+
+bool fileWriteFails(std::string& why, const std::function<void()>& writeHalf) {
     if (++callCount != failingCall) return false;
+    writeHalf();
+    if (faultOfCall == FileFault::ProcessEnds) std::_Exit(kKilledStatus);
     why = "No space left on device";
     return true;
 }

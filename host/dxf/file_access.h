@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -68,15 +69,25 @@ bool flushFolderOf(const std::string& path, std::string& why);
 /// Identification of this process, for names of temporary files.
 unsigned long processNumber();
 
+/// How a changing call fails. In both cases a write has put half of its bytes into the file before.
+enum class FileFault {
+    DiskFull,    ///< the call reports that no space is left
+    ProcessEnds  ///< the process ends at the call, as if it was killed, with kKilledStatus
+};
+inline constexpr int kKilledStatus = 99;
+
 /// For tests: makes the `failAt`-th of the changing calls above (create, takePermissionsOf, write,
 /// flushToDisk, close, renameOver, duplicateFile, flushFolderOf; counted from 1 since this call)
-/// fail as on a full disk; 0 lets all pass.
-void setFileFault(long failAt);
+/// fail; 0 lets all pass.
+void setFileFault(long failAt, FileFault fault = FileFault::DiskFull);
 /// Changing calls since setFileFault.
 long fileCallCount();
 
-/// For the implementations: counts a changing call; true, with a reason, when it has to fail.
+/// For the implementations: counts a changing call; true, with a reason, when it has to fail. Does
+/// not come back when the process has to end.
 bool fileCallFails(std::string& why);
+/// The same for a write, which `writeHalf` carries out in part before it fails.
+bool fileWriteFails(std::string& why, const std::function<void()>& writeHalf);
 /// Copies by reading and writing; for duplicateFile.
 bool copyFile(const std::string& from, const std::string& to, std::string& why);
 

@@ -19,6 +19,16 @@ bool failed(std::string& why) {
 
 int handleOf(std::intptr_t file) { return static_cast<int>(file); }
 
+bool writeAll(std::intptr_t file, std::string_view bytes, std::string& why) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(handleOf(file), bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return failed(why);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
 }  // namespace
 
 FilePlace placeOf(const std::string& path) {
@@ -80,14 +90,8 @@ bool OutputFile::takePermissionsOf(const std::string& path, std::string& why) {
 }
 
 bool OutputFile::write(std::string_view bytes, std::string& why) {
-    if (fileCallFails(why)) return false;
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(handleOf(m_file), bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return failed(why);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
+    const auto writeHalf = [&] { writeAll(m_file, bytes.substr(0, bytes.size() / 2), why); };
+    return !fileWriteFails(why, writeHalf) && writeAll(m_file, bytes, why);
 }
 
 bool OutputFile::flushToDisk(std::string& why) {

@@ -21,6 +21,16 @@ bool failed(std::string& why) {
 
 HANDLE handleOf(std::intptr_t file) { return reinterpret_cast<HANDLE>(file); }
 
+bool writeAll(std::intptr_t file, std::string_view bytes, std::string& why) {
+    while (!bytes.empty()) {
+        DWORD count = 0;
+        const DWORD size = static_cast<DWORD>(bytes.size() < (1u << 30) ? bytes.size() : 1u << 30);
+        if (!WriteFile(handleOf(file), bytes.data(), size, &count, nullptr)) return failed(why);
+        bytes.remove_prefix(count);
+    }
+    return true;
+}
+
 DWORD attributesOf(const std::string& path) { return GetFileAttributesW(fromUtf8(path).c_str()); }
 
 }  // namespace
@@ -87,14 +97,8 @@ bool OutputFile::takePermissionsOf(const std::string&, std::string& why) {
 }
 
 bool OutputFile::write(std::string_view bytes, std::string& why) {
-    if (fileCallFails(why)) return false;
-    while (!bytes.empty()) {
-        DWORD count = 0;
-        const DWORD size = static_cast<DWORD>(bytes.size() < (1u << 30) ? bytes.size() : 1u << 30);
-        if (!WriteFile(handleOf(m_file), bytes.data(), size, &count, nullptr)) return failed(why);
-        bytes.remove_prefix(count);
-    }
-    return true;
+    const auto writeHalf = [&] { writeAll(m_file, bytes.substr(0, bytes.size() / 2), why); };
+    return !fileWriteFails(why, writeHalf) && writeAll(m_file, bytes, why);
 }
 
 bool OutputFile::flushToDisk(std::string& why) {

@@ -51,10 +51,10 @@ inline Census censusOf(const Drafting& drafting) {
 
 /// The first group that is not sound: markers that do not name each other, or a count that is not
 /// that of the entities between them. Empty when all are.
-inline std::string unsoundGroup(const Drafting& drafting) {
+inline std::string unsoundGroup(const std::vector<std::string>& words) {
     int expected = -1;
     int between = 0;
-    for (const std::string& word : wordsOf(drafting)) {
+    for (const std::string& word : words) {
         if (word.find('?') != word.npos) return word;
         if (word[0] == 'b') {
             if (expected >= 0) return "begin inside a group";
@@ -68,6 +68,9 @@ inline std::string unsoundGroup(const Drafting& drafting) {
         }
     }
     return expected >= 0 ? "begin without end" : "";
+}
+inline std::string unsoundGroup(const Drafting& drafting) {
+    return unsoundGroup(wordsOf(drafting));
 }
 
 }  // namespace tests

@@ -86,12 +86,25 @@ std::string with(std::string text, const std::string& part, const std::string& r
     return place == std::string::npos ? text : text.replace(place, part.size(), replacement);
 }
 
+std::string largeDrawing() {
+    const std::string content(1000, 'x');
+    std::ostringstream texts;
+    for (int handle = 0x1000; handle < 0x1000 + 3200; ++handle) {
+        texts << "0=TEXT|5=" << std::uppercase << std::hex << handle
+              << "|330=17|100=AcDbEntity|8=0|100=AcDbText|1=" << content << "|100=AcDbText\n";
+    }
+    const std::string drawing = with(kDrawing, "5=100", "5=FFFF");
+    return dxf(with(drawing, "0=TEXT|5=38", texts.str() + "0=TEXT|5=38"));
+}
+
 void DrawingFiles::SetUp() {
     const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = test->name();
+    std::replace(name.begin(), name.end(), '/', '_');  // of a test with a parameter
     // In memory where possible: what is saved is flushed to the disk, thousands of times here.
     const std::filesystem::path memory = "/dev/shm";
     m_folder = (std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path()) /
-               ("dxf_tests_" + std::to_string(host::processNumber()) + "_" + test->name());
+               ("dxf_tests_" + std::to_string(host::processNumber()) + "_" + name);
     std::filesystem::create_directories(m_folder);
 }
 

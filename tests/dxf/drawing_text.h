@@ -23,6 +23,9 @@ std::string dxf(const std::string& groups);
 /// Every kind of structure once, in the short form; the check finds nothing in it.
 extern const std::string kDrawing;
 
+/// DXF text of a drawing so large that a save takes several writes.
+std::string largeDrawing();
+
 /// Copy of a text with one part replaced; the part has to be there.
 std::string with(std::string text, const std::string& part, const std::string& replacement);
 

@@ -1,0 +1,285 @@
+// Runs scenarios with failing calls and looks at what each run left behind.
+#include "every_fault.h"
+
+#include <chrono>
+#include <iostream>
+
+#include "gtest/gtest.h"
+#include "host/control/accounting.h"
+#include "host/control/faults.h"
+#include "host/control/windows_control.h"
+#include "host/dxf/drawing_check.h"
+#include "host/editor/selection_sets.h"
+#include "host/objectarx/database.h"
+#include "host/objectarx/documents.h"
+
+namespace tests {
+
+namespace {
+
+#if defined(_WIN32)
+constexpr long kStride = 25;
+#elif defined(__SANITIZE_ADDRESS__)
+constexpr long kStride = 7;
+#else
+constexpr long kStride = 1;
+#endif
+
+#ifdef _WIN32
+constexpr bool kWithReports = false;  // each would be a real window
+#else
+constexpr bool kWithReports = true;
+#endif
+
+constexpr const wchar_t* kPointPrompt = L"\nPick insertion point for group markers: ";
+
+/// Forming goes on when a marker block could not be made: the last entity, which may be the user's,
+/// then stands in for the marker and is rewritten if it is a block reference.
+constexpr const wchar_t* kNoBlock = L"\nBlock definition ";
+
+/// Groups of an entity without what a clone has of its own: handles, owner, dictionary, reactors.
+std::string contentOf(const host::ObjectBody& entity) {
+    std::string content;
+    bool bracket = false;
+    host::TagReader groups(entity.text());
+    host::Tag group;
+    while (groups.next(group)) {
+        if (group.code == 102) bracket = group.value[0] == '{';
+        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
+        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
+    }
+    return content;
+}
+
+bool isMarkerReference(const host::ObjectBody& entity) {
+    const auto block = host::findTag(entity.text(), 2, 0);
+    if (entity.type() != "INSERT" || !block || block->value.size() < 3) return false;
+    const std::string_view suffix = block->value.substr(block->value.size() - 3);
+    return suffix == "_GB" || suffix == "_GE";
+}
+
+/// The user's own entities of model space with their attributes, by content.
+Census contentsOf(const host::Store& store) {
+    Census census;
+    for (host::Index at = store.firstLive(store.modelSpace()); at != host::kNoIndex;
+         at = store.nextLive(store.at(at))) {
+        const host::ObjectBody& entity = store.at(at);
+        if (isMarkerReference(entity)) continue;
+        std::string content = contentOf(entity);
+        for (host::Index part = store.firstLive(entity.self); part != host::kNoIndex;
+             part = store.nextLive(store.at(part))) {
+            content += contentOf(store.at(part));
+        }
+        ++census[content];
+    }
+    return census;
+}
+
+/// What of `before` is missing in `now`.
+std::string lost(const Census& before, const Census& now) {
+    std::string text;
+    for (const auto& [entity, count] : before) {
+        const auto left = now.find(entity);
+        const int there = left != now.end() ? left->second : 0;
+        if (there < count) text += entity + "; ";
+    }
+    return text;
+}
+
+/// The first group that repair has neither brought in line nor dissolved. An end marker alone holds
+/// no group; it stays for as long as the handle that it names is that of some object.
+std::string unsettledGroup(const Drafting& drafting) {
+    std::vector<std::string> groups;
+    bool open = false;
+    for (const std::string& word : wordsOf(drafting)) {
+        const bool alone = !open && word == "end?";
+        if (isMarker(word)) open = word[0] == 'b';
+        if (!alone) groups.push_back(word);
+    }
+    return unsoundGroup(groups);
+}
+
+/// One run.
+class Trial {
+  public:
+    Trial(const FaultScenario& scenario, const std::string& drawing)
+        : m_scenario(scenario), m_scene("", {}, scenario.menuGroup) {
+        EXPECT_TRUE(m_scene.session().openDrawing(drawing));
+        session().activate(0);
+        session().closeDrawing();  // the empty one
+        m_document = acDocManager->curDocument();
+        if (scenario.before) scenario.before(m_scene);
+        m_types = censusOf(m_scene);
+        m_contents = contentsOf(m_scene.store());
+    }
+
+    /// Calls that the scenario made, with the plan's failing.
+    long run(const host::FaultPlan& plan) {
+        host::clearEffects();
+        host::setFaultPlan(plan);
+        m_scenario.act(m_scene);
+        m_hit = host::faultsInjected() > 0;
+        m_failed = host::failedCalls();
+        const long calls = host::faultCallCount();
+        host::setFaultPlan({});
+        m_printed = host::effectText(host::EffectKind::CommandLine);
+        return calls;
+    }
+    bool hit() const { return m_hit; }
+    const std::set<std::string, std::less<>>& failed() const { return m_failed; }
+
+    void expectNothingLost() {
+        expectNothingHeld();
+        expectSound("behind the fault: ");
+        if (m_scenario.after) m_scenario.after(m_scene);
+        std::vector<AcApDocument*> open;
+        for (std::size_t i = 0; i < session().documentCount(); ++i)
+            open.push_back(session().document(i));
+        for (AcApDocument* document : open) {
+            activate(document);
+            expectRepaired(document);
+        }
+        expectSound("behind the repair: ");
+    }
+
+  private:
+    /// A set stays when the call that frees it fails and, by design, when the point prompt of
+    /// VelmoGROUPMAKE is cancelled. A reactor that cannot find the editor cannot leave it. Nothing
+    /// else may stay.
+    bool mayStay(const std::string& fault) const {
+        if (fault == "an editor reactor was deleted while it was attached")
+            return m_failed.count("AcRxDictionary::at") != 0;
+        if (fault.find("selection set(s) not freed") == fault.npos) return false;
+        return m_failed.count("acedSSFree") != 0 || m_failed.count("acedGetPoint") != 0 ||
+               printed(kPointPrompt);
+    }
+
+    /// Whether the module printed a text that holds this one while calls failed.
+    bool printed(const wchar_t* text) const { return m_printed.find(text) != m_printed.npos; }
+
+    void expectNothingHeld() {
+        bool mayHold = false;
+        for (const std::string& fault : host::moduleFaults()) {
+            EXPECT_TRUE(mayStay(fault)) << fault;
+            mayHold = true;
+        }
+        if (mayHold) host::resetSelectionSets();
+        host::clearModuleFaults();
+    }
+
+    void expectSound(const std::string& when) {
+        activate(m_document);
+        EXPECT_EQ(lost(m_types, censusOf(m_scene)), "") << when << m_scene.order();
+        if (!m_scenario.moves && !printed(kNoBlock)) {
+            EXPECT_EQ(lost(m_contents, contentsOf(m_scene.store())), "") << when;
+        }
+        for (std::size_t i = 0; i < session().documentCount(); ++i) {
+            const host::Store& store = session().document(i)->database()->store();
+            for (const host::Finding& finding : host::checkDrawing(store)) {
+                EXPECT_NE(finding.severity, host::Severity::Error) << when << finding.text;
+            }
+        }
+    }
+
+    /// A marker whose partner was erased in the session goes when the drawing was loaded again.
+    void expectRepaired(AcApDocument* document) {
+        const std::string before = m_scene.order();
+        m_scene.run(L"REGEN\n");
+        if (unsoundGroup(m_scene).empty()) return;
+        const std::string between = m_scene.order();
+        m_scene.saveAndReopen();
+        if (document == m_document) m_document = acDocManager->curDocument();
+        m_scene.run(L"REGEN\n");
+        if (printed(kNoBlock)) return;
+        EXPECT_EQ(unsettledGroup(m_scene), "")
+            << before << " | " << between << " | " << m_scene.order();
+    }
+
+    host::Session& session() { return m_scene.session(); }
+    void activate(const AcApDocument* document) {
+        for (std::size_t i = 0; i < session().documentCount(); ++i)
+            if (session().document(i) == document) session().activate(i);
+    }
+
+    const FaultScenario& m_scenario;
+    Scene m_scene;
+    AcApDocument* m_document;  ///< the one whose entities are counted
+    Census m_types;
+    Census m_contents;
+    bool m_hit = false;
+    std::wstring m_printed;
+    std::set<std::string, std::less<>> m_failed;
+};
+
+/// Failed checks are reported, in boxes that nobody has to answer, for as long as it lives.
+class AssertionReports {
+  public:
+    explicit AssertionReports(bool on) {
+        if (on) host::setRegistryDword(host::moduleRegistryKey(), L"AssertStartup", 1);
+    }
+    ~AssertionReports() { host::resetWindows(); }
+};
+
+/// The scenario's drawing as a file.
+std::string preparedDrawing(const FaultScenario& scenario) {
+    if (!scenario.file.empty()) return scenario.file;
+    Scene scene(scenario.words);
+    const std::string file = scratchFolder() + ".dxf";
+    const host::Outcome saved = scene.session().saveDrawing(file);
+    EXPECT_TRUE(saved) << saved.error;
+    return file;
+}
+
+long seed() {
+    const char* wanted = std::getenv("VELMO_SEED");
+    return wanted != nullptr ? std::abs(std::atol(wanted)) : 1;
+}
+
+/// Lets call after call fail, from `first` on, until there is none left; the number of runs.
+long failFrom(long first, const FaultScenario& scenario, const std::string& drawing,
+              bool andAllLater, bool reports) {
+    long runs = 0;
+    for (long failAt = first;; failAt += kStride) {
+        const AssertionReports switched(reports);
+        Trial trial(scenario, drawing);
+        trial.run({failAt, andAllLater, ""});
+        if (!trial.hit()) return runs;
+        std::string where =
+            "call " + std::to_string(failAt) + (andAllLater ? " and all later" : "") + " failed:";
+        if (!andAllLater)
+            for (const std::string& call : trial.failed())
+                where += " " + call;
+        SCOPED_TRACE(where + (reports ? ", with reports" : ""));
+        trial.expectNothingLost();
+        ++runs;
+    }
+}
+
+}  // namespace
+
+void failEveryCall(const FaultScenario& scenario) {
+    const auto start = std::chrono::steady_clock::now();
+    const std::string drawing = preparedDrawing(scenario);
+    long calls = 0;
+    {
+        Trial trial(scenario, drawing);
+        calls = trial.run({});
+        trial.expectNothingLost();
+    }
+    long runs = 0;
+    const long first = 1 + seed() % std::min(kStride, calls);
+    for (const bool reports : {false, true}) {
+        if (reports && !kWithReports) continue;
+        for (const bool andAllLater : {false, true})
+            runs += failFrom(first, scenario, drawing, andAllLater, reports);
+    }
+    const auto spent = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now() - start);
+    std::cout << calls << " calls, " << runs << " runs with a failing call, " << spent.count()
+              << " ms";
+    if (kStride > 1) std::cout << ", VELMO_SEED=" << seed();
+    std::cout << std::endl;
+    EXPECT_GE(runs * kStride, calls);
+}
+
+}  // namespace tests
