@@ -95,9 +95,9 @@ class Translation {
   public:
     Translation(const Store& store, const CloneMap& map) : m_store(store), m_map(map) {}
 
-    std::string of(const ObjectBody& clone) {
+    /// The text for a clone; borrowed until the next call.
+    const std::string& of(const ObjectBody& clone) {
         m_text.clear();
-        m_text.reserve(clone.size);
         m_inHead = true;
         m_bracket = Bracket::None;
         m_keyAt = std::string::npos;
@@ -105,7 +105,7 @@ class Translation {
         TagReader reader(clone.text());
         Tag tag;
         while (reader.next(tag))
-            add(tag);
+            add(tag, clone.text().substr(reader.begin(), reader.end() - reader.begin()));
         return m_text;
     }
 
@@ -113,7 +113,8 @@ class Translation {
     /// Links is a bracket that only other objects' knowledge justifies: reactors, dictionary.
     enum class Bracket { None, Links, Other };
 
-    void add(const Tag& tag) {
+    /// Adds a group, whose text as it stands is `stored`, as the clone has to have it.
+    void add(const Tag& tag, std::string_view stored) {
         if (tag.code == 100) m_inHead = false;
         if (tag.code == 102 && m_inHead) {
             addBracket(tag);
@@ -121,7 +122,7 @@ class Translation {
             addReference(tag);
         } else {
             if (tag.code == 3) m_keyAt = m_text.size();
-            addTag(m_text, tag.code, tag.value);
+            m_text += stored;
         }
     }
 
@@ -173,12 +174,35 @@ class Translation {
 }  // namespace
 
 void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
-    m_pairs[&source] = clone.self;
+    m_pairs.push_back({&source, clone.self});
+    if (2 * m_pairs.size() <= m_places.size()) {
+        insert(static_cast<std::uint32_t>(m_pairs.size()));
+        return;
+    }
+    m_places.assign(std::max<std::size_t>(64, m_places.size() * 2), 0);
+    for (std::uint32_t number = 1; number <= m_pairs.size(); ++number)
+        insert(number);
 }
 
 Index CloneMap::cloneOf(const ObjectBody& source) const {
-    const auto found = m_pairs.find(&source);
-    return found != m_pairs.end() ? found->second : kNoIndex;
+    if (m_places.empty()) return kNoIndex;
+    for (std::size_t place = firstPlace(source); m_places[place] != 0;
+         place = (place + 1) & (m_places.size() - 1)) {
+        const Pair& pair = m_pairs[m_places[place] - 1];
+        if (pair.source == &source) return pair.clone;
+    }
+    return kNoIndex;
+}
+
+std::size_t CloneMap::firstPlace(const ObjectBody& source) const {
+    return source.self * std::size_t{0x9E3779B1u} >> 8 & (m_places.size() - 1);
+}
+
+void CloneMap::insert(std::uint32_t number) {
+    std::size_t place = firstPlace(*m_pairs[number - 1].source);
+    while (m_places[place] != 0)
+        place = (place + 1) & (m_places.size() - 1);
+    m_places[place] = number;
 }
 
 void copyWithOwned(Store& store, const std::vector<ObjectBody*>& sources, ObjectBody& owner,
@@ -190,16 +214,11 @@ void copyWithOwned(Store& store, const std::vector<ObjectBody*>& sources, Object
 }
 
 void translateReferences(Store& store, const CloneMap& map) {
-    std::vector<Index> clones;  // in the order in which they lie in memory
-    clones.reserve(map.pairs().size());
-    for (const auto& [source, index] : map.pairs())
-        clones.push_back(index);
-    std::sort(clones.begin(), clones.end());
     Translation translation(store, map);
-    for (const Index index : clones) {
-        ObjectBody& clone = store.at(index);
-        std::string text = translation.of(clone);
-        if (text != clone.text()) clone.setText(std::move(text));
+    for (const CloneMap::Pair& pair : map.pairs()) {
+        ObjectBody& clone = store.at(pair.clone);
+        const std::string& text = translation.of(clone);
+        if (text != clone.text()) clone.setText(text);
     }
 }
 

@@ -1,7 +1,6 @@
 // Deep cloning: copies objects with all they own and translates references among the copies.
 #pragma once
 
-#include <unordered_map>
 #include <vector>
 
 #include "host/database/object_body.h"
@@ -13,14 +12,25 @@ class Store;
 /// Source and clone bodies of one cloning, within one store or from one store to another.
 class CloneMap {
   public:
+    struct Pair {
+        const ObjectBody* source;
+        Index clone;  ///< in the target store
+    };
+
+    /// Adds a pair; a source has one clone at most.
     void add(const ObjectBody& source, const ObjectBody& clone);
     /// Index of the clone in the target store, or kNoIndex.
     Index cloneOf(const ObjectBody& source) const;
     bool empty() const { return m_pairs.empty(); }
-    const std::unordered_map<const ObjectBody*, Index>& pairs() const { return m_pairs; }
+    /// In the order in which they were added.
+    const std::vector<Pair>& pairs() const { return m_pairs; }
 
   private:
-    std::unordered_map<const ObjectBody*, Index> m_pairs;
+    std::size_t firstPlace(const ObjectBody& source) const;
+    void insert(std::uint32_t number);
+
+    std::vector<Pair> m_pairs;
+    std::vector<std::uint32_t> m_places;  ///< open addressing; numbers of pairs from 1, 0 is free
 };
 
 /// Clones each source, a live main entity, with what it owns, hard and soft, and appends the clones

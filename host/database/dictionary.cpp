@@ -24,13 +24,7 @@ host::ObjectBody* valueOf(const host::ObjectBody& dictionary, const ACHAR* key) 
 }  // namespace
 
 AcDbDictionary::AcDbDictionary()
-    : AcDbObject([] {
-          std::string text;
-          host::addTag(text, 0, "DICTIONARY");
-          host::addTag(text, 100, "AcDbDictionary");
-          host::addTag(text, 281, 1);
-          return host::freshBody(host::Kind::Dictionary, std::move(text));
-      }()) {}
+    : AcDbObject(host::freshBody(host::Kind::Dictionary, host::newDictionaryText(false))) {}
 
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObject*& entry,
                                         AcDb::OpenMode mode) const {

@@ -86,6 +86,15 @@ void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handl
     dictionary.setText(std::move(text));
 }
 
+std::string newDictionaryText(bool hard) {
+    std::string text;
+    addTag(text, 0, "DICTIONARY");
+    addTag(text, 100, "AcDbDictionary");
+    if (hard) addTag(text, 280, 1);
+    addTag(text, 281, 1);
+    return text;
+}
+
 bool ownsHard(std::string_view dictionaryText) { return integerGroup(dictionaryText, 280, 0) != 0; }
 
 }  // namespace host

@@ -10,6 +10,9 @@
 
 namespace host {
 
+/// Groups of an empty dictionary, which owns its entries hard or softly.
+std::string newDictionaryText(bool hard);
+
 /// One entry: key (3) and handle of the value (350 or 360).
 struct DictionaryEntry {
     std::string_view key;  ///< as stored

@@ -1,6 +1,8 @@
 // Finding, reading and editing the fields of an entity in its groups.
 #include "host/database/fields.h"
 
+#include <array>
+
 #include "host/database/store.h"
 #include "host/database/tags.h"
 #include "host/database/text_codec.h"
@@ -93,9 +95,24 @@ FieldPlace shifted(FieldPlace place, int codes) {
     return place;
 }
 
-double realAt(std::string_view text, const FieldPlace& place, double fallback) {
-    const auto value = fieldValue(text, place);
+double realIn(const std::optional<std::string_view>& value, double fallback) {
     return value ? parseReal(*value).value_or(fallback) : fallback;
+}
+
+using Coordinates = std::array<std::optional<std::string_view>, 3>;
+
+/// Values of the groups code, code + 10 and code + 20; each is found as locate() would find it.
+Coordinates coordinatesAt(std::string_view text, const FieldPlace& place) {
+    PartWalk walk(text, place);
+    Coordinates inPart, anywhere;
+    Tag tag;
+    while (walk.next(tag) && !(inPart[0] && inPart[1] && inPart[2])) {
+        const int beyond = tag.code - place.code;
+        if (beyond != 0 && beyond != 10 && beyond != 20) continue;
+        auto& value = (walk.inPart() ? inPart : anywhere)[beyond / 10];
+        if (!value) value = tag.value;
+    }
+    return walk.sawPart() ? inPart : anywhere;
 }
 
 }  // namespace
@@ -123,7 +140,7 @@ void removeField(std::string& text, const FieldPlace& place) {
 }
 
 double getField(const ObjectBody& body, const RealField& field) {
-    return realAt(body.text(), field.place, field.fallback);
+    return realIn(fieldValue(body.text(), field.place), field.fallback);
 }
 
 int getField(const ObjectBody& body, const IntegerField& field) {
@@ -134,9 +151,8 @@ int getField(const ObjectBody& body, const IntegerField& field) {
 }
 
 AcGePoint3d getField(const ObjectBody& body, const PointField& field) {
-    const std::string_view text = body.text();
-    return {realAt(text, field.place, 0.0), realAt(text, shifted(field.place, 10), 0.0),
-            realAt(text, shifted(field.place, 20), 0.0)};
+    const Coordinates found = coordinatesAt(body.text(), field.place);
+    return {realIn(found[0], 0.0), realIn(found[1], 0.0), realIn(found[2], 0.0)};
 }
 
 std::wstring getField(const ObjectBody& body, const TextField& field) {

@@ -21,6 +21,7 @@ void Journal::begin(std::wstring name) {
     m_open = {};
     m_open.name = std::move(name);
     m_places.clear();
+    m_newFrom = m_store.count() + 1;
     m_recording = true;
 }
 
@@ -56,19 +57,18 @@ void Journal::dropOldest() {
 
 void Journal::made(const ObjectBody& body) {
     if (!m_recording) return;
-    m_places.emplace(body.self, m_open.changes.size());
     m_open.changes.push_back({body.self, {}});
 }
 
 void Journal::note(const ObjectBody& body, bool withText) {
-    if (!m_recording) return;
+    // What the command made itself is gone with it, whatever became of it meanwhile.
+    if (!m_recording || body.self >= m_newFrom) return;
     const auto [place, isNew] = m_places.emplace(body.self, m_open.changes.size());
     if (isNew) {
         m_open.changes.push_back({body.self, stateOf(body, withText)});
         return;
     }
     State& state = m_open.changes[place->second].state;
-    // The text of an object that the command made itself need not be kept.
     if (!withText || state.hasText || state.undone) return;
     state.hasText = true;
     state.text = body.text();
@@ -122,6 +122,7 @@ std::vector<std::wstring> Journal::undo(int count) {
     m_open.changes.clear();
     m_open.hasHeader = false;
     m_places.clear();
+    m_newFrom = m_store.count() + 1;
     std::vector<std::wstring> names;
     for (; count > 0 && !m_done.empty(); --count) {
         Step step = std::move(m_done.back());

@@ -77,7 +77,8 @@ class Journal {
     Store& m_store;
     bool m_recording = false;
     Step m_open;
-    std::unordered_map<Index, std::size_t> m_places;  ///< in the changes of the open command
+    Index m_newFrom = kNoIndex;  ///< slots from here on are the open command's own
+    std::unordered_map<Index, std::size_t> m_places;  ///< of older slots in its changes
     std::deque<Step> m_done;
     std::vector<Step> m_undone;
     std::size_t m_bytes = 0;  ///< of m_done

@@ -59,11 +59,11 @@ Kind polylineKind(std::string_view text) {
 }
 
 Kind tableKind(std::string_view text) {
-    const auto name = findTag(text, 2);
-    if (!name) return Kind::OtherTable;
-    if (name->value == "BLOCK_RECORD") return Kind::BlockTable;
-    if (name->value == "LAYER") return Kind::LayerTable;
-    return name->value == "LTYPE" ? Kind::LinetypeTable : Kind::OtherTable;
+    const auto place = findTag(text, 2);
+    const std::string_view name = place ? trimmed(place->value) : std::string_view();
+    if (name == "BLOCK_RECORD") return Kind::BlockTable;
+    if (name == "LAYER") return Kind::LayerTable;
+    return name == "LTYPE" ? Kind::LinetypeTable : Kind::OtherTable;
 }
 
 }  // namespace
@@ -80,6 +80,13 @@ Kind kindOf(std::string_view type, std::string_view text, bool inEntities) {
     if (inEntities)
         return type == "POLYLINE" ? polylineKind(text) : findKind(kEntityKinds, type, Kind::Entity);
     return type == "TABLE" ? tableKind(text) : findKind(kObjectKinds, type, Kind::Object);
+}
+
+std::optional<Kind> kindOfOneType(std::string_view type) {
+    const Kind kind = findKind(kEntityKinds, type, Kind::Entity);
+    const bool isOnlyOne =
+        kind == Kind::BlockReference || kind == Kind::AttributeDefinition || kind == Kind::Text;
+    return isOnlyOne ? std::optional<Kind>(kind) : std::nullopt;
 }
 
 ObjectBody::~ObjectBody() {

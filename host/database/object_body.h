@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -97,5 +98,7 @@ struct ObjectBody {
 
 /// Kind from a type name and the groups behind it; `inEntities` for what stands in a block.
 Kind kindOf(std::string_view type, std::string_view text, bool inEntities);
+/// The kind that all main entities of a type have, and no others; nothing when there is none such.
+std::optional<Kind> kindOfOneType(std::string_view type);
 
 }  // namespace host

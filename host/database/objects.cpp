@@ -106,9 +106,10 @@ Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (host::extensionDictionaryHandle(content.text()) != 0) return Acad::eAlreadyInDb;
     host::Store& store = *content.store;
-    AcDbDictionary fresh;
-    fresh.setTreatElementsAsHard(true);
-    host::ObjectBody& dictionary = store.duplicate(fresh.body(), content.self);
+    host::ObjectBody fresh;
+    fresh.kind = host::Kind::Dictionary;
+    host::placeText(fresh, host::newDictionaryText(true));
+    host::ObjectBody& dictionary = store.duplicate(fresh, content.self);
     store.appendChild(store.objectsList(), dictionary);
     std::string text(content.text());
     host::setExtensionDictionary(text, dictionary.handle);

@@ -11,24 +11,18 @@ namespace host {
 
 namespace {
 
-constexpr unsigned kBlockBits = 10;
-constexpr Index kBlockSize = 1u << kBlockBits;
-
-std::vector<Store*>& openStores() {
-    static std::vector<Store*> stores(1, nullptr);
-    return stores;
-}
+std::vector<Store*> openStores(1, nullptr);  // place 0 is never used
 
 }  // namespace
 
-const std::vector<Store*>& storesBySerial() { return openStores(); }
+const std::vector<Store*>& storesBySerial() { return openStores; }
 
 Store::Store()
-    : m_serial(static_cast<std::uint32_t>(openStores().size())),
+    : m_serial(static_cast<std::uint32_t>(openStores.size())),
       m_arena(std::make_unique<Arena>()),
       m_handles(std::make_unique<HandleIndex>()),
       m_journal(std::make_unique<Journal>(*this)) {
-    openStores().push_back(this);
+    openStores.push_back(this);
     m_blocks.emplace_back(new ObjectBody[kBlockSize]);  // slot 0 stays empty: "no object"
     ObjectBody& list = newSlot();
     m_objectsList = list.self;
@@ -36,31 +30,20 @@ Store::Store()
 
 Store::~Store() {
     abandonOpenings(*this);
-    openStores()[m_serial] = nullptr;
+    openStores[m_serial] = nullptr;
 }
-
-AcDbObjectId Store::idOf(Index index) const {
-    if (index == kNoIndex) return {};
-    return AcDbObjectId::fromWord(std::uint64_t{m_serial} << 32 | index);
-}
-
-AcDbObjectId Store::idOf(const ObjectBody& body) const { return idOf(body.self); }
 
 Store* Store::withSerial(std::uint32_t serial) {
-    return serial < openStores().size() ? openStores()[serial] : nullptr;
+    return serial < openStores.size() ? openStores[serial] : nullptr;
 }
 
 ObjectBody* Store::resolve(AcDbObjectId id) {
     const std::uint64_t serial = id.asWord() >> 32;
     const Index index = static_cast<Index>(id.asWord());
-    if (serial >= openStores().size() || index == kNoIndex) return nullptr;
-    const Store* const store = openStores()[serial];
+    if (serial >= openStores.size() || index == kNoIndex) return nullptr;
+    const Store* const store = openStores[serial];
     if (store == nullptr || index > store->m_count) return nullptr;
     return &store->at(index);
-}
-
-ObjectBody& Store::at(Index index) const {
-    return m_blocks[index >> kBlockBits][index & (kBlockSize - 1)];
 }
 
 ObjectBody* Store::byHandle(std::uint64_t handle) const {
@@ -73,7 +56,7 @@ void Store::raiseHandleSeed(std::uint64_t seed) { m_seed = std::max(m_seed, seed
 
 std::uint64_t Store::nextHandle() {
     // A drawing may use the highest handle there is; then free ones are looked for from below.
-    while (m_seed == 0 || byHandle(m_seed) != nullptr)
+    while (m_seed == 0 || (m_highestTaken && byHandle(m_seed) != nullptr))
         ++m_seed;
     return m_seed++;
 }
@@ -81,6 +64,7 @@ std::uint64_t Store::nextHandle() {
 void Store::giveHandle(ObjectBody& body, std::uint64_t handle) {
     body.handle = handle;
     m_handles->add(*this, body.self);
+    if (handle == UINT64_MAX) m_highestTaken = true;
     if (handle >= m_seed) m_seed = handle + 1;
 }
 
@@ -152,8 +136,9 @@ ObjectBody& Store::duplicate(const ObjectBody& source, Index owner) {
     m_journal->made(body);
     const Encoding& from = source.store != nullptr ? source.store->encoding() : Encoding();
     std::string text(source.text());
-    if (from.utf8 != m_encoding.utf8 || from.codePage != m_encoding.codePage)
-        text = recoded(text, from, m_encoding);
+    const bool same =
+        from.utf8 == m_encoding.utf8 && (from.utf8 || from.codePage == m_encoding.codePage);
+    if (!same) text = recoded(text, from, m_encoding);
     placeText(body, withIdentity(text, body.handle, at(owner).handle));
     ++revision;
     recordsChanged(body.kind);

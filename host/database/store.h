@@ -47,13 +47,18 @@ class Store {
     // --- identity -----------------------------------------------------------------------------
     /// Number of this store in the session, never used twice; part of every id.
     std::uint32_t serial() const { return m_serial; }
-    AcDbObjectId idOf(const ObjectBody& body) const;
-    AcDbObjectId idOf(Index index) const;
+    AcDbObjectId idOf(const ObjectBody& body) const { return idOf(body.self); }
+    AcDbObjectId idOf(Index index) const {
+        if (index == kNoIndex) return {};
+        return AcDbObjectId::fromWord(std::uint64_t{m_serial} << 32 | index);
+    }
     /// The open store with a serial number, or null.
     static Store* withSerial(std::uint32_t serial);
     /// The body that an id names, in whatever open store; null for a null or stale id.
     static ObjectBody* resolve(AcDbObjectId id);
-    ObjectBody& at(Index index) const;
+    ObjectBody& at(Index index) const {
+        return m_blocks[index >> kBlockBits][index & (kBlockSize - 1)];
+    }
     Index count() const { return m_count; }  ///< slots in use; valid indexes are 1 to count()
     /// Object with a handle, erased or not; null when there is none.
     ObjectBody* byHandle(std::uint64_t handle) const;
@@ -158,6 +163,8 @@ class Store {
     friend class Journal;
     struct Arena;
     struct HandleIndex;
+    static constexpr unsigned kBlockBits = 10;
+    static constexpr Index kBlockSize = 1u << kBlockBits;
 
     ObjectBody& newSlot();
     std::uint64_t nextHandle();
@@ -176,7 +183,8 @@ class Store {
 
     std::uint32_t m_serial;
     Index m_count = 0;
-    std::uint64_t m_seed = 1;
+    std::uint64_t m_seed = 1;     ///< above all handles, unless the highest is taken
+    bool m_highestTaken = false;  ///< an object has the highest handle there is
     std::vector<std::unique_ptr<ObjectBody[]>> m_blocks;
     std::unique_ptr<Arena> m_arena;
     std::unique_ptr<HandleIndex> m_handles;
@@ -188,7 +196,8 @@ class Store {
     std::unordered_map<Index, BlockParts> m_blockParts;
     /// Records by folded name, for each table.
     std::unordered_map<Index, std::unordered_map<std::wstring, std::vector<Index>>> m_symbols;
-    mutable std::vector<std::string> m_tableNames;  ///< of m_tables; filled when it is asked for
+    mutable std::unordered_map<std::string, Index> m_tableNames;  ///< filled when it is asked for
+    mutable std::size_t m_tablesNamed = 0;                        ///< so many of m_tables
     Encoding m_encoding;
     LineEnding m_lineEnding = LineEnding::Lf;
     mutable bool m_spacesKnown = false;

@@ -35,6 +35,18 @@ std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwis
     return fromUtf8(place->value);
 }
 
+/// True when a record has this name, which is folded. Plain names are compared as they are stored.
+bool isNamed(const ObjectBody& record, std::wstring_view folded) {
+    const auto place = findTag(record.text(), 2);
+    const std::string_view stored = place ? place->value : std::string_view();
+    const auto same = [](char c, wchar_t wanted) {
+        const bool lower = c >= 'a' && c <= 'z';
+        return c > 0 && c != '\\' && static_cast<wchar_t>(lower ? c - 'a' + 'A' : c) == wanted;
+    };
+    return std::equal(stored.begin(), stored.end(), folded.begin(), folded.end(), same) ||
+           foldCase(symbolName(record)) == folded;
+}
+
 }  // namespace
 
 Section& Store::section(SectionKind kind) {
@@ -49,13 +61,14 @@ Section& Store::section(SectionKind kind) {
 }
 
 Index Store::table(std::string_view name) const {
-    // Tables are only ever added, under a name that stays.
-    for (std::size_t i = m_tableNames.size(); i < m_tables.size(); ++i) {
-        const auto place = findTag(at(m_tables[i]).text(), 2);
-        m_tableNames.emplace_back(place ? place->value : std::string_view());
+    // Tables are only ever added, under a name that stays; the first of a name counts.
+    for (; m_tablesNamed < m_tables.size(); ++m_tablesNamed) {
+        const auto place = findTag(at(m_tables[m_tablesNamed]).text(), 2);
+        const std::string_view own = place ? trimmed(place->value) : std::string_view();
+        m_tableNames.emplace(own, m_tables[m_tablesNamed]);
     }
-    const auto found = std::find(m_tableNames.begin(), m_tableNames.end(), name);
-    return found != m_tableNames.end() ? m_tables[found - m_tableNames.begin()] : kNoIndex;
+    const auto found = m_tableNames.find(std::string(name));
+    return found != m_tableNames.end() ? found->second : kNoIndex;
 }
 
 Index Store::rootDictionary() const {
@@ -108,7 +121,7 @@ ObjectBody* Store::symbol(Index table, std::wstring_view name) const {
     for (const Index index : found->second) {
         ObjectBody& record = at(index);
         // A renamed record is still noted under its former name.
-        if (record.undone || foldCase(symbolName(record)) != folded) continue;
+        if (record.undone || !isNamed(record, folded)) continue;
         if (!record.erased) return &record;
         erasedOne = &record;
     }
@@ -155,7 +168,7 @@ std::optional<std::string_view> Store::headerValue(std::string_view name) const 
             TagReader reader(text.substr(end + 1));
             Tag value;
             if (reader.next(value) && value.code != 9) return value.value;
-            return std::nullopt;
+            // A name without a value counts as missing; saving adds the variable behind it.
         }
     }
     return std::nullopt;

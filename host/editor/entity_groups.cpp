@@ -5,21 +5,25 @@
 
 namespace host {
 
-EntityGroups::EntityGroups(std::string_view text) {
-    m_tags.reserve(24);
-    TagReader reader(text);
-    Tag tag;
-    int depth = 0;
-    while (reader.next(tag)) {
-        if (tag.code >= 1000 || tag.code == 101) break;
+bool EntityGroupReader::next(Tag& tag) {
+    while (m_reader.next(tag) && tag.code < 1000 && tag.code != 101) {
         if (tag.code == 102) {
             const std::string_view value = trimmed(tag.value);
-            if (!value.empty() && value.front() == '{') ++depth;
-            if (value == "}" && depth > 0) --depth;
-            continue;
+            if (!value.empty() && value.front() == '{') ++m_depth;
+            if (value == "}" && m_depth > 0) --m_depth;
+        } else if (m_depth == 0) {
+            return true;
         }
-        if (depth == 0) m_tags.push_back(tag);
     }
+    return false;
+}
+
+EntityGroups::EntityGroups(std::string_view text) {
+    m_tags.reserve(24);
+    EntityGroupReader reader(text);
+    Tag tag;
+    while (reader.next(tag))
+        m_tags.push_back(tag);
 }
 
 const Tag* EntityGroups::find(int code) const {

@@ -8,8 +8,20 @@
 
 namespace host {
 
-/// Groups of an object without application brackets (102), extended data and embedded objects. They
-/// borrow the object's text.
+/// Reads the groups of an object without application brackets (102), extended data and embedded
+/// objects. They borrow the object's text.
+class EntityGroupReader {
+  public:
+    explicit EntityGroupReader(std::string_view text) : m_reader(text) {}
+    /// Reads the next group; false at the end.
+    bool next(Tag& tag);
+
+  private:
+    TagReader m_reader;
+    int m_depth = 0;
+};
+
+/// The same groups at once.
 class EntityGroups {
   public:
     explicit EntityGroups(std::string_view text);

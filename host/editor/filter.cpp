@@ -51,6 +51,7 @@ bool SelectionFilter::read(const resbuf* list, SelectionFilter& filter) {
                 item.isText = true;
                 item.pattern = list->resval.rstring;
                 if (isNameCode(item.code)) item.pattern = foldCase(item.pattern);
+                if (item.code == 0) item.kind = kindOfOneType(toUtf8(item.pattern));
                 break;
             case ValueKind::Real:
                 item.number = list->resval.rreal;
@@ -69,28 +70,39 @@ bool SelectionFilter::read(const resbuf* list, SelectionFilter& filter) {
     return true;
 }
 
+bool SelectionFilter::Item::passes(const Store& store, std::string_view value) const {
+    if (!isText) {
+        const std::optional<double> found = parseReal(value);
+        return found && sameNumber(*found, number);
+    }
+    if (value != tested || value.empty()) {
+        const std::wstring text = store.decode(value);
+        passed = wildcardMatch(pattern, isNameCode(code) ? foldCase(text) : text);
+        tested = value;
+    }
+    return passed;
+}
+
+bool SelectionFilter::Item::matches(const ObjectBody& entity) const {
+    const Store& store = *entity.store;
+    if (kind) return entity.kind == *kind;
+    if (code == 0) return passes(store, entity.type());
+    if (code == 410) return wildcardMatch(pattern, foldCase(layoutName(store, entity.owner)));
+    bool present = false;
+    EntityGroupReader groups(entity.text());
+    Tag tag;
+    while (groups.next(tag)) {
+        if (tag.code != code) continue;
+        if (passes(store, tag.value)) return true;
+        present = true;
+    }
+    const std::string_view standard = defaultOf(code);
+    return !present && !standard.empty() && passes(store, standard);
+}
+
 bool SelectionFilter::matches(const ObjectBody& entity) const {
-    if (m_items.empty()) return true;
-    const EntityGroups groups(entity.text());
-    const auto valueMatches = [&](const Item& item, std::string_view value) {
-        if (!item.isText) {
-            const std::optional<double> number = parseReal(value);
-            return number && sameNumber(*number, item.number);
-        }
-        const std::wstring text = entity.store->decode(value);
-        return wildcardMatch(item.pattern, isNameCode(item.code) ? foldCase(text) : text);
-    };
-    return std::all_of(m_items.begin(), m_items.end(), [&](const Item& item) {
-        if (item.code == 410)
-            return wildcardMatch(item.pattern, foldCase(layoutName(*entity.store, entity.owner)));
-        if (!groups.has(item.code)) {
-            const std::string_view standard = defaultOf(item.code);
-            return !standard.empty() && valueMatches(item, standard);
-        }
-        return std::any_of(groups.tags().begin(), groups.tags().end(), [&](const Tag& tag) {
-            return tag.code == item.code && valueMatches(item, tag.value);
-        });
-    });
+    return std::all_of(m_items.begin(), m_items.end(),
+                       [&](const Item& item) { return item.matches(entity); });
 }
 
 }  // namespace host

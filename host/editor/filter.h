@@ -1,6 +1,7 @@
 // Filters of selection sets.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@ class SelectionFilter {
     /// Reads a list; null gives a filter that everything passes. False when an item is not served.
     static bool read(const resbuf* list, SelectionFilter& filter);
 
+    /// Use one filter for one drawing.
     bool matches(const ObjectBody& entity) const;
     bool isEmpty() const { return m_items.empty(); }
 
@@ -28,6 +30,13 @@ class SelectionFilter {
         bool isText = false;
         std::wstring pattern;
         double number = 0;
+        std::optional<Kind> kind = {};  ///< of the one type that passes, when the kind tells it
+        /// The text tested last and its outcome: entities of one type or layer come in rows.
+        mutable std::string tested = {};
+        mutable bool passed = false;
+
+        bool passes(const Store& store, std::string_view value) const;
+        bool matches(const ObjectBody& entity) const;
     };
 
     std::vector<Item> m_items;

@@ -35,26 +35,26 @@ AcGePoint3d pointAt(const void* point) {
     return asPnt3d(values);
 }
 
-void appendSpace(const Store& store, Index space, Ids& ids) {
+void appendSpace(const Store& store, Index space, const SelectionFilter& filter, Ids& ids) {
     for (Index i = store.firstLive(space); i != kNoIndex;) {
         const ObjectBody& entity = store.at(i);
-        ids.push_back(store.idOf(entity));
+        if (filter.matches(entity)) ids.push_back(store.idOf(entity));
         i = store.nextLive(entity);
     }
 }
 
-/// Every space, the current one last in drawing order: so its newest entity comes first when the
-/// newest come first.
-Ids wholeDatabase(const Store& store) {
+/// What passes the filter in every space, the current one last in drawing order: so its newest
+/// entity comes first when the newest come first.
+Ids wholeDatabase(const Store& store, const SelectionFilter& filter) {
     Ids ids;
     const Index current = store.currentSpace();
     const Index table = store.table("BLOCK_RECORD");
     for (Index i = table == kNoIndex ? kNoIndex : store.firstLive(table); i != kNoIndex;) {
         const ObjectBody& record = store.at(i);
-        if (record.self != current && isSpace(record)) appendSpace(store, record.self, ids);
+        if (record.self != current && isSpace(record)) appendSpace(store, record.self, filter, ids);
         i = store.nextLive(record);
     }
-    if (current != kNoIndex) appendSpace(store, current, ids);
+    if (current != kNoIndex) appendSpace(store, current, filter, ids);
     if (switches().newestFirst) std::reverse(ids.begin(), ids.end());
     return ids;
 }
@@ -98,7 +98,7 @@ int gather(const Store& store, const Request& request, Ids& ids) {
     if (mode == L"I")
         ids = takePickfirst();
     else if (mode == L"X")
-        ids = wholeDatabase(store);
+        ids = wholeDatabase(store, request.filter);
     else if (mode == L"A")
         ids = selectAll(store);
     else if (mode == L"L")

@@ -1,0 +1,79 @@
+// Opens drawings of lines and forms groups in them.
+#include "drawings.h"
+
+#include <cstdio>
+#include <fstream>
+#include <stdexcept>
+
+#include "group_forming.h"
+#include "host/control/effects.h"
+#include "host/objectarx/selection_sets.h"
+#include "marker_block.h"
+
+namespace bench {
+namespace {
+
+void mustSucceed(const host::Outcome& outcome) {
+    if (!outcome) throw std::runtime_error(outcome.error);
+}
+
+void writeLines(const std::string& path, long count) {
+    std::ofstream file(path);
+    file << "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1027\n  0\nENDSEC\n"
+            "  0\nSECTION\n  2\nENTITIES\n";
+    for (long x = 0; x < count; ++x) {
+        file << "  0\nLINE\n100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n 10\n"
+             << x << ".25\n 20\n0.0\n 30\n0.0\n 11\n"
+             << x << ".25\n 21\n1.0\n 31\n0.0\n";
+    }
+    file << "  0\nENDSEC\n  0\nEOF\n";
+}
+
+}  // namespace
+
+Drawings::Drawings() { host::setEffectRecording(false); }
+
+Drawings::~Drawings() { host::setEffectRecording(true); }
+
+void Drawings::openLines(long count) {
+    const std::string name = "lines" + std::to_string(m_session.documentCount());
+    const std::string path = SCRATCH_FOLDER "/" + name + ".dxf";
+    writeLines(path, count);
+    mustSucceed(m_session.openDrawing(path));
+    std::remove(path.c_str());
+}
+
+void Drawings::activate(std::size_t index) { mustSucceed(m_session.activate(index)); }
+
+void Drawings::closeAll() {
+    while (m_session.documentCount() > 0)
+        mustSucceed(m_session.closeDrawing());
+}
+
+host::Store& store() { return acdbHostApplicationServices()->workingDatabase()->store(); }
+
+std::vector<AcDbObjectId> entities() {
+    const host::Store& drawing = store();
+    std::vector<AcDbObjectId> ids;
+    for (host::Index i = drawing.firstLive(drawing.modelSpace()); i != host::kNoIndex;
+         i = drawing.nextLive(drawing.at(i))) {
+        ids.push_back(drawing.idOf(i));
+    }
+    return ids;
+}
+
+void formGroups(long members) {
+    ensureMarkerBlocks();
+    ads_name group = {};
+    long gathered = 0;
+    for (const AcDbObjectId& id : entities()) {
+        ads_name entity = {};
+        acdbGetAdsName(entity, id);
+        acedSSAdd(entity, gathered == 0 ? nullptr : group, group);
+        if (++gathered < members) continue;
+        formGroup(group, AcGePoint3d::kOrigin);
+        gathered = 0;
+    }
+}
+
+}  // namespace bench
