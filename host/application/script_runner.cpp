@@ -138,7 +138,7 @@ CommandStatus Session::Impl::fail(const Outcome& outcome) {
 
 void Session::Impl::diagnose(const std::string& line) {
     if (diagnostics) {
-        diagnostics(line);
+        diagnostics(oneLine(fromUtf8(line)));
     } else {
         say(fromUtf8(line));
     }

@@ -122,7 +122,7 @@ CommandStatus runText() {
     addTag(groups, 100, "AcDbText");
     addPoint(groups, 10, start);
     addTag(groups, 40, height);
-    addTag(groups, 1, toUtf8(text));
+    addTag(groups, 1, encodeText(text, Encoding()));  // a NUL has to be escaped
     addTag(groups, 50, rotation);
     addTag(groups, 100, "AcDbText");
     addEntity(*store, "TEXT", groups);

@@ -10,7 +10,9 @@ namespace {
 
 std::string currentLayer(const Store& store) {
     const auto name = store.headerValue("$CLAYER");
-    return name && !name->empty() ? toUtf8(store.decode(*name)) : std::string("0");
+    if (!name || name->empty()) return "0";
+    // As it stands where possible: escapes in it may mean what no line can hold.
+    return store.encoding().utf8 ? std::string(*name) : encodeText(store.decode(*name), Encoding());
 }
 
 }  // namespace

@@ -23,8 +23,9 @@ bool AcDbObjectId::isErased() const {
 bool AcDbObjectId::isEffectivelyErased() const {
     const host::ObjectBody* body = host::bodyOfId(*this, "AcDbObjectId::isEffectivelyErased");
     if (body == nullptr) return true;
-    // A damaged drawing may have owners in a circle.
-    for (int depth = 0; depth < 1000 && body->self != host::kNoIndex; ++depth) {
+    // Owners may be nested to any depth; were they in a circle, it would end here all the same.
+    for (host::Index left = body->store->count(); left > 0 && body->self != host::kNoIndex;
+         --left) {
         if (body->erased) return true;
         body = &body->store->at(body->owner);
     }

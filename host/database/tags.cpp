@@ -163,9 +163,11 @@ std::optional<std::uint64_t> parseHandle(std::string_view text) {
 }
 
 std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isBlank(text.front()))
+    // A carriage return counts too: at the end of a line it would be lost with the next loading.
+    const auto isOutside = [](char c) { return isBlank(c) || c == '\r'; };
+    while (!text.empty() && isOutside(text.front()))
         text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
+    while (!text.empty() && isOutside(text.back()))
         text.remove_suffix(1);
     return text;
 }

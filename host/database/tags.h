@@ -50,6 +50,7 @@ std::string formatHandle(std::uint64_t handle);
 std::optional<double> parseReal(std::string_view text);
 std::optional<long long> parseInteger(std::string_view text);
 std::optional<std::uint64_t> parseHandle(std::string_view text);
+/// Without blanks, tabs and carriage returns around it.
 std::string_view trimmed(std::string_view text);
 
 /// Kinds of values by group code, for result buffers and checks.

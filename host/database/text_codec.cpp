@@ -194,7 +194,10 @@ bool wellFormed(std::string_view bytes, const Encoding& encoding) {
 }
 
 std::wstring decodeText(std::string_view bytes, const Encoding& encoding) {
-    if (encoding.utf8 || isAscii(bytes)) return withoutEscapes(fromUtf8(bytes));
+    if (encoding.utf8 || isAscii(bytes)) {
+        std::wstring wide = fromUtf8(bytes);
+        return bytes.find('\\') == bytes.npos ? wide : withoutEscapes(std::move(wide));
+    }
     std::wstring wide;
     codePageToWide(codePageNumber(encoding.codePage), bytes, wide);
     return withoutEscapes(std::move(wide));
@@ -224,6 +227,7 @@ std::string encodeText(std::wstring_view text, const Encoding& encoding) {
 }
 
 std::wstring fromUtf8(std::string_view bytes) {
+    if (isAscii(bytes)) return std::wstring(bytes.begin(), bytes.end());
     std::wstring wide;
     wide.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();) {
@@ -241,6 +245,20 @@ std::string toUtf8(std::wstring_view text) {
         appendUtf8(bytes, isSurrogate(c) || c > 0x10FFFF ? kReplacement : c);
     }
     return bytes;
+}
+
+std::string oneLine(std::wstring_view message) {
+    constexpr std::size_t kLongest = 400;
+    constexpr std::size_t kEnd = 160;  // what to do stands at the end of a message
+    std::wstring line(message);
+    if (line.size() > kLongest) {
+        line.replace(kLongest - kEnd, line.size() - kLongest, L" ... ");
+    }
+    for (wchar_t& c : line) {
+        if (c == L'\n' || c == L'\r' || c == L'\t') c = L' ';
+        if (c < L' ' || (c >= 0x7F && c < 0xA0)) c = L'?';
+    }
+    return toUtf8(line);
 }
 
 std::wstring foldCase(std::wstring_view text) {

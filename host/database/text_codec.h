@@ -26,6 +26,11 @@ std::string encodeText(std::wstring_view text, const Encoding& encoding);
 std::wstring fromUtf8(std::string_view bytes);
 std::string toUtf8(std::wstring_view text);
 
+/// A message as one line of moderate length, whatever names and values of a drawing it quotes: line
+/// ends and tabs become blanks, other control characters "?", and what is too long loses its
+/// middle.
+std::string oneLine(std::wstring_view message);
+
 /// Upper-cased copy for comparing symbol names and keys without regard to case.
 std::wstring foldCase(std::wstring_view text);
 

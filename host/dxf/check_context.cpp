@@ -2,17 +2,44 @@
 #include "host/dxf/check_context.h"
 
 namespace host {
+namespace {
+
+bool listsLayouts(const Store& store, Index root) {
+    return root != kNoIndex &&
+           store.at(root).text().find("\nACAD_LAYOUT\n") != std::string_view::npos;
+}
+
+std::uint64_t pointerIn(std::string_view text, int code) {
+    const auto place = findTag(text, code);
+    return place ? parseHandle(place->value).value_or(0) : 0;
+}
+
+}  // namespace
+
+CheckContext::CheckContext(const Store& drawing)
+    : store(drawing),
+      references(drawing),
+      rootDictionary(drawing.rootDictionary()),
+      hasLayouts(listsLayouts(drawing, rootDictionary)) {}
+
+const ObjectLinks& CheckContext::links(const ObjectBody& body) {
+    const auto [place, isNew] = m_links.try_emplace(body.self);
+    ObjectLinks& links = place->second;
+    if (!isNew) return links;
+    links.firstEntry = pointerIn(body.text(), 350);
+    links.extensionDictionary = extensionDictionaryHandle(body.text());
+    links.layout = pointerIn(body.text(), 340);
+    const auto layoutPart = subclassPart(body.text(), "AcDbLayout");
+    if (layoutPart) links.block = pointerIn(*layoutPart, 330);
+    return links;
+}
 
 std::string nameOf(const ObjectBody& body) {
     return std::string(body.type()) + " " + formatHandle(body.handle);
 }
 
-void CheckContext::error(const ObjectBody& body, const std::string& text) {
-    findings.push_back({Severity::Error, body.handle, nameOf(body) + ": " + text});
-}
-
-void CheckContext::note(const ObjectBody& body, const std::string& text) {
-    findings.push_back({Severity::Note, body.handle, nameOf(body) + ": " + text});
+void CheckContext::add(Severity severity, std::uint64_t handle, const std::string& text) {
+    findings.push_back({severity, handle, oneLine(store.decode(text))});
 }
 
 bool CheckContext::isLive(Index index) const {

@@ -25,15 +25,31 @@ struct ObjectSummary {
     std::vector<std::string_view> markers;  ///< groups 100, in order
 };
 
+/// What an object says about others that the check asks of one object for many.
+struct ObjectLinks {
+    std::uint64_t firstEntry = 0;           ///< first group 350
+    std::uint64_t extensionDictionary = 0;  ///< 0 when there is none
+    std::uint64_t layout = 0;               ///< of a block record: group 340
+    std::uint64_t block = 0;                ///< of a layout: its block record
+};
+
+/// "LINE 2A".
+std::string nameOf(const ObjectBody& body);
+
 /// Collects findings and answers what is defined, in constant time.
 class CheckContext {
   public:
-    explicit CheckContext(const Store& drawing) : store(drawing), references(drawing) {}
+    explicit CheckContext(const Store& drawing);
 
-    void error(const ObjectBody& body, const std::string& text);
-    void note(const ObjectBody& body, const std::string& text);
-    void error(const std::string& text) { findings.push_back({Severity::Error, 0, text}); }
-    void note(const std::string& text) { findings.push_back({Severity::Note, 0, text}); }
+    /// Notes a finding. What the text quotes of the drawing is in the drawing's encoding.
+    void error(const ObjectBody& body, const std::string& text) {
+        add(Severity::Error, body.handle, nameOf(body) + ": " + text);
+    }
+    void note(const ObjectBody& body, const std::string& text) {
+        add(Severity::Note, body.handle, nameOf(body) + ": " + text);
+    }
+    void error(const std::string& text) { add(Severity::Error, 0, text); }
+    void note(const std::string& text) { add(Severity::Note, 0, text); }
 
     /// Live object with a handle, or null.
     const ObjectBody* live(std::uint64_t handle) const;
@@ -42,18 +58,24 @@ class CheckContext {
     /// True when a table holds a record of that name (as bytes of the drawing).
     bool isDefined(const char* table, std::string_view name);
 
+    /// Links in the groups of an object. Each object is read once, however many ask for it: else a
+    /// drawing could make the time grow with the square of its size.
+    const ObjectLinks& links(const ObjectBody& body);
+
     const Store& store;
     const ErasedReferences references;
+    const Index rootDictionary;
+    const bool hasLayouts;  ///< the root dictionary lists layouts
     std::vector<Finding> findings;
     long ownersAbsent = 0;
 
   private:
+    void add(Severity severity, std::uint64_t handle, const std::string& text);
+
+    std::unordered_map<Index, ObjectLinks> m_links;
     std::unordered_map<std::string, bool> m_defined;  ///< by table and name
     std::string m_key;
 };
-
-/// "LINE 2A".
-std::string nameOf(const ObjectBody& body);
 
 /// Every group of the object; fills the summary.
 void checkGroups(CheckContext& context, ObjectSummary& summary);

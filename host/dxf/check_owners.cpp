@@ -19,7 +19,7 @@ std::string ownerText(const CheckContext& context, std::uint64_t handle) {
 /// Owner of an object of the OBJECTS section: any that exists; none only for the root dictionary.
 void checkObjectOwner(CheckContext& context, const ObjectSummary& summary) {
     const ObjectBody& body = *summary.body;
-    const bool isRoot = body.self == context.store.rootDictionary();
+    const bool isRoot = body.self == context.rootDictionary;
     if (!summary.hasOwner) {
         if (body.owner != kNoIndex || isRoot) {
             ++context.ownersAbsent;

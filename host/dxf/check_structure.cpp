@@ -9,23 +9,6 @@ bool isSpaceName(const std::wstring& name) {
     return folded == L"*MODEL_SPACE" || folded.compare(0, 12, L"*PAPER_SPACE") == 0;
 }
 
-bool hasLayouts(const Store& store) {
-    const Index root = store.rootDictionary();
-    return root != kNoIndex &&
-           store.at(root).text().find("\nACAD_LAYOUT\n") != std::string_view::npos;
-}
-
-std::uint64_t pointerIn(std::string_view text, int code) {
-    const auto place = findTag(text, code);
-    return place ? parseHandle(place->value).value_or(0) : 0;
-}
-
-/// Handle of the block record in a layout's own groups.
-std::uint64_t blockOfLayout(std::string_view text) {
-    const auto part = subclassPart(text, "AcDbLayout");
-    return part ? pointerIn(*part, 330) : 0;
-}
-
 void checkEntry(CheckContext& context, const ObjectSummary& summary, const std::string& key,
                 std::uint64_t handle, bool isExtension) {
     const ObjectBody& dictionary = *summary.body;
@@ -47,10 +30,10 @@ void checkEntry(CheckContext& context, const ObjectSummary& summary, const std::
 
 void checkEntries(CheckContext& context, const ObjectSummary& summary) {
     const ObjectBody& dictionary = *summary.body;
-    const ObjectBody& owner = context.store.at(dictionary.owner);
+    const ObjectLinks& owner = context.links(context.store.at(dictionary.owner));
     const bool isExtension = dictionary.owner != kNoIndex &&
-                             pointerIn(owner.text(), 350) != dictionary.handle &&
-                             extensionDictionaryHandle(owner.text()) == dictionary.handle;
+                             owner.firstEntry != dictionary.handle &&
+                             owner.extensionDictionary == dictionary.handle;
     TagReader reader(summary.text);
     Tag tag;
     std::string key;
@@ -90,30 +73,31 @@ void checkBlockRecord(CheckContext& context, const ObjectSummary& summary) {
     const std::wstring name = symbolName(record);
     const BlockParts parts = context.store.blockParts(record.self);
     if (!context.isLive(parts.begin) || !context.isLive(parts.end)) {
-        context.error(record, "there is no BLOCK of the name \"" + toUtf8(name) + "\"");
+        context.error(record,
+                      "there is no BLOCK of the name \"" + context.store.encode(name) + "\"");
     } else if (foldCase(symbolName(context.store.at(parts.begin))) != foldCase(name)) {
         context.error(record, "its BLOCK has another name");
     }
     if (!isSpaceName(name)) return;
-    const std::uint64_t layout = pointerIn(summary.text, 340);
+    const std::uint64_t layout = context.links(record).layout;
     const ObjectBody* const object = context.live(layout);
     if (object == nullptr || object->type() != "LAYOUT") {
-        if (hasLayouts(context.store)) {
+        if (context.hasLayouts) {
             context.error(record, "the space has no layout");
         } else {
             context.note(record, "the space has no layout, nor has the drawing any");
         }
-    } else if (blockOfLayout(object->text()) != record.handle) {
+    } else if (context.links(*object).block != record.handle) {
         context.error(record, "its layout " + formatHandle(layout) + " does not point back");
     }
 }
 
 void checkLayout(CheckContext& context, const ObjectSummary& summary) {
-    const std::uint64_t handle = blockOfLayout(summary.text);
+    const std::uint64_t handle = context.links(*summary.body).block;
     const ObjectBody* const record = context.live(handle);
     if (record == nullptr || record->kind != Kind::BlockRecord) {
         context.error(*summary.body, "the layout has no block record");
-    } else if (pointerIn(record->text(), 340) != summary.body->handle) {
+    } else if (context.links(*record).layout != summary.body->handle) {
         context.error(*summary.body,
                       "its block record " + formatHandle(handle) + " does not point back");
     }

@@ -32,6 +32,10 @@ void DrawingLinker::assignHandles() {
     const std::uint64_t seed = value ? parseHandle(*value).value_or(0) : 0;
     if (seed >= m_store.handleSeed()) m_seedRead = seed;
     if (seed <= kHighestSeed) m_store.raiseHandleSeed(seed);
+    // What is supplied must not become the owner that an object names and that is not there.
+    for (const ObjectFacts& facts : m_parts.facts) {
+        if (facts.owner < kHighestSeed) m_store.raiseHandleSeed(facts.owner + 1);
+    }
     m_slotsRead = m_store.count();
     for (Index index = 1; index <= m_slotsRead; ++index) {
         const ObjectBody& body = m_store.at(index);
@@ -56,10 +60,11 @@ std::vector<Finding> DrawingLinker::supplied() const {
     }
     for (Index index = m_slotsRead + 1; index <= m_store.count(); ++index) {
         const ObjectBody& body = m_store.at(index);
-        const std::string name = toUtf8(symbolName(body));
-        findings.push_back({Severity::Error, body.handle,
-                            std::string(body.type()) + (name.empty() ? "" : " \"" + name + "\"") +
-                                " was missing and was supplied"});
+        const std::wstring name = symbolName(body);
+        const std::wstring text = fromUtf8(body.type()) +
+                                  (name.empty() ? L"" : L" \"" + name + L"\"") +
+                                  L" was missing and was supplied";
+        findings.push_back({Severity::Error, body.handle, oneLine(text)});
     }
     return findings;
 }
@@ -89,7 +94,7 @@ bool DrawingLinker::indexSymbols() {
 bool DrawingLinker::linkBlocks() {
     for (const LoadedBlock& block : m_parts.blocks) {
         const std::wstring name = m_store.decode(block.name);
-        const ObjectBody& record = supplyBlockRecord(m_store, name);
+        const ObjectBody& record = supplyBlockRecord(m_store, block.name);
         BlockParts& parts = m_store.blockParts(record.self);
         if (parts.begin != kNoIndex) {
             return m_stream.fail(static_cast<long>(m_parts.of(block.begin).line),

@@ -72,7 +72,9 @@ bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
             object.hasOwner = true;
             break;
         case 2:
-            if (object.name.empty()) object.name.assign(value);
+            if (object.hasName) break;
+            object.name.assign(value);
+            object.hasName = true;
             break;
         case 67:
             if (object.hasSpace) break;
@@ -94,7 +96,7 @@ bool ObjectReader::read(RawObject& object) {
     object.name.clear();
     object.layout.clear();
     object.line = m_typeLine;
-    object.hasOwner = object.hasSpace = object.inPaperSpace = false;
+    object.hasName = object.hasOwner = object.hasSpace = object.inPaperSpace = false;
     const int handleCode = m_type == "DIMSTYLE" ? 105 : 5;
     // Type names are compared everywhere, so blanks around them are not kept.
     addTag(object.text, 0, m_type);
@@ -134,7 +136,7 @@ bool ObjectReader::skipMark(std::string& strays) {
 
 bool ObjectReader::readSectionName(std::string& name) {
     const long line = m_typeLine;
-    if (!advance() || m_group.code != 2) {
+    if (!advance() || m_group.code != 2 || trimmed(m_group.value).empty()) {
         return m_stream.fail(line,
                              "the section has no name (group 2); the file is damaged or cut "
                              "off, fetch a whole copy");

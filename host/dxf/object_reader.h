@@ -19,6 +19,7 @@ struct RawObject {
     std::string layout;        ///< group 410
     long line = 0;             ///< of group 0
     long handleLine = 0;       ///< of the handle
+    bool hasName = false;      ///< has group 2, which may be empty
     bool hasOwner = false;
     bool hasSpace = false;      ///< has group 67
     bool inPaperSpace = false;  ///< group 67 is not 0

@@ -44,13 +44,14 @@ struct RecordForm {
 };
 
 ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
-                         const std::wstring& name) {
+                         std::string_view bytes) {
+    const std::wstring name = store.decode(bytes);
     if (ObjectBody* const record = store.symbol(table, name)) return *record;
     const std::uint64_t handle = store.handleSeed();
     std::string text = beginObject(form.type, handle, store.at(table).handle);
     addTag(text, 100, "AcDbSymbolTableRecord");
     addTag(text, 100, form.markerName);
-    addTag(text, 2, store.encode(name));
+    addTag(text, 2, bytes);
     text += form.rest;
     ObjectBody& record = addObject(store, form.kind, text, handle);
     store.appendChild(table, record);
@@ -103,7 +104,8 @@ Index supplyBlockMark(Store& store, const ObjectBody& record, Kind kind) {
     addTag(text, 8, "0");
     addTag(text, 100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd");
     if (begins) {
-        const std::string name = store.encode(symbolName(record));
+        const auto place = findTag(record.text(), 2);
+        const std::string_view name = place ? place->value : std::string_view();
         addTag(text, 2, name);
         addTag(text, 70, 0);
         addPointTag(text, 10, 0.0, 0.0, 0.0);
@@ -124,28 +126,28 @@ void supplyTables(Store& store) {
                            linetypeGroups("")};
     const RecordForm solid{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord",
                            linetypeGroups("Solid line")};
-    supplyRecord(store, linetypes, plain, L"ByBlock");
-    supplyRecord(store, linetypes, plain, L"ByLayer");
-    supplyRecord(store, linetypes, solid, L"Continuous");
+    supplyRecord(store, linetypes, plain, "ByBlock");
+    supplyRecord(store, linetypes, plain, "ByLayer");
+    supplyRecord(store, linetypes, solid, "Continuous");
 
     const Index layers = supplyTable(store, "LAYER", Kind::LayerTable);
     const RecordForm layer{"LAYER", Kind::LayerRecord, "AcDbLayerTableRecord", layerGroups()};
-    supplyRecord(store, layers, layer, L"0");
+    supplyRecord(store, layers, layer, "0");
 
     const Index styles = supplyTable(store, "STYLE", Kind::OtherTable);
     const RecordForm style{"STYLE", Kind::OtherRecord, "AcDbTextStyleTableRecord", styleGroups()};
-    supplyRecord(store, styles, style, L"Standard");
+    supplyRecord(store, styles, style, "Standard");
 
     const Index applications = supplyTable(store, "APPID", Kind::OtherTable);
     const RecordForm application{"APPID", Kind::OtherRecord, "AcDbRegAppTableRecord", " 70\n0\n"};
-    supplyRecord(store, applications, application, L"ACAD");
+    supplyRecord(store, applications, application, "ACAD");
 
     supplyTable(store, "BLOCK_RECORD", Kind::BlockTable);
-    supplyBlockRecord(store, L"*Model_Space");
-    supplyBlockRecord(store, L"*Paper_Space");
+    supplyBlockRecord(store, "*Model_Space");
+    supplyBlockRecord(store, "*Paper_Space");
 }
 
-ObjectBody& supplyBlockRecord(Store& store, const std::wstring& name) {
+ObjectBody& supplyBlockRecord(Store& store, std::string_view name) {
     const RecordForm form{"BLOCK_RECORD", Kind::BlockRecord, "AcDbBlockTableRecord",
                           blockRecordGroups()};
     return supplyRecord(store, store.table("BLOCK_RECORD"), form, name);

@@ -1,7 +1,7 @@
 // Supplies what every drawing needs and a loaded one lacks, without changing what is there.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "host/database/store.h"
 
@@ -12,8 +12,9 @@ namespace host {
 /// records of model space and paper space. Symbols must be indexed and handles assigned.
 void supplyTables(Store& store);
 
-/// Adds a block record of a name; for blocks that have none.
-ObjectBody& supplyBlockRecord(Store& store, const std::wstring& name);
+/// The block record of a name, added when there is none. The name is in the drawing's encoding:
+/// were it converted, a name with escapes would not come out as its block has it.
+ObjectBody& supplyBlockRecord(Store& store, std::string_view name);
 
 /// Supplies BLOCK and ENDBLK of model space and paper space.
 void supplySpaceBlocks(Store& store);

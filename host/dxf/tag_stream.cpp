@@ -62,7 +62,7 @@ TagStream::TagStream(InputFile& file, DxfError& error, const ProgressFunction& p
 bool TagStream::fail(long line, std::string text) {
     if (!m_failed) {
         m_error.line = line;
-        m_error.text = std::move(text);
+        m_error.text = oneLine(fromUtf8(text));
     }
     m_failed = true;
     return false;

@@ -1,4 +1,4 @@
-// Loading and saving keep a drawing: versions, encodings, line ends, structure, cut files.
+// Loading and saving keep a drawing: versions, encodings, line ends, structure.
 #include "drawing_text.h"
 
 namespace dxf_tests {
@@ -68,17 +68,6 @@ TEST_F(RoundTrip, MissingHandlesAndStructureAreSuppliedOnce) {
     EXPECT_EQ(store->at(store->firstLive(store->modelSpace())).handle, 8u);
     const std::string first = saved(*store);
     EXPECT_EQ(saved(*load(first)), first);
-}
-
-TEST_F(RoundTrip, EveryCutIsToldAsOne) {
-    const std::string text = dxf(kDrawing);
-    for (std::size_t length = 0; length + 1 < text.size(); ++length) {
-        const std::string error = loadError(text.substr(0, length));
-        ASSERT_NE(error, "loaded") << length;
-        ASSERT_EQ(error.find("bad.dxf:"), 0u) << error;
-        ASSERT_NE(error.find("; "), std::string::npos) << error;
-    }
-    EXPECT_EQ(loadError(text.substr(0, text.size() - 1)), "loaded");
 }
 
 /// Groups of a file by a reader of its own: no comments, no padding, no $HANDSEED value.
