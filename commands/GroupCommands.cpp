@@ -98,6 +98,7 @@ void clearPickfirst(ads_name selection) {
 
 void groupMake() {
     ads_name selection = {};
+    const FreedOnThrow guard(selection);
     if (!selectForGroup(selection)) return;
     ensureMarkerBlocks();
     AcGePoint3d point;

@@ -8,6 +8,7 @@
 #include "group_record.h"
 #include "GroupCommands.h"
 #include "handle_text.h"
+#include "host_guards.h"
 #include "marker.h"
 #include "membership.h"
 #include "VeLogging.h"
@@ -35,6 +36,7 @@ int shrinkGroup(const AcDbObjectIdArray& group) {
 /// Moves the entity behind everything in the drawing, without its group record.
 void recloneAlone(const ads_name entity) {
     ads_name selection = {};
+    const FreedOnThrow guard(selection);
     const bool made = DIAG_CHECK(acedSSAdd(entity, nullptr, selection) == RTNORM);
     if (!made) return;
     recloneIntoCurrentSpace(selection, Records::kTakeAway);

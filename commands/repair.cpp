@@ -26,6 +26,7 @@ AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* con
     const ResultBuffers filter(acutBuildList(RTDXF0, L"INSERT", kBlockName, blockName.c_str(), 0));
     AcDbObjectIdArray ids(0, kListGrowth);
     ads_name selection = {};
+    const FreedOnThrow guard(selection);
     // Without its filter the selection would take the whole drawing.
     if (filter.get() == nullptr ||
         acedSSGet(L"X", nullptr, nullptr, filter.get(), selection) != RTNORM) {

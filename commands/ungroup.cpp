@@ -5,6 +5,7 @@
 #include "group_forming.h"
 #include "group_record.h"
 #include "GroupCommands.h"
+#include "host_guards.h"
 #include "membership.h"
 #include "selection_walk.h"
 #include "VeLogging.h"
@@ -55,6 +56,7 @@ int ungroupWholeGroups(const ads_name selection) {
 
 void groupDelete() {
     ads_name selection = {};
+    const FreedOnThrow guard(selection);
     int ungrouped = 0;
     if (acedSSGet(L"_I", nullptr, nullptr, nullptr, selection) == RTNORM) {
         ungrouped = ungroupSelected(selection);

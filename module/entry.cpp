@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "boundary.h"
 #include "document_data.h"
 #include "GroupCommands.h"
 #include "grouping_mode.h"
@@ -25,14 +26,20 @@ struct Command {
     AcRxFunctionPtr function;
 };
 
+/// A command as the host calls it.
+template <void (*work)()>
+void command() {
+    withinBoundary(work);
+}
+
 /// The commands in the order of their registration. Only making and dissolving take the pick-first
 /// set, and only making asks for a redraw.
 constexpr Command kCommands[] = {
-    {L"VelmoGROUPMAKE", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, groupMake},
-    {L"VelmoGROUPDELETE", ACRX_CMD_USEPICKSET, groupDelete},
-    {L"VelmoGROUPREMOVEMEMBER", ACRX_CMD_MODAL, groupRemoveMember},
-    {L"VelmoGROUPACTIVE", ACRX_CMD_MODAL, groupingOn},
-    {L"VelmoGROUPNOTACTIVE", ACRX_CMD_MODAL, groupingOff},
+    {L"VelmoGROUPMAKE", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, command<groupMake>},
+    {L"VelmoGROUPDELETE", ACRX_CMD_USEPICKSET, command<groupDelete>},
+    {L"VelmoGROUPREMOVEMEMBER", ACRX_CMD_MODAL, command<groupRemoveMember>},
+    {L"VelmoGROUPACTIVE", ACRX_CMD_MODAL, command<groupingOn>},
+    {L"VelmoGROUPNOTACTIVE", ACRX_CMD_MODAL, command<groupingOff>},
 };
 
 /// The one editor reactor, from load to unload.
@@ -71,6 +78,25 @@ KESTpickGroupEnt* makePickReactor() {
     }
 }
 
+void handleMessage(AcRx::AppMsgCode msg, void* pkt) {
+    switch (msg) {
+        case AcRx::kInitAppMsg:
+            declareToLinker(pkt);
+            return initApplication();
+        case AcRx::kUnloadAppMsg:
+            return unloadApplication();
+        case AcRx::kLoadDwgMsg:
+            defineLispFunctions();
+            return;
+        case AcRx::kUnloadDwgMsg:
+            return undefineLispFunction();
+        case AcRx::kInvkSubrMsg:
+            return dispatchLispFunction();
+        default:
+            return;
+    }
+}
+
 }  // namespace
 
 void initApplication() {
@@ -95,25 +121,6 @@ void unloadApplication() {
 }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-    switch (msg) {
-        case AcRx::kInitAppMsg:
-            declareToLinker(pkt);
-            initApplication();
-            break;
-        case AcRx::kUnloadAppMsg:
-            unloadApplication();
-            break;
-        case AcRx::kLoadDwgMsg:
-            defineLispFunctions();
-            break;
-        case AcRx::kUnloadDwgMsg:
-            undefineLispFunction();
-            break;
-        case AcRx::kInvkSubrMsg:
-            dispatchLispFunction();
-            break;
-        default:
-            break;
-    }
+    withinBoundary([&] { handleMessage(msg, pkt); });
     return AcRx::kRetOK;
 }

@@ -1,6 +1,9 @@
 // Guards that give back what the host handed out, on every path.
 #pragma once
 
+#include <exception>
+#include <type_traits>
+
 #include "platform.h"
 
 /// Closes an opened object when it goes out of scope.
@@ -27,6 +30,24 @@ class Opened {
 
   private:
     T* m_object = nullptr;
+};
+
+/// Frees a selection set when an exception passes by. Otherwise it does nothing: the module frees
+/// its sets, or leaves them, at fixed places.
+class FreedOnThrow {
+  public:
+    using Word = std::remove_extent_t<ads_name>;
+    /// `set` may be filled later, and has to live longer.
+    explicit FreedOnThrow(const Word* set) : m_set(set) {}
+    ~FreedOnThrow() {
+        if (std::uncaught_exceptions() > m_passing) acedSSFree(m_set);
+    }
+    FreedOnThrow(const FreedOnThrow&) = delete;
+    FreedOnThrow& operator=(const FreedOnThrow&) = delete;
+
+  private:
+    const Word* m_set;
+    int m_passing = std::uncaught_exceptions();
 };
 
 /// Holds an object made with `new`: closes it once it joined the database, deletes it otherwise.

@@ -1,4 +1,5 @@
 // Follows copy, mirror and clipboard commands, regeneration and the save of the drawing.
+#include "boundary.h"
 #include "document_data.h"
 #include "GroupCommands.h"
 #include "pick_reactor.h"
@@ -25,9 +26,7 @@ void markEndOfDrawing() {
 
 void forgetGatheredIds() { docData().m_aGatheredIds.setLogicalLength(0); }
 
-}  // namespace
-
-void KESTpickGroupEnt::commandWillStart(const ACHAR* name) {
+void noteStart(const ACHAR* name) {
     docData().m_bReportGathering = false;
     if (docData().m_bSelectionHasGroups) {
         if (copiesToClipboard(name)) {
@@ -40,7 +39,7 @@ void KESTpickGroupEnt::commandWillStart(const ACHAR* name) {
     if (isCommand(name, L"REGEN")) updateAllGroups();
 }
 
-void KESTpickGroupEnt::commandEnded(const ACHAR* name) {
+void followEnd(const ACHAR* name) {
     if (docData().m_bSelectionHasGroups && copiesInDrawing(name)) {
         relinkCopiedGroups();
         forgetGatheredIds();
@@ -55,11 +54,25 @@ void KESTpickGroupEnt::commandEnded(const ACHAR* name) {
     }
 }
 
+}  // namespace
+
+void KESTpickGroupEnt::commandWillStart(const ACHAR* name) {
+    withinBoundary([&] { noteStart(name); });
+}
+
+void KESTpickGroupEnt::commandEnded(const ACHAR* name) {
+    withinBoundary([&] { followEnd(name); });
+}
+
 // Only a cancelled COPYCLIP forgets; the other commands are left alone on purpose.
 void KESTpickGroupEnt::commandCancelled(const ACHAR* name) {
-    if (isCommand(name, L"COPYCLIP")) forgetGatheredIds();
+    withinBoundary([&] {
+        if (isCommand(name, L"COPYCLIP")) forgetGatheredIds();
+    });
 }
 
 void KESTpickGroupEnt::beginSave(AcDbDatabase* database, const ACHAR*) {
-    if (database == acdbHostApplicationServices()->workingDatabase()) updateAllGroups();
+    withinBoundary([&] {
+        if (database == acdbHostApplicationServices()->workingDatabase()) updateAllGroups();
+    });
 }

@@ -1,6 +1,7 @@
 // Widens pick-first selections to whole groups.
 #include "pick_reactor.h"
 
+#include "boundary.h"
 #include "document_data.h"
 #include "group_record.h"
 #include "grouping_mode.h"
@@ -26,6 +27,7 @@ bool variableIsZero(const wchar_t* name) {
 
 /// Ids of a selection set in its order; the set is freed.
 AcDbObjectIdArray takeIds(const ads_name set) {
+    const FreedOnThrow guard(set);
     AcDbObjectIdArray ids(0, kListGrowth);
     Adesk::Int32 length = 0;
     if (acedSSLength(set, &length) != RTNORM) length = 0;
@@ -116,6 +118,7 @@ void makeSet(const AcDbObjectIdArray& ids, ads_name set) {
 void setPickfirst(const AcDbObjectIdArray& ids) {
     ads_name set = {};
     ads_name unused = {};
+    const FreedOnThrow guard(set);
     makeSet(ids, set);
     docData().m_aGatheredIds = ids;
     acedSSSetFirst(set, unused);
@@ -123,21 +126,8 @@ void setPickfirst(const AcDbObjectIdArray& ids) {
     acedSSFree(unused);
 }
 
-}  // namespace
-
-KESTpickGroupEnt::KESTpickGroupEnt(bool attach) {
-    AcEditor* host = attach ? editor() : nullptr;
-    if (host == nullptr) return;
-    host->addReactor(this);
-    m_bAttachedToEditor = true;
-}
-
-KESTpickGroupEnt::~KESTpickGroupEnt() {
-    AcEditor* host = m_bAttachedToEditor ? editor() : nullptr;
-    if (host != nullptr) host->removeReactor(this);
-}
-
-void KESTpickGroupEnt::pickfirstModified() {
+/// Widens the pick-first set, or what is left of it, to whole groups.
+void followPickfirst() {
     if (variableIsZero(L"PICKFIRST")) groupingOff();  // grouping needs the pick-first set
     if (!docData().m_bActive) return;
     if (!docData().m_bReactToPickfirst) {
@@ -168,3 +158,19 @@ void KESTpickGroupEnt::pickfirstModified() {
     }
     setPickfirst(current);
 }
+
+}  // namespace
+
+KESTpickGroupEnt::KESTpickGroupEnt(bool attach) {
+    AcEditor* host = attach ? editor() : nullptr;
+    if (host == nullptr) return;
+    host->addReactor(this);
+    m_bAttachedToEditor = true;
+}
+
+KESTpickGroupEnt::~KESTpickGroupEnt() {
+    AcEditor* host = m_bAttachedToEditor ? editor() : nullptr;
+    if (host != nullptr) host->removeReactor(this);
+}
+
+void KESTpickGroupEnt::pickfirstModified() { withinBoundary(followPickfirst); }

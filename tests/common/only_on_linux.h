@@ -17,6 +17,7 @@ inline constexpr OnlyOnLinux kOnlyOnLinux[] = {
     {"module_tests", "NoMemory.AStartThatFailsIsTakenBackAndTheNextOneSucceeds",
      "tells by the dynamic linker whose allocation fails", false},
     {"module_tests", "NoMemory.ADrawingsRecordIsMadeAtTheNextUse", "the same", false},
+    {"module_tests", "NoMemory.ACommandIsLeftWithNothingOpenAndNothingLost", "the same", false},
     {"support_tests", "Support.AnAttachedDebuggerGetsReportsAndABreakpoint",
      "no debugger is attached there", false},
     {"support_tests", "Support.ADebuggerChangesNothingWithoutSwitches",
