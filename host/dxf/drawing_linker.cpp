@@ -1,6 +1,7 @@
 // Second step of loading: handles, names, blocks, spaces and owners.
 #include "host/dxf/drawing_linker.h"
 
+#include "host/database/body_text.h"
 #include "host/database/tags.h"
 #include "host/dxf/structure_repair.h"
 
@@ -130,6 +131,12 @@ void DrawingLinker::placeRange(const SlotRange& range, Index block) {
         ObjectBody& body = m_store.at(index);
         if (body.owner != kNoIndex) continue;  // a sub-entity
         m_store.appendChild(block != kNoIndex ? block : spaceOf(index), body);
+        // Saved in the section of both spaces, it would go to the one that it names.
+        const bool inSpaceBlock =
+            block != kNoIndex && (block == m_modelSpace || block == m_paperSpace);
+        if (inSpaceBlock && spaceOf(index) != block) {
+            body.setText(withIdentity(body.text(), body.handle, m_store.at(block).handle));
+        }
     }
 }
 
