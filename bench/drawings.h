@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "host/application/session.h"
-#include "host/database/store.h"
 #include "host/objectarx/database.h"
+#include "host/store/store.h"
 
 namespace bench {
 

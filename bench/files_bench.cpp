@@ -8,8 +8,8 @@
 #include <stdexcept>
 
 #include "drawings.h"
-#include "host/dxf/load_drawing.h"
-#include "host/dxf/save_drawing.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/dxf/save/save_drawing.h"
 #include "ratio.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <stdexcept>
 
 #include "drawings.h"
-#include "host/database/tags.h"
-#include "host/dxf/load_drawing.h"
-#include "host/dxf/save_drawing.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/dxf/save/save_drawing.h"
+#include "host/tags/tags.h"
 
 namespace bench {
 namespace {

@@ -8,9 +8,9 @@
 #include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
-#include "host/database/store.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/database.h"
+#include "host/store/store.h"
 
 namespace {
 

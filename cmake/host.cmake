@@ -1,14 +1,9 @@
 # The host: one shared library of its rooms, with the interface headers and the native platform.
-file(GLOB_RECURSE host_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/mfc/*.cpp)
-foreach(room IN LISTS HOST_ROOMS)
-  file(GLOB room_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/${room}/*.cpp)
-  list(APPEND host_sources ${room_sources})
-endforeach()
+file(GLOB_RECURSE host_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/*.cpp)
+list(FILTER host_sources EXCLUDE REGEX "/host/(objectarx|windows/startup)/")
 if(WIN32)
-  list(FILTER host_sources EXCLUDE REGEX "_posix\\.cpp$")
+  list(FILTER host_sources EXCLUDE REGEX "_posix\\.cpp$|/host/(windows|mfc)/")
 else()
-  file(GLOB windows_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/host/windows/*.cpp)
-  list(APPEND host_sources ${windows_sources})
   list(FILTER host_sources EXCLUDE REGEX "_windows\\.cpp$")
 endif()
 

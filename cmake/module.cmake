@@ -41,22 +41,20 @@ set(module_objects
 # Windows' own libraries behind the calls of the support room: statistics and version resources.
 set(module_libraries netapi32 version)
 
-if("application" IN_LIST HOST_ROOMS)
-  add_library(VelmoGroup MODULE ${module_objects})
-  set_target_properties(VelmoGroup PROPERTIES PREFIX "" SUFFIX ".arx")
-  target_link_libraries(VelmoGroup PRIVATE velmohost)
-  # Only the two entry functions leave the library.
-  if(WIN32)
-    target_sources(VelmoGroup PRIVATE
-      ${module_root}/module/VelmoGroup.def ${module_root}/module/VelmoGroup.rc)
-    target_link_libraries(VelmoGroup PRIVATE ${module_libraries})
-  else()
-    target_link_options(VelmoGroup PRIVATE
-      -Wl,--version-script=${module_root}/cmake/VelmoGroup.map -Wl,--no-undefined)
-    if(VELMO_SANITIZE)
-      target_link_options(VelmoGroup PRIVATE -Wl,--undefined-version -Wl,-z,undefs)
-    endif()
-    set_target_properties(VelmoGroup PROPERTIES
-      LINK_DEPENDS ${module_root}/cmake/VelmoGroup.map)
+add_library(VelmoGroup MODULE ${module_objects})
+set_target_properties(VelmoGroup PROPERTIES PREFIX "" SUFFIX ".arx")
+target_link_libraries(VelmoGroup PRIVATE velmohost)
+# Only the two entry functions leave the library.
+if(WIN32)
+  target_sources(VelmoGroup PRIVATE
+    ${module_root}/module/VelmoGroup.def ${module_root}/module/VelmoGroup.rc)
+  target_link_libraries(VelmoGroup PRIVATE ${module_libraries})
+else()
+  target_link_options(VelmoGroup PRIVATE
+    -Wl,--version-script=${module_root}/cmake/VelmoGroup.map -Wl,--no-undefined)
+  if(VELMO_SANITIZE)
+    target_link_options(VelmoGroup PRIVATE -Wl,--undefined-version -Wl,-z,undefs)
   endif()
+  set_target_properties(VelmoGroup PROPERTIES
+    LINK_DEPENDS ${module_root}/cmake/VelmoGroup.map)
 endif()

@@ -1,7 +1,7 @@
 // Per-user switches on Windows: in a registry that only this run sees; the user's stays as it is.
 #include "drafthost/module_switches.h"
-#include "host/control/windows_control.h"
-#include "host/database/text_codec.h"
+#include "host/control/windows_setup.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

@@ -15,12 +15,12 @@
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
-#include "host/dxf/load_drawing.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/menus.h"
-#include "host/editor/sysvars.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/sysvars.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
 
 /// Arguments behind the program's name, as UTF-8.
 std::vector<std::string> programArguments(int count, char** values);

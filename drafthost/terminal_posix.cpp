@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "drafthost/output.h"
-#include "host/application/script.h"
-#include "host/database/text_codec.h"
+#include "host/scripting/script.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

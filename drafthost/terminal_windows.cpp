@@ -11,8 +11,8 @@
 #include <optional>
 
 #include "drafthost/output.h"
-#include "host/application/script.h"
-#include "host/database/text_codec.h"
+#include "host/scripting/script.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

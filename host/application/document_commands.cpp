@@ -1,8 +1,8 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
 #include "host/application/session_impl.h"
 #include "host/commands/command_support.h"
-#include "host/database/text_codec.h"
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -8,7 +8,7 @@
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/database/text_codec.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "host/application/lisp_table.h"
 #include "host/application/module_library.h"
-#include "host/editor/document_state.h"
+#include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
+#include "host/scripting/lisp_table.h"
 
 namespace host {
 

@@ -2,13 +2,13 @@
 #include "host/application/lisp_calls.h"
 
 #include "host/application/guarded_call.h"
-#include "host/application/lisp_reader.h"
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
-#include "host/database/text_codec.h"
 #include "host/objectarx/lisp_functions.h"
+#include "host/scripting/lisp_reader.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "host/application/lisp_table.h"
 #include "host/application/session.h"
 #include "host/objectarx/result_buffer.h"
+#include "host/scripting/lisp_table.h"
 
 namespace host {
 

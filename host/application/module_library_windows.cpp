@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "host/application/module_library.h"
-#include "host/database/text_codec.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 

@@ -13,10 +13,10 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/switches.h"
-#include "host/database/text_codec.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/notify.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/notify.h"
 #include "host/objectarx/command_stack.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

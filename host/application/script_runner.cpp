@@ -1,15 +1,17 @@
 // The command loop: commands, LISP calls and the gestures at the empty prompt.
 #include <algorithm>
 
-#include "host/application/script.h"
 #include "host/application/session_impl.h"
 #include "host/commands/command_support.h"
 #include "host/control/effects.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/editor/input.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/editor/selection/select_objects.h"
+#include "host/editor/state/notify.h"
+#include "host/scripting/script.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

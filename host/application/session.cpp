@@ -9,13 +9,14 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/switches.h"
-#include "host/database/system_registry.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/load_drawing.h"
-#include "host/dxf/save_drawing.h"
-#include "host/editor/menus.h"
-#include "host/editor/notify.h"
-#include "host/editor/sysvars.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/dxf/save/save_drawing.h"
+#include "host/editor/run/editor_services.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/notify.h"
+#include "host/editor/state/sysvars.h"
+#include "host/objects/system_registry.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/editor/command_runner.h"
+#include "host/editor/run/command_runner.h"
 #include "host/objectarx/documents.h"
 
 class AcDbDatabase;

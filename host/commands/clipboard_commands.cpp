@@ -2,17 +2,17 @@
 #include <iterator>
 #include <memory>
 
+#include "host/clone/wblock_clone.h"
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/database/wblock_clone.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
-#include "host/editor/outline.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
 #include "host/objectarx/database.h"
+#include "host/picking/outline.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

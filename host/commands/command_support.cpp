@@ -2,7 +2,7 @@
 #include "host/commands/command_support.h"
 
 #include "host/control/effects.h"
-#include "host/editor/document_state.h"
+#include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
 
 namespace host {

@@ -5,25 +5,25 @@
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/point_or_word.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {
 
-void addPoint(std::string& groups, int code, const AcGePoint3d& point) {
-    addPointTag(groups, code, point.x, point.y, point.z);
+void addPoint(std::string& tags, int code, const AcGePoint3d& point) {
+    addPointTag(tags, code, point.x, point.y, point.z);
 }
 
 void drawLine(Store& store, const AcGePoint3d& from, const AcGePoint3d& to) {
-    std::string groups;
-    addTag(groups, 100, "AcDbLine");
-    addPoint(groups, 10, from);
-    addPoint(groups, 11, to);
-    addEntity(store, "LINE", groups);
+    std::string tags;
+    addTag(tags, 100, "AcDbLine");
+    addPoint(tags, 10, from);
+    addPoint(tags, 11, to);
+    addEntity(store, "LINE", tags);
 }
 
 /// Segments until Enter; C closes the figure once it has two.
@@ -66,11 +66,11 @@ CommandStatus runCircle() {
         say(L"The radius must be greater than zero.");
         return CommandStatus::Failed;
     }
-    std::string groups;
-    addTag(groups, 100, "AcDbCircle");
-    addPoint(groups, 10, centre);
-    addTag(groups, 40, radius);
-    addEntity(*store, "CIRCLE", groups);
+    std::string tags;
+    addTag(tags, 100, "AcDbCircle");
+    addPoint(tags, 10, centre);
+    addTag(tags, 40, radius);
+    addEntity(*store, "CIRCLE", tags);
     return CommandStatus::Done;
 }
 
@@ -81,10 +81,10 @@ CommandStatus runPoint() {
     if (promptPoint(L"\nSpecify a point: ", nullptr, point) != PromptStatus::Ok) {
         return CommandStatus::Cancelled;
     }
-    std::string groups;
-    addTag(groups, 100, "AcDbPoint");
-    addPoint(groups, 10, point);
-    addEntity(*store, "POINT", groups);
+    std::string tags;
+    addTag(tags, 100, "AcDbPoint");
+    addPoint(tags, 10, point);
+    addEntity(*store, "POINT", tags);
     return CommandStatus::Done;
 }
 
@@ -118,14 +118,14 @@ CommandStatus runText() {
     const PromptStatus status = promptText(L"\nEnter text: ", text);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::None || text.empty()) return CommandStatus::Done;
-    std::string groups;
-    addTag(groups, 100, "AcDbText");
-    addPoint(groups, 10, start);
-    addTag(groups, 40, height);
-    addTag(groups, 1, encodeText(text, Encoding()));  // a NUL has to be escaped
-    addTag(groups, 50, rotation);
-    addTag(groups, 100, "AcDbText");
-    addEntity(*store, "TEXT", groups);
+    std::string tags;
+    addTag(tags, 100, "AcDbText");
+    addPoint(tags, 10, start);
+    addTag(tags, 40, height);
+    addTag(tags, 1, encodeText(text, Encoding()));  // a NUL has to be escaped
+    addTag(tags, 50, rotation);
+    addTag(tags, 100, "AcDbText");
+    addEntity(*store, "TEXT", tags);
     return CommandStatus::Done;
 }
 

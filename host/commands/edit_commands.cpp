@@ -5,8 +5,9 @@
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/selection/select_objects.h"
 
 namespace host {
 namespace {

@@ -1,9 +1,9 @@
-// Making entities from their groups.
+// Making entities from their tags.
 #include "host/commands/entity_maker.h"
 
-#include "host/database/object_access.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
+#include "host/objects/object_access.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
 
 namespace host {
 namespace {
@@ -17,14 +17,14 @@ std::string currentLayer(const Store& store) {
 
 }  // namespace
 
-AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& groups) {
+AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& tags) {
     const Index space = store.currentSpace();
     std::string text;
     addTag(text, 0, type);
     addTag(text, 100, "AcDbEntity");
     if (space != store.modelSpace()) addTag(text, 67, 1);
     addTag(text, 8, currentLayer(store));
-    text += groups;
+    text += tags;
     const Kind kind = kindOf(type, text, true);
     AcDbObject* entity = makeView(*freshBody(kind, std::move(text)));
     if (makeResident(*entity, store, space) != Acad::eOk) {

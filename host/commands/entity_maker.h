@@ -10,8 +10,8 @@ namespace host {
 
 class Store;
 
-/// Appends an entity to the drawing's current space: complete common groups, layer CLAYER, colour
-/// by layer. `groups` are its own groups in UTF-8, from its first subclass marker on. Gives its id.
-AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& groups);
+/// Appends an entity to the drawing's current space: complete common tags, layer CLAYER, colour
+/// by layer. `tags` are its own tags in UTF-8, from its first subclass marker on. Gives its id.
+AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& tags);
 
 }  // namespace host

@@ -2,11 +2,12 @@
 #include "host/commands/entity_selection.h"
 
 #include "host/commands/command_support.h"
-#include "host/database/object_access.h"
-#include "host/database/store.h"
-#include "host/database/text_codec.h"
-#include "host/editor/input.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/editor/selection/select_objects.h"
+#include "host/objects/object_access.h"
+#include "host/store/store.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 

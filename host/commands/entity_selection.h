@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/database/object_body.h"
-#include "host/database/transform.h"
+#include "host/store/object_body.h"
+#include "host/transform/transform.h"
 
 namespace host {
 

@@ -5,20 +5,21 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
-#include "host/database/dictionary_text.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/selection/select_objects.h"
+#include "host/store/dictionary_text.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {
 
 std::wstring wide(std::string_view text) { return fromUtf8(trimmed(text)); }
 
-/// "label X=.. Y=.. Z=.." for the point whose first group has `code`; nothing without such a group.
+/// "label X=.. Y=.. Z=.." for the point whose first tag has `code`; nothing without such a tag.
 void listPoint(std::string_view text, int code, const wchar_t* label) {
     const auto x = findTag(text, code);
     if (!x) return;
@@ -34,11 +35,11 @@ void listValue(const Store& store, std::string_view text, int code, const wchar_
     say(std::wstring(L"    ") + label + L" " + store.decode(place->value));
 }
 
-/// Fields that say where and how large an entity is. A group means different things in different
+/// Fields that say where and how large an entity is. A tag means different things in different
 /// types, so each type lists its own.
 void listGeometry(const Store& store, const ObjectBody& body) {
     const std::string_view type = body.type();
-    const std::string_view text = body.text();
+    const std::string_view text = body.tags();
     if (type == "LINE") {
         listPoint(text, 10, L"from point");
         listPoint(text, 11, L"to point");
@@ -58,8 +59,8 @@ void listGeometry(const Store& store, const ObjectBody& body) {
 void listAttributes(const Store& store, const ObjectBody& body) {
     for (Index at = store.firstLive(body.self); at != kNoIndex; at = store.nextLive(store.at(at))) {
         const ObjectBody& part = store.at(at);
-        const auto tag = findTag(part.text(), 2);
-        const auto text = findTag(part.text(), 1);
+        const auto tag = findTag(part.tags(), 2);
+        const auto text = findTag(part.tags(), 1);
         if (part.kind != Kind::Attribute || !tag || !text) continue;
         say(L"    attribute " + store.decode(tag->value) + L" = " + store.decode(text->value));
     }
@@ -67,9 +68,9 @@ void listAttributes(const Store& store, const ObjectBody& body) {
 
 /// Keys that applications keep in the entity's extension dictionary: "data KEY".
 void listApplicationData(const Store& store, const ObjectBody& body) {
-    const ObjectBody* dictionary = store.byHandle(extensionDictionaryHandle(body.text()));
+    const ObjectBody* dictionary = store.byHandle(extensionDictionaryHandle(body.tags()));
     if (dictionary == nullptr || dictionary->erased) return;
-    DictionaryReader entries(dictionary->text());
+    DictionaryReader entries(dictionary->tags());
     for (DictionaryEntry entry; entries.next(entry);) {
         say(L"    data " + store.decode(entry.key));
     }

@@ -1,15 +1,15 @@
 // MOVE, COPY and MIRROR.
 #include <iterator>
 
+#include "host/clone/deep_clone.h"
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/commands/point_or_word.h"
-#include "host/database/deep_clone.h"
-#include "host/database/store.h"
-#include "host/database/text_codec.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/store/store.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {
@@ -120,7 +120,7 @@ PromptStatus promptMirrorLine(AcGePoint3d& first, AcGePoint3d& second) {
     PromptStatus status = promptPoint(L"\nSpecify first point of mirror line: ", nullptr, first);
     while (status == PromptStatus::Ok) {
         status = promptPoint(L"\nSpecify second point of mirror line: ", &first, second);
-        if (status != PromptStatus::Ok || makeMirrorLine(toVec(first), toVec(second))) break;
+        if (status != PromptStatus::Ok || isMirrorLine(toVec(first), toVec(second))) break;
         if (!wrongAnswer(L"The points of a mirror line must differ in X or Y"))
             return PromptStatus::Cancel;
     }

@@ -1,7 +1,7 @@
 // A prompt that takes a point or one key word.
 #include "host/commands/point_or_word.h"
 
-#include "host/database/text_codec.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
 
 namespace host {
 

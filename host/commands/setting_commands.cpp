@@ -4,11 +4,11 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
-#include "host/database/text_codec.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
-#include "host/editor/menus.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/sysvars.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -3,13 +3,13 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
-#include "host/database/journal.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/input.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/store/journal.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

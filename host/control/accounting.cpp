@@ -37,9 +37,9 @@ std::string heldDescriptions() {
 
 }  // namespace
 
-void take(Held kind) noexcept { ++held.counts[static_cast<int>(kind)]; }
+void countHeld(Held kind) noexcept { ++held.counts[static_cast<int>(kind)]; }
 
-void giveBack(Held kind) noexcept { --held.counts[static_cast<int>(kind)]; }
+void countReturned(Held kind) noexcept { --held.counts[static_cast<int>(kind)]; }
 
 long heldCount(Held kind) { return held.counts[static_cast<int>(kind)]; }
 

@@ -11,8 +11,8 @@ enum class Held { Object, Iterator, ResultBuffer, SelectionSet };
 
 /// Counts a thing taken or given back. Constant time; the room that owns the things describes them
 /// when asked (see addHeldLister).
-void take(Held kind) noexcept;
-void giveBack(Held kind) noexcept;
+void countHeld(Held kind) noexcept;
+void countReturned(Held kind) noexcept;
 /// How many things of a kind are held now.
 long heldCount(Held kind);
 

@@ -7,8 +7,8 @@
 #include "symbol_tables.h"
 
 namespace host {
-class Store;     // the drawing's content; host/database/store.h
-class CloneMap;  // the pairs of one cloning; host/database/deep_clone.h
+class Store;     // the drawing's content; host/store/store.h
+class CloneMap;  // the pairs of one cloning; host/clone/deep_clone.h
 }  // namespace host
 
 /// Pairs of source and clone of one deep cloning. Use a fresh one each time. Documented.

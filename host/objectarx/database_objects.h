@@ -9,8 +9,8 @@
 class AcDbDatabase;
 
 namespace host {
-struct ObjectBody;  // what a database object is made of; host/database/object_body.h
-struct ViewAccess;  // the host's way to re-point a view; host/database/opening.h
+struct ObjectBody;  // what a database object is made of; host/store/object_body.h
+struct ViewAccess;  // the host's way to re-point a view; host/objects/opening.h
 }  // namespace host
 
 namespace AcDb {
@@ -18,7 +18,7 @@ namespace AcDb {
 enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 }  // namespace AcDb
 
-/// Root of the database classes: a view over the stored groups of one object.
+/// Root of the database classes: a view over the stored tags of one object.
 ///
 /// A pointer that acdbOpenObject gave is valid until close(). An object made with `new` counts as
 /// open for write; it may be deleted until it joins a database, and must be closed afterwards.
@@ -128,7 +128,7 @@ class AcDbDictionary : public AcDbObject {
     void setTreatElementsAsHard(Adesk::Boolean hard);
 };
 
-/// Free-form record: a chain of DXF groups 1 to 369 without 5 and 105. Documented.
+/// Free-form record: a chain of DXF tags 1 to 369 without 5 and 105. Documented.
 class AcDbXrecord : public AcDbObject {
   public:
     ACRX_DECLARE_MEMBERS(AcDbXrecord)

@@ -58,7 +58,7 @@ struct resbuf {
 };
 
 /// Builds a list from (type, value) pairs, ended by 0 or RTNONE; a literal 0 ends the list, so
-/// group code 0 is passed as RTDXF0 and arrives as type 0. Value by code: text for 0-9, 100,
+/// tag code 0 is passed as RTDXF0 and arrives as type 0. Value by code: text for 0-9, 100,
 /// 102, 105, 300-309 and 1000-1009, ads_point for 10-37, 110-119, 210-239 and RTPOINT, double for
 /// 38-59, 140-149, 1040-1042 and RTREAL, int for 60-79, 170-179, 270-289, 370-389 and RTSHORT,
 /// Int32 for 90-99 and RTLONG, ads_name for 320-369, RTENAME and RTPICKS. Strings are copied.

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/control/stood_in_windows.h"
-#include "host/control/windows_control.h"
+#include "host/control/fake_windows.h"
+#include "host/control/windows_setup.h"
 #include "host/windows/windows.h"
 
 namespace host {

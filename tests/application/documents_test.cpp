@@ -1,7 +1,7 @@
 // Documents: which is current, what reactors hear, and addresses that are used again.
 #include "session_fixture.h"
 
-#include "host/editor/document_state.h"
+#include "host/editor/state/document_state.h"
 #include "host/objectarx/documents.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Scripts that once brought the host down, and drawings nested without measure.
-#include "host/dxf/file_access.h"
+#include "host/dxf/file/file_access.h"
 #include "script_trial.h"
 #include "session_fixture.h"
 

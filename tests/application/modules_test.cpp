@@ -1,8 +1,8 @@
 // Loading and unloading applications: messages, locks, refusals and what is left behind.
 #include "session_fixture.h"
 
-#include "host/editor/command_runner.h"
-#include "host/editor/notify.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/notify.h"
 
 namespace {
 

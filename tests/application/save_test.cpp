@@ -1,8 +1,8 @@
 // Saving through commands: names, notifications, and the safety of the former file.
 #include "session_fixture.h"
 
-#include "host/dxf/drawing_check.h"
-#include "host/dxf/file_access.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/dxf/file/file_access.h"
 #include "host/objectarx/editor.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The script language, and the lines about what goes wrong in a script.
 #include "session_fixture.h"
 
-#include "host/application/script.h"
+#include "host/scripting/script.h"
 
 namespace {
 

@@ -6,14 +6,14 @@
 #include <memory>
 
 #include "common/drawing_trial.h"
-#include "host/application/script.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/database/store.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
+#include "host/dxf/check/drawing_check.h"
 #include "host/objectarx/database.h"
+#include "host/scripting/script.h"
+#include "host/store/store.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

@@ -15,11 +15,11 @@
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 using namespace host;
 

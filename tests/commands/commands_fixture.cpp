@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "host/commands/entity_maker.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 
@@ -19,7 +19,7 @@ std::string stateOf(const Store& store) {
     for (Index at = 1; at <= store.count(); ++at) {
         const ObjectBody& body = store.at(at);
         if (body.erased || body.size == 0) continue;
-        text += std::to_string(at) + ":\n" + std::string(body.text());
+        text += std::to_string(at) + ":\n" + std::string(body.tags());
         std::string forward, backward;
         for (Index child = store.firstLive(at); child != kNoIndex;
              child = store.nextLive(store.at(child)))
@@ -72,7 +72,7 @@ ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const 
 std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<int> codes) {
     std::string text;
     for (const int code : codes) {
-        const auto place = findTag(body.text(), code);
+        const auto place = findTag(body.tags(), code);
         text += (text.empty() ? "" : " ") + (place ? std::string(place->value) : "-");
     }
     return text;

@@ -6,8 +6,8 @@
 #include "gtest/gtest.h"
 #include "host/application/session.h"
 #include "host/control/effects.h"
-#include "host/database/store.h"
 #include "host/objectarx/database.h"
+#include "host/store/store.h"
 
 namespace tests {
 

@@ -1,9 +1,9 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
 #include "host/control/switches.h"
-#include "host/database/object_access.h"
-#include "host/database/tags.h"
 #include "host/objectarx/entities.h"
+#include "host/objects/object_access.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -87,9 +87,9 @@ TEST_F(EditingTest, CancellingLeavesTheDrawingUntouched) {
 
 TEST_F(EditingTest, LockedLayersAreCopiedButNotChanged) {
     ObjectBody& layer = *store().symbol("LAYER", L"0");
-    std::string text(layer.text());
+    std::string text(layer.tags());
     replaceValue(text, *findTag(text, 70), "4");
-    layer.setText(text);
+    layer.setTags(text);
     const std::string before = stateOf(store());
     run(L"MOVE ALL\n\n0,0 1,1\nMIRROR ALL\n\n0,0 1,1 Y\nCUTCLIP ALL\n\nERASE ALL\n\n");
     EXPECT_EQ(stateOf(store()), before);

@@ -5,7 +5,7 @@
 
 #include "commands/commands_fixture.h"
 #include "host/control/switches.h"
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -22,7 +22,7 @@ struct Number {
 /// says too; angles between 0 and a turn.
 std::vector<Number> numbersOf(const ObjectBody& body) {
     std::vector<Number> numbers;
-    TagReader reader(body.text());
+    TagReader reader(body.tags());
     for (Tag tag; reader.next(tag);) {
         const TagType type = tagTypeOf(tag.code);
         if (type != TagType::Point && type != TagType::Real && type != TagType::Int16) continue;

@@ -2,8 +2,8 @@
 #include <random>
 
 #include "commands/commands_fixture.h"
-#include "host/database/tags.h"
 #include "host/objectarx/editor.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 namespace {

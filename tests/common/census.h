@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "common/drafting.h"
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 
@@ -31,7 +31,7 @@ inline std::vector<std::string> kindsOf(const Drafting& drafting) {
     host::Index index = store.firstLive(store.modelSpace());
     for (std::string& kind : kinds) {
         const host::ObjectBody& body = store.at(index);
-        const auto layer = host::findTag(body.text(), 8);
+        const auto layer = host::findTag(body.tags(), 8);
         kind = isMarker(kind) ? ""
                               : kind.substr(0, kind.find('*')) + " on " +
                                     std::string(layer ? layer->value : "?");

@@ -7,10 +7,10 @@
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
-#include "host/editor/menus.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/editor/state/menus.h"
 #include "host/objectarx/database.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/application/session.h"
-#include "host/database/store.h"
+#include "host/store/store.h"
 
 namespace tests {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 
@@ -16,7 +16,7 @@ using host::ObjectBody;
 using host::Store;
 
 std::string value(const ObjectBody& body, int code, int occurrence = 0) {
-    const auto place = host::findTag(body.text(), code, occurrence);
+    const auto place = host::findTag(body.tags(), code, occurrence);
     return place ? std::string(place->value) : std::string();
 }
 
@@ -40,9 +40,9 @@ bool isMarker(const ObjectBody& body, const std::string& suffix) {
 
 /// True when the entity's own extension dictionary holds a group record with its text.
 bool hasGroupRecord(const Store& store, const ObjectBody& entity) {
-    const ObjectBody* dictionary = store.byHandle(host::extensionDictionaryHandle(entity.text()));
+    const ObjectBody* dictionary = store.byHandle(host::extensionDictionaryHandle(entity.tags()));
     if (dictionary == nullptr || dictionary->erased) return false;
-    host::TagReader groups(dictionary->text());
+    host::TagReader groups(dictionary->tags());
     host::Tag group;
     std::string key;
     while (groups.next(group)) {

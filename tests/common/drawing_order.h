@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/database/store.h"
+#include "host/store/store.h"
 
 namespace tests {
 

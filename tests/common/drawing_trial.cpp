@@ -9,10 +9,10 @@
 #include <sstream>
 #include <vector>
 
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
-#include "host/dxf/load_drawing.h"
-#include "host/dxf/save_drawing.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/dxf/save/save_drawing.h"
+#include "host/text/text_codec.h"
 
 namespace trial {
 namespace {

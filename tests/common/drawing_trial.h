@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/database/store.h"
-#include "host/dxf/finding.h"
+#include "host/dxf/load/finding.h"
+#include "host/store/store.h"
 
 namespace trial {
 

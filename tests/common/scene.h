@@ -9,12 +9,12 @@
 
 #include "common/drafting.h"
 #include "gtest/gtest.h"
-#include "host/application/script.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/scripting/script.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 

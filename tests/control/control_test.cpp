@@ -32,15 +32,15 @@ TEST(Control, FaultPlansChooseCalls) {
 
 TEST(Control, OnlySurplusIsALeak) {
     host::clearModuleFaults();
-    host::take(host::Held::Object);
+    host::countHeld(host::Held::Object);
     const host::HeldCounts before = host::heldNow();
-    host::giveBack(host::Held::Object);
+    host::countReturned(host::Held::Object);
     host::checkNothingLeaked(before, "LINE");
     EXPECT_TRUE(host::moduleFaults().empty()) << "giving back what was held before";
     host::addHeldLister([](std::vector<std::string>& lines) { lines.push_back("LINE 2A open"); });
     for (int i = 0; i < 2; ++i)
-        host::take(host::Held::Object);
-    host::take(host::Held::SelectionSet);
+        host::countHeld(host::Held::Object);
+    host::countHeld(host::Held::SelectionSet);
     host::checkNothingLeaked(before, "COPY");
     EXPECT_EQ(
         host::moduleFaults(),

@@ -86,19 +86,19 @@ TEST(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
     AcDbObjectId id;
     put(*dictionary, L"New", id);
     const std::string handle = host::formatHandle(id.handle().value());
-    EXPECT_NE(entities::render(body.text())
+    EXPECT_NE(entities::render(body.tags())
                   .find("3 Old|360 F|3 New|360 " + handle +
                         "|100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail"),
               std::string::npos);
     dictionary->setTreatElementsAsHard(false);
-    EXPECT_NE(entities::render(body.text()).find("|281 1|3 Old|350 F|3 New|350 "),
+    EXPECT_NE(entities::render(body.tags()).find("|281 1|3 Old|350 F|3 New|350 "),
               std::string::npos);
 }
 
 TEST(ExtensionDictionary, CreateAndRelease) {
     Drawing drawing;
     host::ObjectBody& line = drawing.add("0 LINE|100 AcDbEntity|8 0");
-    const std::string before = entities::render(line.text());
+    const std::string before = entities::render(line.tags());
     Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
     EXPECT_TRUE(object->extensionDictionary().isNull());
     EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eKeyNotFound);
@@ -118,7 +118,7 @@ TEST(ExtensionDictionary, CreateAndRelease) {
     Opened<AcDbDictionary>(id, AcDb::kForWrite)->remove(L"KEY");
     EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eOk);
     EXPECT_TRUE(id.isErased());
-    EXPECT_EQ(entities::render(line.text()), before);
+    EXPECT_EQ(entities::render(line.tags()), before);
     EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
     EXPECT_NE(object->extensionDictionary(), id);
 }
@@ -216,17 +216,17 @@ TEST(Xrecord, RefusesABadChainAsAWholeAndReplacesTheFormerContent) {
     host::ObjectBody& body = drawing.addObject(
         "0 XRECORD|100 AcDbXrecord|280 1|1 old|280 5|1001 ACAD|1070 9", drawing.model());
     Opened<AcDbXrecord> record(drawing.id(body), AcDb::kForWrite);
-    const std::string before = entities::render(body.text());
+    const std::string before = entities::render(body.tags());
     resbuf second = {nullptr, 0, {}};
     resbuf first = {&second, 90, {}};
     for (const short bad : {0, -1, 5, 105, 370, 1001, 5000}) {
         second.restype = bad;
         EXPECT_EQ(record->setFromRbChain(first), Acad::eInvalidDxfCode) << bad;
     }
-    EXPECT_EQ(entities::render(body.text()), before);
+    EXPECT_EQ(entities::render(body.tags()), before);
     first.rbnext = nullptr;
     EXPECT_EQ(record->setFromRbChain(first), Acad::eOk);
-    EXPECT_NE(entities::render(body.text()).find("280 1|90 0|1001 ACAD|1070 9"), std::string::npos);
+    EXPECT_NE(entities::render(body.tags()).find("280 1|90 0|1001 ACAD|1070 9"), std::string::npos);
     Opened<AcDbXrecord> reader(
         drawing.id(drawing.addObject("0 XRECORD|100 AcDbXrecord|280 1", drawing.model())),
         AcDb::kForRead);

@@ -54,13 +54,13 @@ TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
     const std::string dictionary = host::formatHandle(clone.handle + 1);
     const std::string record = host::formatHandle(clone.handle + 2);
     const std::string model = drawing.handle(drawing.model());
-    EXPECT_EQ(render(clone.text()), "0 LINE|5 " + self + "|102 {ACAD_XDICTIONARY|360 " +
+    EXPECT_EQ(render(clone.tags()), "0 LINE|5 " + self + "|102 {ACAD_XDICTIONARY|360 " +
                                         dictionary + "|102 }|330 " + model + kLine.substr(6) +
                                         "|1001 APP|1005 " + self);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 1)->text()),
+    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 1)->tags()),
               "0 DICTIONARY|5 " + dictionary + "|330 " + self +
                   "|100 AcDbDictionary|280 1|3 KEY|360 " + record);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 2)->text()),
+    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 2)->tags()),
               "0 XRECORD|5 " + record + "|330 " + dictionary +
                   "|100 AcDbXrecord|280 1|"
                   "102 {ACAD_REACTORS|330 " +
@@ -83,7 +83,7 @@ TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     EXPECT_EQ(clone.handle, first.handle + 1);
     EXPECT_EQ(end.owner, clone.self);
     for (const ObjectBody* body : {&first, const_cast<const ObjectBody*>(&clone), &end}) {
-        EXPECT_EQ(host::getField(*body, host::field::paperSpace), 1) << render(body->text());
+        EXPECT_EQ(host::getField(*body, host::field::paperSpace), 1) << render(body->tags());
     }
     Cloning back(drawing, {drawing.id(clone)}, drawing.id(drawing.model()));
     EXPECT_EQ(host::getField(back.of(drawing, clone), host::field::paperSpace), 0);
@@ -100,13 +100,13 @@ TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     drawing.store().setErased(record, true);
     Cloning empty(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
     const ObjectBody& copy = empty.of(drawing, dictionary);
-    EXPECT_EQ(render(copy.text()), "0 DICTIONARY|5 " + drawing.handle(copy) + "|330 " +
+    EXPECT_EQ(render(copy.tags()), "0 DICTIONARY|5 " + drawing.handle(copy) + "|330 " +
                                        drawing.handle(empty.of(drawing, line)) +
                                        "|100 AcDbDictionary|280 1");
     drawing.store().setErased(dictionary, true);
     Cloning bare(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
-    EXPECT_EQ(host::extensionDictionaryHandle(bare.of(drawing, line).text()), 0u);
-    EXPECT_NE(host::extensionDictionaryHandle(line.text()), 0u);
+    EXPECT_EQ(host::extensionDictionaryHandle(bare.of(drawing, line).tags()), 0u);
+    EXPECT_NE(host::extensionDictionaryHandle(line.tags()), 0u);
 }
 
 TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
@@ -123,9 +123,9 @@ TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
     EXPECT_EQ(drawing.database().deepCloneObjects(second, model, map), Acad::eOk);
     const ObjectBody& clone = *host::Store::resolve(map.cloneOf(drawing.id(a)));
     const ObjectBody& target = *host::Store::resolve(map.cloneOf(drawing.id(b)));
-    EXPECT_NE(render(clone.text()).find("{ACAD_REACTORS|330 " + drawing.handle(target) + "|102 }"),
+    EXPECT_NE(render(clone.tags()).find("{ACAD_REACTORS|330 " + drawing.handle(target) + "|102 }"),
               std::string::npos);
-    EXPECT_EQ(host::findTag(target.text(), 340)->value, drawing.handle(clone));
+    EXPECT_EQ(host::findTag(target.tags(), 340)->value, drawing.handle(clone));
 }
 
 TEST(DeepClone, RefusesWrongCallsWithoutCloning) {

@@ -10,10 +10,10 @@
 
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
-#include "host/database/fields.h"
-#include "host/database/store.h"
-#include "host/database/tags.h"
 #include "host/objectarx/arxHeaders.h"
+#include "host/store/fields.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
 
 namespace entities {
 
@@ -62,8 +62,8 @@ class Drawing {
     host::ObjectBody& make(const std::string& literal, const host::ObjectBody& owner,
                            bool isEntity = true) {
         host::ObjectBody pattern;
-        pattern.setText(storedGroups(literal));
-        pattern.kind = host::kindOf(pattern.type(), pattern.text(), isEntity);
+        pattern.setTags(storedGroups(literal));
+        pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
         return store().duplicate(pattern, owner.self);
     }
     host::ObjectBody& add(const std::string& literal, host::ObjectBody& owner) {
@@ -91,10 +91,10 @@ class Drawing {
         return line;
     }
     void replaceText(host::ObjectBody& body, const std::string& from, const std::string& to) {
-        std::string text = render(body.text());
+        std::string text = render(body.tags());
         const std::size_t at = text.find(from);
         ASSERT_NE(at, text.npos);
-        body.setText(storedGroups(text.replace(at, from.size(), to)));
+        body.setTags(storedGroups(text.replace(at, from.size(), to)));
     }
     /// Types met from an entity on, "LINE SEQEND".
     std::string walk(AcDbObjectId from) {

@@ -2,7 +2,7 @@
 #include <functional>
 
 #include "entities_drawing.h"
-#include "host/database/result_buffer_tools.h"
+#include "host/objects/result_buffer_tools.h"
 
 using namespace entities;
 

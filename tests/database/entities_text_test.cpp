@@ -12,7 +12,7 @@ const std::string kHead = "100 AcDbEntity|8 0|";
 
 /// Groups behind the identity: from the first subclass marker on.
 std::string content(const ObjectBody& body) {
-    const std::string all = render(body.text());
+    const std::string all = render(body.tags());
     return all.substr(all.find("100 AcDbEntity"));
 }
 
@@ -87,7 +87,7 @@ TEST(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
     definition.setPreset(true);
     definition.setFieldLength(25);
     EXPECT_EQ(owned(definition.tag()) + owned(definition.prompt()), L"TP");
-    EXPECT_EQ(render(definition.body().text()),
+    EXPECT_EQ(render(definition.body().tags()),
               "0 ATTDEF|" + kHead +
                   "100 AcDbText|10 0.0|20 0.0|30 0.0|40 0.0|1 |"
                   "100 AcDbAttributeDefinition|280 0|3 P|2 T|70 9|73 25");
@@ -96,12 +96,12 @@ TEST(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
 TEST(EntityText, RefusesWhatNoDrawingCanHold) {
     Drawing drawing;
     AcDbText text;
-    const std::string before(text.body().text());
+    const std::string before(text.body().tags());
     EXPECT_EQ(text.setHeight(std::nan("")), Acad::eInvalidInput);
     EXPECT_EQ(text.setPosition({0, INFINITY, 0}), Acad::eInvalidInput);
     EXPECT_EQ(text.setTextString(nullptr), Acad::eInvalidInput);
     EXPECT_EQ(text.setHorizontalMode(static_cast<AcDb::TextHorzMode>(9)), Acad::eInvalidInput);
-    EXPECT_EQ(text.body().text(), before);
+    EXPECT_EQ(text.body().tags(), before);
     text.setTextString(L"two\nlines\r");
     EXPECT_EQ(owned(text.textString()).find_first_of(L"\r\n"), std::wstring::npos);
     ObjectBody& stored = drawing.add("0 TEXT|" + kHead + "100 AcDbText|40 1.0");

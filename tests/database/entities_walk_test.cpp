@@ -102,7 +102,7 @@ TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
     append(*reference, L"B");
     EXPECT_EQ(host::getField(insert, host::field::attributesFollow), 1);
     ASSERT_EQ(reference->openSequenceEnd(end, AcDb::kForRead), Acad::eOk);
-    EXPECT_EQ(render(end->body().text()), "0 SEQEND|5 " + drawing.handle(end->body()) + "|330 " +
+    EXPECT_EQ(render(end->body().tags()), "0 SEQEND|5 " + drawing.handle(end->body()) + "|330 " +
                                               drawing.handle(insert) +
                                               "|100 AcDbEntity|8 WALLS|67 1");
     end->close();
@@ -147,7 +147,7 @@ TEST(BlockReference, NamesItsBlockById) {
     EXPECT_EQ(reference.setBlockTableRecord(AcDbObjectId()), Acad::eNullObjectId);
     EXPECT_TRUE(reference.position() == AcGePoint3d(1, 2, 3));
     reference.setScaleFactors(AcGeScale3d(2.0, 1.0, 3.0));
-    EXPECT_EQ(render(reference.body().text()),
+    EXPECT_EQ(render(reference.body().tags()),
               "0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 *Model_Space|"
               "10 1.0|20 2.0|30 3.0|41 2.0|43 3.0");
 }

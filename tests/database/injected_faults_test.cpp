@@ -57,7 +57,7 @@ TEST(InjectedFaults, AFailedCallHasNoEffect) {
     Drawing drawing;
     host::ObjectBody& line = drawing.add("0 LINE|8 0");
     entities::Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
-    const std::string before(line.text());
+    const std::string before(line.tags());
     const auto revision = drawing.store().revision;
     host::setFaultPlan({1, true, ""});
     EXPECT_NE(object->createExtensionDictionary(), Acad::eOk);
@@ -66,7 +66,7 @@ TEST(InjectedFaults, AFailedCallHasNoEffect) {
     EXPECT_NE(acdbOpenObject(again, drawing.database().clayer(), AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(again, nullptr);
     host::setFaultPlan({});
-    EXPECT_EQ(line.text(), before);
+    EXPECT_EQ(line.tags(), before);
     EXPECT_EQ(drawing.store().revision, revision);
     EXPECT_FALSE(line.erased);
 }

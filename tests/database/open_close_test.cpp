@@ -1,7 +1,7 @@
 // The rules of opening and closing, and the faults of callers that break them.
 #include "database/entities_drawing.h"
-#include "host/database/object_access.h"
-#include "host/database/opening.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
 
 using entities::Drawing;
 

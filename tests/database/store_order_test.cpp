@@ -3,7 +3,7 @@
 #include <random>
 
 #include "database/entities_drawing.h"
-#include "host/database/object_access.h"
+#include "host/objects/object_access.h"
 
 using entities::Drawing;
 using host::Index;
@@ -115,10 +115,10 @@ TEST(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     host::ObjectBody& inner = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", outer);
     outer.owner = inner.self;
     for (host::ObjectBody* body : {&outer, &inner}) {
-        std::string text(body->text());
+        std::string text(body->tags());
         host::addTag(text, 3, "other");
         host::addHandleTag(text, 350, store.at(body->owner).handle);
-        body->setText(text);
+        body->setTags(text);
     }
     host::eraseWithOwned(outer, true);
     EXPECT_TRUE(outer.erased && inner.erased);
@@ -180,8 +180,8 @@ TEST(MissingHandles, AreGivenInTheRightGroup) {
     host::ObjectBody& style = create("0 DIMSTYLE|2 Standard|5 arrow", 0);
     create("0 POINT|5 20|8 0", 0x20);
     store.assignMissingHandles();
-    EXPECT_EQ(entities::render(line.text()), "0 LINE|5 21|8 0");
-    EXPECT_EQ(entities::render(style.text()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
+    EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
     EXPECT_EQ(store.byHandle(0x22), &style);
     EXPECT_EQ(store.handleSeed(), 0x23u);
 }

@@ -116,7 +116,7 @@ TEST(Block, ANewDefinitionHasItsPartsBasePointAndAttributeMark) {
     EXPECT_TRUE(record->hasAttributeDefinitions());
     const host::BlockParts parts = drawing.store().blockParts(record->body().self);
     const std::string owner = drawing.handle(record->body());
-    EXPECT_EQ(entities::render(drawing.store().at(parts.begin).text()),
+    EXPECT_EQ(entities::render(drawing.store().at(parts.begin).tags()),
               "0 BLOCK|5 " + drawing.handle(drawing.store().at(parts.begin)) + "|330 " + owner +
                   "|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 T\u00FCr|70 2|10 1.0|20 2.0|30 3.0|3 "
                   "T\u00FCr|1 ");
@@ -159,7 +159,7 @@ TEST(NewDrawing, EveryReferenceResolvesAndSpacesPointBack) {
     host::Store store;
     host::makeNewDrawing(store);
     for (host::Index index = 1; index <= store.count(); ++index) {
-        host::TagReader reader(store.at(index).text());
+        host::TagReader reader(store.at(index).tags());
         for (host::Tag tag; reader.next(tag);) {
             if (tag.code < 320 || tag.code > 369 || tag.value == "0") continue;
             EXPECT_NE(store.byHandle(*host::parseHandle(tag.value)), nullptr) << tag.value;
@@ -170,10 +170,10 @@ TEST(NewDrawing, EveryReferenceResolvesAndSpacesPointBack) {
         ASSERT_NE(space, host::kNoIndex);
         EXPECT_EQ(store.at(store.blockParts(space).begin).type(), "BLOCK");
         EXPECT_EQ(store.at(store.blockParts(space).end).type(), "ENDBLK");
-        const auto handle = host::parseHandle(host::findTag(store.at(space).text(), 340)->value);
+        const auto handle = host::parseHandle(host::findTag(store.at(space).tags(), 340)->value);
         const host::ObjectBody* const layout = store.byHandle(*handle);
         ASSERT_NE(layout, nullptr);
-        const auto part = host::subclassPart(layout->text(), "AcDbLayout");
+        const auto part = host::subclassPart(layout->tags(), "AcDbLayout");
         EXPECT_EQ(host::parseHandle(host::findTag(*part, 330)->value), store.at(space).handle);
     }
     EXPECT_EQ(store.tables().size(), 9u);

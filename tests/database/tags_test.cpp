@@ -1,5 +1,5 @@
 // Groups as text: reading, numbers, searches.
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 #include <gtest/gtest.h>
 

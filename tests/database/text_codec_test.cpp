@@ -1,5 +1,5 @@
 // Text of drawings and wide characters: UTF-8, code pages, escapes.
-#include "host/database/text_codec.h"
+#include "host/text/text_codec.h"
 
 #include <gtest/gtest.h>
 

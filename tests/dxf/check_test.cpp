@@ -1,6 +1,6 @@
 // The drawing check: each kind of damage gives its one finding.
 #include "drawing_text.h"
-#include "host/database/store.h"
+#include "host/store/store.h"
 
 namespace dxf_tests {
 namespace {

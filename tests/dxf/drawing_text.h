@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "host/dxf/drawing_check.h"
-#include "host/dxf/file_access.h"
-#include "host/dxf/load_drawing.h"
-#include "host/dxf/save_drawing.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/dxf/file/file_access.h"
+#include "host/dxf/load/load_drawing.h"
+#include "host/dxf/save/save_drawing.h"
 
 namespace dxf_tests {
 

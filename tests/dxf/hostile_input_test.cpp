@@ -3,7 +3,7 @@
 
 #include "common/drawing_trial.h"
 #include "drawing_text.h"
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 namespace dxf_tests {
 namespace {

@@ -1,12 +1,13 @@
 // Running commands: names, flags, notifications, outcomes, accounting.
-#include "host/editor/command_runner.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/active_command.h"
 
 #include <stdexcept>
 
 #include "editor/editor_fixture.h"
 #include "host/control/accounting.h"
 #include "host/control/switches.h"
-#include "host/editor/pickfirst.h"
+#include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/interactive_input.h"
 
 namespace tests {

@@ -1,9 +1,10 @@
 // What prompts take and print: selecting objects, picking one entity, points.
 #include "editor/editor_fixture.h"
 #include "host/control/effects.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/pickfirst.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/editor/selection/select_objects.h"
+#include "host/editor/state/sysvars.h"
 #include "host/objectarx/interactive_input.h"
 
 namespace tests {

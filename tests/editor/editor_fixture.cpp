@@ -7,10 +7,11 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/switches.h"
-#include "host/database/tags.h"
-#include "host/editor/menus.h"
-#include "host/editor/notify.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/run/editor_services.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/notify.h"
+#include "host/editor/state/sysvars.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "gtest/gtest.h"
-#include "host/database/store.h"
-#include "host/editor/document_state.h"
-#include "host/editor/input.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/editor.h"
 #include "host/objectarx/selection_sets.h"
+#include "host/store/store.h"
 
 namespace tests {
 

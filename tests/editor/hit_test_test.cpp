@@ -1,9 +1,10 @@
 // What picks, windows and crossings reach, for each kind of entity.
-#include "host/editor/hit_test.h"
+#include "host/picking/hit_test.h"
+#include "host/editor/selection/select_objects.h"
 
 #include "editor/editor_fixture.h"
-#include "host/database/tags.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/state/sysvars.h"
+#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -172,15 +173,15 @@ TEST_F(BlockHits, LayersOfContentAndReference) {
     EXPECT_EQ(at(0.5, 5), "c");
     EXPECT_EQ(at(0.5, 1), "c");
     const auto switchOff = [](host::ObjectBody& record) {
-        std::string text(record.text());
+        std::string text(record.tags());
         host::replaceValue(text, *host::findTag(text, 62), "-7");
-        record.setText(text);
+        record.setTags(text);
     };
     host::ObjectBody& zero = *store.symbol("LAYER", L"0");
-    const std::string zeroBefore(zero.text());
+    const std::string zeroBefore(zero.tags());
     switchOff(zero);
     EXPECT_EQ(at(0.5, 1), "c") << "layer 0 inside follows the reference";
-    zero.setText(zeroBefore);
+    zero.setTags(zeroBefore);
     switchOff(layer);
     EXPECT_EQ(at(0.5, 1), "");
     add("INSERT;2 SQUARE;8 0;10 1;20 0");  // d

@@ -1,7 +1,7 @@
 // acedSSGet: modes, order and filters.
 #include "editor/editor_fixture.h"
 #include "host/control/switches.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/state/sysvars.h"
 
 namespace tests {
 namespace {

@@ -1,8 +1,8 @@
 // Printing, menus, highlighting and system variables.
 #include "editor/editor_fixture.h"
 #include "host/control/effects.h"
-#include "host/editor/menus.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/sysvars.h"
 #include "host/objectarx/command_line.h"
 #include "host/objectarx/entities.h"
 #include "host/objectarx/system_variables.h"

@@ -1,5 +1,5 @@
 // Wild-card patterns of selection filters.
-#include "host/editor/wildcard.h"
+#include "host/text/wildcard.h"
 
 #include <chrono>
 #include <string>

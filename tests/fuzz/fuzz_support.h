@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "host/dxf/file_access.h"
+#include "host/dxf/file/file_access.h"
 
 /// Called by libFuzzer with each input. Linkage and name are its own.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size);

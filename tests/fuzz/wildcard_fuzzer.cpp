@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "fuzz_support.h"
-#include "host/database/text_codec.h"
-#include "host/editor/wildcard.h"
+#include "host/text/text_codec.h"
+#include "host/text/wildcard.h"
 
 namespace {
 

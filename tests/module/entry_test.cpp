@@ -4,9 +4,9 @@
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
-#include "host/editor/command_runner.h"
-#include "host/editor/menus.h"
-#include "host/editor/notify.h"
+#include "host/editor/run/command_runner.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/notify.h"
 
 namespace {
 

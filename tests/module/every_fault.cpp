@@ -7,9 +7,9 @@
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
-#include "host/control/windows_control.h"
-#include "host/dxf/drawing_check.h"
-#include "host/editor/selection_sets.h"
+#include "host/control/windows_setup.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/editor/selection/selection_sets.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 
@@ -41,7 +41,7 @@ constexpr const wchar_t* kNoBlock = L"\nBlock definition ";
 std::string contentOf(const host::ObjectBody& entity) {
     std::string content;
     bool bracket = false;
-    host::TagReader groups(entity.text());
+    host::TagReader groups(entity.tags());
     host::Tag group;
     while (groups.next(group)) {
         if (group.code == 102) bracket = group.value[0] == '{';
@@ -52,7 +52,7 @@ std::string contentOf(const host::ObjectBody& entity) {
 }
 
 bool isMarkerReference(const host::ObjectBody& entity) {
-    const auto block = host::findTag(entity.text(), 2, 0);
+    const auto block = host::findTag(entity.tags(), 2, 0);
     if (entity.type() != "INSERT" || !block || block->value.size() < 3) return false;
     const std::string_view suffix = block->value.substr(block->value.size() - 3);
     return suffix == "_GB" || suffix == "_GE";

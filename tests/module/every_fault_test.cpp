@@ -2,7 +2,7 @@
 #include "every_fault.h"
 #include "gtest/gtest.h"
 #include "host/control/faults.h"
-#include "host/editor/notify.h"
+#include "host/editor/state/notify.h"
 
 namespace {
 

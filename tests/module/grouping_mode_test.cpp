@@ -1,7 +1,7 @@
 // Switching grouping on and off: menu items, PICKFIRST, each drawing for itself.
 #include "common/scene.h"
-#include "host/editor/menus.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/state/menus.h"
+#include "host/editor/state/sysvars.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include "common/drafting.h"
 #include "common/drawing_order.h"
 #include "gtest/gtest.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
+#include "host/dxf/check/drawing_check.h"
 #include "host/objectarx/database.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

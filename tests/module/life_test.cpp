@@ -6,11 +6,11 @@
 #include "common/census.h"
 #include "common/drawing_order.h"
 #include "gtest/gtest.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/dxf/drawing_check.h"
-#include "host/editor/pickfirst.h"
+#include "host/dxf/check/drawing_check.h"
+#include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/database.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
-#include "host/database/tags.h"
-#include "host/database/text_codec.h"
-#include "host/editor/document_state.h"
+#include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
+#include "host/tags/tags.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

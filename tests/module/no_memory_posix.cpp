@@ -12,7 +12,7 @@
 #include "common/scene.h"
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
-#include "host/editor/notify.h"
+#include "host/editor/state/notify.h"
 #include "host/objectarx/runtime.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "common/scene.h"
-#include "host/editor/sysvars.h"
+#include "host/editor/state/sysvars.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // VelmoGROUPREMOVEMEMBER: single entities leave their groups, one pick at a time.
 #include "common/drawing_order.h"
 #include "common/scene.h"
-#include "host/database/tags.h"
+#include "host/tags/tags.h"
 
 namespace {
 

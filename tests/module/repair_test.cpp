@@ -2,7 +2,7 @@
 #include "common/drawing_order.h"
 #include "common/scene.h"
 #include "gtest/gtest.h"
-#include "host/editor/notify.h"
+#include "host/editor/state/notify.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
 

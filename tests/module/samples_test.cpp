@@ -6,7 +6,7 @@
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
-#include "host/database/text_codec.h"
+#include "host/text/text_codec.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "common/scene.h"
 #include "gtest/gtest.h"
 #include "host/control/faults.h"
-#include "host/editor/notify.h"
+#include "host/editor/state/notify.h"
 #include "host/objectarx/editor.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "diagnostics.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 #include "library.h"
 #include "message_service.h"
 #include "support_fixture.h"

@@ -1,7 +1,7 @@
 // Contracts of Windows that the module does not reach, or only by chance: the stood-in one keeps
 // what the real one promises.
 #include "platform.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 #include "support_fixture.h"
 
 namespace {

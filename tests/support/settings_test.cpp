@@ -1,6 +1,6 @@
 // The per-user switches, and what initialisation and shut-down make of them.
 #include "diagnostics.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 #include "library.h"
 #include "support_fixture.h"
 

@@ -7,7 +7,7 @@
 
 #include "diagnostics.h"
 #include "host/control/faults.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 #include "library.h"
 
 void Support::SetUp() {

@@ -4,8 +4,8 @@
 #include <unistd.h>
 
 #include "host/control/clock.h"
-#include "host/control/stood_in_windows.h"
-#include "host/control/windows_control.h"
+#include "host/control/fake_windows.h"
+#include "host/control/windows_setup.h"
 #include "support_fixture.h"
 
 namespace {

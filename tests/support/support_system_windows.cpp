@@ -6,7 +6,7 @@
 
 #include "common/windows_watch.h"
 #include "diagnostic_log.h"
-#include "host/control/windows_control.h"
+#include "host/control/windows_setup.h"
 #include "library.h"
 #include "support_fixture.h"
 

@@ -1,0 +1,67 @@
+// Finding, making and copying anonymous blocks.
+#include "host/clone/dimension_blocks.h"
+
+#include <vector>
+
+#include "host/clone/deep_clone.h"
+#include "host/store/body_text.h"
+#include "host/store/fields.h"
+#include "host/store/store.h"
+#include "host/store/symbol_records.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+constexpr FieldPlace kBlockOfDimension{"AcDbDimension", 2};
+
+}  // namespace
+
+ObjectBody* pictureOf(const ObjectBody& dimension) {
+    const auto name = fieldValue(dimension.tags(), kBlockOfDimension);
+    if (!name || name->empty()) return nullptr;
+    const Store& store = *dimension.store;
+    ObjectBody* record = store.symbol("BLOCK_RECORD", store.decode(*name));
+    return record != nullptr && !record->erased ? record : nullptr;
+}
+
+ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& like) {
+    const Index table = store.table("BLOCK_RECORD");
+    // Names grow with the handles, so the first try nearly always is free.
+    std::uint64_t number = store.handleSeed();
+    std::wstring name;
+    do {
+        name = std::wstring(L"*") + letter + std::to_wstring(number++);
+    } while (store.symbol(table, name) != nullptr);
+    std::string text = newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord");
+    setTag(text, 2, toUtf8(name));
+    const BlockParts parts = like.store->blockParts(like.self);
+    if (parts.begin != kNoIndex) {
+        const std::string_view block = like.store->at(parts.begin).tags();
+        addPointTag(text, 10, realTag(block, 10, 0), realTag(block, 20, 0), realTag(block, 30, 0));
+    }
+    ObjectBody fresh;
+    fresh.kind = Kind::BlockRecord;
+    placeText(fresh, text);
+    ObjectBody& record = store.duplicate(fresh, table);
+    store.appendChild(table, record);
+    store.indexSymbol(table, record, name);
+    makeBlockParts(store, record);
+    return record;
+}
+
+ObjectBody& copyPicture(Store& store, ObjectBody& dimension) {
+    const ObjectBody& old = *pictureOf(dimension);
+    ObjectBody& made = makeAnonymousBlock(store, L'D', old);
+    std::vector<ObjectBody*> contents;
+    for (Index at = store.firstLive(old.self); at != kNoIndex; at = store.nextLive(store.at(at)))
+        contents.push_back(&store.at(at));
+    CloneMap map;
+    deepClone(store, contents, made, map);
+    std::string text(dimension.tags());
+    setFieldValue(text, kBlockOfDimension, store.encode(symbolName(made)));
+    dimension.setTags(std::move(text));
+    return made;
+}
+
+}  // namespace host

@@ -1,0 +1,106 @@
+// The drawing check: blocks, layouts and dictionaries.
+#include "host/dxf/check/check_context.h"
+
+namespace host {
+namespace {
+
+bool isSpaceName(const std::wstring& name) {
+    const std::wstring folded = foldCase(name);
+    return folded == L"*MODEL_SPACE" || folded.compare(0, 12, L"*PAPER_SPACE") == 0;
+}
+
+void checkEntry(CheckContext& context, const ObjectSummary& summary, const std::string& key,
+                std::uint64_t handle, bool isExtension) {
+    const ObjectBody& dictionary = *summary.body;
+    const ObjectBody* const entry = context.live(handle);
+    if (entry == nullptr) {
+        // A dangling pointer is reported already; a null one is no pointer but no entry either.
+        if (handle == 0) context.error(dictionary, "entry \"" + key + "\" names nothing");
+        return;
+    }
+    if (entry->owner == dictionary.self) return;
+    const std::string text =
+        "entry \"" + key + "\" is " + nameOf(*entry) + ", which another object owns";
+    if (isExtension) {
+        context.error(dictionary, text);
+    } else {
+        context.note(dictionary, text);
+    }
+}
+
+void checkEntries(CheckContext& context, const ObjectSummary& summary) {
+    const ObjectBody& dictionary = *summary.body;
+    const ObjectLinks& owner = context.links(context.store.at(dictionary.owner));
+    const bool isExtension = dictionary.owner != kNoIndex &&
+                             owner.firstEntry != dictionary.handle &&
+                             owner.extensionDictionary == dictionary.handle;
+    TagReader reader(summary.text);
+    Tag tag;
+    std::string key;
+    bool hasKey = false;
+    while (reader.next(tag)) {
+        if (tag.code == 3) {
+            if (hasKey) context.error(dictionary, "entry \"" + key + "\" names nothing");
+            key.assign(tag.value);
+            hasKey = true;
+        } else if (hasKey && (tag.code == 350 || tag.code == 360)) {
+            checkEntry(context, summary, key, parseHandle(tag.value).value_or(0), isExtension);
+            hasKey = false;
+        }
+    }
+    if (hasKey) context.error(dictionary, "entry \"" + key + "\" names nothing");
+}
+
+}  // namespace
+
+void checkDictionaries(CheckContext& context, const ObjectSummary& summary) {
+    const ObjectBody& body = *summary.body;
+    if (summary.extensionDictionary != 0) {
+        const ObjectBody* const dictionary = context.live(summary.extensionDictionary);
+        const std::string name = formatHandle(summary.extensionDictionary);
+        if (dictionary != nullptr && dictionary->kind != Kind::Dictionary) {
+            context.error(body, "the extension dictionary " + name + " is a " +
+                                    std::string(dictionary->type()));
+        } else if (dictionary != nullptr && dictionary->owner != body.self) {
+            context.error(body, "the extension dictionary " + name + " is owned by another object");
+        }
+    }
+    if (body.kind == Kind::Dictionary) checkEntries(context, summary);
+}
+
+void checkBlockRecord(CheckContext& context, const ObjectSummary& summary) {
+    const ObjectBody& record = *summary.body;
+    const std::wstring name = symbolName(record);
+    const BlockParts parts = context.store.blockParts(record.self);
+    if (!context.isLive(parts.begin) || !context.isLive(parts.end)) {
+        context.error(record,
+                      "there is no BLOCK of the name \"" + context.store.encode(name) + "\"");
+    } else if (foldCase(symbolName(context.store.at(parts.begin))) != foldCase(name)) {
+        context.error(record, "its BLOCK has another name");
+    }
+    if (!isSpaceName(name)) return;
+    const std::uint64_t layout = context.links(record).layout;
+    const ObjectBody* const object = context.live(layout);
+    if (object == nullptr || object->type() != "LAYOUT") {
+        if (context.hasLayouts) {
+            context.error(record, "the space has no layout");
+        } else {
+            context.note(record, "the space has no layout, nor has the drawing any");
+        }
+    } else if (context.links(*object).block != record.handle) {
+        context.error(record, "its layout " + formatHandle(layout) + " does not point back");
+    }
+}
+
+void checkLayout(CheckContext& context, const ObjectSummary& summary) {
+    const std::uint64_t handle = context.links(*summary.body).block;
+    const ObjectBody* const record = context.live(handle);
+    if (record == nullptr || record->kind != Kind::BlockRecord) {
+        context.error(*summary.body, "the layout has no block record");
+    } else if (context.links(*record).layout != summary.body->handle) {
+        context.error(*summary.body,
+                      "its block record " + formatHandle(handle) + " does not point back");
+    }
+}
+
+}  // namespace host

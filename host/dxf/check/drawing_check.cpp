@@ -1,0 +1,98 @@
+// The check of a drawing: the walk over all objects, handles, the seed.
+#include "host/dxf/check/drawing_check.h"
+
+#include "host/dxf/check/check_context.h"
+#include "host/dxf/load/load_drawing.h"
+
+namespace host {
+namespace {
+
+void checkHandles(CheckContext& context) {
+    const Store& store = context.store;
+    const auto value = store.headerValue("$HANDSEED");
+    const auto seed = value ? parseHandle(*value) : std::nullopt;
+    if (!seed) context.error("$HANDSEED is missing or no handle");
+    std::uint64_t highest = 0;
+    for (Index index = 1; index <= store.count(); ++index) {
+        const ObjectBody& body = store.at(index);
+        if (body.size == 0 || !context.isLive(index)) continue;
+        if (body.handle == 0) {
+            context.error(body, "the handle is 0");
+        } else if (store.byHandle(body.handle) != &body) {
+            context.error(body, "the handle belongs to another object too");
+        }
+        const auto place = findTag(body.tags(), body.type() == "DIMSTYLE" ? 105 : 5);
+        if (!place || parseHandle(place->value) != body.handle) {
+            context.error(body, "the handle in the groups is another one");
+        }
+        if (!body.ownsData) highest = std::max(highest, body.handle);
+    }
+    if (seed && *seed <= highest) {
+        context.error("$HANDSEED " + formatHandle(*seed) + " is not above the highest handle " +
+                      formatHandle(highest));
+    }
+}
+
+void checkHeaderNames(CheckContext& context) {
+    static const char* const variables[][2] = {
+        {"$CLAYER", "LAYER"}, {"$CELTYPE", "LTYPE"}, {"$TEXTSTYLE", "STYLE"}};
+    for (const auto& [variable, table] : variables) {
+        const auto name = context.store.headerValue(variable);
+        if (name && !context.isDefined(table, *name)) {
+            context.error(std::string(variable) + " names " + table + " \"" + std::string(*name) +
+                          "\", which is not defined");
+        }
+    }
+}
+
+bool isTableName(const Store& store, Index index, const char* name) {
+    const Index table = store.at(index).owner;
+    return table != kNoIndex && table == store.table(name);
+}
+
+void checkObject(CheckContext& context, ObjectSummary& summary) {
+    checkTags(context, summary);
+    checkSubclasses(context, summary);
+    checkOwner(context, summary);
+    checkDictionaries(context, summary);
+    const ObjectBody& body = *summary.body;
+    if (isEntityKind(body.kind)) checkSequence(context, summary);
+    if (body.kind == Kind::BlockRecord && isTableName(context.store, body.self, "BLOCK_RECORD")) {
+        checkBlockRecord(context, summary);
+    }
+    if (summary.type == "LAYOUT") checkLayout(context, summary);
+}
+
+}  // namespace
+
+std::vector<Finding> checkDrawing(const Store& store) {
+    CheckContext context(store);
+    checkHandles(context);
+    checkHeaderNames(context);
+    ObjectSummary summary;
+    std::string buffer;
+    for (Index index = 1; index <= store.count(); ++index) {
+        const ObjectBody& body = store.at(index);
+        if (body.size == 0 || !context.isLive(index)) continue;
+        summary.body = &body;
+        summary.text = context.references.cleaned(body, buffer);
+        summary.type = body.type();
+        checkObject(context, summary);
+    }
+    if (context.ownersAbsent > 0) {
+        context.note(std::to_string(context.ownersAbsent) +
+                     " objects have no owner group (330); their place tells the owner");
+    }
+    return std::move(context.findings);
+}
+
+std::optional<std::vector<Finding>> checkFile(const std::string& path, DxfError& error) {
+    std::vector<Finding> findings;
+    const std::unique_ptr<Store> store = loadDrawing(path, error, {}, &findings);
+    if (store == nullptr) return std::nullopt;
+    for (Finding& finding : checkDrawing(*store))
+        findings.push_back(std::move(finding));
+    return findings;
+}
+
+}  // namespace host

@@ -1,0 +1,83 @@
+// First step of loading: sections and objects into slots of a store.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/dxf/load/object_reader.h"
+#include "host/store/store.h"
+
+namespace host {
+
+/// What linking has to know of an object besides its text.
+struct ObjectFacts {
+    std::uint64_t owner = 0;  ///< handle in tag 330; 0 when absent or null
+    std::uint64_t line : 60;
+    std::uint64_t hasOwner : 1;  ///< has a tag 330
+    std::uint64_t hasSpace : 1;  ///< has a tag 67, or 410 without it
+    std::uint64_t inPaper : 1;   ///< 67, or else 410, says paper space
+    ObjectFacts() : line(0), hasOwner(0), hasSpace(0), inPaper(0) {}
+};
+
+/// Slots from `first` to before `end`.
+struct SlotRange {
+    Index first = kNoIndex;
+    Index end = kNoIndex;
+};
+
+/// One BLOCK with its contents, not yet linked to its BLOCK_RECORD.
+struct LoadedBlock {
+    std::string name;
+    Index begin = kNoIndex;
+    Index end = kNoIndex;
+    SlotRange contents;  ///< sub-entities in it are linked to their parents already
+};
+
+/// What the first step leaves to the second.
+struct LoadedParts {
+    std::vector<ObjectFacts> facts;  ///< by slot index
+    std::vector<LoadedBlock> blocks;
+    SlotRange entities;
+    SlotRange objects;
+
+    ObjectFacts& of(Index index) { return facts[index]; }
+};
+
+/// Reads all sections. Records become children of their tables, sub-entities of their entities;
+/// everything else is linked later, because sections may come in any order.
+class DrawingBuilder {
+  public:
+    DrawingBuilder(Store& store, TagStream& stream, LoadedParts& parts);
+    /// False after an error.
+    bool build();
+
+  private:
+    bool readSection();
+    bool readSectionBody(SectionKind kind);
+    bool readHeader(std::string& text);
+    bool applyVersion(long versionLine, long codePageLine);
+    bool readTables();
+    bool readTable();
+    bool readBlocks();
+    bool readBlock();
+    bool readEntities();
+    bool readEntity();
+    bool readSequence(ObjectBody& parent, const char* member, const std::string& name);
+    bool readObjects();
+    ObjectBody* add(Kind kind);
+    bool failUnended(const std::string& what, long line, const char* end);
+    bool fail(long line, std::string text) { return m_reader.stream().fail(line, std::move(text)); }
+
+    Store& m_store;
+    ObjectReader m_reader;
+    LoadedParts& m_parts;
+    RawObject m_object;
+    std::map<std::string, long> m_sectionLines;
+    std::map<std::string, long> m_tableLines;
+    std::string m_version;
+};
+
+}  // namespace host

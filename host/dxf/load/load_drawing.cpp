@@ -1,0 +1,51 @@
+// Loading a drawing from an ASCII DXF file.
+#include "host/dxf/load/load_drawing.h"
+
+#include <new>
+
+#include "host/dxf/load/drawing_builder.h"
+#include "host/dxf/load/drawing_linker.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+std::unique_ptr<Store> readDrawing(InputFile& file, DxfError& error,
+                                   const ProgressFunction& progress,
+                                   std::vector<Finding>* supplied) {
+    auto store = std::make_unique<Store>();
+    TagStream stream(file, error, progress);
+    LoadedParts parts;
+    if (!DrawingBuilder(*store, stream, parts).build()) return nullptr;
+    store->setLineEnding(stream.lineEnding());
+    DrawingLinker linker(*store, stream, parts);
+    if (!linker.link()) return nullptr;
+    if (supplied != nullptr) *supplied = linker.supplied();
+    // A drawing that was saved on a layout's tab opens there, in paper space.
+    const auto tilemode = store->headerValue("$TILEMODE");
+    if (tilemode && parseInteger(*tilemode) == 0) store->currentViewport = 1;
+    store->revision = 0;
+    return store;
+}
+
+}  // namespace
+
+std::unique_ptr<Store> loadDrawing(const std::string& path, DxfError& error,
+                                   const ProgressFunction& progress,
+                                   std::vector<Finding>* supplied) {
+    error = {path, 0, {}};
+    try {
+        InputFile file;
+        std::string why;
+        if (!file.open(path, why)) {
+            error.text = "cannot be read: " + why + "; choose a DXF drawing";
+            return nullptr;
+        }
+        return readDrawing(file, error, progress, supplied);
+    } catch (const std::bad_alloc&) {
+        error.text = "the drawing does not fit into memory; close other programs or split it";
+        return nullptr;
+    }
+}
+
+}  // namespace host

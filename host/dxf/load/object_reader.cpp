@@ -1,0 +1,160 @@
+// One object after the other: collecting tags, finding handle, owner and place.
+#include "host/dxf/load/object_reader.h"
+
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+/// Handles above this are refused: they would leave no room for those of new objects.
+constexpr std::uint64_t kHighestHandle = ~std::uint64_t{0} - (std::uint64_t{1} << 32);
+/// Bodies count their bytes in 32 bits.
+constexpr std::size_t kLargestObject = std::size_t{1} << 31;
+
+std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+}  // namespace
+
+std::string_view RawObject::type() const {
+    const std::size_t begin = text.find('\n') + 1;
+    return std::string_view(text).substr(begin, text.find('\n', begin) - begin);
+}
+
+bool ObjectReader::advance() {
+    if (!m_stream.next(m_group)) {
+        m_type.clear();
+        m_group = {};
+        m_group.code = -1;
+        m_typeLine = m_stream.line();
+        return false;
+    }
+    if (m_group.code == 0) {
+        m_type.assign(trimmed(m_group.value));
+        m_typeLine = m_stream.line();
+    }
+    return true;
+}
+
+bool ObjectReader::start() {
+    if (!advance()) return false;
+    if (m_group.code == 0) return true;
+    return m_stream.fail(m_stream.line(),
+                         "the file does not begin with group 0; this is not a DXF drawing");
+}
+
+void ObjectReader::append(std::string& text) const {
+    if (!m_group.stored.empty()) {
+        text.append(m_group.stored);
+    } else {
+        addTag(text, m_group.code, m_group.value);
+    }
+}
+
+/// Notes what a tag tells about the object. `ownPart` is true from the first marker on that is
+/// not common to all; 330 is then no owner any more.
+bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
+    const std::string_view value = m_group.value;
+    if (m_group.code == handleCode) {
+        if (object.handle != 0) return true;
+        object.handleLine = m_stream.line() + 1;
+        const auto handle = parseHandle(value);
+        if (!handle || *handle == 0 || *handle > kHighestHandle) {
+            return m_stream.fail(object.handleLine, quoted(value) + " is no handle of an object; " +
+                                                        "repair the line or remove the group");
+        }
+        object.handle = *handle;
+        return true;
+    }
+    switch (m_group.code) {
+        case 330:
+            if (ownPart || object.hasOwner) break;
+            object.owner = parseHandle(value).value_or(0);
+            object.hasOwner = true;
+            break;
+        case 2:
+            if (object.hasName) break;
+            object.name.assign(value);
+            object.hasName = true;
+            break;
+        case 67:
+            if (object.hasSpace) break;
+            object.hasSpace = true;
+            object.inPaperSpace = parseInteger(value).value_or(0) != 0;
+            break;
+        case 410:
+            object.layout.assign(value);
+            break;
+        default:
+            break;
+    }
+    return true;
+}
+
+bool ObjectReader::read(RawObject& object) {
+    object.text.clear();
+    object.handle = object.owner = 0;
+    object.name.clear();
+    object.layout.clear();
+    object.line = m_typeLine;
+    object.hasName = object.hasOwner = object.hasSpace = object.inPaperSpace = false;
+    const int handleCode = m_type == "DIMSTYLE" ? 105 : 5;
+    // Type names are compared everywhere, so blanks around them are not kept.
+    addTag(object.text, 0, m_type);
+    int depth = 0;
+    bool ownPart = false;
+    while (advance() && m_group.code != 0) {
+        append(object.text);
+        const std::string_view value = m_group.value;
+        if (m_group.code == 102 && !value.empty() && (value[0] == '{' || value[0] == '}')) {
+            depth += value[0] == '{' ? 1 : depth > 0 ? -1 : 0;
+        } else if (m_group.code == 100) {
+            ownPart = ownPart || (value != "AcDbEntity" && value != "AcDbSymbolTable" &&
+                                  value != "AcDbSymbolTableRecord");
+        } else if (depth == 0 && !note(object, handleCode, ownPart)) {
+            return false;
+        }
+    }
+    if (object.text.size() > kLargestObject) {
+        return m_stream.fail(object.line, "the object is larger than 2 GB; remove it");
+    }
+    return !m_stream.failed();
+}
+
+bool ObjectReader::skipMark() {
+    const std::string mark = m_type;
+    if (!advance()) return !m_stream.failed();
+    if (m_group.code == 0) return true;
+    return m_stream.fail(m_stream.line(), "group " + std::to_string(m_group.code) + " behind " +
+                                              mark + " belongs to nothing; remove it");
+}
+
+bool ObjectReader::skipMark(std::string& strays) {
+    while (advance() && (m_group.code != 0 || m_type == "ENDSEC"))
+        append(strays);
+    return !m_stream.failed();
+}
+
+bool ObjectReader::readSectionName(std::string& name) {
+    const long line = m_typeLine;
+    if (!advance() || m_group.code != 2 || trimmed(m_group.value).empty()) {
+        return m_stream.fail(line,
+                             "the section has no name (group 2); the file is damaged or cut "
+                             "off, fetch a whole copy");
+    }
+    name.assign(trimmed(m_group.value));
+    m_type = "SECTION " + name;
+    return true;
+}
+
+bool ObjectReader::readRaw(std::string& text, const GroupSeen& seen) {
+    while (advance()) {
+        if (m_group.code == 0 && (m_type == "ENDSEC" || m_type == "SECTION" || m_type == "EOF")) {
+            return true;
+        }
+        if (seen) seen(m_group, m_stream.line());
+        append(text);
+    }
+    return !m_stream.failed();
+}
+
+}  // namespace host

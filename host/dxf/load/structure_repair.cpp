@@ -1,0 +1,190 @@
+// Supplies what every drawing needs and a loaded one lacks.
+#include "host/dxf/load/structure_repair.h"
+
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+/// Begins an object with the tags that all have.
+std::string beginObject(const char* type, std::uint64_t handle, std::uint64_t owner) {
+    std::string text;
+    addTag(text, 0, type);
+    addHandleTag(text, 5, handle);
+    addHandleTag(text, 330, owner);
+    return text;
+}
+
+ObjectBody& addObject(Store& store, Kind kind, const std::string& text, std::uint64_t handle) {
+    // The handle comes from the seed, so it is free.
+    return *store.create(kind, store.keep(text), handle);
+}
+
+Index supplyTable(Store& store, const char* name, Kind kind) {
+    if (const Index table = store.table(name)) return table;
+    const std::uint64_t handle = store.handleSeed();
+    std::string text;
+    addTag(text, 0, "TABLE");
+    addTag(text, 2, name);
+    addHandleTag(text, 5, handle);
+    addHandleTag(text, 330, 0);
+    addTag(text, 100, "AcDbSymbolTable");
+    addTag(text, 70, 0);
+    ObjectBody& table = addObject(store, kind, text, handle);
+    store.tables().push_back(table.self);
+    return table.self;
+}
+
+/// A record of a table: its type, class and name, and the tags behind the name.
+struct RecordForm {
+    const char* type;
+    Kind kind;
+    const char* markerName;
+    std::string rest;
+};
+
+ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
+                         std::string_view bytes) {
+    const std::wstring name = store.decode(bytes);
+    if (ObjectBody* const record = store.symbol(table, name)) return *record;
+    const std::uint64_t handle = store.handleSeed();
+    std::string text = beginObject(form.type, handle, store.at(table).handle);
+    addTag(text, 100, "AcDbSymbolTableRecord");
+    addTag(text, 100, form.markerName);
+    addTag(text, 2, bytes);
+    text += form.rest;
+    ObjectBody& record = addObject(store, form.kind, text, handle);
+    store.appendChild(table, record);
+    store.indexSymbol(table, record, name);
+    return record;
+}
+
+std::string linetypeGroups(const char* description) {
+    std::string text;
+    addTag(text, 70, 0);
+    addTag(text, 3, description);
+    addTag(text, 72, 65);
+    addTag(text, 73, 0);
+    addTag(text, 40, 0.0);
+    return text;
+}
+
+std::string layerGroups() {
+    std::string text;
+    addTag(text, 70, 0);
+    addTag(text, 62, 7);
+    addTag(text, 6, "Continuous");
+    return text;
+}
+
+std::string styleGroups() {
+    std::string text;
+    addTag(text, 70, 0);
+    addTag(text, 40, 0.0);
+    addTag(text, 41, 1.0);
+    addTag(text, 50, 0.0);
+    addTag(text, 71, 0);
+    addTag(text, 42, 2.5);
+    addTag(text, 3, "txt");
+    addTag(text, 4, "");
+    return text;
+}
+
+std::string blockRecordGroups() {
+    std::string text;
+    addHandleTag(text, 340, 0);
+    return text;
+}
+
+Index supplyBlockMark(Store& store, const ObjectBody& record, Kind kind) {
+    const bool begins = kind == Kind::BlockBegin;
+    const std::uint64_t handle = store.handleSeed();
+    std::string text = beginObject(begins ? "BLOCK" : "ENDBLK", handle, record.handle);
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd");
+    if (begins) {
+        const auto place = findTag(record.tags(), 2);
+        const std::string_view name = place ? place->value : std::string_view();
+        addTag(text, 2, name);
+        addTag(text, 70, 0);
+        addPointTag(text, 10, 0.0, 0.0, 0.0);
+        addTag(text, 3, name);
+        addTag(text, 1, "");
+    }
+    ObjectBody& body = addObject(store, kind, text, handle);
+    body.owner = record.self;
+    return body.self;
+}
+
+}  // namespace
+
+void supplyTables(Store& store) {
+    store.section(SectionKind::Tables);
+    const Index linetypes = supplyTable(store, "LTYPE", Kind::LinetypeTable);
+    const RecordForm plain{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord",
+                           linetypeGroups("")};
+    const RecordForm solid{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord",
+                           linetypeGroups("Solid line")};
+    supplyRecord(store, linetypes, plain, "ByBlock");
+    supplyRecord(store, linetypes, plain, "ByLayer");
+    supplyRecord(store, linetypes, solid, "Continuous");
+
+    const Index layers = supplyTable(store, "LAYER", Kind::LayerTable);
+    const RecordForm layer{"LAYER", Kind::LayerRecord, "AcDbLayerTableRecord", layerGroups()};
+    supplyRecord(store, layers, layer, "0");
+
+    const Index styles = supplyTable(store, "STYLE", Kind::OtherTable);
+    const RecordForm style{"STYLE", Kind::OtherRecord, "AcDbTextStyleTableRecord", styleGroups()};
+    supplyRecord(store, styles, style, "Standard");
+
+    const Index applications = supplyTable(store, "APPID", Kind::OtherTable);
+    const RecordForm application{"APPID", Kind::OtherRecord, "AcDbRegAppTableRecord", " 70\n0\n"};
+    supplyRecord(store, applications, application, "ACAD");
+
+    supplyTable(store, "BLOCK_RECORD", Kind::BlockTable);
+    supplyBlockRecord(store, "*Model_Space");
+    supplyBlockRecord(store, "*Paper_Space");
+}
+
+ObjectBody& supplyBlockRecord(Store& store, std::string_view name) {
+    const RecordForm form{"BLOCK_RECORD", Kind::BlockRecord, "AcDbBlockTableRecord",
+                          blockRecordGroups()};
+    return supplyRecord(store, store.table("BLOCK_RECORD"), form, name);
+}
+
+void supplySpaceBlocks(Store& store) {
+    store.section(SectionKind::Blocks);
+    for (const Index space : {store.modelSpace(), store.paperSpace()}) {
+        if (store.blockParts(space).begin != kNoIndex) continue;
+        const ObjectBody& record = store.at(space);
+        const Index begin = supplyBlockMark(store, record, Kind::BlockBegin);
+        const Index end = supplyBlockMark(store, record, Kind::BlockEnd);
+        store.blockParts(space) = {begin, end};
+        store.blockOrder().push_back(space);
+    }
+}
+
+void supplyObjects(Store& store) {
+    store.section(SectionKind::Header);
+    store.section(SectionKind::Entities);
+    store.section(SectionKind::Objects);
+    if (store.rootDictionary() != kNoIndex) return;
+    const std::uint64_t handle = store.handleSeed();
+    std::string text = beginObject("DICTIONARY", handle, 0);
+    addTag(text, 100, "AcDbDictionary");
+    addTag(text, 281, 1);
+    addTag(text, 3, "ACAD_GROUP");
+    addHandleTag(text, 350, handle + 1);
+    ObjectBody& root = addObject(store, Kind::Dictionary, text, handle);
+    store.appendChild(store.objectsList(), root);
+
+    text = beginObject("DICTIONARY", handle + 1, handle);
+    addTag(text, 100, "AcDbDictionary");
+    addTag(text, 281, 1);
+    ObjectBody& tags = addObject(store, Kind::Dictionary, text, handle + 1);
+    store.appendChild(store.objectsList(), tags);
+    tags.owner = root.self;
+}
+
+}  // namespace host

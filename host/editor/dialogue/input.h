@@ -1,0 +1,65 @@
+// Where the answers to prompts come from, and the prompts that commands use.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/objectarx/geometry.h"
+
+namespace host {
+
+/// One answer of the user.
+struct Answer {
+    enum class Kind {
+        Text,    ///< something typed
+        Enter,   ///< empty input
+        Cancel,  ///< Esc or Ctrl+C
+        End,     ///< the input is over: treated as Cancel everywhere, and remembered
+    };
+    Kind kind = Kind::Enter;
+    std::wstring text;
+};
+
+/// How much of the input one answer takes: up to a blank, or the whole line (texts with blanks).
+enum class InputUnit { Token, Line };
+
+/// Gives answers: a script, a terminal or a test.
+class InputSource {
+  public:
+    virtual ~InputSource() = default;
+    /// `prompt` is what the user sees in front of the answer; it was printed already.
+    virtual Answer next(const std::wstring& prompt, InputUnit unit) = 0;
+    /// True when a person types: the source shows what is typed by itself, and a wrong answer is
+    /// asked for again.
+    virtual bool interactive() const { return false; }
+};
+
+/// The source that prompts read from; owned by the caller. Null: every prompt is cancelled.
+void setInputSource(InputSource* source);
+InputSource* inputSource();
+
+/// Outcome of a prompt of the host's own commands.
+enum class PromptStatus { Ok, None, Cancel };
+
+/// Prints `prompt`, echoes and returns the answer.
+Answer prompt(const std::wstring& prompt, InputUnit unit = InputUnit::Token);
+/// Prints why an answer was not taken. True when it can be asked for again; otherwise the command
+/// in progress counts as failed.
+bool wrongAnswer(const std::wstring& explanation);
+/// Asks until the answer is a point "x,y" or "x,y,z" (also "@dx,dy" relative to `base`), Enter or
+/// cancel; a wrong answer is explained in one line and, when it came from a script, cancels.
+PromptStatus promptPoint(const std::wstring& prompt, const AcGePoint3d* base, AcGePoint3d& point);
+PromptStatus promptReal(const std::wstring& prompt, double& value);
+PromptStatus promptText(const std::wstring& prompt, std::wstring& text);
+
+/// Bit of acedInitGet: an empty answer is not taken.
+constexpr int kNoEmptyAnswer = 1;
+/// Options that acedInitGet left for this input call; they hold for one call.
+int takeInputOptions();
+
+/// Parses "x,y[,z]" or "@x,y[,z]"; nothing when it is no point.
+std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3d* base);
+/// Handle of `(handent "2A")`, or nothing when the text has another form.
+std::optional<std::wstring> parseHandent(const std::wstring& text);
+
+}  // namespace host

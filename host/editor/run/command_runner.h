@@ -1,0 +1,44 @@
+// Running commands: the host's own and those that modules registered.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/objectarx/adesk_types.h"
+#include "host/objectarx/command_stack.h"
+
+namespace host {
+
+/// How a command ended.
+enum class CommandStatus { Done, Cancelled, Failed, Unknown };
+
+/// One of the host's own commands.
+struct BuiltinCommand {
+    const wchar_t* name;  ///< upper case
+    Adesk::Int32 flags;   ///< ACRX_CMD_...
+    CommandStatus (*run)();
+    const wchar_t* help;  ///< one line
+};
+
+/// Adds own commands; a later one of the same name replaces the earlier. The array must live on.
+void registerBuiltins(const BuiltinCommand* commands, std::size_t count);
+/// All own commands by name, for help texts.
+std::vector<const BuiltinCommand*> builtinCommands();
+
+/// Resolves a typed name (any case; a leading "_", "." or "-" is accepted) against the modules'
+/// groups in registration order and then the host's own, and runs the command with its
+/// notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
+/// cancelled, failed, then the accounting. A module's command counts as cancelled when a prompt in
+/// it was cancelled, else as ended. All it changes in the drawing that is current at its start,
+/// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is
+/// thrown.
+CommandStatus runCommand(const std::wstring& typedName);
+/// Names of the registered commands of one group, in registration order, with their flags.
+struct RegisteredCommand {
+    std::wstring group, globalName, localName;
+    Adesk::Int32 flags;
+    AcRxFunctionPtr function;
+};
+std::vector<RegisteredCommand> registeredCommands();
+
+}  // namespace host

@@ -1,0 +1,254 @@
+// The "Select objects:" dialogue, and selections given in one go for gestures.
+#include "host/editor/selection/select_objects.h"
+
+#include <algorithm>
+#include <cwctype>
+
+#include "host/control/effects.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/editor/selection/selection_sets.h"
+#include "host/editor/state/active_command.h"
+#include "host/editor/state/current_drawing.h"
+#include "host/store/store.h"
+
+namespace host {
+namespace {
+
+const wchar_t kHelp[] =
+    L"\nA point picks; W and C take two corners; ALL, L (last), P (previous), R (remove), A (add), "
+    L"(handent \"2A\"); Enter ends.";
+
+void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
+
+enum class Word { None, Window, Crossing, All, Last, Previous, Remove, Add, Help };
+
+Word wordOf(const std::wstring& text) {
+    struct Entry {
+        const wchar_t* text;
+        Word word;
+    };
+    constexpr Entry kWords[] = {
+        {L"W", Word::Window},          {L"WINDOW", Word::Window}, {L"C", Word::Crossing},
+        {L"CROSSING", Word::Crossing}, {L"ALL", Word::All},       {L"L", Word::Last},
+        {L"LAST", Word::Last},         {L"P", Word::Previous},    {L"PREVIOUS", Word::Previous},
+        {L"R", Word::Remove},          {L"REMOVE", Word::Remove}, {L"A", Word::Add},
+        {L"ADD", Word::Add},           {L"?", Word::Help}};
+    std::wstring key = foldCase(text);
+    if (!key.empty() && key[0] == L'_') key.erase(0, 1);
+    for (const Entry& entry : kWords) {
+        if (key == entry.text) return entry.word;
+    }
+    return Word::None;
+}
+
+/// One dialogue from its first prompt to Enter.
+class Dialogue {
+  public:
+    Dialogue(const Store& store, const SelectionFilter& filter)
+        : m_store(store), m_filter(filter) {}
+
+    PromptStatus run(const std::wstring& prompt);
+    const std::vector<AcDbObjectId>& selection() const { return m_set.ids(); }
+
+  private:
+    /// False when a prompt inside was cancelled.
+    bool take(const std::wstring& text);
+    bool takeWindow(bool crossing);
+    void takeHandleOrPoint(const std::wstring& text);
+    void takeFound(const std::vector<AcDbObjectId>& found);
+    void report(std::size_t found, std::size_t duplicates, std::size_t removed,
+                std::size_t filtered, bool first);
+
+    const Store& m_store;
+    const SelectionFilter& m_filter;
+    SelectionSet m_set;
+    bool m_removing = false;
+};
+
+PromptStatus Dialogue::run(const std::wstring& text) {
+    for (;;) {
+        const Answer answer = prompt(m_removing ? L"\nRemove objects: " : text);
+        if (answer.kind == Answer::Kind::Enter)
+            return m_set.ids().empty() ? PromptStatus::None : PromptStatus::Ok;
+        if (answer.kind != Answer::Kind::Text || !take(answer.text)) return PromptStatus::Cancel;
+    }
+}
+
+bool Dialogue::take(const std::wstring& text) {
+    switch (wordOf(text)) {
+        case Word::Window:
+            return takeWindow(false);
+        case Word::Crossing:
+            return takeWindow(true);
+        case Word::All:
+            takeFound(selectAll(m_store));
+            break;
+        case Word::Last:
+            takeFound(selectLast(m_store));
+            break;
+        case Word::Previous:
+            takeFound(selectPrevious());
+            break;
+        case Word::Remove:
+            m_removing = true;
+            break;
+        case Word::Add:
+            m_removing = false;
+            break;
+        case Word::Help:
+            say(kHelp);
+            break;
+        case Word::None:
+            takeHandleOrPoint(text);
+            break;
+    }
+    return true;
+}
+
+bool Dialogue::takeWindow(bool crossing) {
+    AcGePoint3d corner, opposite;
+    if (promptPoint(L"\nSpecify first corner: ", nullptr, corner) != PromptStatus::Ok) return false;
+    if (promptPoint(L"\nSpecify opposite corner: ", &corner, opposite) != PromptStatus::Ok)
+        return false;
+    takeFound(selectWindow(m_store, corner, opposite, crossing));
+    return true;
+}
+
+/// A wrong answer selects nothing and the dialogue goes on; from a script the command counts as
+/// failed in the end.
+void Dialogue::takeHandleOrPoint(const std::wstring& text) {
+    std::wstring explanation;
+    if (const std::optional<std::wstring> handle = parseHandent(text)) {
+        const AcDbObjectId id = selectHandle(m_store, *handle, explanation);
+        if (!id.isNull()) return takeFound({id});
+    } else if (const std::optional<AcGePoint3d> point = parsePoint(text, nullptr)) {
+        const AcDbObjectId id = entityUnder(m_store, *point);
+        return takeFound(id.isNull() ? std::vector<AcDbObjectId>() : std::vector<AcDbObjectId>{id});
+    } else {
+        explanation = L"\"" + text + L"\" is no selection; ? lists what is";
+    }
+    wrongAnswer(explanation);
+}
+
+void Dialogue::takeFound(const std::vector<AcDbObjectId>& found) {
+    std::size_t matching = 0, repeated = 0;
+    const bool first = m_set.ids().empty();
+    for (const AcDbObjectId& id : found) {
+        const ObjectBody* body = Store::resolve(id);
+        if (body == nullptr || !m_filter.matches(*body)) continue;
+        ++matching;
+        const bool changed = m_removing ? m_set.remove(id) : m_set.add(id);
+        if (!changed) ++repeated;
+    }
+    const std::size_t removed = m_removing ? matching - repeated : 0;
+    report(matching, m_removing ? 0 : repeated, removed, found.size() - matching, first);
+}
+
+void Dialogue::report(std::size_t found, std::size_t duplicates, std::size_t removed,
+                      std::size_t filtered, bool first) {
+    std::wstring text = L"\n" + std::to_wstring(found) + L" found";
+    if (m_removing) text += L", " + std::to_wstring(removed) + L" removed";
+    if (duplicates == 1) text += L" (1 duplicate)";
+    if (duplicates > 1) text += L" (" + std::to_wstring(duplicates) + L" duplicates)";
+    if (!first) text += L", " + std::to_wstring(m_set.ids().size()) + L" total";
+    say(text);
+    if (filtered == 1) say(L"\n1 was filtered out.");
+    if (filtered > 1) say(L"\n" + std::to_wstring(filtered) + L" were filtered out.");
+}
+
+/// Joins what a blank separated inside a parenthesis.
+std::wstring joined(const std::vector<std::wstring>& words) {
+    std::wstring text;
+    for (const std::wstring& word : words)
+        text += (text.empty() ? L"" : L" ") + word;
+    return text;
+}
+
+bool parseBox(const Store& store, const std::vector<std::wstring>& words, bool crossing,
+              std::vector<AcDbObjectId>& selection, std::wstring& explanation) {
+    std::optional<AcGePoint3d> corner, opposite;
+    if (words.size() == 3) {
+        corner = parsePoint(words[1], nullptr);
+        if (corner) opposite = parsePoint(words[2], &*corner);
+    }
+    if (!opposite) {
+        explanation = L"a window takes two corners, for example W 0,0 10,10";
+        return false;
+    }
+    selection = selectWindow(store, *corner, *opposite, crossing);
+    return true;
+}
+
+/// The forms without further words; false when `text` is none of them.
+bool parseSingle(const Store& store, const std::wstring& text, std::vector<AcDbObjectId>& selection,
+                 std::wstring& explanation) {
+    switch (wordOf(text)) {
+        case Word::All:
+            selection = selectAll(store);
+            return true;
+        case Word::Last:
+            selection = selectLast(store);
+            return true;
+        case Word::Previous:
+            selection = selectPrevious();
+            return true;
+        default:
+            break;
+    }
+    AcDbObjectId id;
+    if (const std::optional<std::wstring> handle = parseHandent(text)) {
+        id = selectHandle(store, *handle, explanation);
+        if (id.isNull()) return false;
+    } else if (const std::optional<AcGePoint3d> point = parsePoint(text, nullptr)) {
+        id = entityUnder(store, *point);
+    } else {
+        explanation = L"\"" + text +
+                      L"\" is no selection: give a point, W or C with two corners, ALL, L, P or "
+                      L"(handent \"2A\")";
+        return false;
+    }
+    if (!id.isNull()) selection.push_back(id);
+    return true;
+}
+
+}  // namespace
+
+PromptStatus selectObjects(const std::wstring& text, const SelectionFilter& filter,
+                           std::vector<AcDbObjectId>& selection) {
+    selection.clear();
+    const Store* store = currentStore();
+    if (store == nullptr) return PromptStatus::Cancel;
+    Dialogue dialogue(*store, filter);
+    const PromptStatus status = dialogue.run(text);
+    if (status == PromptStatus::Ok) selection = dialogue.selection();
+    rememberSelection(selection);
+    return status;
+}
+
+PromptStatus promptSelection(const std::wstring& text, bool usePickfirst,
+                             std::vector<AcDbObjectId>& selection) {
+    selection.clear();
+    if (usePickfirst && pickfirstSettable()) selection = takePickfirst();
+    if (!selection.empty()) {
+        say(L"\n" + std::to_wstring(selection.size()) + L" found");
+        rememberSelection(selection);
+        return PromptStatus::Ok;
+    }
+    return selectObjects(text.empty() ? L"\nSelect objects: " : text, {}, selection);
+}
+
+bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObjectId>& selection,
+                    std::wstring& explanation) {
+    selection.clear();
+    const Store* store = currentStore();
+    if (store == nullptr || words.empty()) {
+        explanation = store == nullptr ? L"no drawing is open" : L"nothing to select was given";
+        return false;
+    }
+    const Word word = wordOf(words[0]);
+    if (word == Word::Window || word == Word::Crossing)
+        return parseBox(*store, words, word == Word::Crossing, selection, explanation);
+    return parseSingle(*store, joined(words), selection, explanation);
+}
+
+}  // namespace host

@@ -1,0 +1,95 @@
+// Where selected entities come from: a pick, a box, the whole space, a handle.
+#include <algorithm>
+
+#include "host/control/switches.h"
+#include "host/editor/selection/select_objects.h"
+#include "host/editor/state/current_drawing.h"
+#include "host/editor/state/sysvars.h"
+#include "host/picking/hit_test.h"
+#include "host/picking/layer_states.h"
+#include "host/store/store.h"
+#include "host/tags/tag_view.h"
+
+namespace host {
+namespace {
+
+std::vector<AcDbObjectId> inSelectionOrder(std::vector<AcDbObjectId> drawingOrder) {
+    if (switches().newestFirst) std::reverse(drawingOrder.begin(), drawingOrder.end());
+    return drawingOrder;
+}
+
+}  // namespace
+
+double pickRadius(const Store& store) {
+    constexpr double kScreenPixels = 1000;
+    return sysvarInteger(L"PICKBOX") * viewHeight(store) / kScreenPixels;
+}
+
+AcDbObjectId entityUnder(const Store& store, const AcGePoint3d& point) {
+    const std::vector<AcDbObjectId> found = entitiesAt(store, point, pickRadius(store));
+    return found.empty() ? AcDbObjectId() : found.back();
+}
+
+std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& corner,
+                                       const AcGePoint3d& opposite, bool crossing) {
+    return inSelectionOrder(entitiesInWindow(store, corner, opposite, crossing));
+}
+
+std::vector<AcDbObjectId> selectAll(const Store& store) {
+    std::vector<AcDbObjectId> all;
+    LayerStates layers(store);
+    const Index space = store.currentSpace();
+    for (Index i = space == kNoIndex ? kNoIndex : store.firstLive(space); i != kNoIndex;) {
+        const ObjectBody& entity = store.at(i);
+        const std::optional<TagPlace> layer = findTag(entity.tags(), 8);
+        if (!layers.frozen(layer ? trimmed(layer->value) : "0")) all.push_back(store.idOf(entity));
+        i = store.nextLive(entity);
+    }
+    return inSelectionOrder(std::move(all));
+}
+
+std::vector<AcDbObjectId> selectLast(const Store& store) {
+    const Index space = store.currentSpace();
+    for (Index i = space == kNoIndex ? kNoIndex : store.lastLive(space); i != kNoIndex;) {
+        const ObjectBody& entity = store.at(i);
+        if (isDrawn(store, entity)) return {store.idOf(entity)};
+        i = store.previousLive(entity);
+    }
+    return {};
+}
+
+std::vector<AcDbObjectId> selectPrevious() {
+    std::vector<AcDbObjectId> previous;
+    if (const DocumentState* state = currentDocumentState()) {
+        for (const AcDbObjectId& id : state->previous) {
+            if (!id.isErased()) previous.push_back(id);
+        }
+    }
+    return previous;
+}
+
+void rememberSelection(const std::vector<AcDbObjectId>& selection) {
+    DocumentState* state = currentDocumentState();
+    if (state != nullptr && !selection.empty()) state->previous = selection;
+}
+
+AcDbObjectId selectHandle(const Store& store, const std::wstring& handle,
+                          std::wstring& explanation) {
+    const std::optional<std::uint64_t> value = parseHandle(toUtf8(handle));
+    ObjectBody* body = value ? store.byHandle(*value) : nullptr;
+    ObjectBody* entity = body == nullptr ? nullptr : mainEntityOf(*body);
+    const ObjectBody* owner = entity == nullptr ? nullptr : ownerOf(*entity);
+    if (body == nullptr)
+        explanation = L"no object has the handle " + handle;
+    else if (entity == nullptr)
+        explanation = L"the object with the handle " + handle + L" is no entity";
+    else if (entity->erased || body->erased)
+        explanation = L"the entity with the handle " + handle + L" is erased";
+    else if (owner == nullptr || !isSpace(*owner))
+        explanation = L"the entity with the handle " + handle + L" belongs to a block";
+    else
+        return store.idOf(*entity);
+    return {};
+}
+
+}  // namespace host

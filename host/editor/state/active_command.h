@@ -1,0 +1,34 @@
+// The command in progress, as prompts, selection and notifications see it.
+#pragma once
+
+#include <string>
+
+#include "host/objectarx/adesk_types.h"
+
+namespace host {
+
+/// The command in progress, from the notification of its start to that of its end. Owned by the
+/// command runner.
+struct ActiveCommand {
+    std::wstring name;  ///< global name in upper case
+    Adesk::Int32 flags = 0;
+    bool inFunction = false;
+    bool cancelled = false;
+    bool wrongAnswer = false;
+};
+/// Sets it; null when none runs any more. The object must live until then.
+void setActiveCommand(ActiveCommand* command);
+
+/// True while a command function runs.
+bool commandActive();
+/// Global name of the running command in upper case, or empty.
+std::wstring activeCommand();
+/// Flags of the running command, or 0.
+Adesk::Int32 activeCommandFlags();
+/// To be called by a prompt that was cancelled.
+void noteCancelled();
+/// To be called by a prompt that got a wrong answer and cannot ask again: the command's result is
+/// Failed, whatever else becomes of it.
+void noteWrongAnswer();
+
+}  // namespace host

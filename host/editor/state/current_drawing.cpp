@@ -1,0 +1,78 @@
+// Finds the current drawing and the entities that names stand for.
+#include "host/editor/state/current_drawing.h"
+
+#include "host/control/accounting.h"
+#include "host/objectarx/database.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+DocumentState* current = nullptr;
+
+}  // namespace
+
+DocumentState* currentDocumentState() { return current; }
+
+void setCurrentDocumentState(DocumentState* state) { current = state; }
+
+Store* currentStore() {
+    if (current == nullptr || current->database == nullptr) return nullptr;
+    return &current->database->store();
+}
+
+bool isMainEntity(const ObjectBody& body) {
+    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
+}
+
+bool isSpace(const ObjectBody& blockRecord) {
+    if (blockRecord.kind != Kind::BlockRecord) return false;
+    const std::wstring name = foldCase(symbolName(blockRecord));
+    return name == L"*MODEL_SPACE" || name.compare(0, 12, L"*PAPER_SPACE") == 0;
+}
+
+ObjectBody* ownerOf(const ObjectBody& entity) {
+    if (entity.store == nullptr || entity.owner == kNoIndex) return nullptr;
+    return &entity.store->at(entity.owner);
+}
+
+ObjectBody* mainEntityOf(ObjectBody& body) {
+    if (isMainEntity(body)) return &body;
+    if (!isSubEntityKind(body.kind)) return nullptr;
+    ObjectBody* owner = ownerOf(body);
+    return owner != nullptr && isMainEntity(*owner) ? owner : nullptr;
+}
+
+ObjectBody* entityOf(const ads_name name, const char* call) {
+    const Store* store = currentStore();
+    if (store == nullptr || name == nullptr || (name[0] == 0 && name[1] == 0)) return nullptr;
+    ObjectBody* body = nullptr;
+    if (name[1] == 0) body = Store::resolve(idOfName(name));
+    if (body == nullptr) {
+        reportModuleFault(std::string(call) + ": the entity name belongs to no open drawing");
+        return nullptr;
+    }
+    if (body->store != store || body->erased || !isMainEntity(*body)) return nullptr;
+    return body;
+}
+
+std::wstring layoutName(const Store& store, Index space) {
+    const std::wstring model = L"Model";
+    if (space == kNoIndex || space == store.modelSpace()) return model;
+    const std::optional<TagPlace> handle = findTag(store.at(space).tags(), 340);
+    const std::optional<std::uint64_t> value = handle ? parseHandle(handle->value) : std::nullopt;
+    const ObjectBody* layout = value ? store.byHandle(*value) : nullptr;
+    const auto part = layout ? subclassPart(layout->tags(), "AcDbLayout") : std::nullopt;
+    const auto name = part ? findTag(*part, 1) : std::nullopt;
+    return name ? store.decode(trimmed(name->value)) : model;
+}
+
+std::wstring handleText(const ObjectBody& body) {
+    wchar_t buffer[17];
+    AcDbHandle(body.handle).getIntoAsciiBuffer(buffer);
+    return buffer;
+}
+
+}  // namespace host

@@ -1,0 +1,102 @@
+// System variables over a drawing's header, tables and layouts.
+#include "host/editor/state/document_variables.h"
+
+#include "host/editor/state/current_drawing.h"
+#include "host/objectarx/database.h"
+#include "host/picking/hit_test.h"
+#include "host/store/store.h"
+#include "host/tags/tag_view.h"
+
+namespace host {
+namespace {
+
+constexpr int kPaperViewport = 1;
+constexpr int kModelViewport = 2;
+
+Store& storeOf(const DocumentState& document) { return document.database->store(); }
+
+bool modelTabCurrent(const Store& store) {
+    const auto value = store.headerValue("$TILEMODE");
+    return !value || integerOf(*value, 1) != 0;
+}
+
+}  // namespace
+
+bool readTileMode(const DocumentState& document, SysvarValue& value) {
+    value.number = modelTabCurrent(storeOf(document)) ? 1 : 0;
+    return true;
+}
+
+bool writeTileMode(Store& store, const SysvarValue& value, std::wstring&) {
+    const bool model = value.number != 0;
+    if (model == modelTabCurrent(store)) return true;
+    store.setHeaderValue("$TILEMODE", 70, model ? "1" : "0");
+    store.currentViewport = model ? kModelViewport : kPaperViewport;
+    return true;
+}
+
+bool readViewport(const DocumentState& document, SysvarValue& value) {
+    value.number = storeOf(document).currentViewport;
+    return true;
+}
+
+bool writeViewport(Store& store, const SysvarValue& value, std::wstring& explanation) {
+    const int viewport = static_cast<int>(value.number);
+    if (viewport == kPaperViewport && modelTabCurrent(store)) {
+        explanation = L"CVPORT 1 is the sheet of a layout; set TILEMODE to 0 first";
+        return false;
+    }
+    store.currentViewport = viewport;
+    return true;
+}
+
+bool readCurrentLayer(const DocumentState& document, SysvarValue& value) {
+    const Store& store = storeOf(document);
+    value.text = store.decode(trimmed(store.headerValue("$CLAYER").value_or("0")));
+    return true;
+}
+
+bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& explanation) {
+    const ObjectBody* layer = store.symbol("LAYER", value.text);
+    if (layer == nullptr || layer->erased) {
+        explanation = L"there is no layer " + value.text;
+        return false;
+    }
+    if ((OwnTags(layer->tags()).integer(70, 0) & 1) != 0) {
+        explanation = L"the layer " + value.text + L" is frozen";
+        return false;
+    }
+    store.setHeaderValue("$CLAYER", 8, store.encode(symbolName(*layer)));
+    return true;
+}
+
+bool readTextSize(const DocumentState& document, SysvarValue& value) {
+    constexpr double kUsual = 2.5;
+    const auto text = storeOf(document).headerValue("$TEXTSIZE");
+    value.number = text ? realOf(*text, kUsual) : kUsual;
+    return true;
+}
+
+bool writeTextSize(Store& store, const SysvarValue& value, std::wstring&) {
+    store.setHeaderValue("$TEXTSIZE", 40, formatReal(value.number));
+    return true;
+}
+
+bool readViewSize(const DocumentState& document, SysvarValue& value) {
+    value.number = viewHeight(storeOf(document));
+    return true;
+}
+
+bool readDrawingName(const DocumentState& document, SysvarValue& value) {
+    const std::wstring& path = document.fileName;
+    value.text = path.empty() ? L"Drawing.dxf" : path.substr(path.find_last_of(L"/\\") + 1);
+    return true;
+}
+
+bool readCurrentTab(const DocumentState& document, SysvarValue& value) {
+    const Store& store = storeOf(document);
+    value.text = modelTabCurrent(store) ? L"Model" : layoutName(store, store.paperSpace());
+    return true;
+}
+
+}  // namespace host

@@ -1,0 +1,162 @@
+// Attached editor reactors and the delivery of notifications to them.
+#include "host/editor/state/notify.h"
+
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+#include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/editor/state/active_command.h"
+#include "host/editor/state/document_state.h"
+#include "host/objectarx/editor.h"
+#include "host/text/text_codec.h"
+
+namespace host {
+namespace {
+
+/// A handler that causes its own notification again and again is stopped at this depth.
+constexpr int kDeepest = 16;
+
+int depth = 0;
+
+/// Never destroyed: reactors of a module may be deleted while the process ends.
+std::vector<AcRxEventReactor*>& reactors() {
+    static auto& instance = *new std::vector<AcRxEventReactor*>;
+    return instance;
+}
+
+bool attached(const AcRxEventReactor* reactor) {
+    const auto& all = reactors();
+    return std::find(all.begin(), all.end(), reactor) != all.end();
+}
+
+void detach(const AcRxEventReactor* reactor) {
+    auto& all = reactors();
+    all.erase(std::remove(all.begin(), all.end(), reactor), all.end());
+}
+
+template <typename Handler>
+void deliver(const std::string& where, Handler handler) {
+    const HeldCounts before = heldNow();
+    ++depth;
+    try {
+        handler();
+    } catch (const std::exception& error) {
+        reportModuleFault(where + ": an exception left the handler: " + error.what());
+    } catch (...) {
+        reportModuleFault(where + ": an exception left the handler");
+    }
+    --depth;
+    checkNothingLeaked(before, where);
+}
+
+/// Records the notification and calls the handlers. Those attached or detached by a handler count
+/// from the next notification on, except that a detached one is not called any more. Without an
+/// open drawing nobody is called: handlers may count on a current document.
+template <typename Call>
+void send(const std::wstring& text, Call call) {
+    if (currentDocumentState() == nullptr) return;
+    const std::string where = toUtf8(text);
+    if (depth >= kDeepest) {
+        reportModuleFault(where + ": handlers cause this notification without end");
+        return;
+    }
+    recordEffect(EffectKind::Notification, text);
+    const std::vector<AcRxEventReactor*> receivers = reactors();
+    for (AcRxEventReactor* reactor : receivers) {
+        if (attached(reactor)) deliver(where, [&] { call(*reactor); });
+    }
+}
+
+using CommandHandler = void (AcEditorReactor::*)(const ACHAR*);
+
+void sendCommand(const wchar_t* event, const std::wstring& name, CommandHandler handler) {
+    send(std::wstring(event) + L" " + name, [&](AcRxEventReactor& reactor) {
+        AcEditorReactor* editorReactor = AcEditorReactor::cast(&reactor);
+        if (editorReactor != nullptr) (editorReactor->*handler)(name.c_str());
+    });
+}
+
+}  // namespace
+
+void notifyCommandWillStart(const std::wstring& upperName) {
+    sendCommand(L"commandWillStart", upperName, &AcEditorReactor::commandWillStart);
+}
+
+void notifyCommandEnded(const std::wstring& upperName) {
+    sendCommand(L"commandEnded", upperName, &AcEditorReactor::commandEnded);
+}
+
+void notifyCommandCancelled(const std::wstring& upperName) {
+    sendCommand(L"commandCancelled", upperName, &AcEditorReactor::commandCancelled);
+}
+
+void notifyCommandFailed(const std::wstring& upperName) {
+    sendCommand(L"commandFailed", upperName, &AcEditorReactor::commandFailed);
+}
+
+void notifyPickfirstModified() {
+    send(L"pickfirstModified", [](AcRxEventReactor& reactor) {
+        AcEditorReactor* editorReactor = AcEditorReactor::cast(&reactor);
+        if (editorReactor != nullptr) editorReactor->pickfirstModified();
+    });
+}
+
+void notifyBeginSave(AcDbDatabase* database, const std::wstring& intendedName) {
+    send(L"beginSave " + intendedName,
+         [&](AcRxEventReactor& reactor) { reactor.beginSave(database, intendedName.c_str()); });
+}
+
+void notifySaveComplete(AcDbDatabase* database, const std::wstring& actualName) {
+    send(L"saveComplete " + actualName,
+         [&](AcRxEventReactor& reactor) { reactor.saveComplete(database, actualName.c_str()); });
+}
+
+int editorReactorCount() { return static_cast<int>(reactors().size()); }
+
+bool inputAllowed(const char* call) {
+    if (depth == 0) return true;
+    reportModuleFault(std::string(call) + ": input cannot be asked for in a notification");
+    return false;
+}
+
+void detachAllReactors() { reactors().clear(); }
+
+void idle() {
+    constexpr int kMostRounds = 16;
+    DocumentState* state = currentDocumentState();
+    if (!activeCommand().empty() || state == nullptr) return;
+    for (int round = 0; state->notificationDue; ++round) {
+        state->notificationDue = false;
+        if (round == kMostRounds) {
+            reportModuleFault("pickfirstModified: handlers cause this notification without end");
+            return;
+        }
+        notifyPickfirstModified();
+    }
+}
+
+}  // namespace host
+
+using namespace host;
+
+AcRxEventReactor::~AcRxEventReactor() {
+    if (!attached(this)) return;
+    detach(this);
+    reportModuleFault("an editor reactor was deleted while it was attached");
+}
+
+void AcRxEventReactor::beginSave(AcDbDatabase*, const ACHAR*) {}
+void AcRxEventReactor::saveComplete(AcDbDatabase*, const ACHAR*) {}
+void AcEditorReactor::commandWillStart(const ACHAR*) {}
+void AcEditorReactor::commandEnded(const ACHAR*) {}
+void AcEditorReactor::commandCancelled(const ACHAR*) {}
+void AcEditorReactor::commandFailed(const ACHAR*) {}
+void AcEditorReactor::pickfirstModified() {}
+
+void AcRxEvent::addReactor(AcRxEventReactor* reactor) const {
+    if (reactor != nullptr && !attached(reactor)) reactors().push_back(reactor);
+}
+
+void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const { detach(reactor); }

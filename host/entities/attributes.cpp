@@ -1,0 +1,144 @@
+// Attribute definitions of blocks and attributes of placed block references.
+#include "host/entities/entity_support.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+/// Tags of a new attribute or definition: those that readers of drawings expect in every one.
+std::string newAttribute(std::string_view type, std::string_view subclass, bool hasPrompt) {
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, "AcDbText");
+    addPointTag(text, 10, 0.0, 0.0, 0.0);
+    addTag(text, 40, 0.0);
+    addTag(text, 1, "");
+    addTag(text, 100, subclass);
+    addTag(text, 280, 0);  // version of the record
+    if (hasPrompt) addTag(text, 3, "");
+    addTag(text, 2, "");
+    addTag(text, 70, 0);
+    return text;
+}
+
+/// A stored length; 0 for one that 16 bits do not hold.
+Adesk::UInt16 lengthIn(const ObjectBody& body, const IntegerField& field) {
+    const int length = getField(body, field);
+    return length >= 0 && length <= 0xFFFF ? static_cast<Adesk::UInt16>(length) : 0;
+}
+
+bool flagIn(const ObjectBody& body, const IntegerField& field, int bit) {
+    return (getField(body, field) & bit) != 0;
+}
+
+}  // namespace
+}  // namespace host
+
+using namespace host;
+
+AcDbAttributeDefinition::AcDbAttributeDefinition()
+    : AcDbAttributeDefinition(freshBody(Kind::AttributeDefinition,
+                                        newAttribute("ATTDEF", "AcDbAttributeDefinition", true))) {}
+
+ACHAR* AcDbAttributeDefinition::tag() const {
+    return newString(getField(body(), field::definitionTag));
+}
+
+const ACHAR* AcDbAttributeDefinition::tagConst() const {
+    return borrowed(getField(body(), field::definitionTag).c_str());
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setTag(const ACHAR* tag) {
+    return changeText(*this, "AcDbAttributeDefinition::setTag", field::definitionTag, tag);
+}
+
+ACHAR* AcDbAttributeDefinition::prompt() const {
+    return newString(getField(body(), field::definitionPrompt));
+}
+
+const ACHAR* AcDbAttributeDefinition::promptConst() const {
+    return borrowed(getField(body(), field::definitionPrompt).c_str());
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
+    return changeText(*this, "AcDbAttributeDefinition::setPrompt", field::definitionPrompt, prompt);
+}
+
+Adesk::Boolean AcDbAttributeDefinition::isInvisible() const {
+    return flagIn(body(), field::definitionFlags, field::kInvisible);
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setInvisible(Adesk::Boolean invisible) {
+    return changeFlag(*this, "AcDbAttributeDefinition::setInvisible", field::definitionFlags,
+                      field::kInvisible, invisible);
+}
+
+Adesk::Boolean AcDbAttributeDefinition::isConstant() const {
+    return flagIn(body(), field::definitionFlags, field::kConstant);
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setConstant(Adesk::Boolean constant) {
+    return changeFlag(*this, "AcDbAttributeDefinition::setConstant", field::definitionFlags,
+                      field::kConstant, constant);
+}
+
+Adesk::Boolean AcDbAttributeDefinition::isVerifiable() const {
+    return flagIn(body(), field::definitionFlags, field::kVerify);
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setVerifiable(Adesk::Boolean verifiable) {
+    return changeFlag(*this, "AcDbAttributeDefinition::setVerifiable", field::definitionFlags,
+                      field::kVerify, verifiable);
+}
+
+Adesk::Boolean AcDbAttributeDefinition::isPreset() const {
+    return flagIn(body(), field::definitionFlags, field::kPreset);
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setPreset(Adesk::Boolean preset) {
+    return changeFlag(*this, "AcDbAttributeDefinition::setPreset", field::definitionFlags,
+                      field::kPreset, preset);
+}
+
+Adesk::UInt16 AcDbAttributeDefinition::fieldLength() const {
+    return lengthIn(body(), field::definitionFieldLength);
+}
+
+Acad::ErrorStatus AcDbAttributeDefinition::setFieldLength(Adesk::UInt16 length) {
+    return changeField(*this, "AcDbAttributeDefinition::setFieldLength",
+                       field::definitionFieldLength, int(length));
+}
+
+AcDbAttribute::AcDbAttribute()
+    : AcDbAttribute(freshBody(Kind::Attribute, newAttribute("ATTRIB", "AcDbAttribute", false))) {}
+
+ACHAR* AcDbAttribute::tag() const { return newString(getField(body(), field::attributeTag)); }
+
+const ACHAR* AcDbAttribute::tagConst() const {
+    return borrowed(getField(body(), field::attributeTag).c_str());
+}
+
+Acad::ErrorStatus AcDbAttribute::setTag(const ACHAR* tag) {
+    return changeText(*this, "AcDbAttribute::setTag", field::attributeTag, tag);
+}
+
+Adesk::Boolean AcDbAttribute::isInvisible() const {
+    return flagIn(body(), field::attributeFlags, field::kInvisible);
+}
+
+Acad::ErrorStatus AcDbAttribute::setInvisible(Adesk::Boolean invisible) {
+    return changeFlag(*this, "AcDbAttribute::setInvisible", field::attributeFlags,
+                      field::kInvisible, invisible);
+}
+
+Adesk::UInt16 AcDbAttribute::fieldLength() const {
+    return lengthIn(body(), field::attributeFieldLength);
+}
+
+Acad::ErrorStatus AcDbAttribute::setFieldLength(Adesk::UInt16 length) {
+    return changeField(*this, "AcDbAttribute::setFieldLength", field::attributeFieldLength,
+                       int(length));
+}

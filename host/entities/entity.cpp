@@ -1,0 +1,120 @@
+// Properties that every entity has, and opening entities.
+#include "host/control/faults.h"
+#include "host/entities/entity_support.h"
+#include "host/objects/result_buffer_tools.h"
+
+namespace host {
+namespace {
+
+constexpr Adesk::UInt16 kByLayer = 256;
+
+/// Sets a field of an entity and, when asked, of its sub-entities.
+template <typename Field, typename Value>
+void setWithSubEntities(ObjectBody& entity, const Field& field, const Value& value,
+                        bool doSubents) {
+    setField(entity, field, value);
+    if (!doSubents) return;
+    for (ObjectBody* part : subEntitiesOf(entity))
+        setField(*part, field, value);
+}
+
+/// Spelling under which a linetype is stored, or nothing for an unknown one.
+std::optional<std::wstring> knownLinetype(const ObjectBody& entity, const ACHAR* name) {
+    const std::wstring folded = foldCase(name);
+    if (folded == L"BYLAYER") return std::wstring(field::linetype.fallback);
+    if (folded == L"BYBLOCK") return L"ByBlock";
+    const ObjectBody* record = liveSymbol(entity, "LTYPE", name);
+    if (record == nullptr) return std::nullopt;
+    return symbolName(*record);
+}
+
+void copyProperties(const ObjectBody& source, ObjectBody& target) {
+    if (&source == &target) return;
+    for (const FieldPlace& place :
+         {field::layer.place, field::linetype.place, field::color.place, field::trueColor,
+          field::colorName, field::lineWeight, field::linetypeScale, field::visibility}) {
+        copyField(source, target, place);
+    }
+}
+
+template <typename T>
+Acad::ErrorStatus openById(T*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                           const char* call) {
+    object = nullptr;
+    if (callFails(call)) return Acad::eWasOpenForWrite;
+    if (id.isNull()) return Acad::eNullObjectId;
+    ObjectBody* body = bodyOfId(id, call);
+    return body != nullptr ? openAs(object, *body, mode, openErased) : Acad::eInvalidInput;
+}
+
+}  // namespace
+}  // namespace host
+
+using namespace host;
+
+Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name, Adesk::Boolean doSubents) {
+    const Acad::ErrorStatus status = startChange(*this, "AcDbEntity::setLayer");
+    if (status != Acad::eOk) return status;
+    if (name == nullptr) return Acad::eInvalidInput;
+    const ObjectBody* record = liveSymbol(body(), "LAYER", name);
+    if (record == nullptr) return Acad::eKeyNotFound;
+    setWithSubEntities(body(), field::layer, symbolName(*record), doSubents);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 color, Adesk::Boolean doSubents) {
+    const Acad::ErrorStatus status = startChange(*this, "AcDbEntity::setColorIndex");
+    if (status != Acad::eOk) return status;
+    if (color > kByLayer) return Acad::eInvalidInput;
+    setWithSubEntities(body(), field::color, int(color), doSubents);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, Adesk::Boolean doSubents) {
+    const Acad::ErrorStatus status = startChange(*this, "AcDbEntity::setLinetype");
+    if (status != Acad::eOk) return status;
+    if (name == nullptr) return Acad::eInvalidInput;
+    const auto linetype = knownLinetype(body(), name);
+    if (!linetype) return Acad::eKeyNotFound;
+    setWithSubEntities(body(), field::linetype, *linetype, doSubents);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source,
+                                                Adesk::Boolean doSubents) {
+    const Acad::ErrorStatus status = startChange(*this, "AcDbEntity::setPropertiesFrom");
+    if (status != Acad::eOk) return status;
+    if (source == nullptr) return Acad::eNullObjectPointer;
+    const Store* theirs = source->body().store;
+    if (theirs != nullptr && body().store != nullptr && theirs != body().store) {
+        return Acad::eWrongDatabase;
+    }
+    copyProperties(source->body(), body());
+    if (!doSubents) return Acad::eOk;
+    for (ObjectBody* part : subEntitiesOf(body()))
+        copyProperties(source->body(), *part);
+    return Acad::eOk;
+}
+
+ACHAR* AcDbEntity::layer() const { return newString(getField(body(), field::layer)); }
+
+Adesk::UInt16 AcDbEntity::colorIndex() const {
+    const int color = getField(body(), field::color);
+    return color >= 0 && color <= kByLayer ? static_cast<Adesk::UInt16>(color) : kByLayer;
+}
+
+ACHAR* AcDbEntity::linetype() const { return newString(getField(body(), field::linetype)); }
+
+AcDbObjectId AcDbEntity::layerId() const {
+    return symbolId(body(), "LAYER", getField(body(), field::layer));
+}
+
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErasedEntity) {
+    return openById(entity, id, mode, openErasedEntity, "acdbOpenAcDbEntity");
+}
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErasedObject) {
+    return openById(object, id, mode, openErasedObject, "acdbOpenAcDbObject");
+}

@@ -1,0 +1,117 @@
+// Entity access of the ADS interface: the walk through drawing order and definition data.
+#include "host/objectarx/entity_access.h"
+
+#include "host/control/faults.h"
+#include "host/objectarx/database.h"
+#include "host/objects/opening.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/store/store.h"
+
+namespace host {
+namespace {
+
+Store* workingStore() {
+    const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    return database != nullptr ? &database->store() : nullptr;
+}
+
+/// The entity of the working drawing that a name stands for, erased or not, or null.
+ObjectBody* entityOf(const ads_name name) {
+    ObjectBody* body = Store::resolve(idOfName(name));
+    if (body == nullptr || body->store != workingStore() || !isEntityKind(body->kind)) {
+        return nullptr;
+    }
+    return body;
+}
+
+Index liveSequenceEnd(const ObjectBody& entity) {
+    const Index end = entity.sequenceEnd;
+    return end != kNoIndex && !entity.store->at(end).erased ? end : kNoIndex;
+}
+
+/// The live entity behind `body` in its block, or kNoIndex at the block's end.
+Index following(const Store& store, const ObjectBody& body) {
+    const ObjectBody* main = &body;
+    if (!isSubEntityKind(body.kind)) {
+        const Index first = store.firstLive(body.self);
+        if (first != kNoIndex) return first;
+        if (liveSequenceEnd(body) != kNoIndex) return body.sequenceEnd;
+    } else {
+        main = &store.at(body.owner);
+        if (body.kind != Kind::SequenceEnd) {
+            const Index sibling = store.nextLive(body);
+            if (sibling != kNoIndex) return sibling;
+            if (liveSequenceEnd(*main) != kNoIndex) return main->sequenceEnd;
+        }
+    }
+    return store.nextLive(*main);
+}
+
+/// Adds the stored tags but for the type, the handle and the owner, which stand in front.
+void addOwnGroups(ResultList& list, const ObjectBody& body) {
+    TagReader reader(body.tags());
+    Tag tag;
+    bool inHead = true;
+    bool inBrackets = false;
+    while (reader.next(tag) && tag.code < 1000) {
+        if (tag.code == 100) inHead = false;
+        if (tag.code == 102) inBrackets = !tag.value.empty() && tag.value[0] == '{';
+        const bool stands =
+            inHead && !inBrackets && (tag.code == 0 || tag.code == 5 || tag.code == 330);
+        if (!stands) list.addGroup(*body.store, tag, reader);
+    }
+}
+
+int answer(const Store& store, Index entity, ads_name result) {
+    if (entity == kNoIndex) return RTERROR;
+    nameOfId(store.idOf(entity), result);
+    return RTNORM;
+}
+
+}  // namespace
+}  // namespace host
+
+using namespace host;
+
+int acdbEntNext(const ads_name entity, ads_name result) {
+    if (callFails("acdbEntNext")) return RTERROR;
+    const Store* store = workingStore();
+    if (store == nullptr || result == nullptr) return RTERROR;
+    if (entity == nullptr) return answer(*store, store->firstLive(store->modelSpace()), result);
+    const ObjectBody* start = entityOf(entity);
+    return start != nullptr ? answer(*store, following(*store, *start), result) : RTERROR;
+}
+
+int acdbEntLast(ads_name result) {
+    if (callFails("acdbEntLast")) return RTERROR;
+    const Store* store = workingStore();
+    if (store == nullptr || result == nullptr) return RTERROR;
+    return answer(*store, store->lastLive(store->currentSpace()), result);
+}
+
+resbuf* acdbEntGet(const ads_name entity) {
+    if (callFails("acdbEntGet")) return nullptr;
+    const ObjectBody* body = entityOf(entity);
+    if (body == nullptr || body->erased) return nullptr;
+    const Store& store = *body->store;
+    ResultList list;
+    list.addName(-1, store.idOf(*body));
+    list.addText(0, store.decode(body->type()));
+    list.addName(330, store.idOf(body->owner));
+    list.addText(5, fromUtf8(formatHandle(body->handle)));
+    addOwnGroups(list, *body);
+    // A sequence end names the entity that it ends.
+    if (body->kind == Kind::SequenceEnd) list.addName(-2, store.idOf(body->owner));
+    return list.release();
+}
+
+int acdbEntDel(const ads_name entity) {
+    if (callFails("acdbEntDel")) return RTERROR;
+    ObjectBody* body = entityOf(entity);
+    if (body == nullptr || isSubEntityKind(body->kind)) return RTERROR;
+    AcDbObject* opened = nullptr;
+    if (openBody(opened, *body, AcDb::kForWrite, true) != Acad::eOk) return RTERROR;
+    const Acad::ErrorStatus status = opened->erase(!body->erased);
+    opened->close();
+    return status == Acad::eOk ? RTNORM : RTERROR;
+}

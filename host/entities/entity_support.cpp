@@ -1,0 +1,97 @@
+// What the methods of all entity classes share: access checks, sub-entities, name lookup.
+#include "host/entities/entity_support.h"
+
+#include <cmath>
+
+#include "host/control/faults.h"
+#include "host/objectarx/database.h"
+
+namespace host {
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+
+}  // namespace
+
+Acad::ErrorStatus startChange(const AcDbObject& object, const char* call) {
+    if (callFails(call)) return Acad::eNotOpenForWrite;
+    return checkWritable(object);
+}
+
+Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
+    const ObjectBody& body = parent.body();
+    if (body.store == nullptr || body.sequenceEnd == kNoIndex) return Acad::eNullObjectId;
+    return openAs(end, body.store->at(body.sequenceEnd), mode, false);
+}
+
+std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity) {
+    std::vector<ObjectBody*> found;
+    if (entity.store == nullptr) return found;
+    const Store& store = *entity.store;
+    for (Index child = store.firstLive(entity.self); child != kNoIndex;) {
+        found.push_back(&store.at(child));
+        child = store.nextLive(store.at(child));
+    }
+    if (entity.sequenceEnd != kNoIndex && !store.at(entity.sequenceEnd).erased) {
+        found.push_back(&store.at(entity.sequenceEnd));
+    }
+    return found;
+}
+
+Store* namesOf(const ObjectBody& entity) {
+    if (entity.store != nullptr) return entity.store;
+    const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
+    return working != nullptr ? &working->store() : nullptr;
+}
+
+const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
+                             std::wstring_view name) {
+    const Store* store = namesOf(entity);
+    const ObjectBody* record = store != nullptr ? store->symbol(table, name) : nullptr;
+    return record != nullptr && !record->erased ? record : nullptr;
+}
+
+AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wstring_view name) {
+    const ObjectBody* record = liveSymbol(entity, table, name);
+    return record != nullptr ? record->store->idOf(*record) : AcDbObjectId();
+}
+
+Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const TextField& field,
+                             const ACHAR* text) {
+    const Acad::ErrorStatus status = startChange(object, call);
+    if (status != Acad::eOk) return status;
+    if (text == nullptr) return Acad::eInvalidInput;
+    setField(object.body(), field, text);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus changeReal(const AcDbObject& object, const char* call, const RealField& field,
+                             double value) {
+    const Acad::ErrorStatus status = startChange(object, call);
+    if (status != Acad::eOk) return status;
+    if (!std::isfinite(value)) return Acad::eInvalidInput;
+    setField(object.body(), field, value);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus changePoint(const AcDbObject& object, const char* call, const PointField& field,
+                              const AcGePoint3d& point) {
+    const Acad::ErrorStatus status = startChange(object, call);
+    if (status != Acad::eOk) return status;
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
+        return Acad::eInvalidInput;
+    }
+    setField(object.body(), field, point);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus changeFlag(const AcDbObject& object, const char* call, const IntegerField& field,
+                             int bit, bool on) {
+    const int flags = getField(object.body(), field);
+    return changeField(object, call, field, on ? flags | bit : flags & ~bit);
+}
+
+double toRadians(double degrees) { return degrees * kPi / 180.0; }
+double toDegrees(double radians) { return radians * 180.0 / kPi; }
+
+}  // namespace host

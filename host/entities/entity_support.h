@@ -1,0 +1,65 @@
+// What the methods of all entity classes share: access checks, sub-entities, name lookup.
+#pragma once
+
+#include <vector>
+
+#include "host/objectarx/entities.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/store/fields.h"
+#include "host/store/store.h"
+
+namespace host {
+
+/// Asked first by every setter, with its own name: eOk when the change may be made.
+Acad::ErrorStatus startChange(const AcDbObject& object, const char* call);
+/// Opens a body as the class that is wanted, without a fault point; null on failure.
+template <typename T>
+Acad::ErrorStatus openAs(T*& object, ObjectBody& body, AcDb::OpenMode mode, bool openErased) {
+    object = nullptr;
+    if (!classOf(body.kind)->isDerivedFrom(T::desc())) return Acad::eNotThatKindOfClass;
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = openBody(opened, body, mode, openErased);
+    if (status == Acad::eOk) object = static_cast<T*>(opened);
+    return status;
+}
+/// Opens the live sequence end of a reference or polyline; eNullObjectId when it has none.
+Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb::OpenMode mode);
+
+/// Live sub-entities of an entity in order, the sequence end last.
+std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity);
+
+/// The store in which an entity's names are looked up: its own or, before it has one, the working
+/// drawing's. Null when there is neither.
+Store* namesOf(const ObjectBody& entity);
+/// Live record of a table by name, or null.
+const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
+                             std::wstring_view name);
+/// Id of that record, or the null id.
+AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wstring_view name);
+
+/// A setter of one field: access check, the change.
+template <typename Field, typename Value>
+Acad::ErrorStatus changeField(const AcDbObject& object, const char* call, const Field& field,
+                              const Value& value) {
+    const Acad::ErrorStatus status = startChange(object, call);
+    if (status == Acad::eOk) setField(object.body(), field, value);
+    return status;
+}
+/// The same for a text that the caller passes; eInvalidInput for null.
+Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const TextField& field,
+                             const ACHAR* text);
+/// The same for reals; eInvalidInput for NaN and infinity, which no drawing can hold.
+Acad::ErrorStatus changeReal(const AcDbObject& object, const char* call, const RealField& field,
+                             double value);
+Acad::ErrorStatus changePoint(const AcDbObject& object, const char* call, const PointField& field,
+                              const AcGePoint3d& point);
+/// The same for one bit of a flags field.
+Acad::ErrorStatus changeFlag(const AcDbObject& object, const char* call, const IntegerField& field,
+                             int bit, bool on);
+
+/// DXF keeps angles in degrees, the interface uses radians.
+double toRadians(double degrees);
+double toDegrees(double radians);
+
+}  // namespace host

@@ -1,0 +1,110 @@
+// Single-line text, and what attributes and their definitions have in common with it.
+#include "host/entities/entity_support.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+/// Tags of a new text at the origin, height 0, without text.
+std::string newText() {
+    std::string text;
+    addTag(text, 0, "TEXT");
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, "AcDbText");
+    addPointTag(text, 10, 0.0, 0.0, 0.0);
+    addTag(text, 40, 0.0);
+    addTag(text, 1, "");
+    addTag(text, 100, "AcDbText");
+    return text;
+}
+
+/// The vertical mode has a place of its own in each of the three kinds of text.
+const IntegerField& verticalModeOf(const ObjectBody& body) {
+    switch (body.kind) {
+        case Kind::AttributeDefinition:
+            return field::definitionVerticalMode;
+        case Kind::Attribute:
+            return field::attributeVerticalMode;
+        default:
+            return field::textVerticalMode;
+    }
+}
+
+/// A stored mode, or 0 for one that the interface has no name for.
+int knownMode(int mode, int last) { return mode >= 0 && mode <= last ? mode : 0; }
+
+/// Sets a mode; eInvalidInput for a number that is none.
+Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const IntegerField& field,
+                             int mode, int last) {
+    const Acad::ErrorStatus status = startChange(object, call);
+    if (status != Acad::eOk) return status;
+    if (mode < 0 || mode > last) return Acad::eInvalidInput;
+    setField(object.body(), field, mode);
+    return Acad::eOk;
+}
+
+}  // namespace
+}  // namespace host
+
+using namespace host;
+
+AcDbText::AcDbText() : AcDbText(freshBody(Kind::Text, newText())) {}
+
+AcGePoint3d AcDbText::position() const { return getField(body(), field::textPosition); }
+
+Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& position) {
+    return changePoint(*this, "AcDbText::setPosition", field::textPosition, position);
+}
+
+Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
+    return changePoint(*this, "AcDbText::setAlignmentPoint", field::alignmentPoint, point);
+}
+
+double AcDbText::height() const { return getField(body(), field::textHeight); }
+
+Acad::ErrorStatus AcDbText::setHeight(double height) {
+    return changeReal(*this, "AcDbText::setHeight", field::textHeight, height);
+}
+
+double AcDbText::rotation() const { return toRadians(getField(body(), field::textRotation)); }
+
+Acad::ErrorStatus AcDbText::setRotation(double radians) {
+    return changeReal(*this, "AcDbText::setRotation", field::textRotation, toDegrees(radians));
+}
+
+AcDb::TextHorzMode AcDbText::horizontalMode() const {
+    const int mode = getField(body(), field::horizontalMode);
+    return static_cast<AcDb::TextHorzMode>(knownMode(mode, AcDb::kTextFit));
+}
+
+Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
+    return changeMode(*this, "AcDbText::setHorizontalMode", field::horizontalMode, mode,
+                      AcDb::kTextFit);
+}
+
+AcDb::TextVertMode AcDbText::verticalMode() const {
+    const int mode = getField(body(), verticalModeOf(body()));
+    return static_cast<AcDb::TextVertMode>(knownMode(mode, AcDb::kTextTop));
+}
+
+Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
+    return changeMode(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), mode,
+                      AcDb::kTextTop);
+}
+
+ACHAR* AcDbText::textString() const { return newString(getField(body(), field::textString)); }
+
+const ACHAR* AcDbText::textStringConst() const {
+    return borrowed(getField(body(), field::textString).c_str());
+}
+
+Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
+    return changeText(*this, "AcDbText::setTextString", field::textString, text);
+}
+
+const ACHAR* AcDbText::borrowed(const wchar_t* text) const {
+    m_borrowed = text;
+    return m_borrowed.c_str();
+}

@@ -1,0 +1,74 @@
+// Maps of moving and mirroring, in the world and in object coordinates.
+#include "host/geometry/rigid_map.h"
+
+#include <cmath>
+
+namespace host {
+namespace {
+
+constexpr double kDegree = 0.017453292519943295;
+
+Transform transposed(const Transform& t) {
+    return {{t.x.x, t.y.x, t.z.x}, {t.x.y, t.y.y, t.z.y}, {t.x.z, t.y.z, t.z.z}, {}};
+}
+
+}  // namespace
+
+RigidMap displacement(const Vec& by) {
+    RigidMap made;
+    made.map.origin = by;
+    return made;
+}
+
+bool isMirrorLine(const Vec& first, const Vec& second) {
+    const double size = std::hypot(second.x - first.x, second.y - first.y);
+    return size > 0 && std::isfinite(size);
+}
+
+RigidMap mirroring(const Vec& first, const Vec& second) {
+    const double size = std::hypot(second.x - first.x, second.y - first.y);
+    const double dx = (second.x - first.x) / size, dy = (second.y - first.y) / size;
+    // The double angle of the line, exact for lines along an axis.
+    const double c = (dx - dy) * (dx + dy), s = 2 * dx * dy;
+    RigidMap made;
+    made.mirrors = true;
+    made.map.x = {c, s, 0};
+    made.map.y = {s, -c, 0};
+    // Twice the way from the world's origin to the line.
+    const double away = 2 * (first.x * dy - first.y * dx);
+    made.map.origin = {away * dy, -away * dx, 0};
+    return made;
+}
+
+ObjectFrame::ObjectFrame(const RigidMap& map, const Vec& extrusion, bool turnsOver)
+    : m_world(map),
+      m_mirrors(map.mirrors),
+      m_turnsOver(turnsOver && map.mirrors),
+      m_old(objectSystem(extrusion)) {
+    const Transform fresh = objectSystem(this->extrusion(extrusion));
+    const Transform back = transposed(fresh);
+    if (m_mirrors) m_object = back * map.map * m_old;
+    m_object.origin = back.turn(map.map.origin);
+    m_axis = m_mirrors ? std::atan2(m_object.x.y, m_object.x.x) / kDegree : 0.0;
+}
+
+Vec ObjectFrame::turn(const Vec& vector) const { return m_object.turn(vector); }
+
+Vec ObjectFrame::apply(const Vec& point) const { return m_object.apply(point); }
+
+Vec ObjectFrame::extrusion(const Vec& old) const {
+    if (!m_mirrors) return old;
+    return m_world.map.turn(old) * (m_turnsOver ? -1 : 1);
+}
+
+double ObjectFrame::turnDegrees(double angle) const {
+    if (!m_mirrors) return angle;
+    const double turned = std::fmod(m_turnsOver ? angle + m_axis : m_axis - angle, 360.0);
+    return turned < 0 ? turned + 360.0 : turned;
+}
+
+double ObjectFrame::turnRadians(double angle) const {
+    return m_mirrors ? turnDegrees(angle / kDegree) * kDegree : angle;
+}
+
+}  // namespace host

@@ -1,0 +1,47 @@
+// Plane geometry of outlines: strokes and areas, how near a point is, what a box holds.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "host/geometry/affine.h"
+
+namespace host {
+
+/// Box in the XY plane.
+struct Box {
+    double left, bottom, right, top;
+};
+
+/// Straight stroke from `a` to `b`; an endless side goes on beyond its point.
+struct Line {
+    Vec a, b;
+    bool endlessA = false;
+    bool endlessB = false;
+};
+/// Elliptic stroke: centre + u cos(t) + v sin(t) for t from `from` to `from + sweep`.
+struct Arc {
+    Vec centre, u, v;
+    double from = 0;
+    double sweep = 0;  ///< above 0, at most a full turn
+};
+
+/// What is drawn of an entity, seen from above. Heights do not count.
+struct Outline {
+    std::vector<Line> lines;
+    std::vector<Arc> arcs;
+    std::vector<std::vector<Vec>> areas;  ///< filled, closed by themselves
+
+    bool empty() const { return lines.empty() && arcs.empty() && areas.empty(); }
+    /// True when some part is within `tolerance` of the point; also inside an area.
+    bool near(const Vec& point, double tolerance) const;
+    /// True when all of it lies in the box.
+    bool inside(const Box& box) const;
+    /// True when some part lies in the box.
+    bool touches(const Box& box) const;
+    /// Smallest box around all strokes and areas; endless lines count with their points. Nothing
+    /// for an empty outline.
+    std::optional<Box> bounds() const;
+};
+
+}  // namespace host

@@ -1,0 +1,115 @@
+// AcDbDictionary: entries by key.
+#include "host/control/faults.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace {
+
+bool keyIsValid(const ACHAR* key) {
+    if (key == nullptr || *key == 0) return false;
+    return std::wstring_view(key).find_first_of(L"|*\\:;<>?\",=`") == std::wstring_view::npos;
+}
+
+/// The object under a key, or null. An entry whose object is missing counts as none.
+host::ObjectBody* valueOf(const host::ObjectBody& dictionary, const ACHAR* key) {
+    if (key == nullptr || dictionary.store == nullptr) return nullptr;
+    const auto entry = host::findEntry(dictionary, key);
+    return entry ? dictionary.store->byHandle(entry->handle) : nullptr;
+}
+
+}  // namespace
+
+AcDbDictionary::AcDbDictionary()
+    : AcDbObject(host::freshBody(host::Kind::Dictionary, host::newDictionaryText(false))) {}
+
+Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObject*& entry,
+                                        AcDb::OpenMode mode) const {
+    entry = nullptr;
+    if (host::callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
+    host::ObjectBody* const value = valueOf(body(), key);
+    return value != nullptr ? host::openBody(entry, *value, mode, false) : Acad::eKeyNotFound;
+}
+
+Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) const {
+    id.setNull();
+    if (host::callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
+    const host::ObjectBody* const value = valueOf(body(), key);
+    if (value == nullptr) return Acad::eKeyNotFound;
+    id = value->store->idOf(*value);
+    return Acad::eOk;
+}
+
+bool AcDbDictionary::has(const ACHAR* key) const { return valueOf(body(), key) != nullptr; }
+
+Adesk::UInt32 AcDbDictionary::numEntries() const {
+    host::DictionaryReader reader(body().tags());
+    host::DictionaryEntry entry;
+    Adesk::UInt32 count = 0;
+    while (reader.next(entry))
+        ++count;
+    return count;
+}
+
+Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, AcDbObjectId& id) {
+    id.setNull();
+    if (host::callFails("AcDbDictionary::setAt")) return Acad::eInvalidKey;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (content.store == nullptr) return Acad::eNotInDatabase;
+    if (!keyIsValid(key)) return Acad::eInvalidKey;
+    if (newValue == nullptr) return Acad::eNullObjectPointer;
+    if (!host::isObjectKind(newValue->body().kind)) return Acad::eWrongObjectType;
+    host::Store& store = *content.store;
+    host::ObjectBody* const former = valueOf(content, key);
+    if (former != nullptr) {
+        const Acad::ErrorStatus status = host::mayOpen(*former, AcDb::kForWrite, true);
+        if (status != Acad::eOk) return status;
+    }
+    const Acad::ErrorStatus status = host::makeResident(*newValue, store, content.self);
+    if (status != Acad::eOk) return status;
+    if (const auto entry = host::findEntry(content, key)) {
+        host::removeEntry(content, entry->handle);
+        if (former != nullptr && former->owner == content.self) host::eraseWithOwned(*former, true);
+    }
+    host::ObjectBody& value = newValue->body();
+    store.appendChild(store.objectsList(), value);
+    host::addEntry(content, key, value.handle);
+    id = store.idOf(value);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* key) {
+    if (host::callFails("AcDbDictionary::remove")) return Acad::eKeyNotFound;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    host::ObjectBody* const value = valueOf(content, key);
+    if (value == nullptr) return Acad::eKeyNotFound;
+    const Acad::ErrorStatus status = host::mayOpen(*value, AcDb::kForWrite, true);
+    if (status != Acad::eOk) return status;
+    host::removeEntry(content, value->handle);
+    if (value->owner == content.self) host::eraseWithOwned(*value, true);
+    return Acad::eOk;
+}
+
+bool AcDbDictionary::isTreatElementsAsHard() const { return host::ownsHard(body().tags()); }
+
+void AcDbDictionary::setTreatElementsAsHard(Adesk::Boolean hard) {
+    host::ObjectBody& content = body();
+    if (!host::mayChange(*this, "AcDbDictionary::setTreatElementsAsHard")) return;
+    std::string text;
+    bool inPart = false;
+    host::TagReader reader(content.tags());
+    host::Tag tag;
+    while (reader.next(tag)) {
+        if (tag.code == 100) inPart = tag.value == "AcDbDictionary";
+        if (inPart && tag.code == 280) continue;
+        const bool isValue = inPart && (tag.code == 350 || tag.code == 360);
+        host::addTag(text, isValue ? (hard ? 360 : 350) : tag.code, tag.value);
+        if (inPart && tag.code == 100 && hard) host::addTag(text, 280, 1);
+    }
+    content.setTags(std::move(text));
+}

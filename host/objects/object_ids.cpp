@@ -1,0 +1,83 @@
+// Object identifiers, handles and entity names.
+#include "host/objectarx/object_id.h"
+
+#include "host/control/faults.h"
+#include "host/objects/opening.h"
+#include "host/store/store.h"
+#include "host/store/store_parts.h"
+#include "host/tags/tags.h"
+
+const AcDbObjectId AcDbObjectId::kNull;
+
+bool c5ObjIdIsEqualTo(const AcDbObjectId& left, const AcDbObjectId& right) {
+    return left.asWord() == right.asWord();
+}
+
+bool AcDbObjectId::isValid() const { return host::Store::resolve(*this) != nullptr; }
+
+bool AcDbObjectId::isErased() const {
+    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::isErased");
+    return body == nullptr || body->erased;
+}
+
+bool AcDbObjectId::isEffectivelyErased() const {
+    const host::ObjectBody* body = host::bodyOfId(*this, "AcDbObjectId::isEffectivelyErased");
+    if (body == nullptr) return true;
+    // Owners may be nested to any depth; were they in a circle, it would end here all the same.
+    for (host::Index left = body->store->count(); left > 0 && body->self != host::kNoIndex;
+         --left) {
+        if (body->erased) return true;
+        body = &body->store->at(body->owner);
+    }
+    return false;
+}
+
+AcDbHandle AcDbObjectId::handle() const {
+    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::handle");
+    return body != nullptr ? AcDbHandle(body->handle) : AcDbHandle();
+}
+
+AcDbDatabase* AcDbObjectId::database() const {
+    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::database");
+    return body != nullptr ? body->store->database : nullptr;
+}
+
+AcDbHandle::AcDbHandle(const ACHAR* text) {
+    std::string digits;
+    for (; text != nullptr && *text != 0; ++text)
+        digits += *text < 128 ? static_cast<char>(*text) : '?';
+    m_value = host::parseHandle(digits).value_or(0);
+}
+
+bool AcDbHandle::getIntoAsciiBuffer(ACHAR* buffer) const {
+    for (const char digit : host::formatHandle(m_value))
+        *buffer++ = static_cast<ACHAR>(digit);
+    *buffer = 0;
+    return true;
+}
+
+Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
+    ads_name_clear(name);
+    if (host::callFails("acdbGetAdsName")) return Acad::eInvalidInput;
+    if (id.isNull()) return Acad::eNullObjectId;
+    if (host::bodyOfId(id, "acdbGetAdsName") == nullptr) return Acad::eInvalidInput;
+    name[0] = static_cast<Adesk::IntPtr>(id.asWord());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name) {
+    id.setNull();
+    if (host::callFails("acdbGetObjectId")) return Acad::eInvalidAdsName;
+    if (name == nullptr || name[1] != 0) return Acad::eInvalidAdsName;
+    const auto wanted = AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));
+    if (host::Store::resolve(wanted) == nullptr) {
+        // A name that this session never gave out is merely bad; one of a closed drawing is stale.
+        const Adesk::UInt64 serial = wanted.asWord() >> 32;
+        const auto& stores = host::storesBySerial();
+        if (serial != 0 && serial < stores.size() && stores[serial] == nullptr)
+            host::bodyOfId(wanted, "acdbGetObjectId");
+        return Acad::eInvalidAdsName;
+    }
+    id = wanted;
+    return Acad::eOk;
+}

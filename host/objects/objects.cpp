@@ -1,0 +1,149 @@
+// Database objects: who they are, erasing with what they own, extension dictionaries.
+#include <vector>
+
+#include "host/control/faults.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace host {
+
+namespace {
+
+/// The extension dictionary that an object names, when it is there and the object's own.
+ObjectBody* ownDictionary(const ObjectBody& body) {
+    ObjectBody* const found = body.store->byHandle(extensionDictionaryHandle(body.tags()));
+    return found != nullptr && found->kind == Kind::Dictionary && found->owner == body.self
+               ? found
+               : nullptr;
+}
+
+/// What goes and comes back together with a body.
+std::vector<ObjectBody*> ownedBodies(const ObjectBody& body) {
+    const Store& store = *body.store;
+    std::vector<ObjectBody*> owned;
+    if (isEntityKind(body.kind)) {
+        for (Index index = body.firstChild; index != kNoIndex; index = store.at(index).next)
+            owned.push_back(&store.at(index));
+        if (body.sequenceEnd != kNoIndex) owned.push_back(&store.at(body.sequenceEnd));
+    }
+    if (body.kind == Kind::Dictionary) {
+        DictionaryReader reader(body.tags());
+        DictionaryEntry entry;
+        while (reader.next(entry)) {
+            ObjectBody* const value = store.byHandle(entry.handle);
+            if (value != nullptr && value->owner == body.self) owned.push_back(value);
+        }
+    }
+    if (ObjectBody* const dictionary = ownDictionary(body)) owned.push_back(dictionary);
+    return owned;
+}
+
+}  // namespace
+
+void eraseWithOwned(ObjectBody& body, bool erasing) {
+    Store& store = *body.store;
+    std::vector<ObjectBody*> waiting{&body};
+    while (!waiting.empty()) {
+        ObjectBody& next = *waiting.back();
+        waiting.pop_back();
+        if (next.erased == erasing) continue;
+        // What was erased by itself before stays erased.
+        if (!erasing && &next != &body && !next.erasedWithOwner) continue;
+        store.setErased(next, erasing);
+        const std::vector<ObjectBody*> owned = ownedBodies(next);
+        waiting.insert(waiting.end(), owned.rbegin(), owned.rend());
+    }
+}
+
+}  // namespace host
+
+AcDbObjectId AcDbObject::objectId() const {
+    const host::ObjectBody& content = body();
+    return content.store != nullptr ? content.store->idOf(content) : AcDbObjectId();
+}
+
+AcDbObjectId AcDbObject::ownerId() const {
+    const host::ObjectBody& content = body();
+    return content.store != nullptr ? content.store->idOf(content.owner) : AcDbObjectId();
+}
+
+void AcDbObject::getAcDbHandle(AcDbHandle& handle) const { handle = AcDbHandle(body().handle); }
+
+AcDbDatabase* AcDbObject::database() const {
+    const host::ObjectBody& content = body();
+    return content.store != nullptr ? content.store->database : nullptr;
+}
+
+Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
+    if (host::callFails("AcDbObject::erase")) return Acad::eCannotBeErasedByCaller;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (content.store == nullptr) return Acad::eNotInDatabase;
+    if (content.erased && erasing) return Acad::eWasErased;
+    host::ObjectBody& owner = content.store->at(content.owner);
+    if (erasing && owner.kind == host::Kind::Dictionary) host::removeEntry(owner, content.handle);
+    host::eraseWithOwned(content, erasing);
+    return Acad::eOk;
+}
+
+bool AcDbObject::isErased() const { return body().erased; }
+
+bool AcDbObject::isReadEnabled() const {
+    const host::ObjectBody& content = body();
+    return content.readers != 0 || content.openForWrite || content.openForNotify;
+}
+
+bool AcDbObject::isWriteEnabled() const { return body().openForWrite; }
+
+Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
+    if (host::callFails("AcDbObject::createExtensionDictionary")) return Acad::eOutOfMemory;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (content.store == nullptr) return Acad::eNotInDatabase;
+    if (host::extensionDictionaryHandle(content.tags()) != 0) return Acad::eAlreadyInDb;
+    host::Store& store = *content.store;
+    host::ObjectBody fresh;
+    fresh.kind = host::Kind::Dictionary;
+    host::placeText(fresh, host::newDictionaryText(true));
+    host::ObjectBody& dictionary = store.duplicate(fresh, content.self);
+    store.appendChild(store.objectsList(), dictionary);
+    std::string text(content.tags());
+    host::setExtensionDictionary(text, dictionary.handle);
+    content.setTags(std::move(text));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::releaseExtensionDictionary() {
+    if (host::callFails("AcDbObject::releaseExtensionDictionary")) return Acad::eWasOpenForWrite;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (content.store == nullptr) return Acad::eNotInDatabase;
+    const std::uint64_t handle = host::extensionDictionaryHandle(content.tags());
+    if (handle == 0) return Acad::eKeyNotFound;
+    host::ObjectBody* const dictionary = content.store->byHandle(handle);
+    if (dictionary != nullptr) {
+        const Acad::ErrorStatus status = host::mayOpen(*dictionary, AcDb::kForWrite, false);
+        if (status != Acad::eOk) return status;
+        host::DictionaryEntry entry;
+        if (host::DictionaryReader(dictionary->tags()).next(entry)) return Acad::eContainerNotEmpty;
+    }
+    std::string text(content.tags());
+    host::setExtensionDictionary(text, 0);
+    content.setTags(std::move(text));
+    content.releasedLater = false;
+    if (dictionary != nullptr && dictionary->owner == content.self)
+        host::eraseWithOwned(*dictionary, true);
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbObject::extensionDictionary() const {
+    const host::ObjectBody& content = body();
+    if (content.store == nullptr) return {};
+    const std::uint64_t handle = host::extensionDictionaryHandle(content.tags());
+    const host::ObjectBody* const dictionary = content.store->byHandle(handle);
+    return dictionary != nullptr ? content.store->idOf(*dictionary) : AcDbObjectId();
+}

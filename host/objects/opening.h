@@ -1,0 +1,45 @@
+// Openings: which objects are open how, the views that stand for them, and what becomes of closed
+// ones.
+//
+// Every opening is in the ledger until it is closed. A closed view lives on for a while, so that a
+// second close() or any other use is found and named as the module's fault.
+#pragma once
+
+#include <string>
+
+#include "host/objectarx/database_objects.h"
+#include "host/store/object_body.h"
+
+namespace host {
+
+/// Re-points a view; nothing else may touch that link.
+struct ViewAccess {
+    static ObjectBody*& bodyOf(AcDbObject& view) { return view.m_body; }
+    static ObjectBody* bodyOf(const AcDbObject& view) { return view.m_body; }
+};
+
+/// Whether an object could be opened now; the statuses of acdbOpenObject.
+Acad::ErrorStatus mayOpen(const ObjectBody& body, AcDb::OpenMode mode, bool openErased);
+
+/// Opens an object: acdbOpenObject without its fault point, for the host's own calls. `object` is
+/// null on failure.
+Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode,
+                           bool openErased);
+
+/// The body that an id names. Null for the null id and, after a report that names the call, for a
+/// stale one.
+ObjectBody* bodyOfId(AcDbObjectId id, const char* call);
+
+/// True for a view that was closed.
+bool isClosed(const AcDbObject& view);
+
+/// For setters that answer nothing: true when the view may be changed, else the call is reported.
+bool mayChange(const AcDbObject& view, const char* call);
+
+/// For messages: "LINE 2A", or "LINE" before the object has a handle.
+std::string describe(const ObjectBody& body);
+
+/// Ends every opening in a store that is about to go; each is reported as the module's fault.
+void abandonOpenings(Store& store);
+
+}  // namespace host

@@ -1,0 +1,242 @@
+// Content of result buffers: kinds of values, lists from arguments, from tags and from lists.
+#include <cstdarg>
+
+#include "host/control/faults.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/store/store.h"
+
+namespace host {
+namespace {
+
+struct KindRange {
+    int first;
+    int last;
+    ValueKind kind;
+};
+
+/// Tag codes of the ADS interface; codes between the ranges have no value that it can hold.
+constexpr KindRange kKinds[] = {
+    {-4, -4, ValueKind::Text},
+    {-2, -1, ValueKind::Name},
+    {0, 9, ValueKind::Text},
+    {10, 37, ValueKind::Point},
+    {38, 59, ValueKind::Real},
+    {60, 79, ValueKind::Short},
+    {90, 99, ValueKind::Long},
+    {100, 102, ValueKind::Text},
+    {105, 105, ValueKind::Text},
+    {110, 119, ValueKind::Point},
+    {120, 149, ValueKind::Real},
+    {160, 169, ValueKind::Int64},
+    {170, 179, ValueKind::Short},
+    {210, 239, ValueKind::Point},
+    {270, 299, ValueKind::Short},
+    {300, 309, ValueKind::Text},
+    {310, 319, ValueKind::Binary},
+    {320, 369, ValueKind::Name},
+    {370, 389, ValueKind::Short},
+    {390, 399, ValueKind::Name},
+    {400, 409, ValueKind::Short},
+    {410, 419, ValueKind::Text},
+    {420, 429, ValueKind::Long},
+    {430, 439, ValueKind::Text},
+    {440, 459, ValueKind::Long},
+    {460, 469, ValueKind::Real},
+    {470, 479, ValueKind::Text},
+    {480, 481, ValueKind::Name},
+    {1000, 1003, ValueKind::Text},
+    {1004, 1004, ValueKind::Binary},
+    {1005, 1009, ValueKind::Text},
+    {1010, 1037, ValueKind::Point},
+    {1040, 1042, ValueKind::Real},
+    {1070, 1070, ValueKind::Short},
+    {1071, 1071, ValueKind::Long},
+    {RTNONE, RTNONE, ValueKind::Nothing},
+    {RTREAL, RTREAL, ValueKind::Real},
+    {RTPOINT, RTPOINT, ValueKind::Point},
+    {RTSHORT, RTSHORT, ValueKind::Short},
+    {RTANG, RTANG, ValueKind::Real},
+    {RTSTR, RTSTR, ValueKind::Text},
+    {RTENAME, RTPICKS, ValueKind::Name},
+    {RTORINT, RTORINT, ValueKind::Real},
+    {RT3DPOINT, RT3DPOINT, ValueKind::Point},
+    {RTLONG, RTLONG, ValueKind::Long},
+    {RTVOID, RTVOID, ValueKind::Nothing},
+    {RTLB, RTNIL, ValueKind::Nothing},
+    {RTDXF0, RTDXF0, ValueKind::Text},
+    {RTT, RTT, ValueKind::Nothing},
+};
+
+std::string bytesOfHex(std::string_view digits) {
+    std::string bytes;
+    for (std::size_t at = 0; at + 1 < digits.size(); at += 2) {
+        const auto byte = parseHandle(digits.substr(at, 2));
+        if (!byte) break;
+        bytes += static_cast<char>(*byte);
+    }
+    return bytes;
+}
+
+/// Coordinate in the next tag when that has the wanted code; the reader then moves behind it.
+double coordinate(TagReader& reader, int code) {
+    TagReader ahead = reader;
+    Tag tag;
+    if (!ahead.next(tag) || tag.code != code) return 0.0;
+    reader = ahead;
+    return parseReal(tag.value).value_or(0.0);
+}
+
+/// Adds one pair of acutBuildList; false for a type that has no value there.
+bool addArgument(ResultList& list, int type, va_list& arguments) {
+    const int stored = type == RTDXF0 ? 0 : type;
+    switch (valueKindOf(type)) {
+        case ValueKind::Nothing:
+            list.addMark(stored);
+            return true;
+        case ValueKind::Real:
+            list.addReal(stored, va_arg(arguments, double));
+            return true;
+        case ValueKind::Short:
+        case ValueKind::Long:
+            list.addInteger(stored, va_arg(arguments, int));
+            return true;
+        case ValueKind::Int64:
+            list.addInteger(stored, va_arg(arguments, Adesk::Int64));
+            return true;
+        case ValueKind::Text: {
+            const ACHAR* text = va_arg(arguments, const ACHAR*);
+            if (text != nullptr) list.addText(stored, text);
+            return text != nullptr;
+        }
+        case ValueKind::Point: {
+            const ads_real* point = va_arg(arguments, const ads_real*);
+            if (point != nullptr) list.addPoint(stored, asPnt3d(point));
+            return point != nullptr;
+        }
+        case ValueKind::Name: {
+            resbuf buffer{};
+            const Adesk::IntPtr* name = va_arg(arguments, const Adesk::IntPtr*);
+            if (name == nullptr) return false;
+            buffer.restype = static_cast<short>(stored);
+            ads_name_set(name, buffer.resval.rlname);
+            list.addCopy(buffer);
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+ValueKind valueKindOf(int type) {
+    for (const KindRange& range : kKinds) {
+        if (type >= range.first && type <= range.last) return range.kind;
+    }
+    return ValueKind::Invalid;
+}
+
+void ResultList::addReal(int type, double value) { append(type).resval.rreal = value; }
+
+void ResultList::addInteger(int type, long long value) {
+    ads_u_val& target = append(type).resval;
+    switch (valueKindOf(type)) {
+        case ValueKind::Long:
+            target.rlong = static_cast<Adesk::Int32>(value);
+            break;
+        case ValueKind::Int64:
+            target.mnInt64 = value;
+            break;
+        default:
+            target.rint = static_cast<short>(value);
+    }
+}
+
+void ResultList::addPoint(int type, const AcGePoint3d& point) {
+    ads_real* target = append(type).resval.rpoint;
+    target[0] = point.x;
+    target[1] = point.y;
+    target[2] = point.z;
+}
+
+void ResultList::addName(int type, AcDbObjectId id) { nameOfId(id, append(type).resval.rlname); }
+
+void ResultList::addMark(int type) { append(type); }
+
+void ResultList::addCopy(const resbuf& buffer) {
+    const ValueKind kind = valueKindOf(buffer.restype);
+    const ads_binary& chunk = buffer.resval.rbinary;
+    if (kind == ValueKind::Text) {
+        const ACHAR* text = buffer.resval.rstring;
+        addText(buffer.restype, text != nullptr ? text : L"");
+    } else if (kind == ValueKind::Binary) {
+        const bool holds = chunk.buf != nullptr && chunk.clen > 0;
+        addBinary(buffer.restype, holds ? std::string_view(chunk.buf, chunk.clen) : "");
+    } else if (kind != ValueKind::Invalid) {
+        append(buffer.restype).resval = buffer.resval;
+    }
+}
+
+void ResultList::addGroup(const Store& store, const Tag& tag, TagReader& reader) {
+    switch (valueKindOf(tag.code)) {
+        case ValueKind::Real:
+            addReal(tag.code, parseReal(tag.value).value_or(0.0));
+            break;
+        case ValueKind::Short:
+        case ValueKind::Long:
+        case ValueKind::Int64:
+            addInteger(tag.code, parseInteger(tag.value).value_or(0));
+            break;
+        case ValueKind::Binary:
+            addBinary(tag.code, bytesOfHex(tag.value));
+            break;
+        case ValueKind::Name: {
+            const ObjectBody* target = store.byHandle(parseHandle(tag.value).value_or(0));
+            addName(tag.code, target != nullptr ? store.idOf(*target) : AcDbObjectId());
+            break;
+        }
+        case ValueKind::Point: {
+            const double x = parseReal(tag.value).value_or(0.0);
+            const double y = coordinate(reader, tag.code + 10);
+            addPoint(tag.code, {x, y, coordinate(reader, tag.code + 20)});
+            break;
+        }
+        case ValueKind::Text:
+            addText(tag.code, store.decode(tag.value));
+            break;
+        default:
+            break;  // a code that result buffers have no value for
+    }
+}
+
+resbuf* copyList(const resbuf* list) {
+    ResultList copy;
+    for (; list != nullptr; list = list->rbnext)
+        copy.addCopy(*list);
+    return copy.release();
+}
+
+AcDbObjectId idOfName(const ads_name name) {
+    if (name == nullptr || name[1] != 0) return AcDbObjectId();
+    return AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));
+}
+
+void nameOfId(AcDbObjectId id, ads_name name) {
+    name[0] = static_cast<Adesk::IntPtr>(id.asWord());
+    name[1] = 0;
+}
+
+}  // namespace host
+
+resbuf* acutBuildList(int type, ...) {
+    if (host::callFails("acutBuildList")) return nullptr;
+    host::ResultList list;
+    va_list arguments;
+    va_start(arguments, type);
+    bool valid = true;
+    for (; valid && type != 0 && type != RTNONE; type = valid ? va_arg(arguments, int) : 0) {
+        valid = host::addArgument(list, type, arguments);
+    }
+    va_end(arguments);
+    return valid ? list.release() : nullptr;
+}

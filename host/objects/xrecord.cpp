@@ -1,0 +1,141 @@
+// AcDbXrecord: a chain of tags as an object's content.
+#include "host/control/faults.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace {
+
+/// Where the data stands in an xrecord's tags: behind the marker and the merge flag (280), before
+/// any extended data.
+struct DataPlace {
+    std::size_t begin;
+    std::size_t end;
+};
+
+DataPlace dataPlace(std::string_view text) {
+    host::TagReader reader(text);
+    host::Tag tag;
+    bool found = false;
+    while (!found && reader.next(tag))
+        found = tag.code == 100 && tag.value == "AcDbXrecord";
+    DataPlace place{reader.end(), reader.end()};
+    bool first = true;
+    while (reader.next(tag) && tag.code < 1000) {
+        if (first && tag.code == 280) place.begin = reader.end();
+        first = false;
+        place.end = reader.end();
+    }
+    return place;
+}
+
+std::string hexOf(const ads_binary& bytes) {
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text;
+    for (short at = 0; bytes.buf != nullptr && at < bytes.clen; ++at) {
+        const auto byte = static_cast<unsigned char>(bytes.buf[at]);
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+    }
+    return text;
+}
+
+std::string encoded(const host::ObjectBody& xrecord, const ACHAR* text) {
+    if (text == nullptr) return {};
+    const host::Store* const store = xrecord.store;
+    return store != nullptr ? store->encode(text) : host::encodeText(text, host::Encoding());
+}
+
+/// Appends a reference as a handle; the empty name as 0. False for an id that names no object of
+/// the xrecord's drawing.
+bool addReference(std::string& text, const host::ObjectBody& xrecord, const resbuf& item) {
+    const AcDbObjectId id = host::idOfName(item.resval.rlname);
+    const host::ObjectBody* const target = host::bodyOfId(id, "AcDbXrecord::setFromRbChain");
+    if (target == nullptr && !id.isNull()) return false;
+    if (target != nullptr && xrecord.store != nullptr && target->store != xrecord.store)
+        return false;
+    host::addHandleTag(text, item.restype, target != nullptr ? target->handle : 0);
+    return true;
+}
+
+/// Appends one item as tags; eInvalidDxfCode or eInvalidResBuf when it has no place there.
+Acad::ErrorStatus addItem(std::string& text, const host::ObjectBody& xrecord, const resbuf& item) {
+    const int code = item.restype;
+    if (code < 1 || code > 369 || code == 5 || code == 105) return Acad::eInvalidDxfCode;
+    switch (host::valueKindOf(code)) {
+        case host::ValueKind::Text:
+            host::addTag(text, code, encoded(xrecord, item.resval.rstring));
+            break;
+        case host::ValueKind::Real:
+            host::addTag(text, code, item.resval.rreal);
+            break;
+        case host::ValueKind::Short:
+            host::addTag(text, code, int{item.resval.rint});
+            break;
+        case host::ValueKind::Long:
+            host::addTag(text, code, int{item.resval.rlong});
+            break;
+        case host::ValueKind::Int64:
+            host::addTag(text, code, std::to_string(item.resval.mnInt64));
+            break;
+        case host::ValueKind::Binary:
+            host::addTag(text, code, hexOf(item.resval.rbinary));
+            break;
+        case host::ValueKind::Point: {
+            const ads_real* const point = item.resval.rpoint;
+            host::addPointTag(text, code, point[0], point[1], point[2]);
+            break;
+        }
+        case host::ValueKind::Name:
+            return addReference(text, xrecord, item) ? Acad::eOk : Acad::eInvalidResBuf;
+        default:
+            return Acad::eInvalidDxfCode;
+    }
+    return Acad::eOk;
+}
+
+}  // namespace
+
+AcDbXrecord::AcDbXrecord()
+    : AcDbObject([] {
+          std::string text;
+          host::addTag(text, 0, "XRECORD");
+          host::addTag(text, 100, "AcDbXrecord");
+          host::addTag(text, 280, 1);
+          return host::freshBody(host::Kind::Xrecord, std::move(text));
+      }()) {}
+
+Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*) {
+    if (host::callFails("AcDbXrecord::setFromRbChain")) return Acad::eInvalidResBuf;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    std::string data;
+    for (const resbuf* item = &chain; item != nullptr; item = item->rbnext) {
+        const Acad::ErrorStatus status = addItem(data, content, *item);
+        if (status != Acad::eOk) return status;
+    }
+    std::string text(content.tags());
+    const DataPlace place = dataPlace(text);
+    text.replace(place.begin, place.end - place.begin, data);
+    content.setTags(std::move(text));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const {
+    if (chain != nullptr) *chain = nullptr;
+    if (host::callFails("AcDbXrecord::rbChain")) return Acad::eOutOfMemory;
+    if (chain == nullptr) return Acad::eInvalidInput;
+    const host::ObjectBody& content = body();
+    const DataPlace place = dataPlace(content.tags());
+    host::TagReader reader(content.tags().substr(place.begin, place.end - place.begin));
+    host::Tag tag;
+    host::ResultList list;
+    const host::Store* const store = content.store;
+    static const host::Store& unbound = *new host::Store;  // decodes texts of new objects
+    while (reader.next(tag))
+        list.addGroup(store != nullptr ? *store : unbound, tag, reader);
+    *chain = list.release();
+    return Acad::eOk;
+}

@@ -1,0 +1,57 @@
+// Picks and windows over the current space.
+#include "host/picking/hit_test.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/picking/outline.h"
+#include "host/store/store.h"
+#include "host/tags/tag_view.h"
+
+namespace host {
+namespace {
+
+template <typename Test>
+std::vector<AcDbObjectId> entitiesWhere(const Store& store, Test test) {
+    std::vector<AcDbObjectId> found;
+    const Index space = store.currentSpace();
+    if (space == kNoIndex) return found;
+    OutlineMaker maker(store);
+    for (Index i = store.firstLive(space); i != kNoIndex;) {
+        const ObjectBody& entity = store.at(i);
+        if (test(maker.outlineOf(entity))) found.push_back(store.idOf(entity));
+        i = store.nextLive(entity);
+    }
+    return found;
+}
+
+}  // namespace
+
+std::vector<AcDbObjectId> entitiesAt(const Store& store, const AcGePoint3d& point,
+                                     double tolerance) {
+    const Vec where{point.x, point.y, 0};
+    return entitiesWhere(store,
+                         [&](const Outline& outline) { return outline.near(where, tolerance); });
+}
+
+std::vector<AcDbObjectId> entitiesInWindow(const Store& store, const AcGePoint3d& corner,
+                                           const AcGePoint3d& opposite, bool crossing) {
+    const Box box{std::min(corner.x, opposite.x), std::min(corner.y, opposite.y),
+                  std::max(corner.x, opposite.x), std::max(corner.y, opposite.y)};
+    return entitiesWhere(store, [&](const Outline& outline) {
+        return crossing ? outline.touches(box) : outline.inside(box);
+    });
+}
+
+double viewHeight(const Store& store) {
+    constexpr double kUnknownView = 297;  // a sheet, in millimetres
+    const ObjectBody* view = store.symbol("VPORT", L"*Active");
+    const double height = view == nullptr ? 0 : OwnTags(view->tags()).real(40, 0);
+    return height > 0 ? height : kUnknownView;
+}
+
+bool isDrawn(const Store& store, const ObjectBody& entity) {
+    return !OutlineMaker(store).outlineOf(entity).empty();
+}
+
+}  // namespace host

@@ -1,0 +1,27 @@
+// Which entities a pick, a window or a crossing reaches.
+#pragma once
+
+#include <vector>
+
+#include "host/objectarx/geometry.h"
+#include "host/objectarx/object_id.h"
+
+namespace host {
+
+class Store;
+struct ObjectBody;
+
+/// Main entities of the current space that are drawn (not on a layer that is off or frozen, not
+/// invisible, with graphics) within `tolerance` drawing units of the point in the XY plane; in
+/// drawing order.
+std::vector<AcDbObjectId> entitiesAt(const Store& store, const AcGePoint3d& point,
+                                     double tolerance);
+/// Those wholly inside the window, or (crossing) also those it touches; in drawing order.
+std::vector<AcDbObjectId> entitiesInWindow(const Store& store, const AcGePoint3d& corner,
+                                           const AcGePoint3d& opposite, bool crossing);
+/// Height of the view in drawing units: of the viewport *Active, or of a sheet when it has none.
+double viewHeight(const Store& store);
+/// True when something of the entity is drawn.
+bool isDrawn(const Store& store, const ObjectBody& entity);
+
+}  // namespace host

@@ -1,0 +1,105 @@
+// Outlines of entities, with block references and dimensions resolved.
+#include "host/picking/outline.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/store/store.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kDeepestNesting = 16;
+/// Bounds the time for blocks that multiply themselves through nesting or arrays.
+constexpr int kMostEntities = 100000;
+
+double radians(double degrees) { return degrees * 0.017453292519943295; }
+
+/// Insertion base of a block.
+Vec baseOf(const ObjectBody& record) {
+    const BlockParts& parts = record.store->blockParts(record.self);
+    if (parts.begin == kNoIndex) return {};
+    return pointOf(OwnTags(record.store->at(parts.begin).tags()), 10);
+}
+
+/// Place of one element of a reference, before the object coordinate system.
+Transform placeOfReference(const OwnTags& tags, int column, int row) {
+    Transform scale;
+    scale.x.x = tags.real(41, 1);
+    scale.y.y = tags.real(42, 1);
+    scale.z.z = tags.real(43, 1);
+    Transform turned = rotation(radians(tags.real(50, 0)));
+    const Vec step{column * tags.real(44, 0), row * tags.real(45, 0), 0};
+    turned.origin = pointOf(tags, 10) + turned.turn(step);
+    return turned * scale;
+}
+
+}  // namespace
+
+Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
+    Outline outline;
+    m_budget = kMostEntities;
+    m_blocks.clear();
+    draw(entity, Pen(outline, {}), "0");
+    return outline;
+}
+
+void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
+                        std::string_view layerOfReference) {
+    if (--m_budget < 0) return;
+    const OwnTags tags(entity.tags());
+    std::string_view layer = tags.text(8, "0");
+    if (layer == "0" && !m_blocks.empty()) layer = layerOfReference;
+    if (!m_layers.drawn(layer) || tags.integer(60, 0) == 1) return;
+    const Shape shape{m_store, entity, tags, pen};
+    const std::string_view type = trimmed(entity.type());
+    if (type == "INSERT" || type == "MINSERT") {
+        drawReference(shape, layer);
+    } else if (type == "DIMENSION") {
+        drawBlock(blockOf(tags), pen, layer);
+    } else {
+        drawShape(shape, !m_blocks.empty());
+    }
+}
+
+void OutlineMaker::drawReference(const Shape& shape, std::string_view layer) {
+    const OwnTags& tags = shape.tags;
+    const ObjectBody* record = blockOf(tags);
+    const Pen plane = objectPen(shape);
+    const int columns = std::max(1, tags.integer(70, 1));
+    const int rows = std::max(1, tags.integer(71, 1));
+    if (record != nullptr) {
+        Transform base;
+        base.origin = baseOf(*record) * -1;
+        for (int row = 0; row < rows && m_budget > 0; ++row) {
+            for (int column = 0; column < columns && m_budget > 0; ++column) {
+                --m_budget;  // an empty block in a huge array must end too
+                const Transform place = placeOfReference(tags, column, row);
+                drawBlock(record, plane.inside(place * base), layer);
+            }
+        }
+    }
+    for (Index i = m_store.firstLive(shape.entity.self); i != kNoIndex;) {
+        const ObjectBody& attribute = m_store.at(i);
+        draw(attribute, shape.pen, layer);
+        i = m_store.nextLive(attribute);
+    }
+}
+
+const ObjectBody* OutlineMaker::blockOf(const OwnTags& tags) const {
+    return m_store.symbol("BLOCK_RECORD", m_store.decode(tags.text(2)));
+}
+
+void OutlineMaker::drawBlock(const ObjectBody* record, const Pen& pen, std::string_view layer) {
+    if (record == nullptr || record->erased || m_blocks.size() >= kDeepestNesting) return;
+    if (std::find(m_blocks.begin(), m_blocks.end(), record->self) != m_blocks.end()) return;
+    m_blocks.push_back(record->self);
+    for (Index i = m_store.firstLive(record->self); i != kNoIndex && m_budget > 0;) {
+        const ObjectBody& entity = m_store.at(i);
+        draw(entity, pen, layer);
+        i = m_store.nextLive(entity);
+    }
+    m_blocks.pop_back();
+}
+
+}  // namespace host

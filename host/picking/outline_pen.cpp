@@ -1,0 +1,77 @@
+// The pen of outlines, and reading points from tags.
+#include <cmath>
+
+#include "host/picking/outline.h"
+
+namespace host {
+
+void Pen::line(const Vec& a, const Vec& b) const {
+    m_outline.lines.push_back({m_place.apply(a), m_place.apply(b)});
+}
+
+void Pen::endless(const Vec& a, const Vec& direction, bool bothWays) const {
+    m_outline.lines.push_back({m_place.apply(a), m_place.apply(a + direction), bothWays, true});
+}
+
+void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double sweep) const {
+    constexpr double kTurn = 6.283185307179586;
+    from = std::fmod(from, kTurn);
+    if (!std::isfinite(from)) from = 0;
+    if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;
+    m_outline.arcs.push_back(
+        {m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep});
+}
+
+void Pen::circle(const Vec& centre, double radius) const {
+    arc(centre, {radius, 0, 0}, {0, radius, 0}, 0, 0);
+}
+
+void Pen::bulge(const Vec& a, const Vec& b, double bulge) const {
+    if (std::fabs(bulge) < 1e-9 || std::fabs(bulge) > 1e9) return line(a, b);
+    const Vec chord = b - a;
+    const double side = (1 - bulge * bulge) / (4 * bulge);
+    const Vec centre = (a + b) * 0.5 + Vec{-chord.y, chord.x, 0} * side;
+    const Vec first = (bulge > 0 ? a : b) - centre;
+    const double radius = std::hypot(first.x, first.y);
+    if (radius == 0) return line(a, b);
+    arc(centre, {radius, 0, 0}, {0, radius, 0}, std::atan2(first.y, first.x),
+        4 * std::atan(std::fabs(bulge)));
+}
+
+void Pen::path(const std::vector<Vec>& points, bool closed) const {
+    if (points.size() == 1) point(points[0]);
+    for (std::size_t i = 1; i < points.size(); ++i)
+        line(points[i - 1], points[i]);
+    if (closed && points.size() > 2) line(points.back(), points.front());
+}
+
+void Pen::area(const std::vector<Vec>& points) const {
+    if (points.empty()) return;
+    std::vector<Vec> placed;
+    placed.reserve(points.size());
+    for (const Vec& p : points)
+        placed.push_back(m_place.apply(p));
+    m_outline.areas.push_back(std::move(placed));
+}
+
+std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
+    std::vector<Vec> points;
+    for (const Tag& tag : tags.tags()) {
+        if (tag.code == code) points.push_back({realOf(tag.value), 0, 0});
+        if (points.empty()) continue;
+        if (tag.code == code + 10) points.back().y = realOf(tag.value);
+        if (tag.code == code + 20) points.back().z = realOf(tag.value);
+    }
+    return points;
+}
+
+Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
+    if (!tags.has(code)) return standard;
+    return {tags.real(code, 0), tags.real(code + 10, 0), tags.real(code + 20, 0)};
+}
+
+Pen objectPen(const Shape& shape) {
+    return shape.pen.inside(objectSystem(pointOf(shape.tags, 210, {0, 0, 1})));
+}
+
+}  // namespace host

@@ -1,0 +1,174 @@
+// The form of each kind of entity that stands on its own.
+#include <cmath>
+#include <iterator>
+
+#include "host/picking/outline.h"
+#include "host/store/store.h"
+
+namespace host {
+namespace {
+
+constexpr double kDegree = 0.017453292519943295;
+
+void drawLine(const Shape& shape) {
+    shape.pen.line(pointOf(shape.tags, 10), pointOf(shape.tags, 11));
+}
+
+void drawPoint(const Shape& shape) { shape.pen.point(pointOf(shape.tags, 10)); }
+
+void drawCircle(const Shape& shape) {
+    objectPen(shape).circle(pointOf(shape.tags, 10), shape.tags.real(40, 0));
+}
+
+void drawArc(const Shape& shape) {
+    const double radius = shape.tags.real(40, 0);
+    const double from = shape.tags.real(50, 0);
+    double sweep = std::fmod(shape.tags.real(51, 360) - from, 360);
+    if (sweep <= 0) sweep += 360;
+    objectPen(shape).arc(pointOf(shape.tags, 10), {radius, 0, 0}, {0, radius, 0}, from * kDegree,
+                         sweep * kDegree);
+}
+
+void drawEllipse(const Shape& shape) {
+    const Vec major = pointOf(shape.tags, 11);
+    const Vec normal = unit(pointOf(shape.tags, 210, {0, 0, 1}));
+    const Vec minor = cross(normal, major) * shape.tags.real(40, 1);
+    const double from = shape.tags.real(41, 0);
+    double sweep = std::fmod(shape.tags.real(42, 2 * M_PI) - from, 2 * M_PI);
+    if (sweep < 0) sweep += 2 * M_PI;
+    shape.pen.arc(pointOf(shape.tags, 10), major, minor, from, sweep);
+}
+
+void drawLightPolyline(const Shape& shape) {
+    struct Corner {
+        Vec point;
+        double bulge = 0;
+    };
+    std::vector<Corner> corners;
+    const double elevation = shape.tags.real(38, 0);
+    for (const Tag& tag : shape.tags.tags()) {
+        if (tag.code == 10) corners.push_back({{realOf(tag.value), 0, elevation}});
+        if (corners.empty()) continue;
+        if (tag.code == 20) corners.back().point.y = realOf(tag.value);
+        if (tag.code == 42) corners.back().bulge = realOf(tag.value);
+    }
+    const Pen pen = objectPen(shape);
+    if (corners.size() == 1) pen.point(corners[0].point);
+    const bool closed = (shape.tags.integer(70, 0) & 1) != 0 && corners.size() > 1;
+    for (std::size_t i = 0; i + (closed ? 0 : 1) < corners.size(); ++i)
+        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
+}
+
+/// By its fit points where it has some, else by its control points.
+void drawSpline(const Shape& shape) {
+    const bool closed = (shape.tags.integer(70, 0) & 1) != 0;
+    const std::vector<Vec> fit = pointsOf(shape.tags, 11);
+    shape.pen.path(fit.empty() ? pointsOf(shape.tags, 10) : fit, closed);
+}
+
+/// SOLID and TRACE name the third and fourth corner crosswise.
+void drawSolid(const Shape& shape) {
+    const Vec third = pointOf(shape.tags, 12);
+    objectPen(shape).area(
+        {pointOf(shape.tags, 10), pointOf(shape.tags, 11), pointOf(shape.tags, 13, third), third});
+}
+
+void drawFace(const Shape& shape) {
+    const Vec third = pointOf(shape.tags, 12);
+    shape.pen.path(
+        {pointOf(shape.tags, 10), pointOf(shape.tags, 11), third, pointOf(shape.tags, 13, third)},
+        true);
+}
+
+void drawRay(const Shape& shape) {
+    shape.pen.endless(pointOf(shape.tags, 10), pointOf(shape.tags, 11), false);
+}
+
+void drawConstructionLine(const Shape& shape) {
+    shape.pen.endless(pointOf(shape.tags, 10), pointOf(shape.tags, 11), true);
+}
+
+void drawLeader(const Shape& shape) { shape.pen.path(pointsOf(shape.tags, 10), false); }
+
+void drawSingleText(const Shape& shape) { drawText(shape, false); }
+
+void drawAttribute(const Shape& shape) {
+    const auto part = subclassPart(shape.entity.tags(), "AcDbAttribute");
+    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
+    if ((flags & 1) == 0) drawText(shape, false);
+}
+
+struct KindOfShape {
+    std::string_view type;
+    void (*draw)(const Shape&);
+};
+
+constexpr KindOfShape kShapes[] = {
+    {"LINE", drawLine},
+    {"POINT", drawPoint},
+    {"CIRCLE", drawCircle},
+    {"ARC", drawArc},
+    {"ELLIPSE", drawEllipse},
+    {"LWPOLYLINE", drawLightPolyline},
+    {"POLYLINE", drawPolyline},
+    {"SPLINE", drawSpline},
+    {"SOLID", drawSolid},
+    {"TRACE", drawSolid},
+    {"3DFACE", drawFace},
+    {"RAY", drawRay},
+    {"XLINE", drawConstructionLine},
+    {"LEADER", drawLeader},
+    {"HATCH", drawHatch},
+    {"TEXT", drawSingleText},
+    {"MTEXT", drawMText},
+    {"ATTRIB", drawAttribute},
+};
+
+/// A definition shows its tag; inside a block only a constant one shows, and then its value.
+void drawDefinition(const Shape& shape, bool insideBlock) {
+    const auto part = subclassPart(shape.entity.tags(), "AcDbAttributeDefinition");
+    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
+    const bool constant = (flags & 2) != 0, invisible = (flags & 1) != 0;
+    if (!insideBlock || (constant && !invisible)) drawText(shape, !insideBlock);
+}
+
+}  // namespace
+
+void drawShape(const Shape& shape, bool insideBlock) {
+    const std::string_view type = trimmed(shape.entity.type());
+    if (type == "ATTDEF") return drawDefinition(shape, insideBlock);
+    if (type == "SEQEND") return;
+    for (const KindOfShape& kind : kShapes) {
+        if (kind.type == type) return kind.draw(shape);
+    }
+    for (const Vec& point : pointsOf(shape.tags, 10))
+        shape.pen.point(point);
+}
+
+void drawPolyline(const Shape& shape) {
+    constexpr int kClosed = 1, kSplineFit = 4, k3d = 8, kMeshes = 16 | 64, kFrameVertex = 16;
+    const int flags = shape.tags.integer(70, 0);
+    struct Corner {
+        Vec point;
+        double bulge;
+    };
+    std::vector<Corner> corners;
+    for (Index i = shape.store.firstLive(shape.entity.self); i != kNoIndex;) {
+        const ObjectBody& vertex = shape.store.at(i);
+        const OwnTags tags(vertex.tags());
+        const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
+        if (!frame && vertex.kind == Kind::Vertex)
+            corners.push_back({pointOf(tags, 10), tags.real(42, 0)});
+        i = shape.store.nextLive(vertex);
+    }
+    const Pen pen = (flags & (k3d | kMeshes)) != 0 ? shape.pen : objectPen(shape);
+    const bool asPoints = (flags & kMeshes) != 0 || corners.size() == 1;
+    for (std::size_t i = 0; asPoints && i < corners.size(); ++i)
+        pen.point(corners[i].point);
+    if (asPoints) return;
+    const std::size_t open = (flags & kClosed) != 0 ? 0 : 1;
+    for (std::size_t i = 0; i + open < corners.size(); ++i)
+        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
+}
+
+}  // namespace host

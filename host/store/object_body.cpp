@@ -1,0 +1,113 @@
+// Stored content of one object: its text, type name and kind.
+#include "host/store/object_body.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "host/store/body_text.h"
+#include "host/store/journal.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace host {
+
+namespace {
+
+struct NamedKind {
+    std::string_view type;
+    Kind kind;
+};
+
+constexpr std::array<NamedKind, 8> kEntityKinds{{{"INSERT", Kind::BlockReference},
+                                                 {"ATTRIB", Kind::Attribute},
+                                                 {"ATTDEF", Kind::AttributeDefinition},
+                                                 {"TEXT", Kind::Text},
+                                                 {"VERTEX", Kind::Vertex},
+                                                 {"SEQEND", Kind::SequenceEnd},
+                                                 {"BLOCK", Kind::BlockBegin},
+                                                 {"ENDBLK", Kind::BlockEnd}}};
+
+constexpr std::array<NamedKind, 14> kObjectKinds{{{"DICTIONARY", Kind::Dictionary},
+                                                  {"ACDBDICTIONARYWDFLT", Kind::Dictionary},
+                                                  {"XRECORD", Kind::Xrecord},
+                                                  {"BLOCK_RECORD", Kind::BlockRecord},
+                                                  {"LAYER", Kind::LayerRecord},
+                                                  {"LTYPE", Kind::LinetypeRecord},
+                                                  {"STYLE", Kind::OtherRecord},
+                                                  {"VIEW", Kind::OtherRecord},
+                                                  {"UCS", Kind::OtherRecord},
+                                                  {"VPORT", Kind::OtherRecord},
+                                                  {"APPID", Kind::OtherRecord},
+                                                  {"DIMSTYLE", Kind::OtherRecord},
+                                                  {"BLOCK", Kind::BlockBegin},
+                                                  {"ENDBLK", Kind::BlockEnd}}};
+
+template <std::size_t N>
+Kind findKind(const std::array<NamedKind, N>& kinds, std::string_view type, Kind otherwise) {
+    for (const NamedKind& named : kinds)
+        if (named.type == type) return named.kind;
+    return otherwise;
+}
+
+Kind polylineKind(std::string_view text) {
+    constexpr long long kIs3d = 8;
+    constexpr long long kIsMesh = 16 | 64;
+    const long long flags = integerTag(text, 70, 0);
+    if ((flags & kIsMesh) != 0) return Kind::OtherPolyline;
+    return (flags & kIs3d) != 0 ? Kind::Polyline3d : Kind::Polyline2d;
+}
+
+Kind tableKind(std::string_view text) {
+    const auto place = findTag(text, 2);
+    const std::string_view name = place ? trimmed(place->value) : std::string_view();
+    if (name == "BLOCK_RECORD") return Kind::BlockTable;
+    if (name == "LAYER") return Kind::LayerTable;
+    return name == "LTYPE" ? Kind::LinetypeTable : Kind::OtherTable;
+}
+
+}  // namespace
+
+bool isObjectKind(Kind kind) { return kind <= Kind::Xrecord; }
+
+bool isEntityKind(Kind kind) { return kind >= Kind::Entity; }
+
+bool isSubEntityKind(Kind kind) {
+    return kind == Kind::Attribute || kind == Kind::Vertex || kind == Kind::SequenceEnd;
+}
+
+Kind kindOf(std::string_view type, std::string_view text, bool inEntities) {
+    if (inEntities)
+        return type == "POLYLINE" ? polylineKind(text) : findKind(kEntityKinds, type, Kind::Entity);
+    return type == "TABLE" ? tableKind(text) : findKind(kObjectKinds, type, Kind::Object);
+}
+
+std::optional<Kind> kindOfOneType(std::string_view type) {
+    const Kind kind = findKind(kEntityKinds, type, Kind::Entity);
+    const bool isOnlyOne =
+        kind == Kind::BlockReference || kind == Kind::AttributeDefinition || kind == Kind::Text;
+    return isOnlyOne ? std::optional<Kind>(kind) : std::nullopt;
+}
+
+ObjectBody::~ObjectBody() {
+    if (ownsData) delete[] data;
+}
+
+void ObjectBody::setTags(std::string text) {
+    if (store != nullptr) store->journal().textChanges(*this);
+    placeText(*this, text);
+    if (store == nullptr) return;
+    ++store->revision;
+    store->recordsChanged(kind);
+}
+
+std::string_view ObjectBody::type() const {
+    // Always the first tag; read without the reader because listings ask for it often.
+    const std::string_view all = tags();
+    const std::size_t begin = all.find('\n');
+    if (begin == std::string_view::npos) return {};
+    const std::size_t end = all.find('\n', begin + 1);
+    return all.substr(begin + 1, end == std::string_view::npos ? end : end - begin - 1);
+}
+
+}  // namespace host

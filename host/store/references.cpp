@@ -1,0 +1,44 @@
+// Symbols that entities and records refer to by name.
+#include "host/store/references.h"
+
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+struct NamedReference {
+    std::string_view type;  ///< empty: every entity
+    int code;
+    const char* table;
+};
+
+constexpr NamedReference kNames[] = {
+    {"", 8, "LAYER"},
+    {"", 6, "LTYPE"},
+    {"INSERT", 2, "BLOCK_RECORD"},
+    {"DIMENSION", 2, "BLOCK_RECORD"},
+    {"DIMENSION", 3, "DIMSTYLE"},
+    {"LEADER", 3, "DIMSTYLE"},
+    {"TOLERANCE", 3, "DIMSTYLE"},
+    {"TEXT", 7, "STYLE"},
+    {"MTEXT", 7, "STYLE"},
+    {"ATTRIB", 7, "STYLE"},
+    {"ATTDEF", 7, "STYLE"},
+};
+
+}  // namespace
+
+const char* tableNamedBy(const ObjectBody& body, int code) {
+    if (code == 1001) return "APPID";
+    if (code == 1003) return "LAYER";
+    if (body.kind == Kind::LayerRecord) return code == 6 ? "LTYPE" : nullptr;
+    if (!isEntityKind(body.kind) && body.kind != Kind::BlockBegin && body.kind != Kind::BlockEnd)
+        return nullptr;
+    const std::string_view type = trimmed(body.type());
+    for (const NamedReference& each : kNames) {
+        if (each.code == code && (each.type.empty() || each.type == type)) return each.table;
+    }
+    return nullptr;
+}
+
+}  // namespace host

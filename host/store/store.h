@@ -1,0 +1,219 @@
+// One drawing's content: slots of objects, handles, sections, symbol names and drawing order.
+//
+// Constant time: lookup by handle or id, next entity, last entity, symbol by name, append.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "host/objectarx/object_id.h"
+#include "host/store/object_body.h"
+#include "host/text/text_codec.h"
+
+class AcDbDatabase;
+
+namespace host {
+
+class Journal;
+
+/// What a section of the file holds, in the order of the file.
+enum class SectionKind { Header, Raw, Tables, Blocks, Entities, Objects };
+struct Section {
+    std::string name;
+    SectionKind kind;
+    std::string text;  ///< Header and Raw only: the tags between "2 NAME" and "0 ENDSEC"
+};
+
+/// BLOCK and ENDBLK of one block table record.
+struct BlockParts {
+    Index begin = kNoIndex;
+    Index end = kNoIndex;
+};
+
+enum class LineEnding { Lf, CrLf };
+
+class Store {
+  public:
+    Store();
+    ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    // --- identity -----------------------------------------------------------------------------
+    /// Number of this store in the session, never used twice; part of every id.
+    std::uint32_t serial() const { return m_serial; }
+    AcDbObjectId idOf(const ObjectBody& body) const { return idOf(body.self); }
+    AcDbObjectId idOf(Index index) const {
+        if (index == kNoIndex) return {};
+        return AcDbObjectId::fromWord(std::uint64_t{m_serial} << 32 | index);
+    }
+    /// The open store with a serial number, or null.
+    static Store* withSerial(std::uint32_t serial);
+    /// The body that an id names, in whatever open store; null for a null or stale id.
+    static ObjectBody* resolve(AcDbObjectId id);
+    ObjectBody& at(Index index) const {
+        return m_blocks[index >> kBlockBits][index & (kBlockSize - 1)];
+    }
+    Index count() const { return m_count; }  ///< slots in use; valid indexes are 1 to count()
+    /// Object with a handle, erased or not; null when there is none.
+    ObjectBody* byHandle(std::uint64_t handle) const;
+    /// Next free handle; above every handle in the drawing.
+    std::uint64_t handleSeed() const { return m_seed; }
+    void raiseHandleSeed(std::uint64_t seed);
+
+    // --- building -----------------------------------------------------------------------------
+    /// Copies text into the store's arena; the copy lives as long as the store.
+    std::string_view keep(std::string_view text);
+    /// Makes a slot for an object whose tags are already in the arena. `handle` may be 0: then
+    /// assignMissingHandles gives one later. Null when the handle is taken.
+    ObjectBody* create(Kind kind, std::string_view keptText, std::uint64_t handle);
+    /// Gives a handle (tag 5, or 105 in DIMSTYLE) to every object that has none, in slot order.
+    void assignMissingHandles();
+    /// Gives a new object a place in the store: slot, handle, tags 5 and 330, its text re-encoded.
+    /// The fresh body stays the caller's. Appends nothing to any list.
+    ObjectBody& adopt(const ObjectBody& fresh, Index owner);
+    /// Copy of an object's tags with a new handle and owner; not appended to any list.
+    ObjectBody& duplicate(const ObjectBody& source, Index owner);
+
+    /// Appends a child to its parent's list: entities to a block record, records to a table,
+    /// attributes and vertices to their entity, objects to the objects list.
+    void appendChild(Index parent, ObjectBody& child);
+    void setSequenceEnd(ObjectBody& parent, ObjectBody& end);
+    /// Marks a body erased and takes it out of its list, or the reverse. Single body only.
+    void setErased(ObjectBody& body, bool erased);
+
+    // --- drawing order ------------------------------------------------------------------------
+    /// First and last live child, the live sibling behind or before (also of an erased body), or
+    /// kNoIndex.
+    Index firstLive(Index parent) const;
+    Index lastLive(Index parent) const;
+    Index nextLive(const ObjectBody& body) const;
+    Index previousLive(const ObjectBody& body) const;
+
+    // --- structure ----------------------------------------------------------------------------
+    std::vector<Section>& sections() { return m_sections; }
+    const std::vector<Section>& sections() const { return m_sections; }
+    /// The section of a kind; made (empty, in its usual place) when the drawing has none.
+    Section& section(SectionKind kind);
+    /// Tables in file order: each a body whose children are its records.
+    std::vector<Index>& tables() { return m_tables; }
+    const std::vector<Index>& tables() const { return m_tables; }
+    /// Table by its name ("LAYER"), or kNoIndex.
+    Index table(std::string_view name) const;
+    /// Parent of everything in the OBJECTS section, in file order; has no tags of its own.
+    Index objectsList() const { return m_objectsList; }
+    /// Root dictionary, or kNoIndex.
+    Index rootDictionary() const;
+    /// Block records in the order of the BLOCKS section, with their BLOCK and ENDBLK.
+    std::vector<Index>& blockOrder() { return m_blockOrder; }
+    const std::vector<Index>& blockOrder() const { return m_blockOrder; }
+    BlockParts& blockParts(Index blockRecord) { return m_blockParts[blockRecord]; }
+    BlockParts blockParts(Index blockRecord) const {
+        const auto found = m_blockParts.find(blockRecord);
+        return found != m_blockParts.end() ? found->second : BlockParts();
+    }
+    Index modelSpace() const;
+    /// Record named "*Paper_Space": the active layout's.
+    Index paperSpace() const;
+    /// Model space with TILEMODE on or CVPORT other than 1, else the active paper space.
+    Index currentSpace() const;
+
+    // --- symbol names -------------------------------------------------------------------------
+    /// Record of a table by name without regard to case; live ones win over erased ones.
+    ObjectBody* symbol(Index table, std::wstring_view name) const;
+    ObjectBody* symbol(std::string_view tableName, std::wstring_view name) const;
+    /// Notes the name of a record that was added to a table or renamed.
+    void indexSymbol(Index table, const ObjectBody& record, std::wstring_view name);
+
+    /// True when the entity's layer is locked. Constant time while no layer is.
+    bool onLockedLayer(const ObjectBody& entity) const;
+
+    // --- header -------------------------------------------------------------------------------
+    /// Value of the first tag of a header variable ("$TILEMODE"), or nothing.
+    std::optional<std::string_view> headerValue(std::string_view name) const;
+    /// Sets that value; adds the variable when it is missing.
+    void setHeaderValue(std::string_view name, int code, std::string_view value);
+    /// Version of the drawing, for example "AC1027".
+    std::string version() const;
+
+    /// What the commands of this drawing changed, for undo and redo.
+    Journal& journal() { return *m_journal; }
+
+    const Encoding& encoding() const { return m_encoding; }
+    void setEncoding(Encoding encoding) { m_encoding = std::move(encoding); }
+    LineEnding lineEnding() const { return m_lineEnding; }
+    void setLineEnding(LineEnding ending) { m_lineEnding = ending; }
+    std::wstring decode(std::string_view bytes) const { return decodeText(bytes, m_encoding); }
+    std::string encode(std::wstring_view text) const { return encodeText(text, m_encoding); }
+
+    /// Identification of the current viewport: 1 is the paper-space one of a layout.
+    int currentViewport = 2;
+    /// The database object that holds this store.
+    AcDbDatabase* database = nullptr;
+    /// Counts changes of content, for "modified since saved" and caches.
+    std::uint64_t revision = 0;
+
+  private:
+    friend struct ObjectBody;
+    friend class Journal;
+    struct Arena;
+    struct HandleIndex;
+    static constexpr unsigned kBlockBits = 10;
+    static constexpr Index kBlockSize = 1u << kBlockBits;
+
+    ObjectBody& newSlot();
+    std::uint64_t nextHandle();
+    void giveHandle(ObjectBody& body, std::uint64_t handle);
+    /// The body whose list of children holds this one, or kNoIndex.
+    Index listParent(const ObjectBody& body) const;
+    /// Forgets what was derived from records of a kind.
+    void recordsChanged(Kind kind) const;
+    void findSpaces() const;
+    bool isMember(const ObjectBody& body, const ObjectBody& list) const;
+    bool staysLinked(const ObjectBody& body) const;
+    bool isLinked(const ObjectBody& body) const { return !body.erased || staysLinked(body); }
+    Index liveBefore(const ObjectBody& body) const;
+    void link(ObjectBody& body);
+    void unlink(ObjectBody& body);
+
+    std::uint32_t m_serial;
+    Index m_count = 0;
+    std::uint64_t m_seed = 1;     ///< above all handles, unless the highest is taken
+    bool m_highestTaken = false;  ///< an object has the highest handle there is
+    std::vector<std::unique_ptr<ObjectBody[]>> m_blocks;
+    std::unique_ptr<Arena> m_arena;
+    std::unique_ptr<HandleIndex> m_handles;
+    std::unique_ptr<Journal> m_journal;
+    std::vector<Section> m_sections;
+    std::vector<Index> m_tables;
+    std::vector<Index> m_blockOrder;
+    Index m_objectsList = kNoIndex;
+    std::unordered_map<Index, BlockParts> m_blockParts;
+    /// Records by folded name, for each table.
+    std::unordered_map<Index, std::unordered_map<std::wstring, std::vector<Index>>> m_symbols;
+    mutable std::unordered_map<std::string, Index> m_tableNames;  ///< filled when it is asked for
+    mutable std::size_t m_tablesNamed = 0;                        ///< so many of m_tables
+    Encoding m_encoding;
+    LineEnding m_lineEnding = LineEnding::Lf;
+    mutable bool m_spacesKnown = false;
+    mutable Index m_modelSpace = kNoIndex;
+    mutable Index m_paperSpace = kNoIndex;
+    mutable bool m_lockedLayersKnown = false;
+    mutable std::unordered_set<std::wstring> m_lockedLayers;  ///< folded names
+};
+
+/// Name of a symbol table record or block (tag 2), decoded.
+std::wstring symbolName(const ObjectBody& record);
+/// The extension dictionary's handle in an object's tags, or 0.
+std::uint64_t extensionDictionaryHandle(std::string_view text);
+/// Layer name of an entity, decoded.
+std::wstring layerName(const ObjectBody& entity);
+/// Fills an empty store with what every new drawing has (version AC1027, metric).
+void makeNewDrawing(Store& store);
+
+}  // namespace host

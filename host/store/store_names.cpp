@@ -1,0 +1,198 @@
+// Finding by name: sections, tables, symbols, header variables and the spaces.
+#include <algorithm>
+
+#include "host/store/body_text.h"
+#include "host/store/journal.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace host {
+
+namespace {
+
+const char* nameOf(SectionKind kind) {
+    switch (kind) {
+        case SectionKind::Header:
+            return "HEADER";
+        case SectionKind::Tables:
+            return "TABLES";
+        case SectionKind::Blocks:
+            return "BLOCKS";
+        case SectionKind::Entities:
+            return "ENTITIES";
+        case SectionKind::Objects:
+            return "OBJECTS";
+        case SectionKind::Raw:
+            break;
+    }
+    return "CLASSES";
+}
+
+std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwise) {
+    const auto place = findTag(body.tags(), code);
+    if (!place) return otherwise;
+    if (body.store != nullptr) return body.store->decode(place->value);
+    return fromUtf8(place->value);
+}
+
+/// True when a record has this name, which is folded. Plain names are compared as they are stored.
+bool isNamed(const ObjectBody& record, std::wstring_view folded) {
+    const auto place = findTag(record.tags(), 2);
+    const std::string_view stored = place ? place->value : std::string_view();
+    const auto same = [](char c, wchar_t wanted) {
+        const bool lower = c >= 'a' && c <= 'z';
+        return c > 0 && c != '\\' && static_cast<wchar_t>(lower ? c - 'a' + 'A' : c) == wanted;
+    };
+    return std::equal(stored.begin(), stored.end(), folded.begin(), folded.end(), same) ||
+           foldCase(symbolName(record)) == folded;
+}
+
+}  // namespace
+
+Section& Store::section(SectionKind kind) {
+    const auto same = [kind](const Section& section) { return section.kind == kind; };
+    const auto found = std::find_if(m_sections.begin(), m_sections.end(), same);
+    if (found != m_sections.end()) return *found;
+    const auto later = [kind](const Section& section) {
+        return section.kind != SectionKind::Raw && section.kind > kind;
+    };
+    const auto place = std::find_if(m_sections.begin(), m_sections.end(), later);
+    return *m_sections.insert(place, Section{nameOf(kind), kind, {}});
+}
+
+Index Store::table(std::string_view name) const {
+    // Tables are only ever added, under a name that stays; the first of a name counts.
+    for (; m_tablesNamed < m_tables.size(); ++m_tablesNamed) {
+        const auto place = findTag(at(m_tables[m_tablesNamed]).tags(), 2);
+        const std::string_view own = place ? trimmed(place->value) : std::string_view();
+        m_tableNames.emplace(own, m_tables[m_tablesNamed]);
+    }
+    const auto found = m_tableNames.find(std::string(name));
+    return found != m_tableNames.end() ? found->second : kNoIndex;
+}
+
+Index Store::rootDictionary() const {
+    for (Index index = firstLive(m_objectsList); index != kNoIndex; index = nextLive(at(index))) {
+        const ObjectBody& body = at(index);
+        if (body.kind == Kind::Dictionary && body.owner == kNoIndex) return index;
+    }
+    return kNoIndex;
+}
+
+void Store::recordsChanged(Kind kind) const {
+    if (kind == Kind::LayerRecord) m_lockedLayersKnown = false;
+    if (kind == Kind::BlockRecord) m_spacesKnown = false;
+}
+
+void Store::findSpaces() const {
+    if (m_spacesKnown) return;
+    const auto find = [this](std::wstring_view name) {
+        const ObjectBody* const record = symbol("BLOCK_RECORD", name);
+        return record != nullptr && !record->erased ? record->self : kNoIndex;
+    };
+    m_modelSpace = find(L"*Model_Space");
+    m_paperSpace = find(L"*Paper_Space");
+    m_spacesKnown = m_modelSpace != kNoIndex;
+}
+
+Index Store::modelSpace() const {
+    findSpaces();
+    return m_modelSpace;
+}
+
+Index Store::paperSpace() const {
+    findSpaces();
+    return m_paperSpace;
+}
+
+Index Store::currentSpace() const {
+    const auto tilemode = headerValue("$TILEMODE");
+    const bool modelTab = !tilemode || parseInteger(*tilemode).value_or(1) != 0;
+    return modelTab || currentViewport != 1 ? modelSpace() : paperSpace();
+}
+
+ObjectBody* Store::symbol(Index table, std::wstring_view name) const {
+    const auto records = m_symbols.find(table);
+    if (records == m_symbols.end()) return nullptr;
+    const std::wstring folded = foldCase(name);
+    const auto found = records->second.find(folded);
+    if (found == records->second.end()) return nullptr;
+    ObjectBody* erasedOne = nullptr;
+    for (const Index index : found->second) {
+        ObjectBody& record = at(index);
+        // A renamed record is still noted under its former name.
+        if (record.undone || !isNamed(record, folded)) continue;
+        if (!record.erased) return &record;
+        erasedOne = &record;
+    }
+    return erasedOne;
+}
+
+ObjectBody* Store::symbol(std::string_view tableName, std::wstring_view name) const {
+    return symbol(table(tableName), name);
+}
+
+void Store::indexSymbol(Index table, const ObjectBody& record, std::wstring_view name) {
+    recordsChanged(record.kind);
+    std::vector<Index>& sameName = m_symbols[table][foldCase(name)];
+    if (std::find(sameName.begin(), sameName.end(), record.self) == sameName.end())
+        sameName.push_back(record.self);
+}
+
+bool Store::onLockedLayer(const ObjectBody& entity) const {
+    constexpr long long kLocked = 4;
+    if (!m_lockedLayersKnown) {
+        m_lockedLayers.clear();
+        const Index layers = table("LAYER");
+        Index index = layers != kNoIndex ? firstLive(layers) : kNoIndex;
+        for (; index != kNoIndex; index = nextLive(at(index)))
+            if ((integerTag(at(index).tags(), 70, 0) & kLocked) != 0)
+                m_lockedLayers.insert(foldCase(symbolName(at(index))));
+        m_lockedLayersKnown = true;
+    }
+    return !m_lockedLayers.empty() && m_lockedLayers.count(foldCase(layerName(entity))) != 0;
+}
+
+std::optional<std::string_view> Store::headerValue(std::string_view name) const {
+    // A line with just the name behind a code line 9 is always a variable's begin.
+    constexpr std::string_view kNameCode = "  9\n";
+    for (const Section& section : m_sections) {
+        if (section.kind != SectionKind::Header) continue;
+        const std::string_view text = section.text;
+        std::size_t at = text.find(name);
+        for (; at != text.npos; at = text.find(name, at + 1)) {
+            const std::size_t end = at + name.size();
+            const bool whole = at >= kNameCode.size() && end < text.size() && text[end] == '\n';
+            if (!whole || text.substr(at - kNameCode.size(), kNameCode.size()) != kNameCode)
+                continue;
+            TagReader reader(text.substr(end + 1));
+            Tag value;
+            if (reader.next(value) && value.code != 9) return value.value;
+            // A name without a value counts as missing; saving adds the variable behind it.
+        }
+    }
+    return std::nullopt;
+}
+
+void Store::setHeaderValue(std::string_view name, int code, std::string_view value) {
+    std::string& text = section(SectionKind::Header).text;
+    m_journal->headerChanges(text);
+    ++revision;
+    if (const auto old = headerValue(name)) {
+        const std::string copy(value);
+        text.replace(static_cast<std::size_t>(old->data() - text.data()), old->size(), copy);
+        return;
+    }
+    addTag(text, 9, name);
+    addTag(text, code, value);
+}
+
+std::string Store::version() const {
+    return std::string(headerValue("$ACADVER").value_or("AC1009"));
+}
+
+std::wstring symbolName(const ObjectBody& record) { return groupText(record, 2, L""); }
+
+std::wstring layerName(const ObjectBody& entity) { return groupText(entity, 8, L"0"); }
+
+}  // namespace host

@@ -1,0 +1,246 @@
+// Block table records: their entities, base point, and the walk over a block.
+#include <unordered_set>
+
+#include "host/control/accounting.h"
+#include "host/control/faults.h"
+#include "host/objectarx/entities.h"
+#include "host/objectarx/symbol_tables.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/store/body_text.h"
+#include "host/store/fields.h"
+#include "host/store/store.h"
+#include "host/store/symbol_records.h"
+#include "host/tags/tags.h"
+
+namespace host {
+
+namespace {
+
+constexpr int kAnonymousBlock = 1;
+constexpr int kBlockHasAttributes = 2;
+constexpr int kConstantAttribute = 2;
+
+/// Tags of a BLOCK or ENDBLK up to its own subclass marker.
+std::string partText(std::string_view type, std::string_view subclass) {
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, subclass);
+    return text;
+}
+
+ObjectBody& makePart(Store& store, Kind kind, const std::string& text, const ObjectBody& record) {
+    ObjectBody fresh;
+    fresh.kind = kind;
+    placeText(fresh, text);
+    return store.duplicate(fresh, record.self);
+}
+
+/// The body whose tags hold a block's base point: its BLOCK, or a new record itself.
+ObjectBody& pointHolder(ObjectBody& record) {
+    if (record.store == nullptr) return record;
+    const BlockParts parts = record.store->blockParts(record.self);
+    return parts.begin != kNoIndex ? record.store->at(parts.begin) : record;
+}
+
+void noteAttributeDefinition(ObjectBody& record, const ObjectBody& definition) {
+    if (definition.kind != Kind::AttributeDefinition) return;
+    // The definition's own flags stand behind its subclass marker.
+    const auto part = subclassPart(definition.tags(), "AcDbAttributeDefinition");
+    if (part && (integerTag(*part, 70, 0) & kConstantAttribute) != 0) return;
+    ObjectBody& block = pointHolder(record);
+    const int flags = static_cast<int>(integerTag(block.tags(), 70, 0));
+    if ((flags & kBlockHasAttributes) != 0) return;
+    std::string text(block.tags());
+    setTag(text, 70, flags | kBlockHasAttributes);
+    block.setTags(std::move(text));
+}
+
+std::unordered_set<const AcDbBlockTableRecordIterator*>& iterators() {
+    static auto& all = *new std::unordered_set<const AcDbBlockTableRecordIterator*>;
+    return all;
+}
+
+void listIterators(std::vector<std::string>& lines) {
+    for (std::size_t count = iterators().size(); count > 0; --count)
+        lines.push_back("iterator over a block");
+}
+
+bool isMainEntity(const ObjectBody& body) {
+    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
+}
+
+/// The sibling before or behind, erased ones included: they are in no list, so slots are searched.
+Index nextSlot(const Store& store, Index block, Index from, bool forward) {
+    for (Index index = forward ? from + 1 : from - 1; index != kNoIndex && index <= store.count();
+         forward ? ++index : --index)
+        if (store.at(index).owner == block && isMainEntity(store.at(index)) &&
+            !store.at(index).undone)
+            return index;
+    return kNoIndex;
+}
+
+}  // namespace
+
+void makeBlockParts(Store& store, ObjectBody& record) {
+    const std::string name = store.encode(symbolName(record));
+    const std::string_view old = record.tags();
+    std::string begin = partText("BLOCK", "AcDbBlockBegin");
+    addTag(begin, 2, name);
+    addTag(begin, 70, name.front() == '*' ? kAnonymousBlock : 0);
+    addPointTag(begin, 10, realTag(old, 10, 0.0), realTag(old, 20, 0.0), realTag(old, 30, 0.0));
+    addTag(begin, 3, name);
+    addTag(begin, 1, "");
+    BlockParts parts;
+    // The name is in the drawing's encoding already, which duplicating must not convert again.
+    ObjectBody& block =
+        makePart(store, Kind::BlockBegin, partText("BLOCK", "AcDbBlockBegin"), record);
+    placeText(block, withIdentity(begin, block.handle, record.handle));
+    parts.begin = block.self;
+    parts.end = makePart(store, Kind::BlockEnd, partText("ENDBLK", "AcDbBlockEnd"), record).self;
+    store.blockParts(record.self) = parts;
+    store.blockOrder().push_back(record.self);
+    std::string text = newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord");
+    setTag(text, 2, name);
+    addHandleTag(text, 340, 0);  // no layout
+    addTag(text, 280, 1);        // can be exploded
+    addTag(text, 281, 0);        // can be scaled unevenly
+    placeText(record, withIdentity(text, record.handle, store.at(record.owner).handle));
+}
+
+}  // namespace host
+
+AcDbBlockTableRecord::AcDbBlockTableRecord()
+    : AcDbSymbolTableRecord(host::freshBody(
+          host::Kind::BlockRecord, host::newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord"))) {}
+
+Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
+    AcDbObjectId id;
+    return appendAcDbEntity(id, entity);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity) {
+    id.setNull();
+    if (host::callFails("AcDbBlockTableRecord::appendAcDbEntity")) return Acad::eOutOfMemory;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (content.store == nullptr) return Acad::eNotInDatabase;
+    if (entity == nullptr) return Acad::eNullObjectPointer;
+    if (!host::isMainEntity(entity->body())) return Acad::eWrongObjectType;
+    host::Store& store = *content.store;
+    const Acad::ErrorStatus status = host::makeResident(*entity, store, content.self);
+    if (status != Acad::eOk) return status;
+    host::ObjectBody& added = entity->body();
+    store.appendChild(content.self, added);
+    host::noteAttributeDefinition(content, added);
+    if (host::isPaperSpace(content)) host::setSpaceMarks(added, true);
+    id = store.idOf(added);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator,
+                                                    bool atBeginning, bool skipDeleted) const {
+    iterator = nullptr;
+    if (host::callFails("AcDbBlockTableRecord::newIterator")) return Acad::eOutOfMemory;
+    if (body().store == nullptr) return Acad::eNotInDatabase;
+    iterator = new AcDbBlockTableRecordIterator(objectId(), atBeginning, skipDeleted);
+    return Acad::eOk;
+}
+
+bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
+    const host::ObjectBody& content = body();
+    if (content.store == nullptr) return false;
+    const host::Store& store = *content.store;
+    for (host::Index index = store.firstLive(content.self); index != host::kNoIndex;
+         index = store.nextLive(store.at(index)))
+        if (store.at(index).kind == host::Kind::AttributeDefinition) return true;
+    return false;
+}
+
+AcGePoint3d AcDbBlockTableRecord::origin() const {
+    const std::string_view text = host::pointHolder(body()).tags();
+    return {host::realTag(text, 10, 0.0), host::realTag(text, 20, 0.0),
+            host::realTag(text, 30, 0.0)};
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
+    if (host::callFails("AcDbBlockTableRecord::setOrigin")) return Acad::eInvalidInput;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    host::ObjectBody& holder = host::pointHolder(content);
+    std::string text(holder.tags());
+    host::setTag(text, 10, host::formatReal(origin.x));
+    host::setTag(text, 20, host::formatReal(origin.y));
+    host::setTag(text, 30, host::formatReal(origin.z));
+    holder.setTags(std::move(text));
+    return Acad::eOk;
+}
+
+bool AcDbBlockTableRecord::isAnonymous() const {
+    const std::string_view text = host::pointHolder(body()).tags();
+    return (host::integerTag(text, 70, 0) & host::kAnonymousBlock) != 0;
+}
+
+AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(AcDbObjectId block, bool atBeginning,
+                                                           bool skipDeleted)
+    : m_block(block) {
+    host::addHeldLister(host::listIterators);
+    host::iterators().insert(this);
+    host::countHeld(host::Held::Iterator);
+    start(atBeginning, skipDeleted);
+}
+
+AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() {
+    host::iterators().erase(this);
+    host::countReturned(host::Held::Iterator);
+}
+
+void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipDeleted) {
+    m_current.setNull();
+    const host::ObjectBody* const block =
+        host::bodyOfId(m_block, "AcDbBlockTableRecordIterator::start");
+    if (block == nullptr) return;
+    const host::Store& store = *block->store;
+    host::Index index = atBeginning ? store.firstLive(block->self) : store.lastLive(block->self);
+    if (!skipDeleted)
+        index =
+            host::nextSlot(store, block->self, atBeginning ? 0 : store.count() + 1, atBeginning);
+    m_current = store.idOf(index);
+}
+
+void AcDbBlockTableRecordIterator::step(bool forward, bool skipDeleted) {
+    const host::ObjectBody* const current =
+        host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::step");
+    m_current.setNull();
+    if (current == nullptr) return;
+    const host::Store& store = *current->store;
+    host::Index index = forward ? store.nextLive(*current) : store.previousLive(*current);
+    if (!skipDeleted) index = host::nextSlot(store, current->owner, current->self, forward);
+    m_current = store.idOf(index);
+}
+
+bool AcDbBlockTableRecordIterator::done() const { return m_current.isNull(); }
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
+                                                          bool openErasedEntity) const {
+    entity = nullptr;
+    if (host::callFails("AcDbBlockTableRecordIterator::getEntity")) return Acad::eWasOpenForWrite;
+    if (done()) return Acad::eInvalidIndex;
+    host::ObjectBody* const current =
+        host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::getEntity");
+    if (current == nullptr) return Acad::eInvalidInput;
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = host::openBody(opened, *current, mode, openErasedEntity);
+    if (status == Acad::eOk) entity = static_cast<AcDbEntity*>(opened);
+    return status;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const {
+    id.setNull();
+    if (host::callFails("AcDbBlockTableRecordIterator::getEntityId")) return Acad::eInvalidIndex;
+    if (done()) return Acad::eInvalidIndex;
+    id = m_current;
+    return Acad::eOk;
+}

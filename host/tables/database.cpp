@@ -1,0 +1,96 @@
+// AcDbDatabase: tables, handles, the current layer and tab; the host application's services.
+#include "host/objectarx/database.h"
+
+#include "host/control/faults.h"
+#include "host/objects/opening.h"
+#include "host/store/body_text.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace {
+
+template <typename Table>
+Acad::ErrorStatus openTable(Table*& table, const host::Store& store, const char* name,
+                            AcDb::OpenMode mode) {
+    table = nullptr;
+    if (host::callFails("AcDbDatabase::getSymbolTable")) return Acad::eWasOpenForWrite;
+    const host::Index index = store.table(name);
+    if (index == host::kNoIndex) return Acad::eKeyNotFound;
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = host::openBody(opened, store.at(index), mode, false);
+    if (status == Acad::eOk) table = static_cast<Table*>(opened);
+    return status;
+}
+
+}  // namespace
+
+AcDbDatabase::AcDbDatabase()
+    : AcDbDatabase([] {
+          auto store = std::make_unique<host::Store>();
+          host::makeNewDrawing(*store);
+          return store;
+      }()) {}
+
+AcDbDatabase::AcDbDatabase(std::unique_ptr<host::Store> store) : m_store(std::move(store)) {
+    m_store->database = this;
+}
+
+AcDbDatabase::~AcDbDatabase() {
+    host::abandonOpenings(*m_store);
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    if (services->workingDatabase() == this) services->setWorkingDatabase(nullptr);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode) {
+    return openTable(table, *m_store, "BLOCK_RECORD", mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode) {
+    return openTable(table, *m_store, "LAYER", mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode) {
+    return openTable(table, *m_store, "LTYPE", mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
+                                                const AcDbHandle& handle, Adesk::UInt32) {
+    id.setNull();
+    if (host::callFails("AcDbDatabase::getAcDbObjectId")) return Acad::eUnknownHandle;
+    if (createIfNotFound) return Acad::eNotApplicable;
+    const host::ObjectBody* const body = m_store->byHandle(handle.value());
+    if (body == nullptr || body->undone) return Acad::eUnknownHandle;
+    id = m_store->idOf(*body);
+    return Acad::eOk;
+}
+
+bool AcDbDatabase::tilemode() const {
+    const auto value = m_store->headerValue("$TILEMODE");
+    return !value || host::parseInteger(*value).value_or(1) != 0;
+}
+
+AcDbObjectId AcDbDatabase::clayer() const {
+    const auto name = m_store->headerValue("$CLAYER");
+    const std::wstring wanted = name ? m_store->decode(*name) : L"0";
+    const host::ObjectBody* const layer = m_store->symbol("LAYER", wanted);
+    return layer != nullptr ? m_store->idOf(*layer) : AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
+    constexpr long long kFrozen = 1;
+    if (host::callFails("AcDbDatabase::setClayer")) return Acad::eInvalidInput;
+    if (layer.isNull()) return Acad::eNullObjectId;
+    const host::ObjectBody* const body = host::bodyOfId(layer, "AcDbDatabase::setClayer");
+    if (body == nullptr) return Acad::eInvalidInput;
+    if (body->kind != host::Kind::LayerRecord) return Acad::eNotThatKindOfClass;
+    if (body->store != m_store.get()) return Acad::eWrongDatabase;
+    if (body->erased) return Acad::eWasErased;
+    if ((host::integerTag(body->tags(), 70, 0) & kFrozen) != 0) return Acad::eInvalidInput;
+    m_store->setHeaderValue("$CLAYER", 8, m_store->encode(host::symbolName(*body)));
+    return Acad::eOk;
+}
+
+AcDbHostApplicationServices* acdbHostApplicationServices() {
+    static AcDbHostApplicationServices services;
+    return &services;
+}

@@ -1,0 +1,120 @@
+// Layer records: colour, linetype and state.
+#include "host/control/faults.h"
+#include "host/objectarx/symbol_tables.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/store/body_text.h"
+#include "host/store/store.h"
+#include "host/store/symbol_records.h"
+#include "host/tags/tags.h"
+
+namespace {
+
+constexpr int kFrozen = 1;
+constexpr int kLocked = 4;
+
+int flagsOf(const host::ObjectBody& layer) {
+    return static_cast<int>(host::integerTag(layer.tags(), 70, 0));
+}
+
+/// Colour as stored: negative while the layer is off.
+int storedColor(const host::ObjectBody& layer) {
+    return static_cast<int>(host::integerTag(layer.tags(), 62, 7));
+}
+
+void setInteger(host::ObjectBody& layer, int code, int value) {
+    std::string text(layer.tags());
+    host::setTag(text, code, value);
+    layer.setTags(std::move(text));
+}
+
+void setFlag(host::ObjectBody& layer, int flag, bool on) {
+    const int flags = flagsOf(layer);
+    setInteger(layer, 70, on ? flags | flag : flags & ~flag);
+}
+
+bool isCurrent(const host::ObjectBody& layer) {
+    if (layer.store == nullptr) return false;
+    const auto current = layer.store->headerValue("$CLAYER");
+    return current &&
+           host::foldCase(layer.store->decode(*current)) == host::foldCase(host::symbolName(layer));
+}
+
+}  // namespace
+
+AcDbLayerTableRecord::AcDbLayerTableRecord()
+    : AcDbSymbolTableRecord([] {
+          std::string text = host::newRecordText("LAYER", "AcDbLayerTableRecord");
+          host::addTag(text, 62, 7);
+          host::addTag(text, 6, "CONTINUOUS");
+          return host::freshBody(host::Kind::LayerRecord, std::move(text));
+      }()) {}
+
+AcCmColor AcDbLayerTableRecord::color() const {
+    AcCmColor color;
+    const int stored = storedColor(body());
+    color.setColorIndex(static_cast<Adesk::UInt16>(stored < 0 ? -stored : stored));
+    return color;
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
+    if (host::callFails("AcDbLayerTableRecord::setColor")) return Acad::eInvalidInput;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    const int index = color.colorIndex();
+    setInteger(content, 62, storedColor(content) < 0 ? -index : index);
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {
+    const host::ObjectBody& content = body();
+    const auto name = host::findTag(content.tags(), 6);
+    if (content.store == nullptr || !name) return {};
+    const host::Store& store = *content.store;
+    const host::ObjectBody* const linetype = store.symbol("LTYPE", store.decode(name->value));
+    return linetype != nullptr ? store.idOf(*linetype) : AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
+    if (host::callFails("AcDbLayerTableRecord::setLinetypeObjectId")) return Acad::eInvalidInput;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (id.isNull()) return Acad::eNullObjectId;
+    const host::ObjectBody* const linetype =
+        host::bodyOfId(id, "AcDbLayerTableRecord::setLinetypeObjectId");
+    if (linetype == nullptr) return Acad::eInvalidInput;
+    if (linetype->kind != host::Kind::LinetypeRecord) return Acad::eNotThatKindOfClass;
+    if (content.store != nullptr && content.store != linetype->store) return Acad::eWrongDatabase;
+    const std::wstring name = host::symbolName(*linetype);
+    std::string text(content.tags());
+    host::setTag(text, 6,
+                 content.store != nullptr ? content.store->encode(name) : host::toUtf8(name));
+    content.setTags(std::move(text));
+    return Acad::eOk;
+}
+
+bool AcDbLayerTableRecord::isFrozen() const { return (flagsOf(body()) & kFrozen) != 0; }
+
+Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
+    if (host::callFails("AcDbLayerTableRecord::setIsFrozen")) return Acad::eInvalidInput;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    if (frozen && isCurrent(content)) return Acad::eInvalidInput;
+    setFlag(content, kFrozen, frozen);
+    return Acad::eOk;
+}
+
+bool AcDbLayerTableRecord::isOff() const { return storedColor(body()) < 0; }
+
+void AcDbLayerTableRecord::setIsOff(bool off) {
+    if (!host::mayChange(*this, "AcDbLayerTableRecord::setIsOff")) return;
+    const int index = color().colorIndex();
+    setInteger(body(), 62, off ? -index : index);
+}
+
+bool AcDbLayerTableRecord::isLocked() const { return (flagsOf(body()) & kLocked) != 0; }
+
+void AcDbLayerTableRecord::setIsLocked(bool locked) {
+    if (host::mayChange(*this, "AcDbLayerTableRecord::setIsLocked"))
+        setFlag(body(), kLocked, locked);
+}

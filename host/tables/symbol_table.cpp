@@ -1,0 +1,153 @@
+// Symbol tables and what all their records have in common: names, lookup, adding.
+#include "host/control/faults.h"
+#include "host/objectarx/symbol_tables.h"
+#include "host/objects/object_access.h"
+#include "host/objects/opening.h"
+#include "host/objects/result_buffer_tools.h"
+#include "host/store/body_text.h"
+#include "host/store/store.h"
+#include "host/store/symbol_records.h"
+#include "host/tags/tags.h"
+
+namespace host {
+
+std::string newRecordText(std::string_view type, std::string_view subclass) {
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbSymbolTableRecord");
+    addTag(text, 100, subclass);
+    addTag(text, 2, "");
+    addTag(text, 70, 0);
+    return text;
+}
+
+bool symbolNameIsValid(std::wstring_view name, bool anonymous) {
+    constexpr std::size_t kLongestName = 255;
+    if (name.empty() || name.size() > kLongestName) return false;
+    if (anonymous && name.front() == L'*') name.remove_prefix(1);
+    const bool hasControls = name.find_first_of(L"\t\n\v\f\r") != std::wstring_view::npos;
+    return !hasControls && name.find_first_of(L"|*\\/:;<>?\",=`") == std::wstring_view::npos;
+}
+
+namespace {
+
+/// Gives a new layer the plot style and line weight that layer 0 has: drawings with named styles
+/// are refused elsewhere when a layer lacks them.
+void addPlotting(const Store& store, ObjectBody& layer) {
+    const ObjectBody* const model = store.symbol("LAYER", L"0");
+    if (model == nullptr) return;
+    std::string text(layer.tags());
+    for (const int code : {370, 390})
+        if (const auto place = findTag(model->tags(), code)) setTag(text, code, place->value);
+    layer.setTags(std::move(text));
+}
+
+/// Kind of the records that a table takes.
+bool takesRecord(Kind table, Kind record) {
+    switch (table) {
+        case Kind::BlockTable:
+            return record == Kind::BlockRecord;
+        case Kind::LayerTable:
+            return record == Kind::LayerRecord;
+        case Kind::LinetypeTable:
+            return record == Kind::LinetypeRecord;
+        default:
+            return false;  // no class of the interface makes records of the other tables
+    }
+}
+
+}  // namespace
+
+}  // namespace host
+
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
+    name = nullptr;
+    if (host::callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
+    name = host::newString(host::symbolName(body()));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
+    if (host::callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
+    host::ObjectBody& content = body();
+    if (!content.openForWrite) return Acad::eNotOpenForWrite;
+    const bool anonymous = content.kind == host::Kind::BlockRecord;
+    if (name == nullptr || !host::symbolNameIsValid(name, anonymous))
+        return Acad::eInvalidSymbolTableName;
+    if (content.store != nullptr) return Acad::eNotApplicable;
+    std::string text(content.tags());
+    host::setTag(text, 2, host::toUtf8(name));
+    content.setTags(std::move(text));
+    return Acad::eOk;
+}
+
+bool AcDbSymbolTable::has(const ACHAR* name) const {
+    const host::ObjectBody& content = body();
+    if (name == nullptr || content.store == nullptr) return false;
+    const host::ObjectBody* const record = content.store->symbol(content.self, name);
+    return record != nullptr && !record->erased;
+}
+
+namespace {
+
+Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name, bool erasedToo,
+                             host::ObjectBody*& record) {
+    record = nullptr;
+    if (name == nullptr || table.store == nullptr) return Acad::eKeyNotFound;
+    record = table.store->symbol(table.self, name);
+    if (record == nullptr) return Acad::eKeyNotFound;
+    return record->erased && !erasedToo ? Acad::eWasErased : Acad::eOk;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id,
+                                         bool getErasedRecord) const {
+    id.setNull();
+    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    host::ObjectBody* record = nullptr;
+    const Acad::ErrorStatus status = findRecord(body(), name, getErasedRecord, record);
+    if (status == Acad::eOk) id = record->store->idOf(*record);
+    return status;
+}
+
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
+                                         AcDb::OpenMode mode, bool openErasedRecord) const {
+    record = nullptr;
+    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    host::ObjectBody* found = nullptr;
+    Acad::ErrorStatus status = findRecord(body(), name, openErasedRecord, found);
+    if (status != Acad::eOk) return status;
+    AcDbObject* opened = nullptr;
+    status = host::openBody(opened, *found, mode, openErasedRecord);
+    if (status == Acad::eOk) record = static_cast<AcDbSymbolTableRecord*>(opened);
+    return status;
+}
+
+Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
+    AcDbObjectId id;
+    return add(id, record);
+}
+
+Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record) {
+    id.setNull();
+    if (host::callFails("AcDbSymbolTable::add")) return Acad::eDuplicateRecordName;
+    host::ObjectBody& table = body();
+    if (!table.openForWrite) return Acad::eNotOpenForWrite;
+    if (record == nullptr) return Acad::eNullObjectPointer;
+    if (!host::takesRecord(table.kind, record->body().kind)) return Acad::eWrongObjectType;
+    const std::wstring name = host::symbolName(record->body());
+    if (name.empty()) return Acad::eInvalidSymbolTableName;
+    if (record->body().store != nullptr) return Acad::eAlreadyInDb;
+    if (has(name.c_str())) return Acad::eDuplicateRecordName;
+    host::Store& store = *table.store;
+    const Acad::ErrorStatus status = host::makeResident(*record, store, table.self);
+    if (status != Acad::eOk) return status;
+    host::ObjectBody& added = record->body();
+    store.appendChild(table.self, added);
+    store.indexSymbol(table.self, added, name);
+    if (added.kind == host::Kind::BlockRecord) host::makeBlockParts(store, added);
+    if (added.kind == host::Kind::LayerRecord) host::addPlotting(store, added);
+    id = store.idOf(added);
+    return Acad::eOk;
+}

@@ -1,0 +1,114 @@
+// Reading and changing the tags of one object by position.
+#include "host/tags/tag_edit.h"
+
+#include <cmath>
+
+#include "host/tags/tags.h"
+
+namespace host {
+
+TagEdit::TagEdit(std::string_view text) {
+    TagReader reader(text);
+    Tag tag;
+    bool inBrackets = false;
+    bool behindOwn = false;
+    while (reader.next(tag)) {
+        if (tag.code >= 1000 || tag.code == 101) behindOwn = true;
+        const bool opens = tag.code == 102 && !tag.value.empty() && tag.value[0] == '{';
+        if (opens) inBrackets = true;
+        const bool marker = tag.code == 100 || tag.code == 102;
+        m_tags.push_back(
+            {tag.code, tag.value, !inBrackets && !behindOwn && !marker, false, false, {}, {}});
+        if (tag.code == 102 && !opens) inBrackets = false;
+    }
+}
+
+std::optional<std::size_t> TagEdit::find(int code) const {
+    for (std::size_t at = 0; at < size(); ++at) {
+        if (m_tags[at].own && m_tags[at].code == code) return at;
+    }
+    return std::nullopt;
+}
+
+double TagEdit::real(std::size_t at) {
+    const std::optional<double> value = parseReal(m_tags[at].value);
+    if (value && std::isfinite(*value)) return *value;
+    if (!m_malformed) m_malformed = m_tags[at].code;
+    return 0.0;
+}
+
+double TagEdit::real(int code, double otherwise) {
+    const auto at = find(code);
+    return at ? real(*at) : otherwise;
+}
+
+int TagEdit::integer(int code, int otherwise) const {
+    const auto at = find(code);
+    const auto value = at ? parseInteger(m_tags[*at].value) : std::nullopt;
+    return value && std::llabs(*value) <= INT32_MAX ? static_cast<int>(*value) : otherwise;
+}
+
+std::optional<std::size_t> TagEdit::coordinate(std::size_t at, int shift) const {
+    const int first = m_tags[at].code;
+    for (std::size_t next = at + 1; next < size() && m_tags[next].code != first; ++next) {
+        if (m_tags[next].own != m_tags[at].own) continue;
+        if (m_tags[next].code == first + shift) return next;
+    }
+    return std::nullopt;
+}
+
+Vec TagEdit::point(std::size_t at) {
+    const auto y = coordinate(at, 10);
+    const auto z = coordinate(at, 20);
+    return {real(at), y ? real(*y) : 0.0, z ? real(*z) : 0.0};
+}
+
+void TagEdit::set(std::size_t at, double number) {
+    EditedTag& tag = m_tags[at];
+    if (!std::isfinite(number) && !m_malformed) m_malformed = tag.code;
+    // A tag whose number stays keeps its spelling too.
+    if (!tag.changed && parseReal(tag.value) == number) return;
+    tag.changed = true;
+    tag.changedTo = formatReal(number == 0.0 ? 0.0 : number);  // never -0
+}
+
+void TagEdit::set(std::size_t at, int number) {
+    m_tags[at].changed = true;
+    m_tags[at].changedTo = std::to_string(number);
+}
+
+void TagEdit::set(std::size_t at, std::string_view value) {
+    m_tags[at].changed = true;
+    m_tags[at].changedTo = value;
+}
+
+void TagEdit::setPoint(std::size_t at, const Vec& point) {
+    set(at, point.x);
+    std::size_t last = at;
+    const double values[] = {point.y, point.z};
+    for (int shift : {10, 20}) {
+        const double value = values[shift / 10 - 1];
+        if (const auto place = coordinate(at, shift)) {
+            set(*place, value);
+            last = *place;
+        } else if (value != 0.0) {
+            std::string tag;
+            addTag(tag, m_tags[at].code + shift, value);
+            addBehind(last, tag);
+        }
+    }
+}
+
+void TagEdit::addBehind(std::size_t at, std::string_view tags) { m_tags[at].behind += tags; }
+
+std::string TagEdit::tags() const {
+    std::string text;
+    for (const EditedTag& tag : m_tags) {
+        if (!tag.removed)
+            addTag(text, tag.code, tag.changed ? std::string_view(tag.changedTo) : tag.value);
+        text += tag.behind;
+    }
+    return text;
+}
+
+}  // namespace host

@@ -1,0 +1,21 @@
+// Numbers and handles as drawings write them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// Shortest text that reads back as the same double; always with a point or an exponent.
+std::string formatReal(double value);
+std::string formatHandle(std::uint64_t handle);
+/// Blanks around the number are accepted, anything else is not.
+std::optional<double> parseReal(std::string_view text);
+std::optional<long long> parseInteger(std::string_view text);
+std::optional<std::uint64_t> parseHandle(std::string_view text);
+/// Without blanks, tabs and carriage returns around it.
+std::string_view trimmed(std::string_view text);
+
+}  // namespace host
