@@ -57,7 +57,8 @@ ObjectBody& copyPicture(Store& store, ObjectBody& dimension) {
     for (Index at = store.firstLive(old.self); at != kNoIndex; at = store.nextLive(store.at(at)))
         contents.push_back(&store.at(at));
     CloneMap map;
-    deepClone(store, contents, made, map);
+    copyWithOwned(store, contents, made, map);
+    translateReferences(store, map);
     std::string text(dimension.tags());
     setFieldValue(text, kBlockOfDimension, store.encode(symbolName(made)));
     dimension.setTags(std::move(text));

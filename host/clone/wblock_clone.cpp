@@ -1,31 +1,16 @@
 // Cloning into another drawing: what comes along, and references turned to what is there.
 #include "host/clone/wblock_clone.h"
 
-#include <unordered_map>
 #include <unordered_set>
 
-#include "host/clone/deep_clone.h"
+#include "host/clone/clone_map.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/store/dictionary_text.h"
-#include "host/store/fields.h"
 #include "host/store/references.h"
 #include "host/store/store.h"
-#include "host/tags/tag_edit.h"
-#include "host/tags/tags.h"
 
 namespace host {
 namespace {
-
-bool isFreeObject(Kind kind) { return kind <= Kind::Xrecord; }
-
-bool isRecord(Kind kind) {
-    return kind == Kind::BlockRecord || kind == Kind::LayerRecord || kind == Kind::LinetypeRecord ||
-           kind == Kind::OtherRecord;
-}
-
-bool isMain(const ObjectBody& body) {
-    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
-}
 
 /// Copies objects and what they need; nothing is translated yet.
 class Collector {
@@ -37,7 +22,12 @@ class Collector {
         std::vector<Index> clones;
         for (const ObjectBody* source : sources) {
             if (m_map.cloneOf(*source) == kNoIndex) copyEntity(*source, owner);
-            followAll();
+            // Until nothing that was copied has anything left to follow.
+            while (!m_open.empty()) {
+                const ObjectBody* next = m_open.back();
+                m_open.pop_back();
+                follow(*next);
+            }
             clones.push_back(m_map.cloneOf(*source));
         }
         return clones;
@@ -52,77 +42,47 @@ class Collector {
 
   private:
     ObjectBody& copy(const ObjectBody& source, Index owner) {
-        ObjectBody& made = m_to.duplicate(source, owner);
-        m_map.add(source, made);
         m_open.push_back(&source);
-        return made;
+        return cloneBody(source, m_to, owner, m_map);
     }
 
     void copyEntity(const ObjectBody& source, ObjectBody& owner) {
-        ObjectBody& made = copy(source, owner.self);
-        m_to.appendChild(owner.self, made);
-        setSpaceMarks(made, isPaperSpace(owner));
-        for (Index at = m_from.firstLive(source.self); at != kNoIndex;) {
-            const ObjectBody& part = m_from.at(at);
-            ObjectBody& partMade = copy(part, made.self);
-            m_to.appendChild(made.self, partMade);
-            setSpaceMarks(partMade, isPaperSpace(owner));
-            at = m_from.nextLive(part);
-        }
-        if (source.sequenceEnd == kNoIndex) return;
-        const ObjectBody& end = m_from.at(source.sequenceEnd);
-        if (end.erased) return;
-        ObjectBody& endMade = copy(end, made.self);
-        m_to.setSequenceEnd(made, endMade);
-        setSpaceMarks(endMade, isPaperSpace(owner));
-    }
-
-    /// Until nothing that was copied has anything left to follow.
-    void followAll() {
-        while (!m_open.empty()) {
-            const ObjectBody* next = m_open.back();
-            m_open.pop_back();
-            follow(*next);
-        }
+        std::size_t copied = m_map.pairs().size();
+        cloneEntity(source, m_to, owner, m_map);
+        for (; copied < m_map.pairs().size(); ++copied)
+            m_open.push_back(m_map.pairs()[copied].source);
     }
 
     void follow(const ObjectBody& source) {
         const bool hardEntries = source.kind == Kind::Dictionary && ownsHard(source.tags());
-        TagReader reader(source.tags());
-        Tag tag;
-        while (reader.next(tag)) {
-            if (const char* table = tableNamedBy(source, tag.code)) bringSymbol(table, tag.value);
-            const bool owned = isHardOwnerCode(tag.code) || (hardEntries && tag.code == 350);
-            if (!owned && !isHardPointerCode(tag.code)) continue;
-            const ObjectBody* target = m_from.byHandle(parseHandle(tag.value).value_or(0));
-            if (target == nullptr || target->erased || m_map.cloneOf(*target) != kNoIndex) continue;
-            if (owned)
-                bringOwned(source, *target);
-            else
+        TagWalk tag(source.tags());
+        while (tag.next()) {
+            if (const char* table = tableNamedBy(source, tag)) bringSymbol(table, tag.value());
+            const TagType type = tagTypeOf(tag.code());
+            const bool owned =
+                type == TagType::HardOwner || (hardEntries && type == TagType::SoftOwner);
+            if (!owned && type != TagType::HardPointer) continue;
+            const ObjectBody* target = m_from.byHandle(parseHandle(tag.value()).value_or(0));
+            if (owned && goesAlong(source, target, m_map)) {
+                m_to.appendChild(m_to.objectsList(), copy(*target, m_map.cloneOf(source)));
+            } else if (!owned && target != nullptr && !target->erased &&
+                       m_map.cloneOf(*target) == kNoIndex) {
                 bringPointedAt(source, *target);
+            }
         }
     }
 
-    void bringOwned(const ObjectBody& owner, const ObjectBody& target) {
-        if (!isFreeObject(target.kind)) return;
-        const bool listed = owner.kind == Kind::Dictionary ||
-                            target.handle == extensionDictionaryHandle(owner.tags());
-        if (!listed && target.owner != owner.self) return;
-        ObjectBody& made = copy(target, m_map.cloneOf(owner));
-        m_to.appendChild(m_to.objectsList(), made);
-    }
-
     void bringPointedAt(const ObjectBody& source, const ObjectBody& target) {
-        if (isRecord(target.kind)) {
+        if (isRecordKind(target.kind)) {
             bringRecord(target);
-        } else if (isMain(target)) {
+        } else if (isMainEntity(target)) {
             const Index owner = m_map.cloneOf(source);
-            const bool sibling = isMain(source) && source.owner == target.owner;
+            const bool sibling = isMainEntity(source) && source.owner == target.owner;
             if (sibling && m_sources.count(&target) == 0)
                 copyEntity(target, m_to.at(m_to.at(owner).owner));
-        } else if (isFreeObject(target.kind) && source.kind != Kind::BlockRecord) {
+        } else if (isObjectKind(target.kind) && source.kind != Kind::BlockRecord) {
             // (A block names its layout, which is the drawing's and stays.)
-            bringNamedObject(target);
+            bringEntry(target, 0);
         }
     }
 
@@ -219,8 +179,6 @@ class Collector {
         return left += text.substr(at);
     }
 
-    void bringNamedObject(const ObjectBody& object) { bringEntry(object, 0); }
-
     const Store& m_from;
     Store& m_to;
     CloneMap& m_map;
@@ -234,90 +192,28 @@ class Collector {
     std::vector<NewEntry> m_entries;
 };
 
-/// Turns the references of one clone to what is in its drawing.
-class Translator {
-  public:
-    Translator(const Store& from, const Store& to, const CloneMap& map)
-        : m_from(from), m_to(to), m_map(map) {}
+/// What stays behind is dropped from lists and brackets, and where a 0 would be none: plot styles,
+/// and all that layers name.
+ReferenceFate fateOfOthers(const ObjectBody& clone, ReferencePlace place, int code) {
+    const bool drops = place != ReferencePlace::Plain || code == 390 ||
+                       (clone.kind == Kind::LayerRecord && code != 330);
+    return {drops ? ReferenceFate::Drop : ReferenceFate::Turn, 0};
+}
 
-    std::string of(const ObjectBody& source, const ObjectBody& clone) {
-        TagEdit edit(clone.tags());
-        const bool dictionary = source.kind == Kind::Dictionary;
-        const bool hatch = trimmed(source.type()) == "HATCH";
-        bool inHead = true;
-        std::size_t bracket = edit.size(), kept = 0, key = edit.size(), count = edit.size();
-        for (std::size_t at = 0; at < edit.size(); ++at) {
-            const int code = edit.code(at);
-            if (code == 100) inHead = false;
-            if (code == 102) {
-                const bool opens = !edit.value(at).empty() && edit.value(at)[0] == '{';
-                if (!opens && bracket != edit.size() && kept == 0) {
-                    edit.remove(bracket);
-                    edit.remove(at);
-                }
-                bracket = opens ? at : edit.size();
-                kept = 0;
-                continue;
-            }
-            if (code == 3) key = at;
-            if (hatch && code == 97) count = at;
-            if (code == 2 && edit.own(at)) rename(edit, at, source);
-            const bool owner = inHead && bracket == edit.size() && code == 330;
-            if (!isReferenceCode(code) || owner) {
-                ++kept;
-                continue;
-            }
-            const Index target = targetOf(edit.value(at));
-            if (target != kNoIndex) {
-                edit.set(at, std::string_view(formatHandle(m_to.at(target).handle)));
-                ++kept;
-            } else if (bracket != edit.size() || code == 390 ||
-                       (source.kind == Kind::LayerRecord && code != 330)) {
-                edit.remove(at);
-            } else if (dictionary && !inHead && (code == 350 || code == 360)) {
-                edit.remove(at);
-                if (key != edit.size()) edit.remove(key);
-            } else if (hatch && code == 330 && count != edit.size()) {
-                dropBoundary(edit, at, count);
-            } else {
-                edit.set(at, std::string_view("0"));
-            }
-        }
-        return edit.tags();
+/// The block that a clone names may have another name in its drawing.
+void renameBlock(const Store& from, const Store& to, const CloneMap& map, ObjectBody& clone) {
+    TagWalk tag(clone.tags());
+    while (tag.nextOwn() && tag.code() != 2) {
     }
-
-  private:
-    Index targetOf(std::string_view handle) const {
-        const ObjectBody* target = m_from.byHandle(parseHandle(handle).value_or(0));
-        return target != nullptr ? m_map.cloneOf(*target) : kNoIndex;
-    }
-
-    /// The block that a reference names may have another name here.
-    void rename(TagEdit& edit, std::size_t at, const ObjectBody& source) const {
-        const char* table = tableNamedBy(source, 2);
-        if (table == nullptr) return;
-        const ObjectBody* record = m_from.symbol(table, m_to.decode(edit.value(at)));
-        const Index clone = record != nullptr ? m_map.cloneOf(*record) : kNoIndex;
-        if (clone == kNoIndex) return;
-        const std::string name = m_to.encode(symbolName(m_to.at(clone)));
-        if (foldCase(m_to.decode(name)) != foldCase(m_to.decode(edit.value(at))))
-            edit.set(at, std::string_view(name));
-    }
-
-    /// A boundary that stays behind: the path counts one less and the hatch follows no longer.
-    static void dropBoundary(TagEdit& edit, std::size_t at, std::size_t count) {
-        edit.remove(at);
-        int left = 0;
-        for (std::size_t next = count + 1; next < edit.size() && edit.code(next) == 330; ++next)
-            left += edit.removed(next) ? 0 : 1;
-        edit.set(count, left);
-        if (const auto associative = edit.find(71)) edit.set(*associative, 0);
-    }
-
-    const Store& m_from;
-    const Store& m_to;
-    const CloneMap& m_map;
-};
+    if (tag.code() != 2 || tableNamedBy(clone, tag) == nullptr) return;
+    const std::wstring former = to.decode(tag.value());
+    const ObjectBody* record = from.symbol("BLOCK_RECORD", former);
+    const Index made = record != nullptr ? map.cloneOf(*record) : kNoIndex;
+    if (made == kNoIndex || foldCase(symbolName(to.at(made))) == foldCase(former)) return;
+    std::string text(clone.tags());
+    replaceValue(text, tag.place(), to.encode(symbolName(to.at(made))));
+    clone.setTags(std::move(text));
+}
 
 }  // namespace
 
@@ -329,13 +225,9 @@ std::vector<Index> wblockClone(const std::vector<const ObjectBody*>& sources, St
     CloneMap map;
     Collector collector(from, to, map);
     const std::vector<Index> clones = collector.run(sources, owner);
-    Translator translator(from, to, map);
-    for (const auto& [source, index] : map.pairs()) {
-        if (index < firstNew) continue;  // it was there before and has its own references
-        ObjectBody& clone = to.at(index);
-        std::string text = translator.of(*source, clone);
-        if (text != clone.tags()) clone.setTags(std::move(text));
-    }
+    for (const CloneMap::Pair& pair : map.pairs())
+        if (pair.clone >= firstNew) renameBlock(from, to, map, to.at(pair.clone));
+    translateClones(from, to, map, firstNew, fateOfOthers);
     collector.enterObjects();
     return clones;
 }

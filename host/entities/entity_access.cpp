@@ -6,6 +6,7 @@
 #include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 namespace {
@@ -49,16 +50,11 @@ Index following(const Store& store, const ObjectBody& body) {
 
 /// Adds the stored tags but for the type, the handle and the owner, which stand in front.
 void addOwnGroups(ResultList& list, const ObjectBody& body) {
-    TagReader reader(body.tags());
-    Tag tag;
-    bool inHead = true;
-    bool inBrackets = false;
-    while (reader.next(tag) && tag.code < 1000) {
-        if (tag.code == 100) inHead = false;
-        if (tag.code == 102) inBrackets = !tag.value.empty() && tag.value[0] == '{';
-        const bool stands =
-            inHead && !inBrackets && (tag.code == 0 || tag.code == 5 || tag.code == 330);
-        if (!stands) list.addGroup(*body.store, tag, reader);
+    TagWalk tag(body.tags());
+    while (tag.next() && tag.zone() != TagZone::Extended) {
+        const bool stands = tag.role() == TagRole::Type || tag.role() == TagRole::Handle ||
+                            tag.role() == TagRole::Owner;
+        if (!stands) list.addGroup(*body.store, tag.tag(), tag.reader());
     }
 }
 

@@ -4,9 +4,18 @@
 #include "host/control/faults.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"
+#include "host/tags/tag_codes.h"
 
 namespace host {
 namespace {
+
+/// By TagType, in its order.
+constexpr ValueKind kKinds[] = {
+    ValueKind::Invalid, ValueKind::Text,   ValueKind::Point, ValueKind::Point,
+    ValueKind::Real,    ValueKind::Short,  ValueKind::Long,  ValueKind::Int64,
+    ValueKind::Short,   ValueKind::Binary, ValueKind::Text,  ValueKind::Name,
+    ValueKind::Name,    ValueKind::Name,   ValueKind::Name,  ValueKind::Name,
+};
 
 struct KindRange {
     int first;
@@ -14,43 +23,10 @@ struct KindRange {
     ValueKind kind;
 };
 
-/// Tag codes of the ADS interface; codes between the ranges have no value that it can hold.
-constexpr KindRange kKinds[] = {
+/// Types that stand in no drawing.
+constexpr KindRange kOtherKinds[] = {
     {-4, -4, ValueKind::Text},
     {-2, -1, ValueKind::Name},
-    {0, 9, ValueKind::Text},
-    {10, 37, ValueKind::Point},
-    {38, 59, ValueKind::Real},
-    {60, 79, ValueKind::Short},
-    {90, 99, ValueKind::Long},
-    {100, 102, ValueKind::Text},
-    {105, 105, ValueKind::Text},
-    {110, 119, ValueKind::Point},
-    {120, 149, ValueKind::Real},
-    {160, 169, ValueKind::Int64},
-    {170, 179, ValueKind::Short},
-    {210, 239, ValueKind::Point},
-    {270, 299, ValueKind::Short},
-    {300, 309, ValueKind::Text},
-    {310, 319, ValueKind::Binary},
-    {320, 369, ValueKind::Name},
-    {370, 389, ValueKind::Short},
-    {390, 399, ValueKind::Name},
-    {400, 409, ValueKind::Short},
-    {410, 419, ValueKind::Text},
-    {420, 429, ValueKind::Long},
-    {430, 439, ValueKind::Text},
-    {440, 459, ValueKind::Long},
-    {460, 469, ValueKind::Real},
-    {470, 479, ValueKind::Text},
-    {480, 481, ValueKind::Name},
-    {1000, 1003, ValueKind::Text},
-    {1004, 1004, ValueKind::Binary},
-    {1005, 1009, ValueKind::Text},
-    {1010, 1037, ValueKind::Point},
-    {1040, 1042, ValueKind::Real},
-    {1070, 1070, ValueKind::Short},
-    {1071, 1071, ValueKind::Long},
     {RTNONE, RTNONE, ValueKind::Nothing},
     {RTREAL, RTREAL, ValueKind::Real},
     {RTPOINT, RTPOINT, ValueKind::Point},
@@ -130,10 +106,10 @@ bool addArgument(ResultList& list, int type, va_list& arguments) {
 }  // namespace
 
 ValueKind valueKindOf(int type) {
-    for (const KindRange& range : kKinds) {
+    if (type == 1005) return ValueKind::Text;  // a handle, but given as its digits
+    for (const KindRange& range : kOtherKinds)
         if (type >= range.first && type <= range.last) return range.kind;
-    }
-    return ValueKind::Invalid;
+    return kKinds[static_cast<int>(tagTypeOf(type))];
 }
 
 void ResultList::addReal(int type, double value) { append(type).resval.rreal = value; }

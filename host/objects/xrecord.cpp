@@ -4,7 +4,7 @@
 #include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_walk.h"
 
 namespace {
 
@@ -16,17 +16,15 @@ struct DataPlace {
 };
 
 DataPlace dataPlace(std::string_view text) {
-    host::TagReader reader(text);
-    host::Tag tag;
-    bool found = false;
-    while (!found && reader.next(tag))
-        found = tag.code == 100 && tag.value == "AcDbXrecord";
-    DataPlace place{reader.end(), reader.end()};
+    host::TagWalk tag(text);
+    DataPlace place{text.size(), text.size()};
     bool first = true;
-    while (reader.next(tag) && tag.code < 1000) {
-        if (first && tag.code == 280) place.begin = reader.end();
-        first = false;
-        place.end = reader.end();
+    while (tag.next() && tag.zone() != host::TagZone::Extended) {
+        if (tag.zone() != host::TagZone::Data) continue;
+        const bool isMark = tag.role() == host::TagRole::Marker || (first && tag.code() == 280);
+        first = tag.role() == host::TagRole::Marker;
+        if (isMark) place.begin = tag.end();
+        place.end = tag.end();
     }
     return place;
 }

@@ -1,12 +1,11 @@
 // Edits of an object's tags: identity, encoding, single values, the extension dictionary's link.
 #include "host/store/body_text.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "host/store/object_body.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 
@@ -14,72 +13,32 @@ namespace {
 
 constexpr std::string_view kDictionaryBracket = "{ACAD_XDICTIONARY";
 
-/// Bytes of a text; an empty one when the tag is missing.
-struct Span {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-    bool found = false;
-};
-
-/// The tags that say who an object is, in front of the first subclass marker.
-struct Head {
-    Span type;
-    Span handle;
-    Span owner;
-    std::size_t end = 0;  ///< where the first marker begins; behind the type when there is none
-};
-
-Head readHead(std::string_view text) {
-    Head head;
-    TagReader reader(text);
-    Tag tag;
-    int handleCode = 5;
-    bool inBracket = false;
-    while (reader.next(tag)) {
-        const Span here{reader.begin(), reader.end(), true};
-        if (!head.type.found) {
-            head.type = here;
-            head.end = here.end;
-            if (tag.value == "DIMSTYLE") handleCode = 105;
-        } else if (tag.code == 102) {
-            inBracket = !tag.value.empty() && tag.value.front() == '{';
-        } else if (inBracket) {
-            continue;
-        } else if (tag.code == 100) {
-            head.end = here.begin;
-            break;
-        } else if (tag.code == handleCode && !head.handle.found) {
-            head.handle = here;
-        } else if (tag.code == 330 && !head.owner.found) {
-            head.owner = here;
-        }
-    }
-    return head;
-}
-
-/// Where tags of the object's own have to go: before its extended data.
+/// Where tags of the object's own have to go: before embedded objects and extended data.
 std::size_t ownEnd(std::string_view text) {
-    TagReader reader(text);
-    Tag tag;
-    while (reader.next(tag))
-        if (tag.code >= 1000) return reader.begin();
-    return text.size();
+    TagWalk walk(text);
+    while (walk.next() && walk.zone() < TagZone::Embedded) {
+    }
+    return walk.begin();
 }
 
-/// The bracket that names the extension dictionary, with both its 102 tags.
-Span findBracket(std::string_view text, std::uint64_t* handle = nullptr) {
-    Span bracket;
-    if (text.find(kDictionaryBracket) == std::string_view::npos) return bracket;
-    TagReader reader(text);
-    Tag tag;
-    bool inside = false;
-    while (reader.next(tag)) {
-        if (inside && tag.code == 360 && handle != nullptr)
-            *handle = parseHandle(tag.value).value_or(0);
-        if (tag.code != 102) continue;
-        if (inside) return {bracket.begin, reader.end(), true};
-        inside = tag.value == kDictionaryBracket;
-        bracket.begin = reader.begin();
+/// The bracket that names the extension dictionary, with both its 102 tags, and the handle in it.
+struct DictionaryLink {
+    std::size_t begin = 0;
+    std::size_t end = 0;  ///< 0 when there is none
+    std::uint64_t handle = 0;
+};
+
+DictionaryLink findDictionaryLink(std::string_view text) {
+    if (text.find(kDictionaryBracket) == std::string_view::npos) return {};
+    DictionaryLink link;
+    TagWalk walk(text);
+    while (walk.next()) {
+        if (walk.bracket() != Bracket::ExtensionDictionary) continue;
+        if (walk.role() == TagRole::Opens && walk.depth() == 1) link.begin = walk.begin();
+        if (walk.code() == 360) link.handle = parseHandle(walk.value()).value_or(0);
+        if (walk.role() != TagRole::Closes || walk.depth() > 1) continue;
+        link.end = walk.end();
+        return link;
     }
     return {};
 }
@@ -96,30 +55,29 @@ void placeText(ObjectBody& body, std::string_view text) {
 }
 
 std::string withIdentity(std::string_view text, std::uint64_t handle, std::uint64_t owner) {
-    const Head head = readHead(text);
-    std::string result(text.substr(0, head.type.end));
+    std::string result;
     result.reserve(text.size() + 48);
-    const bool isDimStyle = text.substr(0, head.type.end).find("DIMSTYLE") != text.npos;
-    addHandleTag(result, isDimStyle ? 105 : 5, handle);
-    // What stands between the type and the first marker keeps its order around the two tags.
-    std::size_t at = head.type.end;
-    const auto copyUpTo = [&](std::size_t end) {
-        if (end > at) result.append(text.substr(at, end - at));
-        at = std::max(at, end);
-    };
-    const auto skip = [&](const Span& span) {
-        if (!span.found) return;
-        copyUpTo(span.begin);
-        at = span.end;
-    };
-    const Span& first = head.handle.begin <= head.owner.begin ? head.handle : head.owner;
-    const Span& second = &first == &head.handle ? head.owner : head.handle;
-    skip(first);
-    skip(second);
-    copyUpTo(head.end);
-    addHandleTag(result, 330, owner);
-    result.append(text.substr(at));
-    return result;
+    // The handle goes behind the type, the owner to the end of the head. What has no markers has
+    // no end of the head: there the owner follows the handle.
+    std::size_t ownerAt = 0;
+    bool headEnded = false;
+    TagWalk walk(text);
+    while (walk.next() && walk.zone() <= TagZone::Common) {
+        if (walk.role() == TagRole::Handle || walk.role() == TagRole::Owner) continue;
+        if (walk.role() == TagRole::Marker && !headEnded) {
+            headEnded = true;
+            ownerAt = result.size();
+        }
+        result += walk.stored();
+        if (walk.role() != TagRole::Type) continue;
+        addHandleTag(result, walk.value() == "DIMSTYLE" ? 105 : 5, handle);
+        ownerAt = result.size();
+    }
+    if (!headEnded && walk.role() == TagRole::Marker) ownerAt = result.size();
+    result += text.substr(walk.begin());
+    std::string link;
+    addHandleTag(link, 330, owner);
+    return result.insert(ownerAt, link);
 }
 
 std::string recoded(std::string_view text, const Encoding& from, const Encoding& to) {
@@ -155,20 +113,22 @@ double realTag(std::string_view text, int code, double otherwise) {
 }
 
 std::uint64_t extensionDictionaryHandle(std::string_view text) {
-    std::uint64_t handle = 0;
-    return findBracket(text, &handle).found ? handle : 0;
+    return findDictionaryLink(text).handle;
 }
 
 void setExtensionDictionary(std::string& text, std::uint64_t handle) {
-    const Span old = findBracket(text);
-    if (old.found) text.erase(old.begin, old.end - old.begin);
+    const DictionaryLink old = findDictionaryLink(text);
+    if (old.end != 0) text.erase(old.begin, old.end - old.begin);
     if (handle == 0) return;
     std::string bracket;
     addTag(bracket, 102, kDictionaryBracket);
     addHandleTag(bracket, 360, handle);
     addTag(bracket, 102, "}");
-    const Head head = readHead(text);
-    text.insert(head.handle.found ? head.handle.end : head.type.end, bracket);
+    std::size_t place = 0;
+    TagWalk walk(text);
+    while (walk.next() && walk.zone() == TagZone::Head)
+        if (walk.role() == TagRole::Type || walk.role() == TagRole::Handle) place = walk.end();
+    text.insert(place, bracket);
 }
 
 }  // namespace host

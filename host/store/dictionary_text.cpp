@@ -3,49 +3,35 @@
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace host {
 
 namespace {
 
-bool isValueCode(int code) { return code == 350 || code == 360; }
-
 std::wstring decodedKey(const ObjectBody& dictionary, std::string_view key) {
     return dictionary.store != nullptr ? dictionary.store->decode(key) : fromUtf8(key);
 }
 
-/// Where the tags of the dictionary's own part begin: behind its marker.
-std::size_t partBegin(std::string_view text) {
-    TagReader reader(text);
-    Tag tag;
-    while (reader.next(tag))
-        if (tag.code == 100 && trimmed(tag.value) == "AcDbDictionary") return reader.end();
-    return text.size();
-}
-
 }  // namespace
 
-DictionaryReader::DictionaryReader(std::string_view text) : m_text(text), m_at(partBegin(text)) {}
-
 bool DictionaryReader::next(DictionaryEntry& entry) {
-    TagReader reader(m_text.substr(m_at));
-    Tag tag;
     bool haveKey = false;
-    while (reader.next(tag) && tag.code != 100 && tag.code < 1000) {
-        if (tag.code == 3) {
+    while (m_atKey || m_walk.nextOwn()) {
+        const bool isKey = m_inPart && m_walk.code() == 3;
+        m_atKey = isKey && haveKey;
+        if (m_atKey) return true;
+        if (m_walk.role() == TagRole::Marker) {
+            m_inPart = trimmed(m_walk.value()) == "AcDbDictionary";
+        } else if (isKey) {
             haveKey = true;
-            entry.key = tag.value;
-            entry.begin = m_at + reader.begin();
-        } else if (haveKey && isValueCode(tag.code)) {
-            entry.handle = parseHandle(tag.value).value_or(0);
-            entry.end = m_at + reader.end();
-            m_at = entry.end;
+            entry = {m_walk.value(), 0, m_walk.begin(), m_walk.end()};
+        } else if (haveKey && m_inPart && (m_walk.code() == 350 || m_walk.code() == 360)) {
+            entry.handle = parseHandle(m_walk.value()).value_or(0);
+            entry.end = m_walk.end();
             return true;
         }
     }
-    m_at = m_text.size();
-    return false;
+    return haveKey;
 }
 
 std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstring_view key) {
@@ -76,12 +62,14 @@ void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handl
     addTag(entry, 3, dictionary.store->encode(key));
     addHandleTag(entry, ownsHard(text) ? 360 : 350, handle);
     // In front of a further subclass part (a default entry) and of extended data.
-    std::size_t place = partBegin(text);
-    TagReader reader(std::string_view(text).substr(place));
-    Tag tag;
-    while (reader.next(tag) && tag.code != 100 && tag.code < 1000) {
+    std::size_t place = text.size();
+    bool inPart = false;
+    TagWalk walk(text);
+    while (walk.nextOwn() && !(inPart && walk.role() == TagRole::Marker)) {
+        inPart =
+            inPart || (walk.role() == TagRole::Marker && trimmed(walk.value()) == "AcDbDictionary");
+        if (inPart) place = walk.end();
     }
-    place += tag.code == 100 || tag.code >= 1000 ? reader.begin() : reader.end();
     text.insert(place, entry);
     dictionary.setTags(std::move(text));
 }

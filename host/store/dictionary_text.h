@@ -7,29 +7,32 @@
 #include <string_view>
 
 #include "host/store/object_body.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 
 /// Tags of an empty dictionary, which owns its entries hard or softly.
 std::string newDictionaryText(bool hard);
 
-/// One entry: key (3) and handle of the value (350 or 360).
+/// One entry: key (3) and handle of the value (350 or 360). A key without a value is an entry that
+/// names nothing.
 struct DictionaryEntry {
     std::string_view key;  ///< as stored
     std::uint64_t handle = 0;
     std::size_t begin = 0;  ///< of the key's tag in the dictionary's text
-    std::size_t end = 0;    ///< behind the handle's tag
+    std::size_t end = 0;    ///< behind the handle's tag, or the key's when it has none
 };
 
 /// Reads the entries of a dictionary in their order.
 class DictionaryReader {
   public:
-    explicit DictionaryReader(std::string_view text);
+    explicit DictionaryReader(std::string_view text) : m_walk(text) {}
     bool next(DictionaryEntry& entry);
 
   private:
-    std::string_view m_text;
-    std::size_t m_at;
+    TagWalk m_walk;
+    bool m_inPart = false;
+    bool m_atKey = false;  ///< the walk stands on the key of the next entry
 };
 
 /// The entry under a key without regard to case, whether its object lives or not.

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_walk.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -19,40 +19,34 @@ struct Location {
 /// Follows the parts of an object's tags up to the first that are not the entity's own.
 class PartWalk {
   public:
-    PartWalk(std::string_view text, const FieldPlace& place) : m_reader(text), m_place(place) {}
+    PartWalk(std::string_view text, const FieldPlace& place) : m_walk(text), m_place(place) {}
 
     /// Reads the next tag that may be a field; markers and brackets are passed over.
-    bool next(Tag& tag) {
-        while (m_reader.next(tag)) {
-            if (tag.code >= 1000 || tag.code == 101) return false;  // xdata, embedded object
-            if (tag.code == 100) {
+    bool next() {
+        while (m_walk.next() && m_walk.zone() < TagZone::Embedded) {
+            const bool marker = m_walk.role() == TagRole::Marker;
+            if (marker) {
                 if (m_inPart) return false;  // the part is over
-                const bool named = trimmed(tag.value) == m_place.subclass;
+                const bool named = trimmed(m_walk.value()) == m_place.subclass;
                 m_inPart = named && m_count++ == m_place.occurrence;
             }
-            const bool opens = tag.code == 102 && !tag.value.empty() && tag.value[0] == '{';
-            const bool closes = tag.code == 102 && !opens;
-            if (opens) m_inBrackets = true;
-            const bool skipped = m_inBrackets || tag.code == 100 || tag.code == 102;
-            if (closes) m_inBrackets = false;
-            m_last = m_reader.end();
+            m_last = m_walk.end();
             if (m_inPart) m_partEnd = m_last;
-            if (!skipped) return true;
+            if (m_walk.own() && !marker) return true;
         }
         return false;
     }
+    const TagWalk& tag() const { return m_walk; }
     bool inPart() const { return m_inPart; }
-    TagPlace placeOf(const Tag& tag) const { return {m_reader.begin(), m_reader.end(), tag.value}; }
     /// End of the part, or of all the entity's own tags when it has no such part.
     std::size_t addAt() const { return m_partEnd != 0 ? m_partEnd : m_last; }
     bool sawPart() const { return m_partEnd != 0; }
 
   private:
-    TagReader m_reader;
+    TagWalk m_walk;
     const FieldPlace& m_place;
     int m_count = 0;
     bool m_inPart = false;
-    bool m_inBrackets = false;
     std::size_t m_partEnd = 0;
     std::size_t m_last = 0;
 };
@@ -60,11 +54,10 @@ class PartWalk {
 Location locate(std::string_view text, const FieldPlace& place) {
     PartWalk walk(text, place);
     std::optional<TagPlace> anywhere;
-    Tag tag;
-    while (walk.next(tag)) {
-        if (tag.code != place.code) continue;
-        if (walk.inPart()) return {walk.placeOf(tag), 0};
-        if (!anywhere) anywhere = walk.placeOf(tag);
+    while (walk.next()) {
+        if (walk.tag().code() != place.code) continue;
+        if (walk.inPart()) return {walk.tag().place(), 0};
+        if (!anywhere) anywhere = walk.tag().place();
     }
     return {walk.sawPart() ? std::nullopt : anywhere, walk.addAt()};
 }
@@ -105,12 +98,11 @@ using Coordinates = std::array<std::optional<std::string_view>, 3>;
 Coordinates coordinatesAt(std::string_view text, const FieldPlace& place) {
     PartWalk walk(text, place);
     Coordinates inPart, anywhere;
-    Tag tag;
-    while (walk.next(tag) && !(inPart[0] && inPart[1] && inPart[2])) {
-        const int beyond = tag.code - place.code;
+    while (walk.next() && !(inPart[0] && inPart[1] && inPart[2])) {
+        const int beyond = walk.tag().code() - place.code;
         if (beyond != 0 && beyond != 10 && beyond != 20) continue;
         auto& value = (walk.inPart() ? inPart : anywhere)[beyond / 10];
-        if (!value) value = tag.value;
+        if (!value) value = walk.tag().value();
     }
     return walk.sawPart() ? inPart : anywhere;
 }

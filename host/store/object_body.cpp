@@ -2,7 +2,6 @@
 #include "host/store/object_body.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "host/store/body_text.h"
@@ -19,35 +18,32 @@ struct NamedKind {
     Kind kind;
 };
 
-constexpr std::array<NamedKind, 8> kEntityKinds{{{"INSERT", Kind::BlockReference},
-                                                 {"ATTRIB", Kind::Attribute},
-                                                 {"ATTDEF", Kind::AttributeDefinition},
-                                                 {"TEXT", Kind::Text},
-                                                 {"VERTEX", Kind::Vertex},
-                                                 {"SEQEND", Kind::SequenceEnd},
-                                                 {"BLOCK", Kind::BlockBegin},
-                                                 {"ENDBLK", Kind::BlockEnd}}};
+constexpr NamedKind kKinds[] = {{"DICTIONARY", Kind::Dictionary},
+                                {"ACDBDICTIONARYWDFLT", Kind::Dictionary},
+                                {"XRECORD", Kind::Xrecord},
+                                {"BLOCK_RECORD", Kind::BlockRecord},
+                                {"LAYER", Kind::LayerRecord},
+                                {"LTYPE", Kind::LinetypeRecord},
+                                {"STYLE", Kind::OtherRecord},
+                                {"VIEW", Kind::OtherRecord},
+                                {"UCS", Kind::OtherRecord},
+                                {"VPORT", Kind::OtherRecord},
+                                {"APPID", Kind::OtherRecord},
+                                {"DIMSTYLE", Kind::OtherRecord},
+                                {"BLOCK", Kind::BlockBegin},
+                                {"ENDBLK", Kind::BlockEnd},
+                                {"INSERT", Kind::BlockReference},
+                                {"ATTRIB", Kind::Attribute},
+                                {"ATTDEF", Kind::AttributeDefinition},
+                                {"TEXT", Kind::Text},
+                                {"VERTEX", Kind::Vertex},
+                                {"SEQEND", Kind::SequenceEnd}};
 
-constexpr std::array<NamedKind, 14> kObjectKinds{{{"DICTIONARY", Kind::Dictionary},
-                                                  {"ACDBDICTIONARYWDFLT", Kind::Dictionary},
-                                                  {"XRECORD", Kind::Xrecord},
-                                                  {"BLOCK_RECORD", Kind::BlockRecord},
-                                                  {"LAYER", Kind::LayerRecord},
-                                                  {"LTYPE", Kind::LinetypeRecord},
-                                                  {"STYLE", Kind::OtherRecord},
-                                                  {"VIEW", Kind::OtherRecord},
-                                                  {"UCS", Kind::OtherRecord},
-                                                  {"VPORT", Kind::OtherRecord},
-                                                  {"APPID", Kind::OtherRecord},
-                                                  {"DIMSTYLE", Kind::OtherRecord},
-                                                  {"BLOCK", Kind::BlockBegin},
-                                                  {"ENDBLK", Kind::BlockEnd}}};
-
-template <std::size_t N>
-Kind findKind(const std::array<NamedKind, N>& kinds, std::string_view type, Kind otherwise) {
-    for (const NamedKind& named : kinds)
+/// Object for a type without a kind of its own.
+Kind findKind(std::string_view type) {
+    for (const NamedKind& named : kKinds)
         if (named.type == type) return named.kind;
-    return otherwise;
+    return Kind::Object;
 }
 
 Kind polylineKind(std::string_view text) {
@@ -70,20 +66,30 @@ Kind tableKind(std::string_view text) {
 
 bool isObjectKind(Kind kind) { return kind <= Kind::Xrecord; }
 
+bool isTableKind(Kind kind) { return kind >= Kind::BlockTable && kind <= Kind::OtherTable; }
+
+bool isRecordKind(Kind kind) { return kind >= Kind::BlockRecord && kind <= Kind::OtherRecord; }
+
 bool isEntityKind(Kind kind) { return kind >= Kind::Entity; }
 
 bool isSubEntityKind(Kind kind) {
     return kind == Kind::Attribute || kind == Kind::Vertex || kind == Kind::SequenceEnd;
 }
 
+bool isMainEntity(const ObjectBody& body) {
+    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
+}
+
 Kind kindOf(std::string_view type, std::string_view text, bool inEntities) {
-    if (inEntities)
-        return type == "POLYLINE" ? polylineKind(text) : findKind(kEntityKinds, type, Kind::Entity);
-    return type == "TABLE" ? tableKind(text) : findKind(kObjectKinds, type, Kind::Object);
+    if (type == "POLYLINE" && inEntities) return polylineKind(text);
+    if (type == "TABLE" && !inEntities) return tableKind(text);
+    const Kind kind = findKind(type);
+    if (inEntities) return kind >= Kind::BlockBegin ? kind : Kind::Entity;
+    return kind <= Kind::BlockEnd ? kind : Kind::Object;
 }
 
 std::optional<Kind> kindOfOneType(std::string_view type) {
-    const Kind kind = findKind(kEntityKinds, type, Kind::Entity);
+    const Kind kind = findKind(type);
     const bool isOnlyOne =
         kind == Kind::BlockReference || kind == Kind::AttributeDefinition || kind == Kind::Text;
     return isOnlyOne ? std::optional<Kind>(kind) : std::nullopt;

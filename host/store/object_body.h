@@ -49,6 +49,9 @@ bool isObjectKind(Kind kind);
 bool isEntityKind(Kind kind);
 /// True for attributes, vertices and sequence ends.
 bool isSubEntityKind(Kind kind);
+/// True for tables, and for their records.
+bool isTableKind(Kind kind);
+bool isRecordKind(Kind kind);
 
 /// Stored content of one object, in a store's slot or (before it joins a database) on the heap.
 ///
@@ -100,5 +103,8 @@ struct ObjectBody {
 Kind kindOf(std::string_view type, std::string_view text, bool inEntities);
 /// The kind that all main entities of a type have, and no others; nothing when there is none such.
 std::optional<Kind> kindOfOneType(std::string_view type);
+
+/// True for an entity that stands in a block itself, so is no attribute, vertex or sequence end.
+bool isMainEntity(const ObjectBody& body);
 
 }  // namespace host

@@ -1,8 +1,6 @@
 // Symbols that entities and records refer to by name.
 #include "host/store/references.h"
 
-#include "host/tags/tags.h"
-
 namespace host {
 namespace {
 
@@ -28,15 +26,17 @@ constexpr NamedReference kNames[] = {
 
 }  // namespace
 
-const char* tableNamedBy(const ObjectBody& body, int code) {
+const char* tableNamedBy(const ObjectBody& body, const TagWalk& tag) {
+    const int code = tag.code();
     if (code == 1001) return "APPID";
     if (code == 1003) return "LAYER";
+    if (!tag.own()) return nullptr;
     if (body.kind == Kind::LayerRecord) return code == 6 ? "LTYPE" : nullptr;
     if (!isEntityKind(body.kind) && body.kind != Kind::BlockBegin && body.kind != Kind::BlockEnd)
         return nullptr;
-    const std::string_view type = trimmed(body.type());
+    if (code == 6 && tag.zone() > TagZone::Common) return nullptr;
     for (const NamedReference& each : kNames) {
-        if (each.code == code && (each.type.empty() || each.type == type)) return each.table;
+        if (each.code == code && (each.type.empty() || each.type == body.type())) return each.table;
     }
     return nullptr;
 }

@@ -108,17 +108,8 @@ void Store::assignMissingHandles() {
 }
 
 ObjectBody& Store::adopt(const ObjectBody& fresh, Index owner) {
-    ObjectBody& body = newSlot();
-    body.kind = fresh.kind;
-    body.owner = owner;
+    ObjectBody& body = duplicate(fresh, owner);
     body.openForWrite = fresh.openForWrite;
-    giveHandle(body, nextHandle());
-    m_journal->made(body);
-    std::string text(fresh.tags());
-    if (!m_encoding.utf8) text = recoded(text, Encoding(), m_encoding);
-    placeText(body, withIdentity(text, body.handle, at(owner).handle));
-    ++revision;
-    recordsChanged(body.kind);
     return body;
 }
 

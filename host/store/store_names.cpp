@@ -10,23 +10,9 @@ namespace host {
 
 namespace {
 
-const char* nameOf(SectionKind kind) {
-    switch (kind) {
-        case SectionKind::Header:
-            return "HEADER";
-        case SectionKind::Tables:
-            return "TABLES";
-        case SectionKind::Blocks:
-            return "BLOCKS";
-        case SectionKind::Entities:
-            return "ENTITIES";
-        case SectionKind::Objects:
-            return "OBJECTS";
-        case SectionKind::Raw:
-            break;
-    }
-    return "CLASSES";
-}
+/// By kind.
+constexpr const char* kSectionNames[] = {"HEADER", "CLASSES",  "TABLES",
+                                         "BLOCKS", "ENTITIES", "OBJECTS"};
 
 std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwise) {
     const auto place = findTag(body.tags(), code);
@@ -57,7 +43,7 @@ Section& Store::section(SectionKind kind) {
         return section.kind != SectionKind::Raw && section.kind > kind;
     };
     const auto place = std::find_if(m_sections.begin(), m_sections.end(), later);
-    return *m_sections.insert(place, Section{nameOf(kind), kind, {}});
+    return *m_sections.insert(place, Section{kSectionNames[static_cast<int>(kind)], kind, {}});
 }
 
 Index Store::table(std::string_view name) const {

@@ -16,18 +16,9 @@ bool Store::staysLinked(const ObjectBody& body) const {
 
 Index Store::listParent(const ObjectBody& body) const {
     if (isObjectKind(body.kind)) return m_objectsList;
-    switch (body.kind) {
-        case Kind::SequenceEnd:
-        case Kind::BlockBegin:
-        case Kind::BlockEnd:
-        case Kind::BlockTable:
-        case Kind::LayerTable:
-        case Kind::LinetypeTable:
-        case Kind::OtherTable:
-            return kNoIndex;
-        default:
-            return body.owner;
-    }
+    const bool inNone = isTableKind(body.kind) || body.kind == Kind::SequenceEnd ||
+                        body.kind == Kind::BlockBegin || body.kind == Kind::BlockEnd;
+    return inNone ? kNoIndex : body.owner;
 }
 
 void Store::appendChild(Index parent, ObjectBody& child) {

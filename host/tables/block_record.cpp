@@ -68,10 +68,6 @@ void listIterators(std::vector<std::string>& lines) {
         lines.push_back("iterator over a block");
 }
 
-bool isMainEntity(const ObjectBody& body) {
-    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
-}
-
 /// The sibling before or behind, erased ones included: they are in no list, so slots are searched.
 Index nextSlot(const Store& store, Index block, Index from, bool forward) {
     for (Index index = forward ? from + 1 : from - 1; index != kNoIndex && index <= store.count();

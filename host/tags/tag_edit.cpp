@@ -3,23 +3,15 @@
 
 #include <cmath>
 
-#include "host/tags/tags.h"
+#include "host/tags/tag_view.h"
 
 namespace host {
 
 TagEdit::TagEdit(std::string_view text) {
-    TagReader reader(text);
-    Tag tag;
-    bool inBrackets = false;
-    bool behindOwn = false;
-    while (reader.next(tag)) {
-        if (tag.code >= 1000 || tag.code == 101) behindOwn = true;
-        const bool opens = tag.code == 102 && !tag.value.empty() && tag.value[0] == '{';
-        if (opens) inBrackets = true;
-        const bool marker = tag.code == 100 || tag.code == 102;
-        m_tags.push_back(
-            {tag.code, tag.value, !inBrackets && !behindOwn && !marker, false, false, {}, {}});
-        if (tag.code == 102 && !opens) inBrackets = false;
+    TagWalk walk(text);
+    while (walk.next()) {
+        const bool own = walk.own() && walk.role() != TagRole::Marker;
+        m_tags.push_back({walk.code(), walk.value(), own, false, false, {}, {}});
     }
 }
 
@@ -44,8 +36,7 @@ double TagEdit::real(int code, double otherwise) {
 
 int TagEdit::integer(int code, int otherwise) const {
     const auto at = find(code);
-    const auto value = at ? parseInteger(m_tags[*at].value) : std::nullopt;
-    return value && std::llabs(*value) <= INT32_MAX ? static_cast<int>(*value) : otherwise;
+    return at ? integerOf(m_tags[*at].value, otherwise) : otherwise;
 }
 
 std::optional<std::size_t> TagEdit::coordinate(std::size_t at, int shift) const {

@@ -37,7 +37,6 @@ class TagEdit {
     /// Sets a point; a coordinate that is missing is added when it is not 0.
     void setPoint(std::size_t at, const Vec& point);
     void remove(std::size_t at) { m_tags[at].removed = true; }
-    bool removed(std::size_t at) const { return m_tags[at].removed; }
     /// Adds tags in stored form behind a tag.
     void addBehind(std::size_t at, std::string_view tags);
     /// The tags with all changes.

@@ -5,25 +5,11 @@
 
 namespace host {
 
-bool OwnTagReader::next(Tag& tag) {
-    while (m_reader.next(tag) && tag.code < 1000 && tag.code != 101) {
-        if (tag.code == 102) {
-            const std::string_view value = trimmed(tag.value);
-            if (!value.empty() && value.front() == '{') ++m_depth;
-            if (value == "}" && m_depth > 0) --m_depth;
-        } else if (m_depth == 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 OwnTags::OwnTags(std::string_view text) {
     m_tags.reserve(24);
-    OwnTagReader reader(text);
-    Tag tag;
-    while (reader.next(tag))
-        m_tags.push_back(tag);
+    TagWalk walk(text);
+    while (walk.nextOwn())
+        m_tags.push_back(walk.tag());
 }
 
 const Tag* OwnTags::find(int code) const {

@@ -4,24 +4,12 @@
 #include <string_view>
 #include <vector>
 
-#include "host/tags/tags.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 
-/// Reads the tags of an object without application brackets (102), extended data and embedded
+/// The own tags of an object, without application brackets (102), extended data and embedded
 /// objects. They borrow the object's text.
-class OwnTagReader {
-  public:
-    explicit OwnTagReader(std::string_view text) : m_reader(text) {}
-    /// Reads the next tag; false at the end.
-    bool next(Tag& tag);
-
-  private:
-    TagReader m_reader;
-    int m_depth = 0;
-};
-
-/// The same tags at once.
 class OwnTags {
   public:
     explicit OwnTags(std::string_view text);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "host/tags/tag_walk.h"
+
 namespace host {
 namespace {
 
@@ -29,25 +31,6 @@ std::size_t lineEnd(std::string_view text, std::size_t from) {
     const void* found = std::memchr(text.data() + from, '\n', text.size() - from);
     return found == nullptr ? text.size() : static_cast<const char*>(found) - text.data();
 }
-
-/// Follows the brackets 102 "{NAME" ... 102 "}" of application tags.
-class Brackets {
-  public:
-    /// True when the tag stands inside brackets or closes them; an opening one stands outside.
-    bool inside(const Tag& tag) {
-        if (tag.code == 102 && !tag.value.empty()) {
-            if (tag.value[0] == '{') return m_depth++ > 0;
-            if (tag.value[0] == '}' && m_depth > 0) {
-                --m_depth;
-                return true;
-            }
-        }
-        return m_depth > 0;
-    }
-
-  private:
-    int m_depth = 0;
-};
 
 }  // namespace
 
@@ -90,60 +73,24 @@ void addPointTag(std::string& text, int code, double x, double y, double z) {
     addTag(text, code + 20, z);
 }
 
-TagType tagTypeOf(int code) {
-    struct Range {
-        int last;
-        TagType type;
-    };
-    // Each range begins behind the one before it.
-    static constexpr Range ranges[] = {
-        {4, TagType::Text},        {5, TagType::Handle},      {9, TagType::Text},
-        {18, TagType::Point},      {59, TagType::Real},       {79, TagType::Int16},
-        {89, TagType::Text},       {99, TagType::Int32},      {104, TagType::Text},
-        {105, TagType::Handle},    {109, TagType::Text},      {112, TagType::Point},
-        {149, TagType::Real},      {159, TagType::Text},      {169, TagType::Int64},
-        {179, TagType::Int16},     {209, TagType::Text},      {210, TagType::Point},
-        {239, TagType::Real},      {269, TagType::Text},      {289, TagType::Int16},
-        {299, TagType::Bool},      {309, TagType::Text},      {319, TagType::Binary},
-        {329, TagType::Handle},    {369, TagType::Reference}, {389, TagType::Int16},
-        {399, TagType::Reference}, {409, TagType::Int16},     {419, TagType::Text},
-        {429, TagType::Int32},     {439, TagType::Text},      {459, TagType::Int32},
-        {469, TagType::Real},      {479, TagType::Text},      {481, TagType::Reference},
-        {1003, TagType::Text},     {1004, TagType::Binary},   {1005, TagType::Handle},
-        {1009, TagType::Text},     {1013, TagType::Point},    {1059, TagType::Real},
-        {1070, TagType::Int16},    {1071, TagType::Int32},
-    };
-    if (code < 0) return TagType::Text;
-    for (const Range& range : ranges) {
-        if (code <= range.last) return range.type;
-    }
-    return TagType::Text;
-}
-
 std::optional<std::string_view> subclassPart(std::string_view text, std::string_view subclass) {
-    TagReader reader(text);
-    Tag tag;
+    TagWalk walk(text);
     bool found = subclass.empty();
     std::size_t begin = 0;
-    while (reader.next(tag)) {
-        if (tag.code != 100) continue;
-        if (found) return text.substr(begin, reader.begin() - begin);
-        if (trimmed(tag.value) != subclass) continue;
-        found = true;
-        begin = reader.begin();
+    while (walk.next()) {
+        if (walk.role() != TagRole::Marker) continue;
+        if (found) return text.substr(begin, walk.begin() - begin);
+        found = trimmed(walk.value()) == subclass;
+        begin = walk.begin();
     }
     if (!found) return std::nullopt;
     return text.substr(begin);
 }
 
 std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence) {
-    TagReader reader(text);
-    Tag tag;
-    Brackets brackets;
-    while (reader.next(tag)) {
-        if (brackets.inside(tag) || tag.code != code) continue;
-        if (occurrence-- == 0) return TagPlace{reader.begin(), reader.end(), tag.value};
-    }
+    TagWalk walk(text);
+    while (walk.nextOwn())
+        if (walk.code() == code && occurrence-- == 0) return walk.place();
     return std::nullopt;
 }
 

@@ -45,10 +45,6 @@ void addHandleTag(std::string& text, int code, std::uint64_t handle);
 /// Three reals: code, code + 10, code + 20.
 void addPointTag(std::string& text, int code, double x, double y, double z);
 
-/// Kinds of values by tag code, for result buffers and checks.
-enum class TagType { Text, Point, Real, Int16, Int32, Int64, Bool, Handle, Reference, Binary };
-TagType tagTypeOf(int code);
-
 /// Where a tag stands in stored text.
 struct TagPlace {
     std::size_t begin = 0;
@@ -60,7 +56,7 @@ struct TagPlace {
 /// first marker are the part with an empty name. Nothing when the object has no such part.
 std::optional<std::string_view> subclassPart(std::string_view text, std::string_view subclass);
 
-/// The `occurrence`-th tag (from 0) with a code, outside 102 brackets.
+/// The `occurrence`-th tag (from 0) with a code among the object's own; see tag_walk.h.
 std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence = 0);
 
 /// Replaces the value of the tag at `place`, which was found in `text`.

@@ -25,7 +25,9 @@ std::vector<Number> numbersOf(const ObjectBody& body) {
     TagReader reader(body.tags());
     for (Tag tag; reader.next(tag);) {
         const TagType type = tagTypeOf(tag.code);
-        if (type != TagType::Point && type != TagType::Real && type != TagType::Int16) continue;
+        const bool real =
+            type == TagType::Point || type == TagType::Coordinate || type == TagType::Real;
+        if (!real && type != TagType::Int16) continue;
         double value = parseReal(tag.value).value_or(0);
         const bool angle = tag.code >= 50 && tag.code <= 53;
         if (angle) value = std::remainder(value, 360.0);

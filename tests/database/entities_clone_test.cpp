@@ -68,6 +68,22 @@ TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
     EXPECT_EQ(drawing.walk(), "LINE LINE LINE");
 }
 
+TEST(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
+    Drawing drawing;
+    ObjectBody& line = drawing.add(kLine);
+    const std::string self = drawing.handle(line);
+    ObjectBody& table = drawing.addObject(
+        "0 SORTENTSTABLE|100 AcDbSortentsTable|331 " + self + "|5 " + self + "|331 FFFF|5 " + self,
+        line);
+    drawing.replaceText(line, "|330 ", "|102 {X|360 " + drawing.handle(table) + "|102 }|330 ");
+    Cloning cloning(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    const std::string clone = drawing.handle(cloning.of(drawing, line));
+    EXPECT_NE(render(cloning.of(drawing, table).tags())
+                  .find("331 " + clone + "|5 " + clone + "|331 FFFF|5 " + clone),
+              std::string::npos)
+        << render(cloning.of(drawing, table).tags());
+}
+
 TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     Drawing drawing;
     ObjectBody& poly = drawing.addPolyline();

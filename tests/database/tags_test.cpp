@@ -1,9 +1,11 @@
 // Groups as text: reading, numbers, searches.
-#include "host/tags/tags.h"
+#include "host/tags/tag_walk.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace host {
 namespace {
@@ -49,6 +51,48 @@ TEST(Tags, SearchesLeaveApplicationBracketsOut) {
     replaceValue(text, *findTag(text, 330), "LONGER");
     EXPECT_EQ(findTag(text, 330)->value, "LONGER");
     EXPECT_EQ(findTag(text, 330, 1)->value, "C");
+}
+
+/// Each tag as its code, its zone (Head, Common, Part, Data, Embedded, X) and its role.
+std::string walked(const std::vector<std::pair<int, const char*>>& tags) {
+    std::string text, line;
+    for (const auto& [code, value] : tags)
+        addTag(text, code, std::string_view(value));
+    for (TagWalk tag(text); tag.next();) {
+        line += (line.empty() ? "" : " ") + std::to_string(tag.code()) + "HCPDEX"[int(tag.zone())];
+        if (tag.role() != TagRole::Plain) line += "-tho|()!"[int(tag.role())];
+        if (tag.depth() > 0) line += std::to_string(tag.depth());
+    }
+    return line;
+}
+
+TEST(Tags, TheWalkTellsHeadPartsBracketsEmbeddedAndExtendedData) {
+    EXPECT_EQ(walked({{0, "LINE"},         {5, "A"},     {102, "{ACAD_REACTORS"},
+                      {330, "B"},          {102, " {X"}, {102, "}"},
+                      {102, "}"},          {102, "}"},   {102, "text"},
+                      {100, "AcDbEntity"}, {330, "C"},   {8, "0"},
+                      {100, "AcDbLine"},   {330, "D"},   {100, "AcDbEntity"},
+                      {101, "E"},          {100, "F"},   {330, "F"},
+                      {1001, "G"},         {330, "H"}}),
+              "0Ht 5Hh 102H(1 330H1 102H(2 102H)2 102H)1 102H! 102H 100C| 330Co 8C 100P| 330P "
+              "100P| 101E 100E 330E 1001X 330X");
+    EXPECT_EQ(walked({{0, "DIMSTYLE"}, {5, "A"}, {105, "B"}, {105, "C"}}), "0Ht 5H 105Hh 105H");
+}
+
+TEST(Tags, DataOfAnXrecordHasNoBracketsAndNoMarkers) {
+    EXPECT_EQ(walked({{0, "XRECORD"},
+                      {102, "{X"},
+                      {102, "}"},
+                      {330, "A"},
+                      {100, "AcDbXrecord"},
+                      {280, "1"},
+                      {102, "ATTRRECORD}"},
+                      {102, "{Y"},
+                      {100, "Z"},
+                      {101, "Z"},
+                      {5, "B"},
+                      {1001, "C"}}),
+              "0Ht 102H(1 102H)1 330Ho 100D| 280D 102D 102D 100D 101D 5D 1001X");
 }
 
 TEST(Tags, ReadingStopsAtTheEndOfCutText) {

@@ -124,7 +124,7 @@ TEST_F(Saving, NothingPointsAtErasedObjects) {
         with(kDrawing, "0=TEXT|5=38|", "0=TEXT|5=38|102={ACAD_REACTORS|330=43|102=}|");
     text = with(text, "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n",
                 "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n"
-                "0=HATCH|5=39|330=17|100=AcDbEntity|8=0|100=AcDbHatch|97=2|330=30|330=31\n");
+                "0=HATCH|5=39|330=17|100=AcDbEntity|8=0|100=AcDbHatch|71=1|97=2|330=30|330=31\n");
     text = with(
         text, "0=XRECORD",
         "0=SORTENTSTABLE|5=52|330=40|100=AcDbSortentsTable|331=30|5=30|331=31|5=31\n0=XRECORD");
@@ -134,7 +134,7 @@ TEST_F(Saving, NothingPointsAtErasedObjects) {
     saved(*store);
     EXPECT_EQ(object("30") + object("50") + object("51") + object("43"), "nonenonenonenone");
     EXPECT_EQ(object("38").find("102"), std::string::npos);
-    EXPECT_EQ(object("39").substr(object("39").find(" 97")), " 97 1 330 31");
+    EXPECT_EQ(object("39").substr(object("39").find(" 71")), " 71 0  97 1 330 31");
     EXPECT_EQ(object("52").substr(object("52").find("331")), "331 31   5 31");
     EXPECT_EQ(object("41"), "  5 41 330 40 100 AcDbDictionary");
 }

@@ -22,7 +22,7 @@ struct ObjectSummary {
     std::uint64_t owner = 0;                ///< tag 330 before the object's own tags
     std::uint64_t extensionDictionary = 0;  ///< 0 when there is none
     bool attributesFollow = false;          ///< tag 66 is not 0
-    std::vector<std::string_view> markers;  ///< tags 100, in order
+    std::string markers;                    ///< tags 100, in order, with commas between
 };
 
 /// What an object says about others that the check asks of one object for many.
@@ -63,7 +63,7 @@ class CheckContext {
     const ObjectLinks& links(const ObjectBody& body);
 
     const Store& store;
-    const ErasedReferences references;
+    ErasedReferences references;
     const Index rootDictionary;
     const bool hasLayouts;  ///< the root dictionary lists layouts
     std::vector<Finding> findings;

@@ -4,11 +4,6 @@
 namespace host {
 namespace {
 
-bool isTableKind(Kind kind) {
-    return kind == Kind::BlockTable || kind == Kind::LayerTable || kind == Kind::LinetypeTable ||
-           kind == Kind::OtherTable;
-}
-
 std::string ownerText(const CheckContext& context, std::uint64_t handle) {
     const ObjectBody* const owner = context.live(handle);
     if (handle == 0) return "the owner is 0";

@@ -1,5 +1,6 @@
 // The drawing check: blocks, layouts and dictionaries.
 #include "host/dxf/check/check_context.h"
+#include "host/store/dictionary_text.h"
 
 namespace host {
 namespace {
@@ -34,21 +35,9 @@ void checkEntries(CheckContext& context, const ObjectSummary& summary) {
     const bool isExtension = dictionary.owner != kNoIndex &&
                              owner.firstEntry != dictionary.handle &&
                              owner.extensionDictionary == dictionary.handle;
-    TagReader reader(summary.text);
-    Tag tag;
-    std::string key;
-    bool hasKey = false;
-    while (reader.next(tag)) {
-        if (tag.code == 3) {
-            if (hasKey) context.error(dictionary, "entry \"" + key + "\" names nothing");
-            key.assign(tag.value);
-            hasKey = true;
-        } else if (hasKey && (tag.code == 350 || tag.code == 360)) {
-            checkEntry(context, summary, key, parseHandle(tag.value).value_or(0), isExtension);
-            hasKey = false;
-        }
-    }
-    if (hasKey) context.error(dictionary, "entry \"" + key + "\" names nothing");
+    DictionaryReader entries(summary.text);
+    for (DictionaryEntry entry; entries.next(entry);)
+        checkEntry(context, summary, std::string(entry.key), entry.handle, isExtension);
 }
 
 }  // namespace

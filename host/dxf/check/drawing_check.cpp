@@ -70,12 +70,11 @@ std::vector<Finding> checkDrawing(const Store& store) {
     checkHandles(context);
     checkHeaderNames(context);
     ObjectSummary summary;
-    std::string buffer;
     for (Index index = 1; index <= store.count(); ++index) {
         const ObjectBody& body = store.at(index);
         if (body.size == 0 || !context.isLive(index)) continue;
         summary.body = &body;
-        summary.text = context.references.cleaned(body, buffer);
+        summary.text = context.references.cleaned(body);
         summary.type = body.type();
         checkObject(context, summary);
     }

@@ -1,7 +1,6 @@
 // First step of loading: sections and objects into slots of a store.
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
@@ -11,16 +10,6 @@
 #include "host/store/store.h"
 
 namespace host {
-
-/// What linking has to know of an object besides its text.
-struct ObjectFacts {
-    std::uint64_t owner = 0;  ///< handle in tag 330; 0 when absent or null
-    std::uint64_t line : 60;
-    std::uint64_t hasOwner : 1;  ///< has a tag 330
-    std::uint64_t hasSpace : 1;  ///< has a tag 67, or 410 without it
-    std::uint64_t inPaper : 1;   ///< 67, or else 410, says paper space
-    ObjectFacts() : line(0), hasOwner(0), hasSpace(0), inPaper(0) {}
-};
 
 /// Slots from `first` to before `end`.
 struct SlotRange {

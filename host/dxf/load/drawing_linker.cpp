@@ -3,6 +3,7 @@
 
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -164,17 +165,13 @@ void DrawingLinker::adoptDictionaryEntries() {
     for (Index index = objects.first; index < objects.end; ++index) {
         const ObjectBody& dictionary = m_store.at(index);
         if (dictionary.kind != Kind::Dictionary) continue;
-        TagReader reader(dictionary.tags());
-        Tag tag;
-        while (reader.next(tag)) {
-            if (tag.code != 350 && tag.code != 360) continue;
-            ObjectBody* const entry = m_store.byHandle(parseHandle(tag.value).value_or(0));
-            if (entry == nullptr || entry->self < objects.first || entry->self >= objects.end) {
-                continue;
-            }
-            if (entry->owner == kNoIndex && !m_parts.of(entry->self).hasOwner) {
-                entry->owner = dictionary.self;
-            }
+        DictionaryReader entries(dictionary.tags());
+        for (DictionaryEntry entry; entries.next(entry);) {
+            ObjectBody* const value = m_store.byHandle(entry.handle);
+            const bool isObject =
+                value != nullptr && value->self >= objects.first && value->self < objects.end;
+            if (isObject && value->owner == kNoIndex && !m_parts.of(value->self).hasOwner)
+                value->owner = dictionary.self;
         }
     }
 }

@@ -41,15 +41,7 @@ ObjectBody* DrawingBuilder::add(Kind kind) {
                                       " already; give one of them a free handle");
         return nullptr;
     }
-    ObjectFacts facts;
-    facts.owner = m_object.owner;
-    facts.line = static_cast<std::uint64_t>(m_object.line);
-    facts.hasOwner = m_object.hasOwner;
-    facts.hasSpace = m_object.hasSpace || !m_object.layout.empty();
-    facts.inPaper = m_object.hasSpace
-                        ? m_object.inPaperSpace
-                        : !m_object.layout.empty() && trimmed(m_object.layout) != "Model";
-    m_parts.facts.push_back(facts);
+    m_parts.facts.push_back(m_object.facts);
     return body;
 }
 

@@ -1,8 +1,6 @@
 // One object after the other: collecting tags, finding handle, owner and place.
 #include "host/dxf/load/object_reader.h"
 
-#include "host/tags/tags.h"
-
 namespace host {
 namespace {
 
@@ -50,12 +48,10 @@ void ObjectReader::append(std::string& text) const {
     }
 }
 
-/// Notes what a tag tells about the object. `ownPart` is true from the first marker on that is
-/// not common to all; 330 is then no owner any more.
-bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
+/// Notes what a tag tells about the object.
+bool ObjectReader::note(RawObject& object, TagRole role) {
     const std::string_view value = m_group.value;
-    if (m_group.code == handleCode) {
-        if (object.handle != 0) return true;
+    if (role == TagRole::Handle) {
         object.handleLine = m_stream.line() + 1;
         const auto handle = parseHandle(value);
         if (!handle || *handle == 0 || *handle > kHighestHandle) {
@@ -65,12 +61,11 @@ bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
         object.handle = *handle;
         return true;
     }
+    if (role == TagRole::Owner) {
+        object.facts.owner = parseHandle(value).value_or(0);
+        object.facts.hasOwner = true;
+    }
     switch (m_group.code) {
-        case 330:
-            if (ownPart || object.hasOwner) break;
-            object.owner = parseHandle(value).value_or(0);
-            object.hasOwner = true;
-            break;
         case 2:
             if (object.hasName) break;
             object.name.assign(value);
@@ -79,10 +74,13 @@ bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
         case 67:
             if (object.hasSpace) break;
             object.hasSpace = true;
-            object.inPaperSpace = parseInteger(value).value_or(0) != 0;
+            object.facts.hasSpace = true;
+            object.facts.inPaper = parseInteger(value).value_or(0) != 0;
             break;
         case 410:
-            object.layout.assign(value);
+            if (object.hasSpace || value.empty()) break;
+            object.facts.hasSpace = true;
+            object.facts.inPaper = trimmed(value) != "Model";
             break;
         default:
             break;
@@ -92,27 +90,20 @@ bool ObjectReader::note(RawObject& object, int handleCode, bool ownPart) {
 
 bool ObjectReader::read(RawObject& object) {
     object.text.clear();
-    object.handle = object.owner = 0;
+    object.handle = 0;
     object.name.clear();
-    object.layout.clear();
     object.line = m_typeLine;
-    object.hasName = object.hasOwner = object.hasSpace = object.inPaperSpace = false;
-    const int handleCode = m_type == "DIMSTYLE" ? 105 : 5;
+    object.hasName = object.hasSpace = false;
+    object.facts = {};
+    object.facts.line = static_cast<std::uint64_t>(m_typeLine);
     // Type names are compared everywhere, so blanks around them are not kept.
     addTag(object.text, 0, m_type);
-    int depth = 0;
-    bool ownPart = false;
+    TagPosition position;
+    position.enter(0, m_type);
     while (advance() && m_group.code != 0) {
         append(object.text);
-        const std::string_view value = m_group.value;
-        if (m_group.code == 102 && !value.empty() && (value[0] == '{' || value[0] == '}')) {
-            depth += value[0] == '{' ? 1 : depth > 0 ? -1 : 0;
-        } else if (m_group.code == 100) {
-            ownPart = ownPart || (value != "AcDbEntity" && value != "AcDbSymbolTable" &&
-                                  value != "AcDbSymbolTableRecord");
-        } else if (depth == 0 && !note(object, handleCode, ownPart)) {
-            return false;
-        }
+        position.enter(m_group.code, m_group.value);
+        if (position.own() && !note(object, position.role())) return false;
     }
     if (object.text.size() > kLargestObject) {
         return m_stream.fail(object.line, "the object is larger than 2 GB; remove it");

@@ -7,22 +7,30 @@
 #include <string_view>
 
 #include "host/dxf/file/tag_stream.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
+
+/// What linking has to know of an object besides its text.
+struct ObjectFacts {
+    std::uint64_t owner = 0;     ///< handle in tag 330; 0 when absent or null
+    std::uint64_t line : 60;     ///< of tag 0
+    std::uint64_t hasOwner : 1;  ///< has a tag 330
+    std::uint64_t hasSpace : 1;  ///< has a tag 67, or 410 without it
+    std::uint64_t inPaper : 1;   ///< 67, or else 410, says paper space
+    ObjectFacts() : line(0), hasOwner(0), hasSpace(0), inPaper(0) {}
+};
 
 /// Tags of one object as read, with what tells its identity and place.
 struct RawObject {
     std::string text;          ///< all tags in stored form, tag 0 first
     std::uint64_t handle = 0;  ///< tag 5 (105 in DIMSTYLE); 0 when absent
-    std::uint64_t owner = 0;   ///< tag 330 outside brackets before the object's own data
     std::string name;          ///< first tag 2
-    std::string layout;        ///< tag 410
     long line = 0;             ///< of tag 0
     long handleLine = 0;       ///< of the handle
     bool hasName = false;      ///< has tag 2, which may be empty
-    bool hasOwner = false;
-    bool hasSpace = false;      ///< has tag 67
-    bool inPaperSpace = false;  ///< tag 67 is not 0
+    bool hasSpace = false;     ///< has tag 67
+    ObjectFacts facts;
 
     std::string_view type() const;
 };
@@ -54,7 +62,7 @@ class ObjectReader {
 
   private:
     bool advance();
-    bool note(RawObject& object, int handleCode, bool ownPart);
+    bool note(RawObject& object, TagRole role);
     void append(std::string& text) const;
 
     TagStream& m_stream;

@@ -59,36 +59,11 @@ ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
     return record;
 }
 
-std::string linetypeGroups(const char* description) {
-    std::string text;
-    addTag(text, 70, 0);
-    addTag(text, 3, description);
-    addTag(text, 72, 65);
-    addTag(text, 73, 0);
-    addTag(text, 40, 0.0);
-    return text;
-}
-
-std::string layerGroups() {
-    std::string text;
-    addTag(text, 70, 0);
-    addTag(text, 62, 7);
-    addTag(text, 6, "Continuous");
-    return text;
-}
-
-std::string styleGroups() {
-    std::string text;
-    addTag(text, 70, 0);
-    addTag(text, 40, 0.0);
-    addTag(text, 41, 1.0);
-    addTag(text, 50, 0.0);
-    addTag(text, 71, 0);
-    addTag(text, 42, 2.5);
-    addTag(text, 3, "txt");
-    addTag(text, 4, "");
-    return text;
-}
+constexpr char kLayer[] = " 70\n0\n 62\n7\n  6\nContinuous\n";
+constexpr char kLinetype[] = " 70\n0\n  3\n\n 72\n65\n 73\n0\n 40\n0.0\n";
+constexpr char kSolidLinetype[] = " 70\n0\n  3\nSolid line\n 72\n65\n 73\n0\n 40\n0.0\n";
+constexpr char kStyle[] =
+    " 70\n0\n 40\n0.0\n 41\n1.0\n 50\n0.0\n 71\n0\n 42\n2.5\n  3\ntxt\n  4\n\n";
 
 std::string blockRecordGroups() {
     std::string text;
@@ -122,20 +97,19 @@ Index supplyBlockMark(Store& store, const ObjectBody& record, Kind kind) {
 void supplyTables(Store& store) {
     store.section(SectionKind::Tables);
     const Index linetypes = supplyTable(store, "LTYPE", Kind::LinetypeTable);
-    const RecordForm plain{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord",
-                           linetypeGroups("")};
+    const RecordForm plain{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord", kLinetype};
     const RecordForm solid{"LTYPE", Kind::LinetypeRecord, "AcDbLinetypeTableRecord",
-                           linetypeGroups("Solid line")};
+                           kSolidLinetype};
     supplyRecord(store, linetypes, plain, "ByBlock");
     supplyRecord(store, linetypes, plain, "ByLayer");
     supplyRecord(store, linetypes, solid, "Continuous");
 
     const Index layers = supplyTable(store, "LAYER", Kind::LayerTable);
-    const RecordForm layer{"LAYER", Kind::LayerRecord, "AcDbLayerTableRecord", layerGroups()};
+    const RecordForm layer{"LAYER", Kind::LayerRecord, "AcDbLayerTableRecord", kLayer};
     supplyRecord(store, layers, layer, "0");
 
     const Index styles = supplyTable(store, "STYLE", Kind::OtherTable);
-    const RecordForm style{"STYLE", Kind::OtherRecord, "AcDbTextStyleTableRecord", styleGroups()};
+    const RecordForm style{"STYLE", Kind::OtherRecord, "AcDbTextStyleTableRecord", kStyle};
     supplyRecord(store, styles, style, "Standard");
 
     const Index applications = supplyTable(store, "APPID", Kind::OtherTable);

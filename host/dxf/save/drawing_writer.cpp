@@ -107,7 +107,7 @@ void DrawingWriter::writeEntity(const ObjectBody& entity) {
 
 void DrawingWriter::writeObject(const ObjectBody& body) {
     if (body.kind == Kind::BlockRecord && m_references.isGone(body.self)) return;
-    append(m_references.cleaned(body, m_rewritten));
+    append(m_references.cleaned(body));
     ++m_written;
     if ((m_written & 0x1FFF) == 0 && m_progress) {
         const double done = static_cast<double>(m_written) / m_store.count();

@@ -34,9 +34,8 @@ class DrawingWriter {
     OutputFile& m_file;
     const ProgressFunction& m_progress;
     ErasedReferences m_references;
-    std::string m_pending;    ///< not yet written
-    std::string m_rewritten;  ///< tags of one object, when they differ from the stored ones
-    Index m_written = 0;      ///< objects so far
+    std::string m_pending;  ///< not yet written
+    Index m_written = 0;    ///< objects so far
     bool m_failed = false;
     std::string m_why;
 };

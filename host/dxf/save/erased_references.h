@@ -1,10 +1,10 @@
 // What a saved drawing says where it named objects that were erased.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/store/reference_rewriter.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -13,27 +13,29 @@ namespace host {
 /// that nothing saved points at them. The store is not changed: erasing may still be taken back.
 ///
 /// Dropped are: the link to an extension dictionary, reactors, entries of dictionaries, members of
-/// tags, pairs of sort tables, boundary objects of hatches (with their count). Every other
-/// pointer becomes 0. Pointers at handles that never existed stay as they are. Chosen.
+/// groups, pairs of sort tables, boundary objects of hatches (with their count; such a hatch
+/// follows its boundary no longer). Every other pointer becomes 0. Pointers at handles that never
+/// existed stay as they are. Chosen.
 class ErasedReferences {
   public:
     explicit ErasedReferences(const Store& store);
+    ErasedReferences(const ErasedReferences&) = delete;
+    ErasedReferences& operator=(const ErasedReferences&) = delete;
 
     /// True when nothing is erased; then no text needs to be looked at.
     bool none() const { return m_gone.empty(); }
     bool isGone(Index index) const { return !m_gone.empty() && m_gone[index]; }
-    /// The tags of a body as they are saved: its own text, or a rewritten one kept in `buffer`.
-    std::string_view cleaned(const ObjectBody& body, std::string& buffer) const;
+    /// The tags of a body as they are saved: its own text, or a rewritten one, borrowed until the
+    /// next call.
+    std::string_view cleaned(const ObjectBody& body);
 
   private:
     bool isGoneHandle(std::string_view value) const;
     bool pointsAtGone(std::string_view text) const;
 
     const Store& m_store;
+    ReferenceRewriter m_rewriter;
     std::vector<bool> m_gone;  ///< by slot index; empty when nothing is erased
 };
-
-/// True for tag codes whose value is the handle of another object.
-bool isPointerCode(int code);
 
 }  // namespace host

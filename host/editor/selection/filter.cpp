@@ -89,11 +89,10 @@ bool SelectionFilter::Item::matches(const ObjectBody& entity) const {
     if (code == 0) return passes(store, entity.type());
     if (code == 410) return wildcardMatch(pattern, foldCase(layoutName(store, entity.owner)));
     bool present = false;
-    OwnTagReader tags(entity.tags());
-    Tag tag;
-    while (tags.next(tag)) {
-        if (tag.code != code) continue;
-        if (passes(store, tag.value)) return true;
+    TagWalk tags(entity.tags());
+    while (tags.nextOwn()) {
+        if (tags.code() != code) continue;
+        if (passes(store, tags.value())) return true;
         present = true;
     }
     const std::string_view standard = defaultOf(code);

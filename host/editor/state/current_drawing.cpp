@@ -23,10 +23,6 @@ Store* currentStore() {
     return &current->database->store();
 }
 
-bool isMainEntity(const ObjectBody& body) {
-    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
-}
-
 bool isSpace(const ObjectBody& blockRecord) {
     if (blockRecord.kind != Kind::BlockRecord) return false;
     const std::wstring name = foldCase(symbolName(blockRecord));

@@ -1,0 +1,63 @@
+// The steps of cloning: copying bodies and entities, translating references.
+#include "host/clone/clone_map.h"
+
+#include "host/store/fields.h"
+#include "host/store/store.h"
+
+namespace host {
+
+void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
+    m_pairs.push_back({&source, clone.self});
+    if (source.self >= m_clones.size()) m_clones.resize(source.self + 1, kNoIndex);
+    m_clones[source.self] = clone.self;
+}
+
+ObjectBody& cloneBody(const ObjectBody& source, Store& to, Index owner, CloneMap& map) {
+    ObjectBody& made = to.duplicate(source, owner);
+    map.add(source, made);
+    return made;
+}
+
+void cloneEntity(const ObjectBody& source, Store& to, ObjectBody& owner, CloneMap& map) {
+    const Store& from = *source.store;
+    const bool moves = &from != &to || source.owner != owner.self;
+    const bool toPaper = moves && isPaperSpace(owner);
+    const auto clonePart = [&](const ObjectBody& part, Index holder) -> ObjectBody& {
+        ObjectBody& made = cloneBody(part, to, holder, map);
+        if (moves) setSpaceMarks(made, toPaper);
+        return made;
+    };
+    ObjectBody& made = clonePart(source, owner.self);
+    to.appendChild(owner.self, made);
+    for (Index at = from.firstLive(source.self); at != kNoIndex; at = from.nextLive(from.at(at)))
+        to.appendChild(made.self, clonePart(from.at(at), made.self));
+    const Index end = source.sequenceEnd;
+    if (end != kNoIndex && !from.at(end).erased)
+        to.setSequenceEnd(made, clonePart(from.at(end), made.self));
+}
+
+bool goesAlong(const ObjectBody& owner, const ObjectBody* object, const CloneMap& map) {
+    if (object == nullptr || object->erased || !isObjectKind(object->kind)) return false;
+    if (map.cloneOf(*object) != kNoIndex) return false;
+    return owner.kind == Kind::Dictionary || object->owner == owner.self ||
+           object->handle == extensionDictionaryHandle(owner.tags());
+}
+
+void translateClones(const Store& from, Store& to, const CloneMap& map, Index firstNew,
+                     FateOfOthers others) {
+    ReferenceRewriter rewriter(
+        [&](const ObjectBody& clone, ReferencePlace place, const Tag& tag) -> ReferenceFate {
+            const ObjectBody* target = from.byHandle(parseHandle(tag.value).value_or(0));
+            const Index found = target != nullptr ? map.cloneOf(*target) : kNoIndex;
+            if (found == kNoIndex) return others(clone, place, tag.code);
+            return {ReferenceFate::Turn, to.at(found).handle};
+        });
+    for (const CloneMap::Pair& pair : map.pairs()) {
+        if (pair.clone < firstNew) continue;
+        ObjectBody& clone = to.at(pair.clone);
+        const std::string& text = rewriter.rewritten(clone);
+        if (text != clone.tags()) clone.setTags(text);
+    }
+}
+
+}  // namespace host
