@@ -16,6 +16,7 @@
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
 #include "host/objects/system_registry.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
