@@ -129,7 +129,7 @@ void Session::Impl::shutDown() {
 Outcome Session::newDrawing() {
     if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
     if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
-    return m_impl->addDocument(std::make_unique<AcDbDatabase>(), {});
+    return m_impl->addDocument(std::make_unique<AcDbDatabase>(host::newDrawing()), {});
 }
 
 Outcome Session::openDrawing(const std::string& path) {

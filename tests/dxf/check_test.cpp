@@ -15,9 +15,9 @@ struct Damage {
 
 TEST_F(Check, ASoundDrawingAndANewOneHaveNoFindings) {
     EXPECT_EQ(findings(dxf(kDrawing)), "");
-    host::Store store;
-    host::makeNewDrawing(store);
-    EXPECT_EQ(findings(saved(store)), "");
+    const std::string text = read(TESTS_FOLDER "/../host/dxf/load/new_drawing.dxf");
+    EXPECT_EQ(findings(text), "");
+    EXPECT_EQ(saved(*host::newDrawing()), text);
 }
 
 TEST_F(Check, DamageIsFound) {
