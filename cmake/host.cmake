@@ -7,7 +7,19 @@ else()
   list(FILTER host_sources EXCLUDE REGEX "_windows\\.cpp$")
 endif()
 
-add_library(velmohost SHARED ${host_sources})
+# The drawing that NEW gives is a file; the library carries its text.
+set(new_drawing ${CMAKE_SOURCE_DIR}/host/dxf/load/new_drawing.dxf)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${new_drawing})
+file(READ ${new_drawing} new_drawing_text)
+file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/new_drawing.cpp @ONLY CONTENT [[
+#include <string_view>
+namespace host {
+extern const std::string_view kNewDrawing;
+const std::string_view kNewDrawing = R"(@new_drawing_text@)";
+}  // namespace host
+]])
+
+add_library(velmohost SHARED ${host_sources} ${CMAKE_BINARY_DIR}/new_drawing.cpp)
 if(WIN32)
   include(cmake/windows_runtime.cmake)
   # The native build shows that every file includes what it needs; this one only saves time.

@@ -29,7 +29,4 @@ class ModuleLibrary {
     const void* m_base = nullptr;
 };
 
-/// Absolute path of a file; the text itself when the system gives none.
-std::string absolutePath(const std::string& path);
-
 }  // namespace host

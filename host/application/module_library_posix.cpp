@@ -1,9 +1,8 @@
 // Applications as shared objects.
 #include <dlfcn.h>
 
-#include <filesystem>
-
 #include "host/application/module_library.h"
+#include "host/text/paths.h"
 
 namespace host {
 
@@ -33,12 +32,6 @@ void* ModuleLibrary::symbol(const char* name) const {
 bool ModuleLibrary::contains(const void* address) const {
     Dl_info info;
     return m_base != nullptr && dladdr(address, &info) != 0 && info.dli_fbase == m_base;
-}
-
-std::string absolutePath(const std::string& path) {
-    std::error_code failure;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, failure);
-    return failure ? path : absolute.lexically_normal().string();
 }
 
 }  // namespace host

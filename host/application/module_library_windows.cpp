@@ -1,9 +1,8 @@
 // Applications as dynamic-link libraries.
 #include <windows.h>
 
-#include <filesystem>
-
 #include "host/application/module_library.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -36,12 +35,6 @@ bool ModuleLibrary::contains(const void* address) const {
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     if (!GetModuleHandleExW(kFlags, static_cast<const wchar_t*>(address), &holder)) return false;
     return holder == m_base;
-}
-
-std::string absolutePath(const std::string& path) {
-    std::error_code failure;
-    const auto absolute = std::filesystem::absolute(std::filesystem::path(fromUtf8(path)), failure);
-    return failure ? path : toUtf8(absolute.lexically_normal().wstring());
 }
 
 }  // namespace host

@@ -16,6 +16,7 @@
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/notify.h"
 #include "host/objectarx/command_stack.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {

@@ -16,6 +16,7 @@
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
 #include "host/objects/system_registry.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -128,7 +129,7 @@ void Session::Impl::shutDown() {
 Outcome Session::newDrawing() {
     if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
     if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
-    return m_impl->addDocument(std::make_unique<AcDbDatabase>(), {});
+    return m_impl->addDocument(std::make_unique<AcDbDatabase>(host::newDrawing()), {});
 }
 
 Outcome Session::openDrawing(const std::string& path) {

@@ -6,6 +6,7 @@
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
+#include "host/dxf/load/load_drawing.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/objectarx/database.h"
@@ -46,7 +47,7 @@ bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const
     EntityTransform unmoved(displacement({}), done);
     if (!canTransform(unmoved, entities)) return false;
     Clipboard filled;
-    filled.drawing = std::make_unique<AcDbDatabase>();
+    filled.drawing = std::make_unique<AcDbDatabase>(newDrawing());
     filled.base = cornerOf(store, entities);
     Store& target = filled.drawing->store();
     wblockClone({entities.begin(), entities.end()}, target, target.at(target.modelSpace()));

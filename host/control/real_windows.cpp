@@ -3,19 +3,14 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <map>
 #include <thread>
 #include <utility>
 
 #include "host/control/windows_setup.h"
-#include "module/version.h"
 
 namespace host {
 namespace {
-
-#define WIDE_LITERAL(text) L##text
-#define WIDE(text) WIDE_LITERAL(text)
 
 struct FormerState {
     std::map<HKEY, std::wstring> roots;  ///< each replaced root with its replacement
@@ -103,22 +98,6 @@ bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::ui
                                     static_cast<DWORD>(data.size())) == ERROR_SUCCESS;
     RegCloseKey(open);
     return set;
-}
-
-bool setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value) {
-    std::vector<std::uint8_t> data(sizeof value);
-    std::memcpy(data.data(), &value, sizeof value);
-    return setRegistryValue(key, name, REG_DWORD, std::move(data));
-}
-
-bool setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
-    std::vector<std::uint8_t> data((text.size() + 1) * sizeof(wchar_t));
-    std::memcpy(data.data(), text.c_str(), data.size());
-    return setRegistryValue(key, name, REG_SZ, std::move(data));
-}
-
-std::wstring moduleRegistryKey() {
-    return L"HKCU\\Software\\" WIDE(VELMO_COMPANY_NAME) L"\\" WIDE(VELMO_PRODUCT_NAME);
 }
 
 void setEnvironment(const std::wstring& name, std::optional<std::wstring> value) {

@@ -29,9 +29,7 @@ class AcDbIdMapping {
 /// One drawing.
 class AcDbDatabase : public AcHeapOperators {
   public:
-    /// An empty drawing with the records that every drawing has.
-    AcDbDatabase();
-    /// Takes over a store that was loaded.
+    /// Takes over a store that was loaded, for the host's own use.
     explicit AcDbDatabase(std::unique_ptr<host::Store> store);
     ~AcDbDatabase();
     AcDbDatabase(const AcDbDatabase&) = delete;

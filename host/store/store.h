@@ -213,7 +213,5 @@ std::wstring symbolName(const ObjectBody& record);
 std::uint64_t extensionDictionaryHandle(std::string_view text);
 /// Layer name of an entity, decoded.
 std::wstring layerName(const ObjectBody& entity);
-/// Fills an empty store with what every new drawing has (version AC1027, metric).
-void makeNewDrawing(Store& store);
 
 }  // namespace host

@@ -24,13 +24,6 @@ Acad::ErrorStatus openTable(Table*& table, const host::Store& store, const char*
 
 }  // namespace
 
-AcDbDatabase::AcDbDatabase()
-    : AcDbDatabase([] {
-          auto store = std::make_unique<host::Store>();
-          host::makeNewDrawing(*store);
-          return store;
-      }()) {}
-
 AcDbDatabase::AcDbDatabase(std::unique_ptr<host::Store> store) : m_store(std::move(store)) {
     m_store->database = this;
 }

@@ -1,10 +1,11 @@
 // The wide formatter: the interface's "%s" is wide text, which the C library does not agree with.
 #include "host/text/wide_format.h"
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdio>
 #include <cwchar>
-#include <vector>
+#include <optional>
+#include <type_traits>
 
 namespace host {
 namespace {
@@ -19,151 +20,103 @@ struct Arguments {
 /// One conversion as written: flags, width, precision, length and letter.
 struct Conversion {
     std::string flags;
-    int width = -1;
-    int precision = -1;
-    std::string length;
+    int width = 0;       ///< below 0: to the left
+    int precision = -1;  ///< below 0: none
+    std::wstring length;
     wchar_t letter = 0;
 };
 
-int readNumber(const wchar_t*& at, Arguments& arguments) {
+/// Digits, or the argument that "*" stands for.
+int readCount(const wchar_t*& at, Arguments& arguments) {
     if (*at == L'*') {
         ++at;
-        return va_arg(arguments.list, int);
+        return std::clamp(va_arg(arguments.list, int), -kWidest, kWidest);
     }
-    int number = 0;
-    while (*at >= L'0' && *at <= L'9') {
-        if (number <= kWidest) number = number * 10 + (*at - L'0');
-        ++at;
-    }
-    return number;
+    int count = 0;
+    for (; *at >= L'0' && *at <= L'9'; ++at)
+        count = std::min(count * 10 + static_cast<int>(*at - L'0'), kWidest);
+    return count;
 }
 
 /// Reads behind the percent sign; `at` moves behind the letter (or stays at the end of the text).
 Conversion readConversion(const wchar_t*& at, Arguments& arguments) {
     Conversion conversion;
-    while (*at != 0 && std::wcschr(L"-+ #0", *at) != nullptr)
-        conversion.flags += static_cast<char>(*at++);
-    if (*at == L'*' || (*at >= L'0' && *at <= L'9')) conversion.width = readNumber(at, arguments);
-    if (conversion.width < -1) {
-        conversion.flags += '-';
-        conversion.width = conversion.width < -kWidest ? kWidest : -conversion.width;
-    }
-    if (*at == L'.') {
-        ++at;
-        conversion.precision = readNumber(at, arguments);
-        if (conversion.precision < 0) conversion.precision = -1;
-    }
-    if (std::wcsncmp(at, L"I64", 3) == 0) {
-        conversion.length = "ll";
-        at += 3;
-    }
-    while (*at != 0 && std::wcschr(L"hlwjztL", *at) != nullptr)
-        conversion.length += static_cast<char>(*at++);
+    for (; *at != 0 && std::wcschr(L"-+ #0", *at) != nullptr; ++at)
+        conversion.flags += static_cast<char>(*at);
+    conversion.width = readCount(at, arguments);
+    if (*at == L'.') conversion.precision = readCount(++at, arguments);
+    for (; *at != 0 && std::wcschr(L"hlI64", *at) != nullptr; ++at)
+        conversion.length += *at;
     if (*at != 0) conversion.letter = *at++;
-    if (conversion.width > kWidest) conversion.width = kWidest;
-    if (conversion.precision > kWidest) conversion.precision = kWidest;
     return conversion;
-}
-
-std::wstring padded(std::wstring text, const Conversion& conversion) {
-    if (conversion.width <= static_cast<int>(text.size())) return text;
-    const std::size_t missing = static_cast<std::size_t>(conversion.width) - text.size();
-    const bool left = conversion.flags.find('-') != std::string::npos;
-    return left ? text + std::wstring(missing, L' ') : std::wstring(missing, L' ') + text;
 }
 
 /// Formats one number through the C library with `length` as its length.
 template <typename Number>
 std::wstring number(const Conversion& conversion, const char* length, Number value) {
-    std::string format = "%" + conversion.flags;
-    if (conversion.width >= 0) format += std::to_string(conversion.width);
-    if (conversion.precision >= 0) format += "." + std::to_string(conversion.precision);
-    format += length;
+    char digits[2 * kWidest];  // the largest double needs 310 in front of its point
+    std::string format = "%" + conversion.flags + "*.*" + length;
     format += static_cast<char>(conversion.letter);
-    const int size = std::snprintf(nullptr, 0, format.c_str(), value);
-    if (size < 0) return {};
-    std::vector<char> buffer(static_cast<std::size_t>(size) + 1);
-    std::snprintf(buffer.data(), buffer.size(), format.c_str(), value);
-    return {buffer.begin(), buffer.end() - 1};
+    const int size = std::snprintf(digits, sizeof digits, format.c_str(), conversion.width,
+                                   conversion.precision, value);
+    return {digits, digits + std::max(size, 0)};
 }
 
+/// The next argument, as wide as `length` says; shorter ones arrive as int.
+template <typename Int, typename Long, typename LongLong>
 std::wstring integer(const Conversion& conversion, Arguments& arguments) {
-    const std::string& length = conversion.length;
-    if (length == "l") return number(conversion, "l", va_arg(arguments.list, long));
-    if (length == "ll" || length == "j")
-        return number(conversion, "ll", va_arg(arguments.list, long long));
-    if (length == "z" || length == "t")
-        return number(conversion, "ll",
-                      static_cast<long long>(va_arg(arguments.list, std::ptrdiff_t)));
-    const int value = va_arg(arguments.list, int);  // shorter ones arrive as int
-    return number(conversion, length == "h" ? "h" : length == "hh" ? "hh" : "", value);
+    const std::wstring& length = conversion.length;
+    const LongLong value = length == L"ll" || length == L"I64" ? va_arg(arguments.list, LongLong)
+                           : length == L"l"                    ? va_arg(arguments.list, Long)
+                                                               : va_arg(arguments.list, Int);
+    return number(conversion, "ll", value);
 }
 
-std::wstring text(const Conversion& conversion, Arguments& arguments) {
-    const bool narrow =
-        conversion.length == "h" || (conversion.letter == L'S' && conversion.length.empty());
-    const std::size_t most = conversion.precision < 0
-                                 ? static_cast<std::size_t>(-1)
-                                 : static_cast<std::size_t>(conversion.precision);
-    std::wstring result;
-    if (narrow) {
-        const char* source = va_arg(arguments.list, const char*);
-        if (source == nullptr) source = "(null)";
-        for (; *source != 0 && result.size() < most; ++source)
-            result += static_cast<wchar_t>(static_cast<unsigned char>(*source));
-    } else {
-        const wchar_t* source = va_arg(arguments.list, const wchar_t*);
-        if (source == nullptr) source = L"(null)";
-        for (; *source != 0 && result.size() < most; ++source)
-            result += *source;
-    }
-    return padded(std::move(result), conversion);
+std::wstring padded(std::wstring text, const Conversion& conversion) {
+    const auto width = static_cast<std::size_t>(std::abs(conversion.width));
+    const bool left = conversion.width < 0 || conversion.flags.find('-') != std::string::npos;
+    if (width > text.size()) text.insert(left ? text.size() : 0, width - text.size(), L' ');
+    return text;
 }
 
-/// False when the letter is no conversion.
-bool convert(const Conversion& conversion, Arguments& arguments, std::wstring& result) {
+template <typename Character>
+std::wstring text(const Conversion& conversion, const Character* source) {
+    if (source == nullptr) return padded(L"(null)", conversion);
+    const auto most = static_cast<std::size_t>(conversion.precision);  // none is the largest size
+    std::wstring text;
+    for (; *source != 0 && text.size() < most; ++source)
+        text += static_cast<wchar_t>(static_cast<std::make_unsigned_t<Character>>(*source));
+    return padded(std::move(text), conversion);
+}
+
+/// Nothing when the letter is no conversion.
+std::optional<std::wstring> converted(const Conversion& conversion, Arguments& arguments) {
     switch (conversion.letter) {
         case L'd':
         case L'i':
+            return integer<int, long, long long>(conversion, arguments);
         case L'u':
         case L'x':
         case L'X':
         case L'o':
-            result += integer(conversion, arguments);
-            return true;
+            return integer<unsigned, unsigned long, unsigned long long>(conversion, arguments);
         case L'f':
-        case L'F':
         case L'e':
-        case L'E':
         case L'g':
-        case L'G':
-        case L'a':
-        case L'A':
-            if (conversion.length == "L")
-                result += number(conversion, "L", va_arg(arguments.list, long double));
-            else
-                result += number(conversion, "", va_arg(arguments.list, double));
-            return true;
+            return number(conversion, "", va_arg(arguments.list, double));
         case L's':
         case L'S':
-            result += text(conversion, arguments);
-            return true;
+            if (conversion.length == L"h" ||
+                (conversion.letter == L'S' && conversion.length == L""))
+                return text(conversion, va_arg(arguments.list, const char*));
+            return text(conversion, va_arg(arguments.list, const wchar_t*));
         case L'c':
         case L'C':
-            result += padded(std::wstring(1, static_cast<wchar_t>(va_arg(arguments.list, int))),
-                             conversion);
-            return true;
-        case L'p':
-            result += number(conversion, "", va_arg(arguments.list, void*));
-            return true;
-        case L'n':
-            (void)va_arg(arguments.list, void*);
-            return true;
+            return padded({static_cast<wchar_t>(va_arg(arguments.list, int))}, conversion);
         case L'%':
-            result += L'%';
-            return true;
+            return L"%";
         default:
-            return false;
+            return std::nullopt;
     }
 }
 
@@ -178,9 +131,9 @@ std::wstring formatWide(const wchar_t* format, std::va_list list) {
             result += *format++;
             continue;
         }
-        const wchar_t* begin = format++;
+        const wchar_t* const begin = format++;
         const Conversion conversion = readConversion(format, arguments);
-        if (!convert(conversion, arguments, result)) result.append(begin, format);
+        result += converted(conversion, arguments).value_or(std::wstring(begin, format));
     }
     va_end(arguments.list);
     return result;

@@ -6,9 +6,10 @@
 
 namespace host {
 
-/// Formats with wide conversions on every platform: "%s", "%ls" and "%ws" take wide text, "%hs" and
-/// "%S" narrow text, "%c" a wide character. Null text prints as "(null)", "%n" is skipped, an
-/// unknown conversion prints as it stands, widths and precisions count up to 4096.
+/// Formats with wide conversions on every platform: "%s" and "%ls" take wide text, "%S" and "%hs"
+/// narrow text (Latin-1), "%c" a wide character, "%d i u x X o" an int or with "l", "ll" and "I64"
+/// a longer one, "%f e g" a double. Null text prints as "(null)", any other conversion as it
+/// stands; widths and precisions count up to 4096.
 std::wstring formatWide(const wchar_t* format, std::va_list arguments);
 
 }  // namespace host

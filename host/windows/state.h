@@ -9,6 +9,7 @@
 
 #include "host/control/fake_windows.h"
 #include "host/control/windows_setup.h"
+#include "host/text/text_codec.h"
 #include "host/windows/windows.h"
 
 namespace host {
@@ -35,10 +36,6 @@ struct WindowsState {
 
 WindowsState& windowsState();
 
-/// UTF-8 of wide text; a code that is no character becomes U+FFFD.
-std::string toUtf8(const std::wstring& text);
-/// The reverse; a byte that fits no character becomes U+FFFD.
-std::wstring fromUtf8(const std::string& bytes);
 std::wstring lowerCase(std::wstring text);
 /// The path as Linux wants it: forward slashes, UTF-8.
 std::string nativePath(LPCWSTR path);

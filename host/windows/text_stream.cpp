@@ -7,6 +7,7 @@
 
 #include "host/control/effects.h"
 #include "host/control/faults.h"
+#include "host/text/wide_format.h"
 #include "host/windows/state.h"
 
 namespace {
@@ -56,14 +57,10 @@ std::FILE* _wfopen(const wchar_t* name, const wchar_t* mode) {
 }
 
 int fwprintf_s(std::FILE* stream, const wchar_t* format, ...) {
+    if (callFails("fwprintf_s")) return -1;
     va_list arguments;
-    va_list again;
     va_start(arguments, format);
-    va_copy(again, arguments);
-    const int length = callFails("fwprintf_s") ? -1 : _vscwprintf(format, arguments);
-    std::wstring text(static_cast<std::size_t>(length > 0 ? length : 0), L'\0');
-    if (length > 0) _vsnwprintf(&text[0], text.size(), format, again);
-    va_end(again);
+    const std::wstring text = formatWide(format, arguments);
     va_end(arguments);
-    return length >= 0 && writeBytes(stream, toUtf16(text)) ? length : -1;
+    return writeBytes(stream, toUtf16(text)) ? static_cast<int>(text.size()) : -1;
 }

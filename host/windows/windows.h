@@ -204,10 +204,10 @@ void WINAPI Sleep(DWORD milliseconds);
 int _wcsicmp(const wchar_t* left, const wchar_t* right);
 /// Decimal number at the start of the text; 0 without one.
 int _wtoi(const wchar_t* text);
-/// Formats with Microsoft's wide rules ("%s" and "%c" are wide, "%S" and "%hs" narrow): at most
+/// Formats with Microsoft's wide rules, as far as host/text/wide_format.h has them: at most
 /// `count` characters, no ending null when there is no room for it; the length, or -1 when longer.
 int _vsnwprintf(wchar_t* buffer, std::size_t count, const wchar_t* format, va_list arguments);
-/// Length of the formatted text without the ending null; -1 for a format that cannot be served.
+/// Length of the formatted text without the ending null.
 int _vscwprintf(const wchar_t* format, va_list arguments);
 /// Opens a text file; only the mode "a+t, ccs=UNICODE" (append): UTF-16LE with a byte-order mark at
 /// the start of a new or empty file. Null and errno on failure; the caller closes it with fclose,

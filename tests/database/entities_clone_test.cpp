@@ -146,7 +146,7 @@ TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
 
 TEST(DeepClone, RefusesWrongCallsWithoutCloning) {
     Drawing drawing;
-    AcDbDatabase foreign;
+    AcDbDatabase foreign(host::newDrawing());
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& erased = drawing.add(kLine);
     ObjectBody& onPaper = drawing.add(kLine, drawing.paper());

@@ -10,6 +10,7 @@
 
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
+#include "host/dxf/load/load_drawing.h"
 #include "host/objectarx/arxHeaders.h"
 #include "host/store/fields.h"
 #include "host/store/store.h"
@@ -110,7 +111,7 @@ class Drawing {
     std::string walk() { return walk(AcDbObjectId()); }
 
   private:
-    AcDbDatabase m_database;
+    AcDbDatabase m_database{host::newDrawing()};
     host::HeldCounts m_before = host::heldNow();
 };
 

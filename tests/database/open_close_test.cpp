@@ -180,7 +180,7 @@ TEST(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
     AcDbObject* object = nullptr;
     ads_name name;
     {
-        AcDbDatabase other;
+        AcDbDatabase other(host::newDrawing());
         id = other.clayer();
         acdbGetAdsName(name, id);
         acdbOpenObject(object, id, AcDb::kForRead);

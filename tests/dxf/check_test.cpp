@@ -17,9 +17,9 @@ TEST_F(Check, ASoundDrawingAndANewOneHaveNoFindings) {
     EXPECT_EQ(findings(dxf(kDrawing)), "");
     const char* const data = "1=data|102=ATTRRECORD}|102=}|102={ACAD_XDICTIONARY|360=51|100=X";
     EXPECT_EQ(findings(dxf(with(kDrawing, "1=data", data))), "");
-    host::Store store;
-    host::makeNewDrawing(store);
-    EXPECT_EQ(findings(saved(store)), "");
+    const std::string text = read(TESTS_FOLDER "/../host/dxf/load/new_drawing.dxf");
+    EXPECT_EQ(findings(text), "");
+    EXPECT_EQ(saved(*host::newDrawing()), text);
 }
 
 TEST_F(Check, DamageIsFound) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "gtest/gtest.h"
+#include "host/dxf/load/load_drawing.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
@@ -65,7 +66,7 @@ class EditorTest : public ::testing::Test {
     /// Notifications since the last call.
     std::vector<std::wstring> takeNotifications();
 
-    AcDbDatabase database;
+    AcDbDatabase database{host::newDrawing()};
     host::Store& store = database.store();
     host::DocumentState state;
     Answers answers;

@@ -83,7 +83,7 @@ TEST_F(SelectionSets, AtMost128AreOpen) {
 }
 
 TEST_F(SelectionSets, BelongToTheirDrawing) {
-    AcDbDatabase other;
+    AcDbDatabase other(host::newDrawing());
     host::DocumentState otherState;
     otherState.database = &other;
     host::setCurrentDocumentState(&otherState);

@@ -2,6 +2,7 @@
 #include "common/drawing_order.h"
 #include "common/scene.h"
 #include "gtest/gtest.h"
+#include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/notify.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
@@ -94,7 +95,7 @@ TEST(Repair, RunsBeforeTheWorkingDrawingIsSavedAndForNoOther) {
     Scene scene("(line line line)");
     scene.run(L"VelmoGROUPNOTACTIVE\n");
     scene.after(L"ERASE #3\n\n");
-    AcDbDatabase other;
+    AcDbDatabase other(host::newDrawing());
     host::clearEffects();
     host::notifyBeginSave(&other, L"other.dxf");
     EXPECT_EQ(Scene::printed(), "");

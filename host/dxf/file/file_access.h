@@ -2,44 +2,43 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace host {
 
 /// What stands at a path; links are followed.
-enum class FilePlace { Missing, File, Folder, Other, Unreachable };
+enum class FilePlace { None, File, Folder, Other };  // None: or out of reach
 FilePlace placeOf(const std::string& path);
 
-/// A regular file open for reading. Closed on destruction.
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+/// A regular file open for reading, or text in memory. Closed on destruction.
 class InputFile {
   public:
-    InputFile() = default;
-    ~InputFile();
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
-
     /// False with the reason in `why`: missing, not readable, a folder, a device.
     bool open(const std::string& path, std::string& why);
+    /// Reads `text`, which has to outlive this, as if a file held it.
+    void openText(std::string_view text);
     /// Bytes read, 0 at the end, -1 on failure. The file may grow or shrink meanwhile.
     long read(char* buffer, std::size_t size, std::string& why);
     /// Size in bytes when it was opened.
     std::uint64_t size() const { return m_size; }
 
   private:
-    std::intptr_t m_file = -1;
+    FileHandle m_file;
+    std::string_view m_text;
     std::uint64_t m_size = 0;
 };
 
 /// A new file open for writing. Closed on destruction; not removed.
 class OutputFile {
   public:
-    OutputFile() = default;
-    ~OutputFile();
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-
     /// Creates a file that was not there before.
     bool create(const std::string& path, std::string& why);
     /// Gives the file the owner and permissions of another one, as far as the user may.
@@ -50,7 +49,7 @@ class OutputFile {
     bool close(std::string& why);
 
   private:
-    std::intptr_t m_file = -1;
+    FileHandle m_file;
 };
 
 /// The part of a path up to its last separator, inclusive; empty for a bare name.
@@ -80,15 +79,5 @@ inline constexpr int kKilledStatus = 99;
 /// flushToDisk, close, renameOver, duplicateFile, flushFolderOf; counted from 1 since this call)
 /// fail; 0 lets all pass.
 void setFileFault(long failAt, FileFault fault = FileFault::DiskFull);
-/// Changing calls since setFileFault.
-long fileCallCount();
-
-/// For the implementations: counts a changing call; true, with a reason, when it has to fail. Does
-/// not come back when the process has to end.
-bool fileCallFails(std::string& why);
-/// The same for a write, which `writeHalf` carries out in part before it fails.
-bool fileWriteFails(std::string& why, const std::function<void()>& writeHalf);
-/// Copies by reading and writing; for duplicateFile.
-bool copyFile(const std::string& from, const std::string& to, std::string& why);
 
 }  // namespace host

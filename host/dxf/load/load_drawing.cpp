@@ -8,6 +8,10 @@
 #include "host/tags/tags.h"
 
 namespace host {
+
+/// Text of new_drawing.dxf; the build makes its source.
+extern const std::string_view kNewDrawing;
+
 namespace {
 
 std::unique_ptr<Store> readDrawing(InputFile& file, DxfError& error,
@@ -46,6 +50,14 @@ std::unique_ptr<Store> loadDrawing(const std::string& path, DxfError& error,
         error.text = "the drawing does not fit into memory; close other programs or split it";
         return nullptr;
     }
+}
+
+std::unique_ptr<Store> newDrawing() {
+    InputFile text;
+    text.openText(kNewDrawing);
+    DxfError error;
+    const ProgressFunction silent;
+    return readDrawing(text, error, silent, nullptr);
 }
 
 }  // namespace host

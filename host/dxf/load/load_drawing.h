@@ -25,4 +25,8 @@ std::unique_ptr<Store> loadDrawing(const std::string& path, DxfError& error,
                                    const ProgressFunction& progress = {},
                                    std::vector<Finding>* supplied = nullptr);
 
+/// The drawing that NEW gives, of new_drawing.dxf: everything that a valid AC1027 drawing must
+/// hold, metric. Never null.
+std::unique_ptr<Store> newDrawing();
+
 }  // namespace host
