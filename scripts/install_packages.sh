@@ -1,6 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages named as arguments that are missing; needs root or sudo only then.
+# Installs the Debian packages named as arguments that are missing, and says which before it begins.
+# Needs root or sudo only then. Without apt-get it leaves the system as it is and goes on.
 set -eu
+if ! command -v apt-get >/dev/null; then
+    echo "no apt-get here, nothing is installed; docs/other-systems.md names what is needed" >&2
+    exit 0
+fi
 missing=()
 for package in "$@"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
@@ -15,7 +20,8 @@ if [ "$(id -u)" -ne 0 ]; then
     }
     as_root=(sudo)
 fi
-echo "installing: ${missing[*]}"
+echo "these Debian packages are missing and are installed now, with apt-get${as_root:+ and sudo}:"
+echo "    ${missing[*]}"
 export DEBIAN_FRONTEND=noninteractive
 "${as_root[@]}" apt-get update -qq
 "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

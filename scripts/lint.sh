@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Rules that a machine can check: layout of the sources, their opening line, and the borders of the
-# module. Prints each breach and ends with 1 when there was one.
+# Rules that a machine can check: layout of the sources, their opening line, the borders of the rooms,
+# what headers include, and the checks of clang-tidy. Prints each breach and ends with 1 when there
+# was one.
 set -u
 cd "$(dirname "$0")/.."
 status=0
@@ -54,8 +55,44 @@ awk '
 grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost |
     grep -v '"module/version.h"' && report "the host knows the module"
 
+# Each header compiles by itself. One that a source includes before all others is shown to by every
+# build; the rest is tried here.
+first=$(listed '*.cpp' | grep -v '_windows\.cpp$' | xargs awk '
+    FNR == 1 { found = 0 }
+    !found && /^#include/ { found = 1; gsub(/[<>"]/, "", $2); print $2 }' | sort -u)
+interface=(host/objectarx host/mfc host/windows)
+rooms=(support module storage commands tracking)
+for header in $(listed '*.h' ':!tests' ':!bench'); do
+    name=$header  # as sources write it: the module and the interface without a folder
+    case " ${interface[*]} ${rooms[*]} " in *" ${header%/*} "*) name=${header##*/} ;; esac
+    grep -qxF -e "$header" -e "$name" <<<"$first" || echo "$header"
+done | xargs -P "$(nproc)" -n 1 g++ -std=c++17 -fsyntax-only -w -x c++ -I. \
+    "${interface[@]/#/-I}" "${rooms[@]/#/-I}" || report "the headers above do not include what they use"
+# Nor does the module lean on what the platform's headers include, which differs between platforms.
+awk '
+    function lacking(   header) {
+        for (header in used) if (!(header in included)) { print file ":" used[header] ": <" header ">"; bad = 1 }
+    }
+    BEGIN {
+        names["string"] = "w?string"; names["vector"] = "vector"; names["map"] = "map"
+        names["memory"] = "unique_ptr|shared_ptr"; names["functional"] = "function"
+        names["optional"] = "optional"; names["unordered_map"] = "unordered_map"
+    }
+    FNR == 1 { lacking(); split("", used); split("", included); file = FILENAME }
+    /^#include </ { gsub(/[<>]/, "", $2); included[$2] }
+    { for (header in names) if ($0 ~ "std::(" names[header] ")[^a-z_]" && !(header in used)) used[header] = FNR }
+    END { lacking(); exit bad }' $(listed "${rooms[@]/%//*.h}") ||
+    report "these headers of the module use what they do not include"
+
 # A test file without a test checks nothing.
 for file in $(listed 'tests/*_test.cpp'); do
     grep -qE '^(TEST|TEST_F|TEST_P)\(' "$file" || report "$file: holds no test"
 done
+
+# The first heading of the changes is the version of the sources.
+version=$(awk '/^#define VELMO_VERSION_(MAJOR|MINOR|PATCH)/ { printf "%s%s", dot, $3; dot = "." }' module/version.h)
+grep -m 1 '^## ' CHANGELOG.md | grep -qE "^## $version( |$)" ||
+    report "CHANGELOG.md does not begin with version $version of module/version.h"
+
+scripts/tidy.sh || report "clang-tidy complains (.clang-tidy has its checks)"
 exit $status

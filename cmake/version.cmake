@@ -1,0 +1,10 @@
+# VELMO_VERSION, "1.0.0": read from module/version.h, which the resource compiler needs as it is.
+set(version_header ${CMAKE_CURRENT_LIST_DIR}/../module/version.h)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${version_header})
+set(VELMO_VERSION "")
+foreach(part MAJOR MINOR PATCH)
+  file(STRINGS ${version_header} line REGEX "^#define VELMO_VERSION_${part} [0-9]+$")
+  string(REGEX MATCH "[0-9]+$" number "${line}")
+  list(APPEND VELMO_VERSION ${number})
+endforeach()
+list(JOIN VELMO_VERSION . VELMO_VERSION)
