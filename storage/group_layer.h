@@ -1,6 +1,8 @@
 // The layer that holds the group markers.
 #pragma once
 
+#include <string>
+
 #include "platform.h"
 
 /// Makes a layer, or updates the one of that name, in the working drawing: colour index, linetype
