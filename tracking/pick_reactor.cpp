@@ -81,9 +81,8 @@ AcDbObjectIdArray withGroupsOfPicks(AcDbObjectIdArray ids, int first) {
         const AcDbObjectId id = ids[place];
         if (!findGroup(search, id, group)) continue;
         gaps.push_back(place++);
-        present.remove(id);
         for (int i = 0; i < group.length(); ++i) {
-            if (present.add(group[i])) ids.append(group[i]);
+            if (group[i] == id || present.add(group[i])) ids.append(group[i]);
         }
     }
     AcDbObjectIdArray widened(0, kIdListGrowth);
