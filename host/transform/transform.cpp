@@ -22,7 +22,10 @@ Vec extrusionOf(const ObjectBody& body) {
     return at ? tags.point(*at) : Vec{0, 0, 1};
 }
 
-bool isDimension(const ObjectBody& body) { return trimmed(body.type()) == "DIMENSION"; }
+bool isDimension(const ObjectBody& body) {
+    const std::string_view type = trimmed(body.type());
+    return type == "DIMENSION" || type == "ARC_DIMENSION";
+}
 
 /// True for a paragraph text that is centred in both directions.
 bool isCentredText(const ObjectBody& body) {
@@ -30,11 +33,15 @@ bool isCentredText(const ObjectBody& body) {
     return trimmed(body.type()) == "MTEXT" && integerTag(body.tags(), 71, 1) == kMiddleCentre;
 }
 
-/// An ordinate along X or Y of the drawing stays one only where the mirror line is along an axis.
-bool isSlantedOrdinate(const TagEdit& edit, const RigidMap& map) {
+bool isOrdinate(const ObjectBody& body) {
     constexpr int kTypeBits = 7, kOrdinate = 6;
+    return isDimension(body) && (integerTag(body.tags(), 70, 0) & kTypeBits) == kOrdinate;
+}
+
+/// True when a map mirrors at a line that is along neither X nor Y.
+bool isSlanted(const RigidMap& map) {
     constexpr double kLevel = 1e-12;
-    return (edit.integer(70, 0) & kTypeBits) == kOrdinate && std::fabs(map.map.x.y) > kLevel;
+    return map.mirrors && std::fabs(map.map.x.y) > kLevel;
 }
 
 /// A rotated dimension without an angle measures along X, and mirrored along the image of that.
@@ -96,25 +103,38 @@ bool EntityTransform::plan(const ObjectBody& body, const ObjectBody& main, bool 
     const TransformRule* rule = transformRule(body);
     if (rule == nullptr) return refuse(main);
     if (m_map.mirrors && rule->mirroring == Mirroring::Refused) return refuse(main);
+    if (isSlanted(m_map) && rule->mirroring == Mirroring::AlongAxes)
+        return refuse(main, " at a slanting line: it always stands upright");
+    if (isSlanted(m_map) && isOrdinate(body))
+        return refuse(main, " at a slanting line: it measures along an axis");
     std::string text(body.tags());
     if (m_map.mirrors && isDimension(body)) stateAngle(text);
     TagEdit edit(text);
-    for (std::size_t at = 0; at < edit.size(); ++at)
-        if (edit.code(at) == 101) return refuse(main, ": it holds an embedded object");
-    if (m_map.mirrors && isDimension(body) && isSlantedOrdinate(edit, m_map))
-        return refuse(main, " at a slanting line: it measures along an axis");
-    const ObjectFrame frame(m_map, extrusionOf(body), rule->mirroring == Mirroring::TurnsOver);
-    if (trimmed(body.type()) == "HATCH")
-        transformHatch(edit, frame);
-    else if (inPicture && m_map.mirrors && isCentredText(body))
-        transformReadable(edit, frame);
-    else
-        transformTags(edit, *rule, frame);
-    transformExtendedData(edit, m_map);
+    if (!mapTags(body, *rule, inPicture && isCentredText(body), edit))
+        return refuse(main, ": it holds an embedded object or data that are not known here");
     if (const auto code = edit.malformed())
         return refuse(main, ": group " + std::to_string(*code) + " is or becomes no finite number");
     texts.emplace_back(body.self, edit.tags());
     return true;
+}
+
+bool EntityTransform::mapTags(const ObjectBody& body, const TransformRule& rule, bool centred,
+                              TagEdit& edit) const {
+    const std::string_view type = trimmed(body.type());
+    const bool staysReadable = centred && m_map.mirrors;
+    const ObjectFrame frame(m_map, extrusionOf(body), rule.mirroring == Mirroring::TurnsOver);
+    bool isKnown = true;
+    if (type == "HATCH")
+        transformHatch(edit, frame);
+    else if (type == "MULTILEADER")
+        isKnown = transformMultileader(edit, m_map);
+    else if (staysReadable)
+        transformReadable(edit, frame);
+    else
+        transformTags(edit, rule, frame);
+    transformExtendedData(edit, m_map);
+    if (!m_map.isIdentity()) dropGraphics(edit);
+    return isKnown && transformEmbedded(edit, type, m_map, staysReadable);
 }
 
 void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {

@@ -12,6 +12,8 @@
 namespace host {
 
 class Store;
+class TagEdit;
+struct TransformRule;
 
 /// A move or a mirroring of entities, checked as a whole before anything changes.
 ///
@@ -38,6 +40,9 @@ class EntityTransform {
 
     bool planAll(const ObjectBody& entity, Texts& texts);
     bool plan(const ObjectBody& body, const ObjectBody& main, bool inPicture, Texts& texts);
+    /// False when the body holds what cannot be mapped. `centred` texts stay readable.
+    bool mapTags(const ObjectBody& body, const TransformRule& rule, bool centred,
+                 TagEdit& edit) const;
     bool planPicture(const ObjectBody& dimension, Texts& texts);
     bool refuse(const ObjectBody& main, const std::string& why = {});
 

@@ -36,7 +36,7 @@ constexpr FieldRule kSpline[] = {{10, Role::Point},
 constexpr FieldRule kText[] = {{10, Role::ObjectPoint},
                                {11, Role::ObjectPoint},
                                {50, Role::Degrees, "AcDbText"},
-                               {71, Role::UpsideDown, "AcDbText"},
+                               {71, Role::UpsideDown, "AcDbText", 0.0, true},
                                {210, Role::Extrusion}};
 constexpr FieldRule kMText[] = {{10, Role::Point},
                                 {11, Role::Vector},
@@ -67,8 +67,40 @@ constexpr FieldRule kLeader[] = {{10, Role::Point},
                                  {212, Role::Vector},
                                  {213, Role::Vector}};
 constexpr FieldRule kImage[] = {{10, Role::Point}, {11, Role::Vector}, {12, Role::Vector}};
-constexpr FieldRule kTolerance[] = {{10, Role::Point}};
+constexpr FieldRule kTolerance[] = {
+    {10, Role::Point}, {11, Role::XDirection, "AcDbFcf"}, {210, Role::Extrusion, "AcDbFcf"}};
+// What a viewport looks at stays: it shows the same model from another place of the paper.
 constexpr FieldRule kViewport[] = {{10, Role::Point}};
+// Two angles say where the arc begins and ends; which way round is not told.
+constexpr FieldRule kArcDimension[] = {
+    {10, Role::Point}, {11, Role::ObjectPoint}, {12, Role::ObjectPoint},
+    {13, Role::Point}, {14, Role::Point},       {15, Role::Point},
+    {16, Role::Point}, {17, Role::Point},       {210, Role::Extrusion}};
+constexpr FieldRule kHelix[] = {{10, Role::Point},  {11, Role::Point},      {12, Role::Vector},
+                                {13, Role::Vector}, {210, Role::Extrusion}, {290, Role::Handed}};
+constexpr FieldRule kShape[] = {{10, Role::Point},
+                                {41, Role::Opposite, "AcDbShape", 1.0},
+                                {50, Role::BackDegrees, "AcDbShape"},
+                                {51, Role::Opposite},
+                                {210, Role::Extrusion}};
+// The miters point to the left of the line as seen along the extrusion, also where mirrored.
+constexpr FieldRule kMultiline[] = {{10, Role::Point},
+                                    {11, Role::Point},
+                                    {12, Role::Vector},
+                                    {13, Role::Vector},
+                                    {210, Role::Extrusion, "AcDbMline"}};
+// The clip boundary (11) is in the coordinates of the underlay.
+constexpr FieldRule kUnderlay[] = {{10, Role::ObjectPoint},
+                                   {50, Role::Degrees, "AcDbUnderlayReference"},
+                                   {210, Role::Extrusion, "AcDbUnderlayReference"}};
+// The block with the lines and texts of a table is in the coordinates of the table.
+constexpr FieldRule kTable[] = {{10, Role::ObjectPoint},
+                                {11, Role::XDirection, "AcDbTable"},
+                                {50, Role::Degrees, "AcDbBlockReference"},
+                                {210, Role::Extrusion, "AcDbBlockReference"}};
+// The viewed side of a section is to one hand of its line.
+constexpr FieldRule kSection[] = {{10, Role::Vector}, {11, Role::Chain}, {12, Role::Chain}};
+constexpr FieldRule kLight[] = {{10, Role::Point}, {11, Role::Point}};
 constexpr FieldRule kNothing[] = {{210, Role::Extrusion}};
 
 template <std::size_t N>
@@ -101,8 +133,20 @@ constexpr TransformRule kRules[] = {
     rule("IMAGE", kImage),
     rule("WIPEOUT", kImage),
     rule("SEQEND", kNothing),
-    rule("TOLERANCE", kTolerance, Mirroring::Refused),
-    rule("VIEWPORT", kViewport, Mirroring::Refused),
+    rule("TOLERANCE", kTolerance, Mirroring::TurnsOver),
+    rule("VIEWPORT", kViewport, Mirroring::AlongAxes),
+    rule("MULTILEADER", kNothing),
+    rule("ACAD_TABLE", kTable, Mirroring::TurnsOver),
+    rule("MLINE", kMultiline, Mirroring::TurnsOver),
+    rule("SHAPE", kShape),
+    rule("HELIX", kHelix),
+    rule("LIGHT", kLight),
+    rule("SECTIONOBJECT", kSection),
+    rule("PDFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("DWFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("DGNUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("MESH", kVertex3d),
+    rule("ARC_DIMENSION", kArcDimension, Mirroring::Refused),
 };
 
 constexpr TransformRule kPolyline2dRule = rule("POLYLINE", kPolyline2d);
@@ -122,9 +166,11 @@ const TransformRule* vertexRule(const ObjectBody& vertex) {
 
 }  // namespace
 
-const FieldRule* TransformRule::find(int code) const {
+const FieldRule* TransformRule::find(int code, std::string_view subclass) const {
     for (std::size_t i = 0; i < count; ++i) {
-        if (fields[i].code == code) return &fields[i];
+        const FieldRule& field = fields[i];
+        if (field.code == code && (!field.thereOnly || subclass.empty() || subclass == field.addTo))
+            return &field;
     }
     return nullptr;
 }
