@@ -50,13 +50,19 @@ void stateAngle(std::string& text) {
     setTag(text, 50, "0.0");
 }
 
-/// How many live dimensions show each block.
+/// True for what has an anonymous block of its own, which shows it.
+bool hasPicture(const ObjectBody& body) {
+    return (isDimension(body) || trimmed(body.type()) == "ACAD_TABLE") &&
+           pictureOf(body) != nullptr;
+}
+
+/// How many live dimensions and tables show each block.
 std::unordered_map<Index, int> countPictures(const Store& store) {
     std::unordered_map<Index, int> counts;
     for (Index at = 1; at <= store.count(); ++at) {
         const ObjectBody& body = store.at(at);
-        if (body.kind != Kind::Entity || body.erased || !isDimension(body)) continue;
-        if (const ObjectBody* picture = pictureOf(body)) ++counts[picture->self];
+        if (body.kind != Kind::Entity || body.erased || !hasPicture(body)) continue;
+        ++counts[pictureOf(body)->self];
     }
     return counts;
 }
@@ -111,7 +117,7 @@ bool EntityTransform::plan(const ObjectBody& body, const ObjectBody& main, bool 
     if (m_map.mirrors && isDimension(body)) stateAngle(text);
     TagEdit edit(text);
     if (!mapTags(body, *rule, inPicture && isCentredText(body), edit))
-        return refuse(main, ": it holds an embedded object or data that are not known here");
+        return refuse(main, ": it holds data that are not known here");
     if (const auto code = edit.malformed())
         return refuse(main, ": group " + std::to_string(*code) + " is or becomes no finite number");
     texts.emplace_back(body.self, edit.tags());
@@ -143,7 +149,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
     bool counted = false;
     for (const Index index : entities) {
         ObjectBody& entity = store.at(index);
-        if (isDimension(entity) && pictureOf(entity) != nullptr) {
+        if (hasPicture(entity)) {
             if (!counted) shown = countPictures(store);
             counted = true;
             int& users = shown[pictureOf(entity)->self];
@@ -151,7 +157,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
                 --users;
                 copyPicture(store, entity);
             }
-            planPicture(entity, texts);
+            if (isDimension(entity)) planPicture(entity, texts);
         }
         planAll(entity, texts);
     }

@@ -18,7 +18,8 @@ struct TransformRule;
 /// A move or a mirroring of entities, checked as a whole before anything changes.
 ///
 /// What belongs to an entity goes along: vertices, attributes, and the anonymous block with the
-/// picture of a dimension, which gets a copy of its own when another dimension shows it too.
+/// picture of a dimension; this and the block of a table get a copy of their own when another
+/// dimension or table shows them too.
 /// Mirroring is true reflection: texts and hatch patterns are mirrored as with MIRRTEXT 1 and
 /// MIRRHATCH 1, because the width of a text is not known here; only the centred text in a
 /// dimension's picture stays readable, as it does there. Points of the drawing in extended data

@@ -138,7 +138,7 @@ class Mapper {
         if (field.role == Role::UpsideDown) {
             if (m_frame.reverses()) addTag(tag, field.code, 4);
         } else if (field.role == Role::Extrusion) {
-            const Vec made = m_frame.extrusion({0, 0, 1});
+            const Vec made = m_frame.extrusion({0, 0, 1}) + Vec{};  // never -0
             if (made.z < 1) addPointTag(tag, field.code, made.x, made.y, made.z);
         } else if (field.role == Role::XDirection) {
             const Vec made = m_frame.world().map.turn({1, 0, 0});
