@@ -8,6 +8,7 @@
 #include "host/store/store.h"
 #include "host/tags/tag_edit.h"
 #include "host/tags/tags.h"
+#include "host/transform/annotation_scales.h"
 #include "host/transform/transform_rules.h"
 #include "host/transform/transform_tags.h"
 
@@ -67,6 +68,23 @@ std::unordered_map<Index, int> countPictures(const Store& store) {
     return counts;
 }
 
+/// False when the tags hold what cannot be mapped.
+bool mapTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& frame,
+             bool staysReadable) {
+    bool isKnown = true;
+    if (rule.layout == Layout::Hatch)
+        transformHatch(edit, frame);
+    else if (rule.layout == Layout::Multileader)
+        isKnown = transformMultileader(edit, frame.world());
+    else if (staysReadable)
+        transformReadable(edit, frame);
+    else
+        transformTags(edit, rule, frame);
+    transformExtendedData(edit, frame.world());
+    if (!frame.world().isIdentity()) dropGraphics(edit);
+    return isKnown && transformEmbedded(edit, rule.type, frame.world(), staysReadable);
+}
+
 }  // namespace
 
 bool EntityTransform::refuse(const ObjectBody& main, const std::string& why) {
@@ -82,9 +100,9 @@ bool EntityTransform::check(const ObjectBody& entity) {
 
 bool EntityTransform::planAll(const ObjectBody& entity, Texts& texts) {
     const Store& store = *entity.store;
-    if (!plan(entity, entity, false, texts)) return false;
+    if (!planOne(entity, entity, false, texts)) return false;
     for (Index at = store.firstLive(entity.self); at != kNoIndex; at = store.nextLive(store.at(at)))
-        if (!plan(store.at(at), entity, false, texts)) return false;
+        if (!planOne(store.at(at), entity, false, texts)) return false;
     return true;
 }
 
@@ -95,20 +113,31 @@ bool EntityTransform::planPicture(const ObjectBody& dimension, Texts& texts) {
     for (Index at = store.firstLive(picture->self); at != kNoIndex;) {
         const ObjectBody& entity = store.at(at);
         if (isDimension(entity)) return refuse(dimension, ": its block shows another dimension");
-        if (!plan(entity, dimension, true, texts)) return false;
+        if (!planOne(entity, dimension, true, texts)) return false;
         for (Index part = store.firstLive(at); part != kNoIndex;
              part = store.nextLive(store.at(part)))
-            if (!plan(store.at(part), dimension, true, texts)) return false;
+            if (!planOne(store.at(part), dimension, true, texts)) return false;
         at = store.nextLive(entity);
     }
     return true;
 }
 
-bool EntityTransform::plan(const ObjectBody& body, const ObjectBody& main, bool inPicture,
-                           Texts& texts) {
+bool EntityTransform::planOne(const ObjectBody& body, const ObjectBody& main, bool inPicture,
+                              Texts& texts) {
+    const Vec extrusion = extrusionOf(body);
+    if (!plan(body, extrusion, inPicture, main, texts)) return false;
+    for (const Index data : scaleData(body))
+        if (!plan(body.store->at(data), extrusion, false, main, texts)) return false;
+    return true;
+}
+
+bool EntityTransform::plan(const ObjectBody& body, const Vec& extrusion, bool inPicture,
+                           const ObjectBody& main, Texts& texts) {
     const TransformRule* rule = transformRule(body);
-    if (rule == nullptr) return refuse(main);
-    if (m_map.mirrors && rule->mirroring == Mirroring::Refused) return refuse(main);
+    const std::string what =
+        isEntityKind(body.kind) ? "" : ": what it keeps for a scale is not known here";
+    if (rule == nullptr || (m_map.mirrors && rule->mirroring == Mirroring::Refused))
+        return refuse(main, what);
     if (isSlanted(m_map) && rule->mirroring == Mirroring::AlongAxes)
         return refuse(main, " at a slanting line: it always stands upright");
     if (isSlanted(m_map) && isOrdinate(body))
@@ -116,31 +145,13 @@ bool EntityTransform::plan(const ObjectBody& body, const ObjectBody& main, bool 
     std::string text(body.tags());
     if (m_map.mirrors && isDimension(body)) stateAngle(text);
     TagEdit edit(text);
-    if (!mapTags(body, *rule, inPicture && isCentredText(body), edit))
+    const ObjectFrame frame(m_map, extrusion, rule->mirroring == Mirroring::TurnsOver);
+    if (!mapTags(edit, *rule, frame, inPicture && m_map.mirrors && isCentredText(body)))
         return refuse(main, ": it holds data that are not known here");
     if (const auto code = edit.malformed())
         return refuse(main, ": group " + std::to_string(*code) + " is or becomes no finite number");
     texts.emplace_back(body.self, edit.tags());
     return true;
-}
-
-bool EntityTransform::mapTags(const ObjectBody& body, const TransformRule& rule, bool centred,
-                              TagEdit& edit) const {
-    const std::string_view type = trimmed(body.type());
-    const bool staysReadable = centred && m_map.mirrors;
-    const ObjectFrame frame(m_map, extrusionOf(body), rule.mirroring == Mirroring::TurnsOver);
-    bool isKnown = true;
-    if (type == "HATCH")
-        transformHatch(edit, frame);
-    else if (type == "MULTILEADER")
-        isKnown = transformMultileader(edit, m_map);
-    else if (staysReadable)
-        transformReadable(edit, frame);
-    else
-        transformTags(edit, rule, frame);
-    transformExtendedData(edit, m_map);
-    if (!m_map.isIdentity()) dropGraphics(edit);
-    return isKnown && transformEmbedded(edit, type, m_map, staysReadable);
 }
 
 void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {

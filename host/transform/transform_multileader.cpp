@@ -18,7 +18,7 @@ class LeaderMapper {
     bool run() {
         for (m_at = 0; m_at < m_edit.size(); ++m_at)
             if (m_edit.own(m_at) && !switchPart()) mapTag();
-        return m_part == Part::Outside && mapMatrix();
+        return m_any && m_part == Part::Outside && mapMatrix();
     }
 
   private:
@@ -44,6 +44,7 @@ class LeaderMapper {
                 trimmed(m_edit.value(m_at)) != brace.value)
                 continue;
             m_part = brace.to;
+            m_any = true;
             return true;
         }
         return false;
@@ -125,6 +126,7 @@ class LeaderMapper {
     TagEdit& m_edit;
     const RigidMap& m_map;
     Part m_part = Part::Outside;
+    bool m_any = false;  ///< there is context data
     std::size_t m_at = 0;
     Vec m_textNormal{0, 0, 1};
     Vec m_blockNormal{0, 0, 1};

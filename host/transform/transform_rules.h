@@ -52,9 +52,17 @@ enum class Mirroring {
     TurnsOver,  ///< the extrusion comes to point the other way, so that the back is seen
 };
 
+/// What tells the meaning of a tag.
+enum class Layout {
+    Fields,       ///< its code, and that in few cases with the subclass
+    Hatch,        ///< the path, edge or pattern in which it stands
+    Multileader,  ///< the braces in which it stands
+};
+
 struct TransformRule {
     std::string_view type;
     Mirroring mirroring;
+    Layout layout;
     const FieldRule* fields;
     std::size_t count;
 
@@ -62,8 +70,7 @@ struct TransformRule {
     const FieldRule* find(int code, std::string_view subclass) const;
 };
 
-/// Rule of a body's type; null when it cannot be transformed. HATCH and MULTILEADER have one
-/// without fields: their tags mean different things in different places (transform_tags.h).
+/// Rule of a body's type; null when it cannot be transformed.
 const TransformRule* transformRule(const ObjectBody& body);
 
 }  // namespace host

@@ -16,8 +16,8 @@ void transformTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& 
 void addToPart(TagEdit& edit, std::string_view subclass, const std::string& tags);
 /// Maps a hatch: elevation, boundary paths, pattern lines, seed points, gradient.
 void transformHatch(TagEdit& edit, const ObjectFrame& frame);
-/// Maps a multileader: leader lines, landings, text or block. False when its braces do not match or
-/// the matrix of its block is none.
+/// Maps a multileader: leader lines, landings, text or block. False when it has no context data,
+/// the braces do not match or the matrix of its block is none.
 bool transformMultileader(TagEdit& edit, const RigidMap& map);
 /// Maps the embedded objects of an entity of a type: columns of paragraph texts and what is written
 /// in multi-line attributes. False for any other. With `staysReadable` the text is not turned over.

@@ -7,6 +7,8 @@
 #include "commands/commands_fixture.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/control/switches.h"
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace tests {
@@ -176,6 +178,34 @@ class TransformTest : public CommandsTest {
         return text;
     }
 
+    ObjectBody& addObject(Kind kind, const std::string& text, Index owner) {
+        ObjectBody fresh;
+        fresh.kind = kind;
+        placeText(fresh, text);
+        ObjectBody& made = store().duplicate(fresh, owner);
+        store().appendChild(store().objectsList(), made);
+        return made;
+    }
+
+    /// Gives an entity data for an annotation scale.
+    ObjectBody& addScale(ObjectBody& entity, const char* type, const char* point) {
+        std::string tags(entity.tags()), text;
+        ObjectBody* holder = &addObject(Kind::Dictionary, newDictionaryText(true), entity.self);
+        setExtensionDictionary(tags, holder->handle);
+        entity.setTags(tags);
+        for (const wchar_t* key : {L"AcDbContextDataManager", L"ACDB_ANNOTATIONSCALES"}) {
+            ObjectBody& next = addObject(Kind::Dictionary, newDictionaryText(true), holder->self);
+            addEntry(*holder, key, next.handle);
+            holder = &next;
+        }
+        addTag(text, 0, type);
+        addTag(text, 100, "AcDbObjectContextData");
+        addTag(text, 11, point);
+        ObjectBody& data = addObject(Kind::Object, text, holder->self);
+        addEntry(*holder, L"*A1", data.handle);
+        return data;
+    }
+
     void mirrorTwice(const std::string& file) {
         ASSERT_TRUE(session.openDrawing(file)) << file;
         if (!entities().empty()) mirrorTwiceHere(file);
@@ -295,6 +325,20 @@ TEST_F(TransformTest, DataOfAnUnknownShapeAreRefused) {
         EXPECT_EQ(after(L"MOVE ALL\n\n1,1 2,2\n", type, text), text);
         EXPECT_NE(shown().find("it holds data that are not known here"), std::string::npos) << text;
     }
+}
+
+TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
+    session.newDrawing();
+    ObjectBody& text = add("MTEXT", "100 AcDbMText|10 1.0|20 2.0|30 0.0|11 1.0|21 0.0|31 0.0");
+    const ObjectBody& data = addScale(text, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", "1.0");
+    run(L"COPY ALL\n\n0,0 10,20\n\n");
+    const ObjectBody& copied = store().at(store().count());
+    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
+    EXPECT_EQ(groups(copied, {0, 11, 21}), "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS 11.0 20.0");
+    addScale(add("LINE", "100 AcDbLine|10 0.0|11 1.0"), "ACDB_OBJECTCONTEXTDATA_CLASS", "1.0");
+    EXPECT_EQ(run(L"MOVE ALL\n\n1,1 2,2\n"), CommandStatus::Failed);
+    EXPECT_NE(shown().find("what it keeps for a scale is not known here"), std::string::npos);
+    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
 }
 
 /// Each table shows its own block, also when it is a copy.
