@@ -20,6 +20,8 @@ constexpr NamedReference kNames[] = {
     {"DIMENSION", 3, "DIMSTYLE"},
     {"ARC_DIMENSION", 2, "BLOCK_RECORD"},
     {"ARC_DIMENSION", 3, "DIMSTYLE"},
+    {"LARGE_RADIAL_DIMENSION", 2, "BLOCK_RECORD"},
+    {"LARGE_RADIAL_DIMENSION", 3, "DIMSTYLE"},
     {"ACAD_TABLE", 2, "BLOCK_RECORD"},
     {"LEADER", 3, "DIMSTYLE"},
     {"TOLERANCE", 3, "DIMSTYLE"},

@@ -25,7 +25,7 @@ Vec extrusionOf(const ObjectBody& body) {
 
 bool isDimension(const ObjectBody& body) {
     const std::string_view type = trimmed(body.type());
-    return type == "DIMENSION" || type == "ARC_DIMENSION";
+    return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION";
 }
 
 /// True for a paragraph text that is centred in both directions.

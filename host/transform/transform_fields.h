@@ -67,7 +67,8 @@ inline constexpr FieldRule kTolerance[] = {
     {10, Role::Point}, {11, Role::XDirection, "AcDbFcf"}, {210, Role::Extrusion, "AcDbFcf"}};
 // What a viewport looks at stays: it shows the same model from another place of the paper.
 inline constexpr FieldRule kViewport[] = {{10, Role::Point}};
-// Two angles say where the arc begins and ends; which way round is not told.
+// Along an arc two angles say where that begins and ends; which way round is not told. A jogged
+// radius has an angle too.
 inline constexpr FieldRule kArcDimension[] = {
     {10, Role::Point}, {11, Role::ObjectPoint}, {12, Role::ObjectPoint},
     {13, Role::Point}, {14, Role::Point},       {15, Role::Point},

@@ -56,6 +56,7 @@ constexpr TransformRule kRules[] = {
     rule("DGNUNDERLAY", kUnderlay, Mirroring::TurnsOver),
     rule("MESH", kVertex3d),
     rule("ARC_DIMENSION", kArcDimension, Mirroring::Refused),
+    rule("LARGE_RADIAL_DIMENSION", kArcDimension, Mirroring::Refused),
     rule("ACDB_LEADEROBJECTCONTEXTDATA_CLASS", kLeaderAtScale),
     rule("ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", kMTextAtScale),
     rule("ACDB_TEXTOBJECTCONTEXTDATA_CLASS", kTextAtScale, Mirroring::Refused),
