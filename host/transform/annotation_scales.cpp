@@ -28,7 +28,8 @@ std::vector<Index> scaleData(const ObjectBody& entity) {
     DictionaryReader entries(holder->tags());
     for (DictionaryEntry entry; entries.next(entry);) {
         const ObjectBody* data = store.byHandle(entry.handle);
-        if (data != nullptr && !data->erased) found.push_back(data->self);
+        const bool counts = data != nullptr && !data->erased && !isEntityKind(data->kind);
+        if (counts) found.push_back(data->self);
     }
     return found;
 }

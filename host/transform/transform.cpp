@@ -134,10 +134,9 @@ bool EntityTransform::planOne(const ObjectBody& body, const ObjectBody& main, bo
 bool EntityTransform::plan(const ObjectBody& body, const Vec& extrusion, bool inPicture,
                            const ObjectBody& main, Texts& texts) {
     const TransformRule* rule = transformRule(body);
-    const std::string what =
-        isEntityKind(body.kind) ? "" : ": what it keeps for a scale is not known here";
     if (rule == nullptr || (m_map.mirrors && rule->mirroring == Mirroring::Refused))
-        return refuse(main, what);
+        return refuse(
+            main, isEntityKind(body.kind) ? "" : ": what it keeps for a scale is not known here");
     if (isSlanted(m_map) && rule->mirroring == Mirroring::AlongAxes)
         return refuse(main, " at a slanting line: it always stands upright");
     if (isSlanted(m_map) && isOrdinate(body))
