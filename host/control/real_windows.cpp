@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <map>
 #include <thread>
 #include <utility>
@@ -103,18 +102,6 @@ bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::ui
                                     static_cast<DWORD>(data.size())) == ERROR_SUCCESS;
     RegCloseKey(open);
     return set;
-}
-
-bool setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value) {
-    std::vector<std::uint8_t> data(sizeof value);
-    std::memcpy(data.data(), &value, sizeof value);
-    return setRegistryValue(key, name, REG_DWORD, std::move(data));
-}
-
-bool setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
-    std::vector<std::uint8_t> data((text.size() + 1) * sizeof(wchar_t));
-    std::memcpy(data.data(), text.c_str(), data.size());
-    return setRegistryValue(key, name, REG_SZ, std::move(data));
 }
 
 std::wstring moduleRegistryKey() {

@@ -39,18 +39,6 @@ bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::ui
     return true;
 }
 
-bool setRegistryDword(const std::wstring& key, const std::wstring& name, std::uint32_t value) {
-    std::vector<std::uint8_t> data(sizeof value);
-    std::memcpy(data.data(), &value, sizeof value);
-    return setRegistryValue(key, name, REG_DWORD, std::move(data));
-}
-
-bool setRegistryText(const std::wstring& key, const std::wstring& name, const std::wstring& text) {
-    std::vector<std::uint8_t> data((text.size() + 1) * sizeof(wchar_t));
-    std::memcpy(data.data(), text.c_str(), data.size());
-    return setRegistryValue(key, name, REG_SZ, std::move(data));
-}
-
 std::wstring moduleRegistryKey() {
     const VersionResource names = windowsState().version.value_or(VersionResource());
     return L"HKCU\\Software\\" + names.companyName + L"\\" + names.productName;
