@@ -1,15 +1,13 @@
 // Applications as shared objects.
 #include <dlfcn.h>
 
-#include <filesystem>
-
 #include "host/application/module_library.h"
 
 namespace host {
 
 bool ModuleLibrary::open(const std::string& path, std::string& error) {
     // Without a slash the loader would search its own folders instead of taking the file.
-    m_handle = dlopen(absolutePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (m_handle == nullptr) {
         const char* reason = dlerror();
         error = reason != nullptr ? reason : "unknown reason";
@@ -33,12 +31,6 @@ void* ModuleLibrary::symbol(const char* name) const {
 bool ModuleLibrary::contains(const void* address) const {
     Dl_info info;
     return m_base != nullptr && dladdr(address, &info) != 0 && info.dli_fbase == m_base;
-}
-
-std::string absolutePath(const std::string& path) {
-    std::error_code failure;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, failure);
-    return failure ? path : absolute.lexically_normal().string();
 }
 
 }  // namespace host

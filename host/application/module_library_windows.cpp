@@ -1,15 +1,13 @@
 // Applications as dynamic-link libraries.
 #include <windows.h>
 
-#include <filesystem>
-
 #include "host/application/module_library.h"
 #include "host/text/text_codec.h"
 
 namespace host {
 
 bool ModuleLibrary::open(const std::string& path, std::string& error) {
-    const std::wstring wide = fromUtf8(absolutePath(path));
+    const std::wstring wide = fromUtf8(path);
     HMODULE library = LoadLibraryExW(wide.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) {
         error = "LoadLibrary failed with error " + std::to_string(GetLastError());
@@ -36,12 +34,6 @@ bool ModuleLibrary::contains(const void* address) const {
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     if (!GetModuleHandleExW(kFlags, static_cast<const wchar_t*>(address), &holder)) return false;
     return holder == m_base;
-}
-
-std::string absolutePath(const std::string& path) {
-    std::error_code failure;
-    const auto absolute = std::filesystem::absolute(std::filesystem::path(fromUtf8(path)), failure);
-    return failure ? path : toUtf8(absolute.lexically_normal().wstring());
 }
 
 }  // namespace host

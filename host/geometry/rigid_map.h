@@ -7,7 +7,7 @@ namespace host {
 
 /// A map of drawing space that keeps lengths.
 struct RigidMap {
-    Transform map;
+    Transform matrix;
     bool mirrors = false;
 };
 

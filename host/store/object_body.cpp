@@ -76,6 +76,10 @@ bool isSubEntityKind(Kind kind) {
     return kind == Kind::Attribute || kind == Kind::Vertex || kind == Kind::SequenceEnd;
 }
 
+bool isMainEntity(const ObjectBody& body) {
+    return isEntityKind(body.kind) && !isSubEntityKind(body.kind);
+}
+
 Kind kindOf(std::string_view type, std::string_view text, bool inEntities) {
     if (inEntities)
         return type == "POLYLINE" ? polylineKind(text) : findKind(kEntityKinds, type, Kind::Entity);

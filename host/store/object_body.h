@@ -101,4 +101,7 @@ Kind kindOf(std::string_view type, std::string_view text, bool inEntities);
 /// The kind that all main entities of a type have, and no others; nothing when there is none such.
 std::optional<Kind> kindOfOneType(std::string_view type);
 
+/// True for an entity that stands in a block itself, so is no attribute, vertex or sequence end.
+bool isMainEntity(const ObjectBody& body);
+
 }  // namespace host

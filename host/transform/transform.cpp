@@ -34,7 +34,7 @@ bool isCentredText(const ObjectBody& body) {
 bool isSlantedOrdinate(const TagEdit& edit, const RigidMap& map) {
     constexpr int kTypeBits = 7, kOrdinate = 6;
     constexpr double kLevel = 1e-12;
-    return (edit.integer(70, 0) & kTypeBits) == kOrdinate && std::fabs(map.map.x.y) > kLevel;
+    return (edit.integer(70, 0) & kTypeBits) == kOrdinate && std::fabs(map.matrix.x.y) > kLevel;
 }
 
 /// A rotated dimension without an angle measures along X, and mirrored along the image of that.

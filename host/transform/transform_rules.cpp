@@ -69,7 +69,7 @@ constexpr FieldRule kLeader[] = {{10, Role::Point},
 constexpr FieldRule kImage[] = {{10, Role::Point}, {11, Role::Vector}, {12, Role::Vector}};
 constexpr FieldRule kTolerance[] = {{10, Role::Point}};
 constexpr FieldRule kViewport[] = {{10, Role::Point}};
-constexpr FieldRule kNothing[] = {{210, Role::Extrusion}};
+constexpr FieldRule kOnlyExtrusion[] = {{210, Role::Extrusion}};
 
 template <std::size_t N>
 constexpr TransformRule rule(std::string_view type, const FieldRule (&fields)[N],
@@ -91,7 +91,7 @@ constexpr TransformRule kRules[] = {
     rule("MTEXT", kMText, Mirroring::TurnsOver),
     rule("INSERT", kInsert),
     rule("DIMENSION", kDimension),
-    rule("HATCH", kNothing),
+    rule("HATCH", kOnlyExtrusion),
     rule("SOLID", kSolid),
     rule("TRACE", kSolid),
     rule("3DFACE", kFace),
@@ -100,16 +100,16 @@ constexpr TransformRule kRules[] = {
     rule("LEADER", kLeader),
     rule("IMAGE", kImage),
     rule("WIPEOUT", kImage),
-    rule("SEQEND", kNothing),
+    rule("SEQEND", kOnlyExtrusion),
     rule("TOLERANCE", kTolerance, Mirroring::Refused),
     rule("VIEWPORT", kViewport, Mirroring::Refused),
 };
 
 constexpr TransformRule kPolyline2dRule = rule("POLYLINE", kPolyline2d);
-constexpr TransformRule kPolyline3dRule = rule("POLYLINE", kNothing);
+constexpr TransformRule kPolyline3dRule = rule("POLYLINE", kOnlyExtrusion);
 constexpr TransformRule kVertex2dRule = rule("VERTEX", kVertex2d);
 constexpr TransformRule kVertex3dRule = rule("VERTEX", kVertex3d);
-constexpr TransformRule kFaceRecordRule = rule("VERTEX", kNothing);
+constexpr TransformRule kFaceRecordRule = rule("VERTEX", kOnlyExtrusion);
 
 /// What a vertex means depends on its polyline; a face of a mesh names vertices and has no place.
 const TransformRule* vertexRule(const ObjectBody& vertex) {

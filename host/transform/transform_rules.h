@@ -55,7 +55,7 @@ struct TransformRule {
 };
 
 /// Rule of a body's type; null when it cannot be transformed. HATCH has one without fields: its
-/// tags mean different things in different places (transform_hatch.h).
+/// tags mean different things in different places (transformHatch).
 const TransformRule* transformRule(const ObjectBody& body);
 
 }  // namespace host

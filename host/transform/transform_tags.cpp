@@ -1,5 +1,6 @@
 // One engine over the table of fields.
 #include "host/transform/transform_tags.h"
+#include "host/geometry/angles.h"
 
 #include <cmath>
 
@@ -7,8 +8,6 @@
 
 namespace host {
 namespace {
-
-constexpr double kTurn = 6.283185307179586;
 
 /// Adds a tag behind the last own tag of a subclass part, or of the whole entity.
 void addTo(TagEdit& edit, std::string_view subclass, const std::string& tags) {
@@ -50,7 +49,7 @@ class Mapper {
 
   private:
     void map(std::size_t at, Role role) {
-        const Transform& world = m_frame.world().map;
+        const Transform& world = m_frame.world().matrix;
         switch (role) {
             case Role::Point:
                 return m_edit.setPoint(at, world.apply(m_edit.point(at)));
@@ -107,7 +106,7 @@ class Mapper {
     void mapDirection(double angle, std::optional<std::size_t> place) {
         if (!m_frame.world().mirrors || m_edit.find(11)) return;
         const Vec old = m_frame.system().turn(paragraphDirection(angle));
-        const Vec direction = m_frame.world().map.turn(old);
+        const Vec direction = m_frame.world().matrix.turn(old);
         std::string tags;
         addPointTag(tags, 11, direction.x, direction.y, direction.z);
         if (!place) return addTo(m_edit, "AcDbMText", tags);
@@ -171,7 +170,7 @@ void transformTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& 
 }
 
 void transformReadable(TagEdit& edit, const ObjectFrame& frame) {
-    const Transform& world = frame.world().map;
+    const Transform& world = frame.world().matrix;
     constexpr double kLevel = 1e-9;
     const auto place = edit.find(10), axis = edit.find(11), angle = edit.find(50);
     if (place) edit.setPoint(*place, world.apply(edit.point(*place)));
@@ -189,8 +188,8 @@ void transformReadable(TagEdit& edit, const ObjectFrame& frame) {
 void transformExtendedData(TagEdit& edit, const RigidMap& map) {
     for (std::size_t at = 0; at < edit.size(); ++at) {
         const int code = edit.code(at);
-        if (code == 1011) edit.setPoint(at, map.map.apply(edit.point(at)));
-        if (code == 1012 || code == 1013) edit.setPoint(at, map.map.turn(edit.point(at)));
+        if (code == 1011) edit.setPoint(at, map.matrix.apply(edit.point(at)));
+        if (code == 1012 || code == 1013) edit.setPoint(at, map.matrix.turn(edit.point(at)));
     }
 }
 
