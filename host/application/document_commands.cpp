@@ -1,6 +1,6 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
 #include "host/application/session_impl.h"
-#include "host/commands/command_support.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/text/text_codec.h"
 
@@ -88,8 +88,8 @@ CommandStatus runSwitch() {
     Session::Impl& impl = session().impl();
     std::size_t number = 0;
     for (const HostDocument* document : impl.documents.all())
-        say(std::to_wstring(++number) + L" " + document->fileName() +
-            (document == impl.documents.current() ? L" (current)" : L""));
+        printLine(std::to_wstring(++number) + L" " + document->fileName() +
+                  (document == impl.documents.current() ? L" (current)" : L""));
     const Answer answer = prompt(L"\nEnter number or name of drawing: ");
     if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;
     if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "host/application/session_impl.h"
-#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
@@ -15,9 +14,6 @@
 
 namespace host {
 namespace {
-
-/// Prints text as it stands, without a line of its own.
-void print(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
 
 /// The next answer at the empty prompt. Not through prompt(): the end of the input and Esc are no
 /// cancelled command here.
@@ -96,10 +92,10 @@ CommandStatus printPicked() {
     for (const AcDbObjectId id : pickfirst()) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr) continue;
-        say(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
-            fromUtf8(body->type()));
+        printLine(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
+                  fromUtf8(body->type()));
     }
-    if (position == 0) say(L"Nothing is picked.");
+    if (position == 0) printLine(L"Nothing is picked.");
     return CommandStatus::Done;
 }
 
@@ -109,10 +105,10 @@ CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle
     const auto value = parseHandle(toUtf8(handle));
     const ObjectBody* body = value ? document->database()->store().byHandle(*value) : nullptr;
     if (body == nullptr) {
-        say(L"nil");
+        printLine(L"nil");
         return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing", 1});
     }
-    say(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
+    printLine(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
     return CommandStatus::Done;
 }
 
@@ -142,7 +138,7 @@ void Session::Impl::diagnose(const std::string& line) {
     if (diagnostics) {
         diagnostics(oneLine(fromUtf8(line)));
     } else {
-        say(fromUtf8(line));
+        printLine(fromUtf8(line));
     }
 }
 
