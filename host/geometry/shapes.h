@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/geometry/affine.h"
@@ -26,11 +27,22 @@ struct Arc {
     double sweep = 0;  ///< above 0, at most a full turn
 };
 
+/// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
+struct Writing {
+    std::size_t area = 0;  ///< index into Outline::areas
+    std::wstring words;    ///< as they are stored, with formatting codes
+    double line = 1;       ///< part of the area's height that one line takes
+    double anchor = 0;     ///< part of the width that lies before the alignment point: 0, 0.5 or 1
+    bool isParagraph = false;
+    bool fitted = false;  ///< fills the width whatever the font
+};
+
 /// What is drawn of an entity, seen from above. Heights do not count.
 struct Outline {
     std::vector<Line> lines;
     std::vector<Arc> arcs;
     std::vector<std::vector<Vec>> areas;  ///< filled, closed by themselves
+    std::vector<Writing> writings;        ///< for pictures; what can be hit are the areas
 
     bool empty() const { return lines.empty() && arcs.empty() && areas.empty(); }
     /// True when some part is within `tolerance` of the point; also inside an area.

@@ -36,8 +36,10 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
 
 }  // namespace
 
-Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
+Outline OutlineMaker::outlineOf(const ObjectBody& entity, std::vector<OutlinePart>* parts) {
     Outline outline;
+    m_outline = &outline;
+    m_parts = parts;
     m_budget = kMostEntities;
     m_blocks.clear();
     draw(entity, Pen(outline, {}), "0");
@@ -58,6 +60,10 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     } else if (type == "DIMENSION") {
         drawBlock(blockOf(tags), pen, layer);
     } else {
+        if (m_parts != nullptr) {
+            m_parts->push_back({&entity, layer, m_outline->lines.size(), m_outline->arcs.size(),
+                                m_outline->areas.size(), m_outline->writings.size()});
+        }
         drawShape(shape, !m_blocks.empty());
     }
 }

@@ -28,6 +28,8 @@ class Pen {
     void bulge(const Vec& a, const Vec& b, double bulge) const;
     void path(const std::vector<Vec>& points, bool closed) const;
     void area(const std::vector<Vec>& points) const;
+    /// The area of four corners that words fill; `writing.area` is set here.
+    void write(Writing writing, const std::vector<Vec>& corners) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
     const Transform& place() const { return m_place; }
@@ -48,6 +50,8 @@ struct Shape {
 /// Draws an entity that needs no other one's content; `insideBlock` hides attribute definitions
 /// that are not constant. Kinds without a form of their own are drawn as the points they name.
 void drawShape(const Shape& shape, bool insideBlock);
+/// False for a kind of entity that drawShape knows by its points alone.
+bool hasForm(std::string_view type);
 void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
@@ -60,14 +64,23 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code);
 /// The pen in the object coordinate system of tag 210.
 Pen objectPen(const Shape& shape);
 
+/// What one entity, the main one or one inside its blocks, adds to an outline: what stands there
+/// from these indexes on, up to those of the next part.
+struct OutlinePart {
+    const ObjectBody* source;
+    std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
+    std::size_t lines, arcs, areas, writings;
+};
+
 /// Makes outlines of main entities. Layers and blocks are looked up once each where that pays;
 /// short-lived.
 class OutlineMaker {
   public:
     explicit OutlineMaker(const Store& store) : m_store(store), m_layers(store) {}
     /// Empty when nothing of the entity is drawn: on a layer that is off or frozen, invisible, or a
-    /// reference to a block without visible content. World coordinates.
-    Outline outlineOf(const ObjectBody& entity);
+    /// reference to a block without visible content. World coordinates. `parts`, when given,
+    /// receives what it is made of.
+    Outline outlineOf(const ObjectBody& entity, std::vector<OutlinePart>* parts = nullptr);
 
   private:
     void draw(const ObjectBody& entity, const Pen& pen, std::string_view layerOfReference);
@@ -78,6 +91,8 @@ class OutlineMaker {
 
     const Store& m_store;
     LayerStates m_layers;
+    Outline* m_outline = nullptr;  ///< being made
+    std::vector<OutlinePart>* m_parts = nullptr;
     std::vector<Index> m_blocks;  ///< being drawn, outermost first
     int m_budget = 0;             ///< entities that may still be visited
 };
