@@ -2,6 +2,7 @@
 #include <exception>
 #include <new>
 
+#include "drafthost/groups_report.h"
 #include "drafthost/options.h"
 #include "drafthost/output.h"
 #include "drafthost/run.h"
@@ -19,6 +20,10 @@ int act(const Options& options) {
             return kDone;
         case Options::Action::Check:
             return checkFiles(options);
+        case Options::Action::Groups:
+            return listGroups(options);
+        case Options::Action::Picture:
+            return drawFile(options);
         case Options::Action::Run:
             break;
     }

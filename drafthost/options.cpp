@@ -26,6 +26,7 @@ class Parser {
     bool assignment(std::string& name, std::string& text);
     bool switchValue();
     bool finish();
+    bool finishGroups();
 
     const std::vector<std::string>& m_arguments;
     Options& m_options;
@@ -107,10 +108,19 @@ bool Parser::option(const std::string& name) {
         return true;
     }
     if (name == "--registry") return switchValue();
+    if (name == "--layout") return value(m_options.layout);
+    if (name == "--picture") {
+        m_options.action = Options::Action::Picture;
+        return once(m_options.picture);
+    }
     if (name == "--no-module") {
         m_options.noModule = true;
     } else if (name == "--check") {
         m_options.action = Options::Action::Check;
+    } else if (name == "--groups") {
+        m_options.action = Options::Action::Groups;
+    } else if (name == "--json") {
+        m_options.json = true;
     } else if (name == "--version") {
         m_options.action = Options::Action::Version;
     } else if (name == "--help" || name == "-h") {
@@ -155,6 +165,10 @@ bool Parser::finish() {
         m_options.checked = m_files;
         return true;
     }
+    if (m_options.action == Options::Action::Groups || m_options.action == Options::Action::Picture)
+        return finishGroups();
+    if (m_options.json) return fail("--json belongs to --groups");
+    if (!m_options.layout.empty()) return fail("--layout belongs to --picture");
     if (m_options.module && m_options.noModule) {
         return fail("--module and --no-module exclude each other");
     }
@@ -162,6 +176,24 @@ bool Parser::finish() {
         return fail("only one drawing can be given, not also \"" + m_files[1] + "\"");
     }
     if (!m_files.empty()) m_options.drawing = m_files[0];
+    return true;
+}
+
+bool Parser::finishGroups() {
+    const bool list = m_options.action == Options::Action::Groups;
+    const std::string name = list ? "--groups" : "--picture";
+    if (m_files.empty()) return fail(name + " needs a drawing");
+    if (!list && m_files.size() > 1) {
+        return fail("--picture draws one drawing, not also \"" + m_files[1] + "\"");
+    }
+    if (m_options.script || m_options.module) {
+        return fail(name + " only reads drawings: it takes no script and no module");
+    }
+    if (list && (m_options.picture || !m_options.layout.empty())) {
+        return fail("--groups and --picture are two runs");
+    }
+    if (!list && m_options.json) return fail("--json belongs to --groups");
+    m_options.checked = m_files;
     return true;
 }
 
@@ -184,11 +216,16 @@ const char* helpText() {
            "  --registry NAME=DWORD a per-user switch of the module, for example AssertStartup=1\n"
            "                        (repeatable)\n"
            "  --check FILE...       check drawings, change nothing\n"
+           "  --groups FILE...      list the groups of drawings and what is wrong with them, "
+           "change\n"
+           "                        nothing; --json gives one JSON document\n"
+           "  --picture OUT FILE    draw a drawing and its groups as SVG: model space, or with\n"
+           "                        --layout NAME a layout\n"
            "  --version, --help\n"
            "/i DRAWING and /s SCRIPT work too.\n"
            "\n"
            "Exit status: 0 done; 1 a command failed, was unknown, or the accounting found a "
            "fault;\n"
            "2 usage; 3 a drawing cannot be read; 4 a drawing cannot be written; 5 the check found\n"
-           "damage.\n";
+           "damage, or --groups a group that is not whole or a stray.\n";
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include "drafthost/group_commands.h"
 #include "drafthost/module_switches.h"
 #include "drafthost/output.h"
 #include "drafthost/terminal.h"
@@ -134,6 +135,8 @@ int runSession(const Options& options) {
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
+    registerGroupCommands();
+    auto watch = std::make_unique<SaveWatch>();
     int status = start(*session, options);
     if (status == kDone) {
         if (options.script) {
@@ -143,6 +146,7 @@ int runSession(const Options& options) {
         }
         status = session->exitStatus();
     }
+    watch.reset();
     session.reset();
     flushOutput();
     return reportFaults(status);
@@ -175,6 +179,7 @@ int checkFiles(const Options& options) {
 
 void printHelp() {
     const host::Session session;  // registers the commands
+    registerGroupCommands();
     std::string text = helpText();
     text += "\nCommands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {

@@ -1,0 +1,52 @@
+// Colours of a picture: those of layers and entities, made readable on light and on dark paper.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "host/store/store.h"
+#include "host/tags/tag_view.h"
+
+namespace picture {
+
+/// Red, green and blue from the high byte on.
+using Rgb = std::uint32_t;
+
+/// The colour of an index from 1 to 255; 7 is the ink of the paper.
+Rgb colourOfIndex(int index);
+/// The colour, a little calmer, and darker or lighter as far as it has to be to stand out from the
+/// paper.
+Rgb readableOnLight(Rgb colour);
+Rgb readableOnDark(Rgb colour);
+
+/// Finds colour and line weight of entities, and names them by style classes.
+class Inks {
+  public:
+    explicit Inks(const host::Store& store) : m_store(store) {}
+
+    /// Class of an entity's colour ("k3") on a layer; `reference` is the entity whose colour counts
+    /// where a part of its block takes that.
+    std::string colourClass(const host::ObjectBody& entity, std::string_view layer,
+                            const host::ObjectBody& reference);
+    /// Class of an entity's line weight ("w50"), empty for the usual weight.
+    std::string weightClass(const host::ObjectBody& entity, std::string_view layer);
+    /// Rules of all classes given out.
+    std::string style() const;
+
+  private:
+    struct Layer {
+        Rgb colour = 0;
+        int weight = -3;
+    };
+    const Layer& layerOf(std::string_view name);
+
+    const host::Store& m_store;
+    std::unordered_map<std::string, Layer> m_layers;
+    std::map<Rgb, std::size_t> m_colours;  ///< with the numbers of their classes
+    std::map<int, int> m_weights;          ///< hundredths of a millimetre that are in use
+};
+
+}  // namespace picture
