@@ -9,6 +9,7 @@ namespace picture {
 namespace {
 
 using host::Outline;
+using host::OutlineMark;
 using host::OutlinePart;
 using host::Vec;
 using host::Writing;
@@ -19,36 +20,32 @@ constexpr double kLineDistance = 5.0 / 3;
 /// References with more parts than this are looked at when a picture grows large.
 constexpr std::size_t kSimple = 8;
 
-/// Everything that stands at the end of an outline, as a part behind the last one.
-OutlinePart endOf(const Outline& outline) {
-    return {nullptr,
-            {},
-            outline.lines.size(),
-            outline.arcs.size(),
-            outline.areas.size(),
-            outline.writings.size()};
-}
-
 double flatLength(const Vec& v) { return std::hypot(v.x, v.y); }
 
 void open(std::string& svg, const char* element, const std::string& style) {
     svg += '<';
     svg += element;
-    if (!style.empty()) svg += " class=\"" + style + '"';
+    if (style.empty()) return;
+    svg += " class=\"";
+    svg += style;
+    svg += '"';
 }
 
 void addPath(std::string& svg, const std::string& data, const std::string& style) {
     if (data.empty()) return;
     open(svg, "path", style);
-    svg += " d=\"" + data + "\"/>";
+    svg += " d=\"";
+    svg += data;
+    svg += "\"/>";
 }
 
 std::string joined(const std::string& a, const std::string& b) {
     return a.empty() ? b : b.empty() ? a : a + ' ' + b;
 }
 
-bool isWriting(const Outline& outline, const OutlinePart& part, std::size_t end, std::size_t area) {
-    for (std::size_t i = part.writings; i < end; ++i) {
+bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMark& end,
+               std::size_t area) {
+    for (std::size_t i = from.writings; i < end.writings; ++i) {
         if (outline.writings[i].area == area) return true;
     }
     return false;
@@ -76,97 +73,113 @@ std::string placed(const Spot& at, const Vec& along, const Vec& up) {
 
 }  // namespace
 
+const std::string& LastName::of(const host::Store& store, std::string_view name) {
+    if (name != m_stored) {
+        m_stored = name;
+        m_xml = xml(store.decode(name));
+    }
+    return m_xml;
+}
+
 void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
-    const std::string title = "<title>" + titleOf(shown, note) + "</title>";
-    std::string body;
-    const bool crowded = shown.parts.size() > kSimple && svg.size() > m_mostBytes;
-    if (crowded) {
+    const std::size_t start = svg.size();
+    const Look look(*shown.entity);
+    svg += role == Role::Plain
+               ? "<g>"
+               : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
+    writeTitle(svg, shown, look, note);
+    const std::size_t empty = svg.size();
+    if (shown.lastPart - shown.firstPart > kSimple && svg.size() > m_mostBytes) {
         const host::Box& box = shown.bounds;
-        writeFrame(body,
+        writeFrame(svg,
                    {{box.left, box.bottom, 0},
                     {box.right, box.bottom, 0},
                     {box.right, box.top, 0},
                     {box.left, box.top, 0}},
-                   "",
-                   role == Role::Plain
-                       ? m_inks.colourClass(*shown.entity, shown.parts[0].layer, *shown.entity)
-                       : "");
+                   "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
         ++m_framed;
     } else {
-        writeParts(body, shown, role);
+        writeParts(svg, shown, look, role);
     }
-    if (body.empty()) return;
-    const bool single =
-        body.compare(body.size() - 2, 2, "/>") == 0 && body.find('<', 1) == std::string::npos;
-    if (role == Role::Plain && single) {  // <path .../> becomes <path ...><title/></path>
-        body.resize(body.size() - 2);
-        svg += body + '>' + title + "</path>\n";
-        return;
-    }
-    svg += role == Role::Plain
-               ? "<g>"
-               : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
-    svg += title + body + "</g>\n";
+    if (svg.size() == empty)
+        svg.resize(start);
+    else
+        svg += "</g>\n";
 }
 
-std::string EntityWriter::titleOf(const Shown& shown, const std::string& note) const {
-    const host::OwnTags tags(shown.entity->tags());
+void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
+                              const std::string& note) {
     const std::string_view type = host::trimmed(shown.entity->type());
-    std::string title = xml(type) + ' ' + host::formatHandle(shown.entity->handle);
-    if (type == "INSERT") title += ", block " + xml(m_store.decode(tags.text(2)));
-    return title + ", layer " + xml(m_store.decode(tags.text(8, "0"))) + note;
+    svg += "<title>" + xml(type) + ' ' + host::formatHandle(shown.entity->handle);
+    if (type == "INSERT") {
+        const auto block = host::findTag(shown.entity->tags(), 2);
+        svg += ", block ";
+        svg += m_blockName.of(m_store, block ? host::trimmed(block->value) : "");
+    }
+    svg += ", layer ";
+    svg += m_layerName.of(m_store, look.layer);
+    svg += note;
+    svg += "</title>";
 }
 
-void EntityWriter::writeParts(std::string& svg, const Shown& shown, Role role) {
-    const Outline& outline = shown.outline;
-    PathData strokes(m_view), areas(m_view);
-    std::string style;  // of what is collected in the two
-    std::string wide;   // all of it once more, to point at
-    const auto flush = [&] {
-        const std::string line = strokes.take(), filled = areas.take();
-        addPath(svg, line, style);
-        addPath(svg, filled, joined("f", style));
-        if (role == Role::WideMember) wide += line + filled;
-    };
-    for (std::size_t i = 0; i < shown.parts.size(); ++i) {
-        const OutlinePart& part = shown.parts[i];
-        const OutlinePart end = i + 1 < shown.parts.size() ? shown.parts[i + 1] : endOf(outline);
-        const std::string_view type = host::trimmed(part.source->type());
-        if (!host::hasForm(type)) continue;
-        std::string own = m_inks.weightClass(*part.source, part.layer);
-        if (role == Role::Plain)
-            own = joined(m_inks.colourClass(*part.source, part.layer, *shown.entity), own);
-        if (type == "HATCH") own = joined("h", own);
-        if (type == "POINT") own = joined("p", own);
-        if (own != style) flush();
-        style = own;
-        for (std::size_t k = part.lines; k < end.lines; ++k)
-            strokes.line(outline.lines[k]);
-        for (std::size_t k = part.arcs; k < end.arcs; ++k)
-            strokes.arc(outline.arcs[k]);
-        for (std::size_t k = part.areas; k < end.areas; ++k) {
-            if (!isWriting(outline, part, end.writings, k)) areas.area(outline.areas[k]);
+void EntityWriter::flush(std::string& svg, const std::string& style, std::string* wide) {
+    addPath(svg, m_strokes.data(), style);
+    addPath(svg, m_areas.data(), m_areas.data().empty() ? style : joined("f", style));
+    if (wide != nullptr) *wide += m_strokes.data() + m_areas.data();
+    m_strokes.clear();
+    m_areas.clear();
+}
+
+void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& look, Role role) {
+    const Outline& outline = m_scene.outline;
+    const std::size_t start = svg.size();
+    std::string style;  // of what is collected
+    std::string all;    // of it once more, to point at
+    std::string* const wide = role == Role::WideMember ? &all : nullptr;
+    for (std::size_t i = shown.firstPart; i < shown.lastPart; ++i) {
+        const OutlinePart& part = m_scene.parts[i];
+        const OutlineMark& from = part.from;
+        const OutlineMark end = m_scene.endOf(i);
+        if (!host::hasForm(host::trimmed(part.source->type()))) continue;
+        std::string own = styleOf(shown, part, look, role);
+        if (own != style) flush(svg, style, wide);
+        style.swap(own);
+        for (std::size_t k = from.lines; k < end.lines; ++k)
+            m_strokes.line(outline.lines[k]);
+        for (std::size_t k = from.arcs; k < end.arcs; ++k)
+            m_strokes.arc(outline.arcs[k]);
+        for (std::size_t k = from.areas; k < end.areas; ++k) {
+            if (!isWriting(outline, from, end, k)) m_areas.area(outline.areas[k]);
         }
-        if (part.writings != end.writings) flush();
-        for (std::size_t k = part.writings; k < end.writings; ++k)
-            writeWriting(svg, outline, outline.writings[k], style);
+        if (from.writings != end.writings) flush(svg, style, wide);
+        for (std::size_t k = from.writings; k < end.writings; ++k)
+            writeWriting(svg, outline.writings[k], style);
     }
-    flush();
-    for (const Frame& frame : shown.frames) {
-        const std::string own =
-            role == Role::Plain
-                ? m_inks.colourClass(*frame.source,
-                                     host::OwnTags(frame.source->tags()).text(8, "0"),
-                                     *shown.entity)
-                : "";
-        writeFrame(svg, frame.corners, std::string(host::trimmed(frame.source->type())), own);
+    flush(svg, style, wide);
+    for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
+        const Frame& frame = m_scene.frames[i];
+        const Look inner(*frame.source);
+        writeFrame(svg, frame.corners, std::string(host::trimmed(frame.source->type())),
+                   role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
     }
-    if (!wide.empty()) svg = "<path class=\"hit\" d=\"" + wide + "\"/>" + svg;
+    if (!all.empty()) svg.insert(start, "<path class=\"hit\" d=\"" + all + "\"/>");
 }
 
-void EntityWriter::writeWriting(std::string& svg, const Outline& outline, const Writing& writing,
+std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, const Look& look,
+                                  Role role) {
+    const bool isMain = part.source == shown.entity;
+    const Look inner = isMain ? look : Look(*part.source);
+    std::string style = m_inks.weightClass(inner, part.layer);
+    if (role == Role::Plain)
+        style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
+    const std::string_view type = host::trimmed(part.source->type());
+    if (type == "HATCH") return joined("h", style);
+    return type == "POINT" ? joined("p", style) : style;
+}
+
+void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
                                 const std::string& style) const {
-    const std::vector<Vec>& box = outline.areas[writing.area];
+    const std::vector<Vec>& box = m_scene.outline.areas[writing.area];
     const Vec along = box[1] - box[0], up = box[3] - box[0];
     const double width = flatLength(along), tall = flatLength(up);
     if (!(width > 0) || !(tall > 0)) return;

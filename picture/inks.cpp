@@ -104,10 +104,26 @@ Rgb readableOnDark(Rgb colour) {
     return colour == kInk ? 0xd9dce1 : readable(calm(colour), kDarkPaper, 0xffffff);
 }
 
+Look::Look(const host::ObjectBody& entity) {
+    host::OwnTagReader tags(entity.tags());
+    host::Tag tag;
+    // The head ends with the marker of the entity's own class.
+    for (int classes = 0; classes < 2 && tags.next(tag);) {
+        if (tag.code == 100) ++classes;
+        if (tag.code == 8) layer = host::trimmed(tag.value);
+        if (tag.code == 62) colour = host::integerOf(tag.value, colour);
+        if (tag.code == 420) trueColour = host::integerOf(tag.value, trueColour);
+        if (tag.code == 370) weight = host::integerOf(tag.value, weight);
+    }
+}
+
 const Inks::Layer& Inks::layerOf(std::string_view name) {
-    const auto [place, isNew] = m_layers.try_emplace(std::string(name), Layer{kInk, -3});
-    if (!isNew) return place->second;
-    const host::ObjectBody* record = m_store.symbol("LAYER", m_store.decode(name));
+    if (m_last != nullptr && name == m_lastName) return *m_last;
+    m_lastName = name;
+    const auto [place, isNew] = m_layers.try_emplace(m_lastName, Layer{kInk, -3});
+    m_last = &place->second;
+    const host::ObjectBody* record =
+        isNew ? m_store.symbol("LAYER", m_store.decode(name)) : nullptr;
     if (record == nullptr) return place->second;
     const host::OwnTags tags(record->tags());
     const int trueColour = tags.integer(420, -1);
@@ -117,25 +133,23 @@ const Inks::Layer& Inks::layerOf(std::string_view name) {
     return place->second;
 }
 
-std::string Inks::colourClass(const host::ObjectBody& entity, std::string_view layer,
-                              const host::ObjectBody& reference) {
-    const host::OwnTags tags(entity.tags());
-    const int trueColour = tags.integer(420, -1);
-    const int index = tags.integer(62, kByLayer);
+const std::string& Inks::colourClass(const Look& look, std::string_view layer,
+                                     const Look& reference) {
+    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
+    if (inherits) return colourClass(reference, reference.layer, reference);
     Rgb colour = kInk;
-    if (trueColour >= 0)
-        colour = static_cast<Rgb>(trueColour) & 0xffffff;
-    else if (index == kByBlock && &entity != &reference)
-        return colourClass(reference, tags.text(8, "0"), reference);
+    if (look.trueColour >= 0)
+        colour = static_cast<Rgb>(look.trueColour) & 0xffffff;
     else
-        colour = index == kByLayer ? layerOf(layer).colour : colourOfIndex(index);
-    return "k" + std::to_string(m_colours.try_emplace(colour, m_colours.size()).first->second);
+        colour = look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
+    const auto [place, isNew] = m_colours.try_emplace(colour);
+    if (isNew) place->second = "k" + std::to_string(m_colours.size() - 1);
+    return place->second;
 }
 
-std::string Inks::weightClass(const host::ObjectBody& entity, std::string_view layer) {
+std::string Inks::weightClass(const Look& look, std::string_view layer) {
     constexpr int kLayersOwn = -1, kHeaviest = 211;
-    int weight = host::OwnTags(entity.tags()).integer(370, kLayersOwn);
-    if (weight == kLayersOwn) weight = layerOf(layer).weight;
+    int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
     if (weight < 0 || weight == kUsualWeight) return {};
     weight = std::min(weight, kHeaviest);
     m_weights.try_emplace(weight, weight);
@@ -144,8 +158,8 @@ std::string Inks::weightClass(const host::ObjectBody& entity, std::string_view l
 
 std::string Inks::style() const {
     std::string light, dark;
-    for (const auto& [colour, number] : m_colours) {
-        const std::string rule = ".k" + std::to_string(number) + "{--c:";
+    for (const auto& [colour, name] : m_colours) {
+        const std::string rule = "." + name + "{--c:";
         light += rule + hex(readableOnLight(colour)) + "}";
         dark += rule + hex(readableOnDark(colour)) + "}";
     }

@@ -22,17 +22,26 @@ Rgb colourOfIndex(int index);
 Rgb readableOnLight(Rgb colour);
 Rgb readableOnDark(Rgb colour);
 
+/// What the head of an entity's tags says about its look. Views borrow the drawing's text.
+struct Look {
+    explicit Look(const host::ObjectBody& entity);
+
+    std::string_view layer = "0";
+    int colour = 256;  ///< index; 0 takes the reference's, 256 the layer's
+    int trueColour = -1;
+    int weight = -1;  ///< hundredths of a millimetre; -1 takes the layer's
+};
+
 /// Finds colour and line weight of entities, and names them by style classes.
 class Inks {
   public:
     explicit Inks(const host::Store& store) : m_store(store) {}
 
-    /// Class of an entity's colour ("k3") on a layer; `reference` is the entity whose colour counts
-    /// where a part of its block takes that.
-    std::string colourClass(const host::ObjectBody& entity, std::string_view layer,
-                            const host::ObjectBody& reference);
-    /// Class of an entity's line weight ("w50"), empty for the usual weight.
-    std::string weightClass(const host::ObjectBody& entity, std::string_view layer);
+    /// Class of a colour ("k3") on a layer; `reference` is the look of the entity whose colour
+    /// counts where a part of its block takes that.
+    const std::string& colourClass(const Look& look, std::string_view layer, const Look& reference);
+    /// Class of a line weight ("w50"), empty for the usual weight.
+    std::string weightClass(const Look& look, std::string_view layer);
     /// Rules of all classes given out.
     std::string style() const;
 
@@ -45,7 +54,9 @@ class Inks {
 
     const host::Store& m_store;
     std::unordered_map<std::string, Layer> m_layers;
-    std::map<Rgb, std::size_t> m_colours;  ///< with the numbers of their classes
+    std::string m_lastName;  ///< of the layer looked up last; neighbours often share theirs
+    const Layer* m_last = nullptr;
+    std::map<Rgb, std::string> m_colours;  ///< with their classes
     std::map<int, int> m_weights;          ///< hundredths of a millimetre that are in use
 };
 

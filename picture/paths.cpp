@@ -159,15 +159,17 @@ void PathData::area(const std::vector<host::Vec>& corners) {
     m_at = first;
 }
 
-std::string PathData::take() {
+const std::string& PathData::data() {
     if (m_text.empty() && m_hasFirst) {  // a dot, which round ends make visible
         go(m_first);
         m_text += "h0";
     }
+    return m_text;
+}
+
+void PathData::clear() {
+    m_text.clear();
     m_hasFirst = false;
-    std::string text;
-    text.swap(m_text);
-    return text;
 }
 
 std::vector<Spot> hull(std::vector<Spot> points) {

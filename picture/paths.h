@@ -40,8 +40,9 @@ class PathData {
     void line(const host::Line& line);
     void arc(const host::Arc& arc);
     void area(const std::vector<host::Vec>& corners);
-    /// The data, which is then empty again.
-    std::string take();
+    /// The data so far; complete, and valid until the next call.
+    const std::string& data();
+    void clear();
 
   private:
     struct Grid {  ///< hundredths of a picture unit

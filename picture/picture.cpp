@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <unordered_map>
 
 #include "picture/entity_writer.h"
@@ -20,10 +21,10 @@ constexpr double kWidth = 1120, kHeight = 760, kMargin = 34, kLegend = 320, kHea
 constexpr std::size_t kMostWide = 5000;
 
 /// The drawing fitted into the canvas; a drawing without size gets some.
-View viewOf(const Scene& scene) {
+View viewOf(const std::optional<host::Box>& bounds) {
     View view;
     view.margin = kMargin;
-    if (scene.bounds) view.box = *scene.bounds;
+    if (bounds) view.box = *bounds;
     host::Box& box = view.box;
     const double size = std::max(box.right - box.left, box.top - box.bottom);
     const double far = std::max({std::fabs(box.left), std::fabs(box.right), std::fabs(box.top),
@@ -42,16 +43,14 @@ class Drawer {
     Drawer(const host::Store& store, host::Index space, const std::string& spaceName,
            const inspection::Inspection& inspection)
         : m_scene(readScene(store, space)),
-          m_view(viewOf(m_scene)),
+          m_view(viewOf(m_scene.bounds)),
           m_inks(store),
-          m_writer(store, m_view, m_inks, mostBytes(store)),
+          m_writer(store, m_scene, m_view, m_inks, mostBytes(store)),
           m_inspection(inspection),
           m_spaceName(spaceName) {
-        for (std::size_t i = 0; i < inspection.groups.size(); ++i) {
-            const inspection::Group& group = inspection.groups[i];
+        for (const inspection::Group& group : inspection.groups) {
             if (group.space != spaceName) continue;
             m_groups.push_back(&group);
-            m_members += group.members.size();
             for (const inspection::Entity& member : group.members)
                 m_groupOf[member.id.asWord()] = m_groups.size();
         }
@@ -62,16 +61,18 @@ class Drawer {
         const double width = std::max(m_view.width(), 360.0) + (legend() ? kLegend : 0);
         GroupFrames frames({width - kLegend + 8, 12, width - 20, height - kHead - 56},
                            {4, 4, m_view.width() - 4, m_view.height() - 4}, m_groups.size());
-        std::string body;
-        writeEntities(body, frames);
+        constexpr std::size_t kUsualBytes = 120;  // for an entity
         std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 ";
+        svg.reserve(kUsualBytes * m_scene.shown.size());
         addSpot(svg, {width, height});
-        svg += "\"";
-        svg += ">\n<style>" + commonStyle() + m_inks.style() + "</style>\n";
+        svg += "\">\n<style>" + commonStyle() + "</style>\n";
         svg += "<rect class=\"paper\" width=\"100%\" height=\"100%\"/>\n";
         svg += heading(title, width);
-        svg += body;
-        return svg + footnotes(frames, width, height) + "</svg>\n";
+        writeEntities(svg, frames);
+        // At the end: which colours are in use is known now.
+        svg += "<style>" + m_inks.style() + "</style>\n";
+        svg += footnotes(frames, width, height) + "</svg>\n";
+        return svg;
     }
 
   private:
@@ -85,72 +86,55 @@ class Drawer {
         return std::max(2 * size, kAlways);
     }
 
-    /// Number of the group of a shown entity, 0 for none.
+    /// Number of the group of an entity, from 1; 0 for none.
     std::size_t groupOf(const Shown& shown) const {
         if (m_groupOf.empty()) return 0;
         const auto found = m_groupOf.find(shown.entity->store->idOf(*shown.entity).asWord());
         return found != m_groupOf.end() ? found->second : 0;
     }
 
-    std::vector<Spot> spotsOf(const std::vector<Shown>& shown, std::size_t first,
-                              std::size_t last) const {
-        std::vector<Spot> spots;
-        for (std::size_t i = first; i < last; ++i) {
-            const host::Outline& outline = shown[i].outline;
-            const host::Box& box = shown[i].bounds;
-            const bool straight = outline.arcs.empty() && outline.areas.empty() &&
-                                  shown[i].frames.empty() && outline.lines.size() < 16;
-            for (std::size_t k = 0; straight && k < outline.lines.size(); ++k) {
-                spots.push_back(m_view.spot(outline.lines[k].a));
-                spots.push_back(m_view.spot(outline.lines[k].b));
-            }
-            for (const double x : {box.left, box.right}) {
-                for (const double y : {box.bottom, box.top}) {
-                    if (!straight) spots.push_back(m_view.spot({x, y, 0}));
-                }
-            }
-        }
-        return spots;
-    }
-
     /// All entities in drawing order; the members of a group stand together and in its element.
-    void writeEntities(std::string& body, GroupFrames& frames) {
-        body += "<g transform=\"translate(0 " + std::to_string(static_cast<int>(kHead)) + ")\">\n";
+    void writeEntities(std::string& svg, GroupFrames& frames) {
+        svg += "<g transform=\"translate(0 " + std::to_string(static_cast<int>(kHead)) + ")\">\n";
         const std::vector<Shown>& shown = m_scene.shown;
         std::vector<bool> done(m_groups.size() + 1, false);
         for (std::size_t i = 0; i < shown.size();) {
             const std::size_t number = groupOf(shown[i]);
             std::size_t last = i + 1;
-            while (last < shown.size() && number != 0 && groupOf(shown[last]) == number)
+            while (number != 0 && last < shown.size() && groupOf(shown[last]) == number)
                 ++last;
-            if (number == 0) {
-                m_writer.write(body, shown[i], Role::Plain, "");
-            } else {
-                done[number] = true;
-                writeGroup(body, frames, number, {i, last});
-            }
+            if (number == 0)
+                m_writer.write(svg, shown[i], Role::Plain, "");
+            else
+                writeGroup(svg, frames, number, {i, last});
+            done[number] = true;
             i = last;
         }
-        for (std::size_t number = 1; number <= m_groups.size(); ++number) {
-            if (!done[number]) writeGroup(body, frames, number, {0, 0});  // nothing of it is shown
+        for (std::size_t number = 1; number < done.size(); ++number) {
+            if (!done[number]) writeGroup(svg, frames, number, {0, 0});  // nothing of it is shown
         }
-        body += frames.labels() + "</g>\n";
+        svg += frames.labels() + "</g>\n";
     }
 
     struct Range {
         std::size_t first, last;
     };
 
-    void writeGroup(std::string& body, GroupFrames& frames, std::size_t number, Range range) {
+    void writeGroup(std::string& svg, GroupFrames& frames, std::size_t number, Range range) {
         const inspection::Group& group = *m_groups[number - 1];
-        body += frames.open(number, group, spotsOf(m_scene.shown, range.first, range.last));
+        std::vector<Spot> spots;
+        for (std::size_t i = range.first; i < range.last; ++i) {
+            for (const host::Vec& corner : m_scene.cornersOf(m_scene.shown[i]))
+                spots.push_back(m_view.spot(corner));
+        }
+        svg += frames.open(number, group, spots);
         std::string note = ", group " + std::to_string(number);
         if (group.state != inspection::State::Whole)
             note += std::string(", ") + nameOf(group.state) + ": " + xml(group.reason);
-        const Role role = m_members <= kMostWide ? Role::WideMember : Role::Member;
+        const Role role = m_groupOf.size() > kMostWide ? Role::Member : Role::WideMember;
         for (std::size_t i = range.first; i < range.last; ++i)
-            m_writer.write(body, m_scene.shown[i], role, note);
-        body += frames.close(number, group);
+            m_writer.write(svg, m_scene.shown[i], role, note);
+        svg += frames.close(number, group);
     }
 
     std::string heading(const std::string& title, double width) const {
@@ -180,11 +164,8 @@ class Drawer {
         if (!m_inspection.strays.empty())
             notes.push_back(std::to_string(m_inspection.strays.size()) +
                             " stray markers or records; --groups lists them");
-        std::map<std::string, int> shapeless;
-        for (const std::string& type : m_scene.shapeless)
-            ++shapeless[type];
         std::string types;
-        for (const auto& [type, count] : shapeless)
+        for (const auto& [type, count] : m_scene.shapeless)
             types += (types.empty() ? "" : ", ") + std::to_string(count) + " " + type;
         if (!types.empty()) notes.push_back("not drawn: " + types);
         if (m_writer.framed() > 0)
@@ -209,9 +190,8 @@ class Drawer {
     EntityWriter m_writer;
     const inspection::Inspection& m_inspection;
     const std::string& m_spaceName;
-    std::vector<const inspection::Group*> m_groups;
-    std::unordered_map<std::uint64_t, std::size_t> m_groupOf;  ///< numbers from 1
-    std::size_t m_members = 0;
+    std::vector<const inspection::Group*> m_groups;            ///< of the space
+    std::unordered_map<std::uint64_t, std::size_t> m_groupOf;  ///< numbers from 1, by entity
 };
 
 }  // namespace

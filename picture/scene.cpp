@@ -48,18 +48,19 @@ std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
     return {};
 }
 
-/// The frame of a part that stands in the outline from `part` to `next` by its points alone.
-std::vector<Vec> frameOf(const host::Outline& outline, const OutlinePart& part, std::size_t end,
-                         bool isMain) {
-    const std::string_view type = host::trimmed(part.source->type());
+/// The frame of a part that the outline shows by its points alone.
+std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
+    const OutlinePart& part = scene.parts[index];
     if (isMain) {
+        const std::string_view type = host::trimmed(part.source->type());
         const std::vector<Vec> own = ownFrame(type, OwnTags(part.source->tags()));
         if (!own.empty()) return own;
     }
-    if (part.lines >= end) return {};
+    const std::size_t end = scene.endOf(index).lines;
+    if (part.from.lines >= end) return {};
     host::Box box{kFarthest, kFarthest, -kFarthest, -kFarthest};
-    for (std::size_t i = part.lines; i < end; ++i) {
-        const Vec& p = outline.lines[i].a;
+    for (std::size_t i = part.from.lines; i < end; ++i) {
+        const Vec& p = scene.outline.lines[i].a;
         box = united(box, {p.x, p.y, p.x, p.y});
     }
     return rectangle(box.left, box.bottom, box.right, box.top);
@@ -70,51 +71,57 @@ bool isSheet(const host::ObjectBody& entity) {
     return host::trimmed(entity.type()) == "VIEWPORT" && OwnTags(entity.tags()).integer(69, 0) == 1;
 }
 
-void addFrames(Shown& shown, Scene& scene) {
-    for (std::size_t i = 0; i < shown.parts.size(); ++i) {
-        const OutlinePart& part = shown.parts[i];
-        const std::string_view type = host::trimmed(part.source->type());
+void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
+    for (std::size_t i = firstPart; i < scene.parts.size(); ++i) {
+        const host::ObjectBody& source = *scene.parts[i].source;
+        const std::string_view type = host::trimmed(source.type());
         if (host::hasForm(type)) continue;
-        const std::size_t end =
-            i + 1 < shown.parts.size() ? shown.parts[i + 1].lines : shown.outline.lines.size();
-        const bool isMain = part.source == shown.entity;
-        std::vector<Vec> corners = frameOf(shown.outline, part, end, isMain);
+        std::vector<Vec> corners = frameOf(scene, i, &source == &entity);
         if (!corners.empty())
-            shown.frames.push_back({std::move(corners), part.source});
-        else if (isMain)
-            scene.shapeless.emplace_back(type);
+            scene.frames.push_back({std::move(corners), &source});
+        else if (&source == &entity)
+            ++scene.shapeless[std::string(type)];
     }
 }
 
-std::optional<host::Box> boundsOf(const Shown& shown) {
-    std::optional<host::Box> bounds = shown.outline.bounds();
-    for (const Frame& frame : shown.frames) {
-        host::Outline outline;
-        outline.areas.push_back(frame.corners);
-        const host::Box box = *outline.bounds();
-        bounds = bounds ? united(*bounds, box) : box;
+void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity) {
+    const host::OutlineMark from = scene.outline.mark();
+    const std::size_t firstPart = scene.parts.size(), firstFrame = scene.frames.size();
+    maker.addOutline(entity, scene.outline, scene.parts);
+    addFrames(scene, entity, firstPart);
+    std::optional<host::Box> bounds = scene.outline.bounds(from);
+    for (std::size_t i = firstFrame; i < scene.frames.size(); ++i) {
+        host::Outline frame;
+        frame.areas.push_back(scene.frames[i].corners);
+        bounds = bounds ? united(*bounds, *frame.bounds()) : *frame.bounds();
     }
-    if (bounds && !sane(*bounds)) return std::nullopt;
-    return bounds;
+    if (!bounds || !sane(*bounds)) return;
+    scene.bounds = scene.bounds ? united(*scene.bounds, *bounds) : *bounds;
+    scene.shown.push_back(
+        {&entity, firstPart, scene.parts.size(), firstFrame, scene.frames.size(), *bounds});
 }
 
 }  // namespace
+
+std::vector<Vec> Scene::cornersOf(const Shown& one) const {
+    constexpr std::size_t kFew = 16;
+    const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
+    const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
+                          one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
+    const host::Box& box = one.bounds;
+    if (!straight) return rectangle(box.left, box.bottom, box.right, box.top);
+    std::vector<Vec> ends;
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        ends.insert(ends.end(), {outline.lines[i].a, outline.lines[i].b});
+    return ends;
+}
 
 Scene readScene(const host::Store& store, host::Index space) {
     Scene scene;
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        const host::ObjectBody& entity = store.at(i);
-        if (isSheet(entity)) continue;
-        Shown shown{&entity, {}, {}, {}, {}};
-        shown.outline = maker.outlineOf(entity, &shown.parts);
-        addFrames(shown, scene);
-        const std::optional<host::Box> bounds = boundsOf(shown);
-        if (!bounds) continue;
-        shown.bounds = *bounds;
-        scene.bounds = scene.bounds ? united(*scene.bounds, *bounds) : *bounds;
-        scene.shown.push_back(std::move(shown));
+        if (!isSheet(store.at(i))) add(scene, maker, store.at(i));
     }
     return scene;
 }

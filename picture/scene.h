@@ -1,6 +1,7 @@
-// What a space shows: its entities with their outlines, and where all of it lies.
+// What entities show: their outlines, and frames for what has none.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,19 +17,29 @@ struct Frame {
     const host::ObjectBody* source;
 };
 
-/// An entity that shows something.
+/// An entity that shows something: a range of the scene's parts and one of its frames.
 struct Shown {
     const host::ObjectBody* entity;
-    host::Outline outline;
-    std::vector<host::OutlinePart> parts;
-    std::vector<Frame> frames;
+    std::size_t firstPart, lastPart;
+    std::size_t firstFrame, lastFrame;
     host::Box bounds;
 };
 
+/// What all entities of a space show. They share their memory: a drawing can have millions.
 struct Scene {
-    std::vector<Shown> shown;            ///< in drawing order
-    std::optional<host::Box> bounds;     ///< of everything
-    std::vector<std::string> shapeless;  ///< types of visible entities that say no place
+    host::Outline outline;
+    std::vector<host::OutlinePart> parts;
+    std::vector<Frame> frames;
+    std::vector<Shown> shown;              ///< in drawing order
+    std::optional<host::Box> bounds;       ///< of everything
+    std::map<std::string, int> shapeless;  ///< visible entities that say no place, by type
+
+    /// Where a part ends in the outline.
+    host::OutlineMark endOf(std::size_t part) const {
+        return part + 1 < parts.size() ? parts[part + 1].from : outline.mark();
+    }
+    /// Points with the convex hull of what an entity shows, or of the box around that.
+    std::vector<host::Vec> cornersOf(const Shown& shown) const;
 };
 
 /// Reads a space of a drawing, which has to live as long as the scene and stay as it is.

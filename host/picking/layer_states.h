@@ -26,6 +26,8 @@ class LayerStates {
 
     const Store& m_store;
     std::unordered_map<std::string, State> m_states;
+    std::string m_lastLayer;  ///< looked up last; neighbours often share theirs
+    const State* m_last = nullptr;
 };
 
 }  // namespace host

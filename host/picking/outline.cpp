@@ -36,14 +36,24 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
 
 }  // namespace
 
-Outline OutlineMaker::outlineOf(const ObjectBody& entity, std::vector<OutlinePart>* parts) {
+Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
+    m_parts = nullptr;
+    begin(entity, outline);
+    return outline;
+}
+
+void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
+                              std::vector<OutlinePart>& parts) {
+    m_parts = &parts;
+    begin(entity, outline);
+}
+
+void OutlineMaker::begin(const ObjectBody& entity, Outline& outline) {
     m_outline = &outline;
-    m_parts = parts;
     m_budget = kMostEntities;
     m_blocks.clear();
     draw(entity, Pen(outline, {}), "0");
-    return outline;
 }
 
 void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
@@ -60,10 +70,7 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     } else if (type == "DIMENSION") {
         drawBlock(blockOf(tags), pen, layer);
     } else {
-        if (m_parts != nullptr) {
-            m_parts->push_back({&entity, layer, m_outline->lines.size(), m_outline->arcs.size(),
-                                m_outline->areas.size(), m_outline->writings.size()});
-        }
+        if (m_parts != nullptr) m_parts->push_back({&entity, layer, m_outline->mark()});
         drawShape(shape, !m_blocks.empty());
     }
 }

@@ -65,11 +65,11 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code);
 Pen objectPen(const Shape& shape);
 
 /// What one entity, the main one or one inside its blocks, adds to an outline: what stands there
-/// from these indexes on, up to those of the next part.
+/// from its mark up to that of the next part.
 struct OutlinePart {
     const ObjectBody* source;
     std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
-    std::size_t lines, arcs, areas, writings;
+    OutlineMark from;
 };
 
 /// Makes outlines of main entities. Layers and blocks are looked up once each where that pays;
@@ -78,11 +78,13 @@ class OutlineMaker {
   public:
     explicit OutlineMaker(const Store& store) : m_store(store), m_layers(store) {}
     /// Empty when nothing of the entity is drawn: on a layer that is off or frozen, invisible, or a
-    /// reference to a block without visible content. World coordinates. `parts`, when given,
-    /// receives what it is made of.
-    Outline outlineOf(const ObjectBody& entity, std::vector<OutlinePart>* parts = nullptr);
+    /// reference to a block without visible content. World coordinates.
+    Outline outlineOf(const ObjectBody& entity);
+    /// Adds it to an outline of several entities, and what it is made of to their parts.
+    void addOutline(const ObjectBody& entity, Outline& outline, std::vector<OutlinePart>& parts);
 
   private:
+    void begin(const ObjectBody& entity, Outline& outline);
     void draw(const ObjectBody& entity, const Pen& pen, std::string_view layerOfReference);
     void drawReference(const Shape& shape, std::string_view layer);
     /// Block record that tag 2 names, or null.
