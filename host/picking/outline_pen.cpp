@@ -54,6 +54,12 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
+void Pen::write(Writing writing, const std::vector<Vec>& corners) const {
+    writing.area = m_outline.areas.size();
+    area(corners);
+    m_outline.writings.push_back(std::move(writing));
+}
+
 std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
     std::vector<Vec> points;
     for (const Tag& tag : tags.tags()) {
