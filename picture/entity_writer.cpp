@@ -73,12 +73,10 @@ std::string placed(const Spot& at, const Vec& along, const Vec& up) {
 
 }  // namespace
 
-const std::string& LastName::of(const host::Store& store, std::string_view name) {
-    if (name != m_stored) {
-        m_stored = name;
-        m_xml = xml(store.decode(name));
-    }
-    return m_xml;
+const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
+    const auto [place, isNew] = m_names.try_emplace(name);
+    if (isNew) place->second = xml(store.decode(name));
+    return place->second;
 }
 
 void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
@@ -110,14 +108,17 @@ void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
                               const std::string& note) {
     const std::string_view type = host::trimmed(shown.entity->type());
-    svg += "<title>" + xml(type) + ' ' + host::formatHandle(shown.entity->handle);
+    svg += "<title>";
+    svg += m_names.of(m_store, type);
+    svg += ' ';
+    svg += host::formatHandle(shown.entity->handle);
     if (type == "INSERT") {
         const auto block = host::findTag(shown.entity->tags(), 2);
         svg += ", block ";
-        svg += m_blockName.of(m_store, block ? host::trimmed(block->value) : "");
+        svg += m_names.of(m_store, block ? host::trimmed(block->value) : "");
     }
     svg += ", layer ";
-    svg += m_layerName.of(m_store, look.layer);
+    svg += m_names.of(m_store, look.layer);
     svg += note;
     svg += "</title>";
 }

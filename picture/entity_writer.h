@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 
 #include "picture/inks.h"
 #include "picture/paths.h"
@@ -17,14 +18,14 @@ enum class Role {
     WideMember,  ///< the same, and a wide unseen stroke makes it easy to point at
 };
 
-/// Names for XML; neighbours often share theirs, so the last one is kept.
-class LastName {
+/// Names for XML, each made once.
+class XmlNames {
   public:
+    /// `name` is borrowed from the drawing's text.
     const std::string& of(const host::Store& store, std::string_view name);
 
   private:
-    std::string_view m_stored;  ///< in the drawing's text
-    std::string m_xml;
+    std::unordered_map<std::string_view, std::string> m_names;
 };
 
 class EntityWriter {
@@ -64,7 +65,7 @@ class EntityWriter {
     Inks& m_inks;
     std::size_t m_mostBytes;
     PathData m_strokes, m_areas;  ///< of the entity that is being written
-    LastName m_layerName, m_blockName;
+    XmlNames m_names;
     long m_framed = 0;
 };
 

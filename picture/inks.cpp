@@ -118,10 +118,7 @@ Look::Look(const host::ObjectBody& entity) {
 }
 
 const Inks::Layer& Inks::layerOf(std::string_view name) {
-    if (m_last != nullptr && name == m_lastName) return *m_last;
-    m_lastName = name;
-    const auto [place, isNew] = m_layers.try_emplace(m_lastName, Layer{kInk, -3});
-    m_last = &place->second;
+    const auto [place, isNew] = m_layers.try_emplace(name, Layer{kInk, -3});
     const host::ObjectBody* record =
         isNew ? m_store.symbol("LAYER", m_store.decode(name)) : nullptr;
     if (record == nullptr) return place->second;

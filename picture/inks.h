@@ -54,11 +54,9 @@ class Inks {
     const Layer& layerOf(std::string_view name);
 
     const host::Store& m_store;
-    std::unordered_map<std::string, Layer> m_layers;
-    std::string m_lastName;  ///< of the layer looked up last; neighbours often share theirs
-    const Layer* m_last = nullptr;
-    std::map<Rgb, std::string> m_colours;  ///< with their classes
-    std::map<int, int> m_weights;          ///< hundredths of a millimetre that are in use
+    std::unordered_map<std::string_view, Layer> m_layers;  ///< names borrowed from the drawing
+    std::map<Rgb, std::string> m_colours;                  ///< with their classes
+    std::map<int, int> m_weights;  ///< hundredths of a millimetre that are in use
 };
 
 }  // namespace picture

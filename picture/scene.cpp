@@ -118,6 +118,10 @@ std::vector<Vec> Scene::cornersOf(const Shown& one) const {
 
 Scene readScene(const host::Store& store, host::Index space) {
     Scene scene;
+    // Pages that nothing comes to cost nothing; growing would copy what stands there already.
+    scene.shown.reserve(store.count());
+    scene.parts.reserve(store.count());
+    scene.outline.lines.reserve(store.count());
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {

@@ -72,8 +72,19 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
 }
 
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
-    if (!tags.has(code)) return standard;
-    return {tags.real(code, 0), tags.real(code + 10, 0), tags.real(code + 20, 0)};
+    const std::vector<Tag>& all = tags.tags();
+    auto tag = all.begin();
+    while (tag != all.end() && tag->code != code)
+        ++tag;
+    if (tag == all.end()) return standard;
+    // As good as always the coordinates of a point follow each other.
+    const auto next = [&](int wanted) {
+        if (tag != all.end()) ++tag;
+        const bool here = tag != all.end() && tag->code == wanted;
+        return here ? realOf(tag->value) : tags.real(wanted, 0);
+    };
+    const double x = realOf(tag->value), y = next(code + 10);
+    return {x, y, next(code + 20)};
 }
 
 Pen objectPen(const Shape& shape) {
