@@ -5,6 +5,7 @@
 
 #include "commands/commands_fixture.h"
 #include "host/control/switches.h"
+#include "host/tags/tag_codes.h"
 #include "host/tags/tags.h"
 
 namespace tests {
