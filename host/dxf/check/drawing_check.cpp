@@ -85,9 +85,10 @@ std::vector<Finding> checkDrawing(const Store& store) {
     return std::move(context.findings);
 }
 
-std::optional<std::vector<Finding>> checkFile(const std::string& path, DxfError& error) {
+std::optional<std::vector<Finding>> checkFile(const std::string& path, DxfError& error,
+                                              const ProgressFunction& progress) {
     std::vector<Finding> findings;
-    const std::unique_ptr<Store> store = loadDrawing(path, error, {}, &findings);
+    const std::unique_ptr<Store> store = loadDrawing(path, error, progress, &findings);
     if (store == nullptr) return std::nullopt;
     for (Finding& finding : checkDrawing(*store))
         findings.push_back(std::move(finding));
