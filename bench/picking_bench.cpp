@@ -1,16 +1,19 @@
-// How long it takes to widen a selection to a whole group, and how many host calls it costs.
+// How long it takes to widen a selection to whole groups, and how many host calls it costs.
 #include <benchmark/benchmark.h>
 
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "drawings.h"
 #include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/database.h"
 #include "host/store/store.h"
+#include "pick_reactor.h"
+#include "ratio.h"
 
 namespace {
 
@@ -72,7 +75,62 @@ void windowOverTheGroup(benchmark::State& state) {
     measure(state, {members.rbegin(), members.rend()}, members.size() + 2);
 }
 
+/// Drawings of groups of 100, and the module's own reactor to their selections.
+class ManyGroups {
+  public:
+    /// Opens a drawing of so many groups; its entities.
+    std::vector<AcDbObjectId> open(long groups) {
+        m_drawings.openLines(groups * kGroupSize);
+        bench::formGroups(kGroupSize);
+        return bench::entities();
+    }
+    /// Goes to the drawing that was opened as the index-th, with nothing picked there.
+    void start(std::size_t index) {
+        m_drawings.activate(index);
+        host::pickNothing();
+    }
+
+    static constexpr long kGroupSize = 100;
+
+  private:
+    bench::Drawings m_drawings;
+    KESTpickGroupEnt m_reactor{true};
+};
+
+void pickEach(const std::vector<AcDbObjectId>& all) {
+    host::pick(all);
+    if (host::pickfirst().size() != all.size()) throw std::runtime_error("not all is picked");
+}
+
+/// As Ctrl+A does in a drawing of groups.
+void pickAll(benchmark::State& state) {
+    ManyGroups groups;
+    const std::vector<AcDbObjectId> all = groups.open(state.range(0));
+    for (auto step : state) {
+        pickEach(all);
+        state.PauseTiming();
+        groups.start(0);
+        state.ResumeTiming();
+    }
+}
+
+void pickAllTenfold(benchmark::State& state) {
+    ManyGroups groups;
+    const std::vector<AcDbObjectId> small = groups.open(state.range(0));
+    const std::vector<AcDbObjectId> large = groups.open(10 * state.range(0));
+    bench::compare(state, {[&] { pickEach(large); }, [&] { groups.start(1); }},
+                   {[&] { pickEach(small); }, [&] { groups.start(0); }}, 12,
+                   10 * state.range(0) * ManyGroups::kGroupSize);
+}
+
+BENCHMARK(pickAll)->RangeMultiplier(10)->Range(10, 100)->Unit(benchmark::kMillisecond);
+BENCHMARK(pickAllTenfold)
+    ->Arg(10)
+    ->Arg(100)
+    ->Iterations(9)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(pickOneMember)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond);
-BENCHMARK(windowOverTheGroup)->RangeMultiplier(10)->Range(10, 1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(windowOverTheGroup)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

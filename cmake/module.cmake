@@ -1,36 +1,24 @@
-# The module: five rooms, each seeing only the platform and the rooms left of it.
+# The module: its rooms, each seeing only the platform and the rooms left of it.
 #
-#   support <- module (document data, mode switch) <- storage <- commands <- tracking <- entry point
+#   support <- module (document data, mode switch) and storage <- commands <- tracking <- module/entry
 set(module_root ${CMAKE_SOURCE_DIR})
 
-function(module_room name)
-  cmake_parse_arguments(ROOM "" "" "SOURCES;SEES" ${ARGN})
-  add_library(${name} OBJECT ${ROOM_SOURCES})
+# A room of the sources in `folder`, which sees the rooms behind SEES.
+function(module_room name folder)
+  cmake_parse_arguments(ROOM "" "" "SEES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${module_root}/${folder}/*.cpp)
+  list(TRANSFORM ROOM_SEES PREPEND ${module_root}/)
+  add_library(${name} OBJECT ${sources})
   target_link_libraries(${name} PUBLIC platform_interface)
   target_include_directories(${name} PRIVATE ${ROOM_SEES})
 endfunction()
 
-file(GLOB support_sources CONFIGURE_DEPENDS ${module_root}/support/*.cpp)
-file(GLOB storage_sources CONFIGURE_DEPENDS ${module_root}/storage/*.cpp)
-file(GLOB command_sources CONFIGURE_DEPENDS ${module_root}/commands/*.cpp)
-file(GLOB tracking_sources CONFIGURE_DEPENDS ${module_root}/tracking/*.cpp)
-file(GLOB entry_sources CONFIGURE_DEPENDS ${module_root}/module/*.cpp)
-set(state_sources ${module_root}/module/document_data.cpp ${module_root}/module/grouping_mode.cpp)
-list(REMOVE_ITEM entry_sources ${state_sources})
-
-module_room(module_support SOURCES ${support_sources} SEES ${module_root}/support)
-module_room(module_state SOURCES ${state_sources} SEES ${module_root}/support ${module_root}/module)
-module_room(module_storage SOURCES ${storage_sources}
-            SEES ${module_root}/support ${module_root}/module ${module_root}/storage)
-module_room(module_commands SOURCES ${command_sources}
-            SEES ${module_root}/support ${module_root}/module ${module_root}/storage
-                 ${module_root}/commands)
-module_room(module_tracking SOURCES ${tracking_sources}
-            SEES ${module_root}/support ${module_root}/module ${module_root}/storage
-                 ${module_root}/commands ${module_root}/tracking)
-module_room(module_entry SOURCES ${entry_sources}
-            SEES ${module_root}/support ${module_root}/module ${module_root}/storage
-                 ${module_root}/commands ${module_root}/tracking)
+module_room(module_support support)
+module_room(module_state module SEES support)
+module_room(module_storage storage SEES support)
+module_room(module_commands commands SEES support module storage)
+module_room(module_tracking tracking SEES support module storage commands)
+module_room(module_entry module/entry SEES support module commands tracking)
 
 set(module_objects
   $<TARGET_OBJECTS:module_support> $<TARGET_OBJECTS:module_state>

@@ -2,10 +2,16 @@
 #include "group_markers.h"
 
 #include "command_source.h"
-#include "diagnostics.h"
 #include "group_naming.h"
+#include "handle_text.h"
 #include "host_guards.h"
 #include "marker.h"
+
+namespace {
+
+constexpr CheckSource DIAG_SOURCE = kGroupMarkers;
+
+}  // namespace
 
 std::wstring readMarkerCount(const AcDbObjectId& markerId) {
     Opened<AcDbEntity> entity;
@@ -32,14 +38,23 @@ std::wstring readMarkerCount(const AcDbObjectId& markerId) {
     return attribute->textStringConst();
 }
 
-AcGePoint3d markerPosition(const AcDbObjectId& markerId) {
+void readPosition(const AcDbObjectId& markerId, AcGePoint3d& position) {
     Opened<AcDbEntity> entity;
     DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), markerId, AcDb::kForRead) == Acad::eOk,
                 L"acdbOpenAcDbEntity(pEnt, blkId, AcDb::kForRead) == Acad::eOk");
     const AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
-    if (reference != nullptr) return reference->position();
-    acutPrintf(L"\n\n !!! BANG Object is not a AcDbBlockReference!!!\n");
-    return AcGePoint3d::kOrigin;
+    if (reference != nullptr) {
+        position = reference->position();
+    } else {
+        acutPrintf(L"\n\n !!! BANG Object is not a AcDbBlockReference!!!\n");
+    }
+}
+
+void readBeginMarker(const AcDbObjectId& markerId, Marker& begin) {
+    begin.id = markerId;
+    begin.handle = handleText(markerId);
+    begin.count = readMarkerCount(markerId);
+    readPosition(markerId, begin.position);
 }
 
 void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& count) {

@@ -17,9 +17,12 @@ struct Marker {
 /// marker's tag. Empty for everything else.
 std::wstring readMarkerCount(const AcDbObjectId& markerId);
 
-/// Insertion point of a marker. Anything but a block reference is announced and counts as standing
-/// at (0, 0, 0).
-AcGePoint3d markerPosition(const AcDbObjectId& markerId);
+/// Insertion point of a marker. Anything but a block reference is announced and leaves `position`
+/// as it was.
+void readPosition(const AcDbObjectId& markerId, AcGePoint3d& position);
+
+/// Everything that the passes keep of a begin marker.
+void readBeginMarker(const AcDbObjectId& markerId, Marker& begin);
 
 /// Makes the two markers of a group name each other, with the same count text.
 void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& count);

@@ -15,16 +15,19 @@ void relinkCopiedGroups() {
     const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
     std::wstring handle = nextEntityHandle(docData().m_idLastBeforeCommand);
     Marker begin;
+    Marker end;
     bool openPair = false;
     while (!handle.empty()) {
         const AcDbObjectId id = idFromHandleText(handle);
         const std::wstring tag = readMarkerText(id, MarkerText::kTag);
         if (sameTag(tag, beginTag)) {
             // A begin marker met before any end marker replaces the one before it.
-            begin = {id, handleText(id), readMarkerCount(id), markerPosition(id)};
+            readBeginMarker(id, begin);
             openPair = true;
         } else if (sameTag(tag, endTag)) {
-            const Marker end{id, handleText(id), {}, markerPosition(id)};
+            end.id = id;
+            end.handle = handleText(id);
+            readPosition(id, end.position);
             if (openPair) linkMarkers(begin, end, begin.count);
             openPair = false;
         }

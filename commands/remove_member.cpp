@@ -2,7 +2,6 @@
 #include <string>
 
 #include "command_source.h"
-#include "diagnostics.h"
 #include "group_forming.h"
 #include "group_markers.h"
 #include "group_record.h"
@@ -11,43 +10,45 @@
 #include "host_guards.h"
 #include "marker.h"
 #include "membership.h"
+#include "object_ids.h"
 #include "VeLogging.h"
 
 namespace {
 
-constexpr int kListGrowth = 8;
+constexpr CheckSource DIAG_SOURCE = kRemoveMember;
 
-/// Lowers the count of the group, or erases the markers of one that becomes empty. The number of
-/// members that stay.
-int shrinkGroup(const AcDbObjectIdArray& group) {
+/// Writes the count of a group that lost a member, or erases the markers of one that became empty.
+void shrinkGroup(const AcDbObjectIdArray& group, int left) {
     const AcDbObjectId begin = group.first();
     const AcDbObjectId end = group.last();
-    const int left = _wtoi(readMarkerCount(begin).c_str()) - 1;
-    const AcGePoint3d position = markerPosition(begin);
+    AcGePoint3d position;
+    readPosition(begin, position);
     if (left >= 1) {
         updateMarker(begin, position, handleText(end), std::to_wstring(left));
     } else {
         eraseObject(begin);
         eraseObject(end);
     }
-    return left;
 }
 
 /// Moves the entity behind everything in the drawing, without its group record.
 void recloneAlone(const ads_name entity) {
-    ads_name selection = {};
-    const FreedOnThrow guard(selection);
-    const bool made = DIAG_CHECK(acedSSAdd(entity, nullptr, selection) == RTNORM);
-    if (!made) return;
-    recloneIntoCurrentSpace(selection, Records::kTakeAway);
-    acedSSFree(selection);
+    OwnedSelection selection;
+    if (!DIAG_CHECK(acedSSAdd(entity, nullptr, selection.name()) == RTNORM)) return;
+    recloneIntoCurrentSpace(selection.name(), Records::kTakeAway);
+    DIAG_CHECK(selection.free() == RTNORM);
 }
 
 void removeMember(const ads_name entity, const AcDbObjectId& id) {
     logCommandUse(L"Remove Member");
-    AcDbObjectIdArray group(0, kListGrowth);
-    const int left = verifyGroup(group, id) ? shrinkGroup(group) : 0;
+    AcDbObjectIdArray group(0, kIdListGrowth);
+    const bool verified = verifyGroup(group, id);
+    const int left = verified ? _wtoi(readMarkerCount(group.first()).c_str()) - 1 : 0;
     recloneAlone(entity);
+    // What the host did not let go still stands between the markers: it goes on counting as a
+    // member, or repair would find one too many and dissolve the group.
+    if (!id.isErased()) return;
+    if (verified) shrinkGroup(group, left);
     if (left >= 1) {
         acutPrintf(L"\nEntity Removed, %d still in the Group.", left);
     } else {

@@ -2,7 +2,6 @@
 #include <string>
 
 #include "command_source.h"
-#include "diagnostics.h"
 #include "group_forming.h"
 #include "group_markers.h"
 #include "group_naming.h"
@@ -11,11 +10,12 @@
 #include "host_guards.h"
 #include "marker.h"
 #include "membership.h"
-#include "selection_walk.h"
+#include "object_ids.h"
+#include "selection.h"
 
 namespace {
 
-constexpr int kListGrowth = 8;
+constexpr CheckSource DIAG_SOURCE = kRepair;
 constexpr int kBlockName = 2;
 /// Matches the blocks of both kinds of marker.
 constexpr const wchar_t* kAnyMarker = L"_G?";
@@ -24,19 +24,18 @@ constexpr const wchar_t* kAnyMarker = L"_G?";
 AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* conversionText) {
     // Group code 0 would end the list: it is passed as RTDXF0.
     const ResultBuffers filter(acutBuildList(RTDXF0, L"INSERT", kBlockName, blockName.c_str(), 0));
-    AcDbObjectIdArray ids(0, kListGrowth);
-    ads_name selection = {};
-    const FreedOnThrow guard(selection);
+    AcDbObjectIdArray ids(0, kIdListGrowth);
+    OwnedSelection selection;
     // Without its filter the selection would take the whole drawing.
     if (filter.get() == nullptr ||
-        acedSSGet(L"X", nullptr, nullptr, filter.get(), selection) != RTNORM) {
+        acedSSGet(L"X", nullptr, nullptr, filter.get(), selection.name()) != RTNORM) {
         return ids;
     }
-    const Adesk::Int32 length = selectionLength(selection);
+    const Adesk::Int32 length = selectionLength(selection.name(), DIAG_HERE);
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        ids.append(idAt(selection, i, conversionText));
+        ids.append(idAt(selection.name(), i, conversionText, DIAG_HERE));
     }
-    acedSSFree(selection);
+    DIAG_CHECK(selection.free() == RTNORM);
     return ids;
 }
 
@@ -62,10 +61,11 @@ void settleGroup(const Marker& begin, const Marker& end, int between, RepairCoun
 }
 
 /// Walks from a begin marker to the end marker that follows it and settles the group. A walk that
-/// meets no end marker leaves the group alone.
+/// meets no end marker leaves the group alone. Whatever stands in between counts as an entity,
+/// another group's begin marker included: groups that got into each other are dissolved.
 void repairGroup(const AcDbObjectId& beginId, const std::wstring& endTag, RepairCounts& counts) {
-    Marker begin{beginId, handleText(beginId), readMarkerCount(beginId), {}};
-    begin.position = markerPosition(beginId);
+    Marker begin;
+    readBeginMarker(beginId, begin);
     Marker end;
     end.handle = nextEntityHandle(beginId);
     if (end.handle.empty()) return;
@@ -77,11 +77,12 @@ void repairGroup(const AcDbObjectId& beginId, const std::wstring& endTag, Repair
         ++between;
         if (!end.id.isValid()) return;
     }
-    end.position = markerPosition(end.id);
+    readPosition(end.id, end.position);
     settleGroup(begin, end, between, counts);
 }
 
-/// Erases markers whose partner does not exist; so goes also what only looks like a marker.
+/// Erases markers whose partner does not exist; so goes also what only looks like a marker. A
+/// partner that was erased since the drawing was loaded exists still: undo may bring it back.
 void purgePartnerless(const std::wstring& prefix) {
     const AcDbObjectIdArray markers =
         referencesOf(prefix + kAnyMarker, L"acdbGetObjectId(objId, ent) == Acad::eOk");

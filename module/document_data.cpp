@@ -2,10 +2,9 @@
 #include "document_data.h"
 
 #include "grouping_mode.h"
+#include "object_ids.h"
 
 namespace {
-
-constexpr int kGatheredGrowth = 8;
 
 // Built when the library is loaded, freed when it is unloaded: records of drawings that are still
 // open live until then.
@@ -13,7 +12,7 @@ AsdkDataManager<CDocData> G_documentData;
 
 }  // namespace
 
-CDocData::CDocData() : m_aGatheredIds(0, kGatheredGrowth) { showGroupingOn(); }
+CDocData::CDocData() : m_aGatheredIds(0, kIdListGrowth) { showGroupingOn(); }
 
 AsdkDataManager<CDocData>& documentDataManager() { return G_documentData; }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "document_data.h"
+#include "host_guards.h"
 #include "platform.h"
 #include "VeLogging.h"
 
@@ -33,9 +34,8 @@ void groupingOn() {
     docData().m_bActive = true;
     sendMenuCommands({L"ID_GRP_ON=~", L"ID_GRP_OFF="});
     // Grouping widens the pick-first set, so it needs one, whatever the user had set.
-    resbuf* on = acutBuildList(RTSHORT, 1, 0);
-    acedSetVar(L"PICKFIRST", on);
-    acutRelRb(on);
+    const ResultBuffers on(acutBuildList(RTSHORT, 1, 0));
+    acedSetVar(L"PICKFIRST", on.get());
     logCommandUse(L"Active");
 }
 

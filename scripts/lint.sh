@@ -22,7 +22,7 @@ for file in "${sources[@]}"; do
 done
 
 # The module builds from the same sources everywhere and sees only the platform.
-module=(module/*.cpp module/*.h storage/* commands/* tracking/* support/*)
+module=(module/*.cpp module/*.h module/entry/* storage/* commands/* tracking/* support/*)
 grep -nE '^\s*#\s*if' "${module[@]}" && report "conditional compilation in the module"
 grep -nE '#include "(host|tests|drafthost)/' "${module[@]}" && report "the module looks into the host"
 grep -nE '#include <(windows|afx)' "${module[@]}" | grep -v '^support/platform.h' &&

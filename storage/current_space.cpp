@@ -3,16 +3,17 @@
 
 #include "diagnostics.h"
 #include "host_guards.h"
+#include "host_services.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"CurrentSpace";
+constexpr CheckSource DIAG_SOURCE = L"CurrentSpace";
 constexpr int kPaperSpaceViewport = 1;
 
 }  // namespace
 
 std::wstring currentSpaceName() {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
     if (database == nullptr || database->tilemode()) return ACDB_MODEL_SPACE;
     resbuf viewport{};
     const bool known = DIAG_CHECK(acedGetVar(L"CVPORT", &viewport) == RTNORM);
@@ -21,16 +22,12 @@ std::wstring currentSpaceName() {
 }
 
 AcDbObjectId currentSpaceId() {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    if (database == nullptr) return {};
-    Opened<AcDbBlockTable> blocks;
-    const bool opened =
-        DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
-    return opened ? currentSpaceId(*blocks.get()) : AcDbObjectId();
-}
-
-AcDbObjectId currentSpaceId(const AcDbBlockTable& blocks) {
     AcDbObjectId space;
-    DIAG_CHECK(blocks.getAt(currentSpaceName().c_str(), space) == Acad::eOk);
+    AcDbDatabase* database = workingDatabase();
+    if (database == nullptr) return space;
+    Opened<AcDbBlockTable> blocks;
+    if (DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk)) {
+        DIAG_CHECK(blocks->getAt(currentSpaceName().c_str(), space) == Acad::eOk);
+    }
     return space;
 }

@@ -11,5 +11,3 @@ std::wstring currentSpaceName();
 
 /// Id of the current space's block table record, or the null id.
 AcDbObjectId currentSpaceId();
-/// The same from the open block table.
-AcDbObjectId currentSpaceId(const AcDbBlockTable& blocks);

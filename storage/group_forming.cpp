@@ -9,12 +9,15 @@
 #include "group_record.h"
 #include "handle_text.h"
 #include "host_guards.h"
+#include "host_services.h"
 #include "marker.h"
+#include "object_ids.h"
+#include "selection.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"GroupForming";
-constexpr int kListGrowth = 8;
+constexpr CheckSource DIAG_SOURCE = L"GroupForming";
+constexpr const wchar_t* kConversion = L"acdbGetObjectId(id, name) == Acad::eOk";
 constexpr const wchar_t* kProceed = L"Continue";
 /// Stands in a begin marker until its end marker exists.
 constexpr const wchar_t* kEndMarkerPending = L"ENT_HANDL";
@@ -22,109 +25,131 @@ constexpr const wchar_t* kEndMarkerPending = L"ENT_HANDL";
 /// The confirmation step of forming a group. Its answer is fixed: nobody is asked.
 std::wstring confirmForming() { return kProceed; }
 
-Adesk::Int32 lengthOf(const ads_name selection) {
-    Adesk::Int32 length = 0;
-    DIAG_CHECK(acedSSLength(selection, &length) == RTNORM);
-    return length;
-}
-
-/// Id of the selection's entity at `index`; null when it cannot be had.
-AcDbObjectId idAt(const ads_name selection, Adesk::Int32 index) {
+/// What stands last behind the insertion of a marker: without a block for it, whatever else does.
+/// Null when the marker was refused, so that nobody's entity is rewritten in its place.
+AcDbObjectId lastEntity(Insertion marker) {
     ads_name name = {};
     AcDbObjectId id;
-    const bool named = DIAG_CHECK(acedSSName(selection, index, name) == RTNORM);
-    if (!named) return id;
+    if (marker == Insertion::kRefused || !DIAG_CHECK(acdbEntLast(name) == RTNORM)) return id;
     DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
 
-/// What stands last once a marker was inserted. Null when the marker was refused: then the last
-/// entity is the user's, and neither is rewritten nor named by the other marker.
-AcDbObjectId lastEntity(bool inserted) {
-    ads_name name = {};
-    AcDbObjectId id;
-    const bool found = DIAG_CHECK(acdbEntLast(name) == RTNORM);
-    if (!found || !inserted) return id;
-    DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
-    return id;
-}
-
-/// What a selection that becomes a group holds besides its members.
-struct Others {
-    AcDbObjectIdArray markers{0, kListGrowth};  // of the groups that it was, to be erased
-    AcDbObjectIdArray leftOut{0, kListGrowth};  // what no new member must be made of
-    bool known = false;                         // whether the selection could be walked
-};
-
-/// Group markers among the selected entities; tags are compared without regard to case here. What
-/// cannot be read may be a marker: it is left out, for a marker among the members breaks a group.
-Others findMarkers(const ads_name selection, const std::wstring& prefix) {
+/// Appends the group markers among the selected entities; tags are compared without regard to case
+/// here. False when an entity cannot be read: it may be a marker, and one among the members breaks
+/// a group.
+bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjectIdArray& markers) {
     const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
     const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
-    Others others;
     Adesk::Int32 length = 0;
-    others.known = DIAG_CHECK(acedSSLength(selection, &length) == RTNORM);
+    if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        const AcDbObjectId id = idAt(selection, i);
+        const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
         std::wstring tag;
-        if (id.isNull()) {
-            others.known = false;
-        } else if (!readMarkerTag(id, tag)) {
-            others.leftOut.append(id);
-        }
+        if (id.isNull() || !readMarkerTag(id, tag)) return false;
         if (_wcsicmp(tag.c_str(), beginTag.c_str()) == 0 ||
             _wcsicmp(tag.c_str(), endTag.c_str()) == 0) {
-            others.markers.append(id);
+            markers.append(id);
         }
     }
-    return others;
+    return true;
 }
 
-/// Takes the markers out of the selection; those that stay in it are left out.
-void removeMarkers(const ads_name selection, Others& others) {
-    for (int i = 0; i < others.markers.length(); ++i) {
+/// False when one of the markers stays in the selection.
+bool takeOut(const AcDbObjectIdArray& markers, const ads_name selection) {
+    for (int i = 0; i < markers.length(); ++i) {
         ads_name name = {};
-        DIAG_CHECK(acdbGetAdsName(name, others.markers[i]) == Acad::eOk);
-        const bool removed = DIAG_CHECK(acedSSDel(name, selection) == RTNORM);
-        if (!removed) others.leftOut.append(others.markers[i]);
+        if (!DIAG_CHECK(acdbGetAdsName(name, markers[i]) == Acad::eOk) ||
+            !DIAG_CHECK(acedSSDel(name, selection) == RTNORM)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void putBack(const AcDbObjectIdArray& markers, const ads_name selection) {
+    for (int i = 0; i < markers.length(); ++i) {
+        ads_name name = {};
+        ads_name same = {};
+        if (!DIAG_CHECK(acdbGetAdsName(name, markers[i]) == Acad::eOk)) continue;
+        DIAG_CHECK(acedSSAdd(name, selection, same) == RTNORM);
     }
 }
 
 /// What a re-cloning does with the entities of its selection.
 struct Sources {
-    AcDbObjectIdArray toClone{0, kListGrowth};  // those with the owner of the first one
-    AcDbObjectIdArray toErase{0, kListGrowth};  // these and, on purpose, those of other owners
+    AcDbObjectIdArray changed{0, kIdListGrowth};  // those whose record was given or taken away
+    AcDbObjectIdArray toClone{0, kIdListGrowth};  // those with the owner of the first one
+    AcDbObjectIdArray toErase{0, kIdListGrowth};  // these and, on purpose, those of other owners
 };
 
-/// Gives or takes each entity's record and sorts the entities by owner.
-Sources prepareSources(const ads_name selection, Records records,
-                       const AcDbObjectIdArray& leftOut) {
-    Sources sources;
+/// Gives or takes each entity's record and sorts the entities by owner; false, and no further, at
+/// one that cannot be read.
+bool prepareSources(const ads_name selection, Records records, Sources& sources) {
     AcDbObjectId commonOwner;
-    const Adesk::Int32 length = lengthOf(selection);
+    Adesk::Int32 length = 0;
+    if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        const AcDbObjectId id = idAt(selection, i);
-        if (leftOut.contains(id)) continue;
-        if (records == Records::kGive) {
-            createXrecord(id);
-        } else {
-            ungroupEntity(id);
-        }
+        const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
+        const bool changed = records == Records::kGive ? createXrecord(id) : ungroupEntity(id);
+        if (changed) sources.changed.append(id);
         Opened<AcDbEntity> entity;
-        const bool opened =
-            DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk);
-        if (!opened) continue;
+        if (!DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk)) {
+            return false;
+        }
         if (commonOwner.isNull()) commonOwner = entity->ownerId();
         if (entity->ownerId() == commonOwner) sources.toClone.append(id);
         sources.toErase.append(id);
     }
-    return sources;
+    return true;
+}
+
+bool cloneSources(Sources& sources) {
+    AcDbObjectId space = currentSpaceId();
+    AcDbDatabase* database = workingDatabase();
+    AcDbIdMapping clones;
+    return database != nullptr &&
+           DIAG_CHECK(database->deepCloneObjects(sources.toClone, space, clones, false) ==
+                      Acad::eOk);
+}
+
+void restoreRecords(const AcDbObjectIdArray& changed, Records records) {
+    for (int i = 0; i < changed.length(); ++i) {
+        if (records == Records::kGive) {
+            deleteXrecord(changed[i]);
+        } else {
+            createXrecord(changed[i]);
+        }
+    }
 }
 
 void eraseAll(const AcDbObjectIdArray& ids) {
     for (int i = 0; i < ids.length(); ++i) {
         eraseObject(ids[i]);
     }
+}
+
+/// Re-clones the selection, which holds no markers, between two new ones and frees it. False, with
+/// nothing changed, when there is no begin marker or no clones.
+bool bracketClones(const ads_name selection, const AcGePoint3d& point, const std::wstring& prefix) {
+    Adesk::Int32 members = 0;
+    if (!DIAG_CHECK(acedSSLength(selection, &members) == RTNORM)) return false;
+    const std::wstring count = std::to_wstring(members);
+    const Insertion inserted =
+        insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count);
+    if (inserted == Insertion::kRefused) return false;
+    const AcDbObjectId begin = lastEntity(inserted);
+    const std::wstring beginHandle = handleText(begin);
+    if (!recloneIntoCurrentSpace(selection, Records::kGive)) {
+        if (inserted == Insertion::kDone) eraseObject(begin);
+        return false;
+    }
+    DIAG_CHECK(acedSSFree(selection) == RTNORM);
+    // Without an end marker the members stay, clones and all: repair dissolves such a group.
+    const AcDbObjectId end =
+        lastEntity(insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count));
+    updateMarker(begin, point, handleText(end), count);
+    return true;
 }
 
 }  // namespace
@@ -149,36 +174,27 @@ bool ungroupEntity(const AcDbObjectId& entityId) {
     return false;
 }
 
-void recloneIntoCurrentSpace(const ads_name selection, Records records,
-                             const AcDbObjectIdArray& leftOut) {
-    Sources sources = prepareSources(selection, records, leftOut);
-    AcDbObjectId space = currentSpaceId();
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    AcDbIdMapping clones;
-    const bool cloned =
-        DIAG_CHECK(database != nullptr &&
-                   database->deepCloneObjects(sources.toClone, space, clones, false) == Acad::eOk);
-    if (cloned) eraseAll(sources.toErase);  // a drawing must not lose what could not be cloned
+bool recloneIntoCurrentSpace(const ads_name selection, Records records) {
+    Sources sources;
+    const bool cloned = prepareSources(selection, records, sources) && cloneSources(sources);
+    if (cloned) {
+        eraseAll(sources.toErase);
+    } else {
+        restoreRecords(sources.changed, records);
+    }
+    return cloned;
 }
 
-void formGroup(const ads_name selection, const AcGePoint3d& point) {
-    if (confirmForming() != kProceed) return;
+bool formGroup(const ads_name selection, const AcGePoint3d& point) {
+    if (confirmForming() != kProceed) return false;
     const std::wstring prefix = groupPrefix();
-    Others others = findMarkers(selection, prefix);
-    if (!others.known) {  // nothing has changed yet
-        DIAG_CHECK(acedSSFree(selection) == RTNORM);
-        return;
+    AcDbObjectIdArray oldMarkers(0, kIdListGrowth);
+    if (!findMarkers(selection, prefix, oldMarkers)) return false;
+    const bool formed = takeOut(oldMarkers, selection) && bracketClones(selection, point, prefix);
+    if (formed) {
+        eraseAll(oldMarkers);
+    } else {
+        putBack(oldMarkers, selection);
     }
-    removeMarkers(selection, others);
-    const std::wstring count = std::to_wstring(lengthOf(selection));
-
-    const AcDbObjectId begin = lastEntity(
-        insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count));
-    const std::wstring beginHandle = handleText(begin);
-    recloneIntoCurrentSpace(selection, Records::kGive, others.leftOut);
-    DIAG_CHECK(acedSSFree(selection) == RTNORM);
-    const AcDbObjectId end =
-        lastEntity(insertMarker(prefix + GroupSuffix::kEndMarker, point, beginHandle, count));
-    updateMarker(begin, point, handleText(end), count);
-    eraseAll(others.markers);
+    return formed;
 }

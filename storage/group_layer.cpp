@@ -3,10 +3,11 @@
 
 #include "diagnostics.h"
 #include "host_guards.h"
+#include "host_services.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"GroupLayer";
+constexpr CheckSource DIAG_SOURCE = L"GroupLayer";
 
 /// Updates the layer `name`, which the open table holds. The null id when it cannot be opened.
 AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
@@ -24,8 +25,7 @@ AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
 /// Adds a new layer to the open table, which is upgraded to write. The null id on failure.
 AcDbObjectId addLayer(AcDbLayerTable& layers, const std::wstring& name, const AcCmColor& color,
                       const AcDbObjectId& linetype) {
-    const bool writable = DIAG_CHECK(layers.upgradeOpen() == Acad::eOk);
-    if (!writable) return {};
+    if (!DIAG_CHECK(layers.upgradeOpen() == Acad::eOk)) return {};
     NewObject<AcDbLayerTableRecord> layer(new AcDbLayerTableRecord);
     DIAG_CHECK(layer->setName(name.c_str()) == Acad::eOk);
     DIAG_CHECK(layer->setColor(color) == Acad::eOk);
@@ -40,7 +40,7 @@ void makeLayer(const std::wstring& name, Adesk::UInt16 colorIndex, const AcDbObj
                int thawAndMakeCurrent) {
     AcCmColor color;
     DIAG_CHECK(color.setColorIndex(colorIndex) == Acad::eOk);
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
     Opened<AcDbLayerTable> layers;
     if (database == nullptr ||
         database->getSymbolTable(layers.receive(), AcDb::kForRead) != Acad::eOk) {

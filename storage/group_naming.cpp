@@ -2,6 +2,7 @@
 #include "group_naming.h"
 
 #include "host_guards.h"
+#include "host_services.h"
 #include "platform.h"
 
 namespace {
@@ -19,7 +20,7 @@ bool hasOlderGroupLayer(AcDbDatabase* database) {
 }  // namespace
 
 std::wstring groupPrefix() {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
     Opened<AcDbBlockTable> blocks;
     if (database == nullptr ||
         database->getSymbolTable(blocks.receive(), AcDb::kForRead) != Acad::eOk) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"GroupRecord";
+constexpr CheckSource DIAG_SOURCE = L"GroupRecord";
 constexpr int kTextCode = 1;
 
 /// Text of the first text group in the record; empty when it has none.
@@ -25,9 +25,10 @@ std::wstring recordText(const AcDbXrecord& record) {
 void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     const std::wstring prefix = groupPrefix();
     Opened<AcDbDictionary> dictionary;
-    const bool opened = DIAG_CHECK(
-        acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForWrite) == Acad::eOk);
-    if (!opened) return;
+    if (!DIAG_CHECK(acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForWrite) ==
+                    Acad::eOk)) {
+        return;
+    }
     AcDbObjectId recordId;
     DIAG_CHECK(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
                Acad::eOk);
@@ -41,20 +42,21 @@ void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
 
 }  // namespace
 
-void createXrecord(const AcDbObjectId& entityId) {
+bool createXrecord(const AcDbObjectId& entityId) {
     NewObject<AcDbXrecord> record(new AcDbXrecord);
     Opened<AcDbObject> entity;
     if (acdbOpenObject(entity.receive(), entityId, AcDb::kForWrite) != Acad::eOk) {
         acutPrintf(L"\nIn fucntion createXrecord acdbOpenObject failed.");
-        return;
+        return false;
     }
     // An extension dictionary of somebody else's is left alone: such an entity gets no record.
     const Acad::ErrorStatus status = entity->createExtensionDictionary();
-    if (status == Acad::eAlreadyInDb) return;
+    if (status == Acad::eAlreadyInDb) return false;
     DIAG_ASSERT(status == Acad::eOk, L"entity->createExtensionDictionary() == Acad::eOk");
     const AcDbObjectId dictionaryId = entity->extensionDictionary();
     entity.close();
     storeRecord(dictionaryId, *record.get());
+    return status == Acad::eOk;
 }
 
 bool isGroupedEntity(const AcDbObjectId& entityId) {

@@ -8,8 +8,9 @@
 #include "platform.h"
 
 /// Gives the entity its group record. An entity that has an extension dictionary already, whoever
-/// made it, receives none. Prints a line when the entity cannot be opened for write.
-void createXrecord(const AcDbObjectId& entityId);
+/// made it, receives none: false, as when the entity cannot be opened for write, which prints a
+/// line.
+bool createXrecord(const AcDbObjectId& entityId);
 
 /// Removes the group record and, when nothing else is in it, the extension dictionary. False only
 /// when the entity could not be opened; each step that fails prints a line.

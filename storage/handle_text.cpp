@@ -3,19 +3,18 @@
 
 #include "diagnostics.h"
 #include "host_guards.h"
+#include "host_services.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"HandleText";
+constexpr CheckSource DIAG_SOURCE = L"HandleText";
 constexpr int kHandleBufferLength = 17;
 
 }  // namespace
 
 std::wstring handleText(const AcDbObjectId& id) {
     Opened<AcDbObject> object;
-    const bool opened =
-        DIAG_CHECK(acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk);
-    if (!opened) return {};
+    if (!DIAG_CHECK(acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk)) return {};
     AcDbHandle handle;
     object->getAcDbHandle(handle);
     ACHAR text[kHandleBufferLength] = {};
@@ -24,9 +23,9 @@ std::wstring handleText(const AcDbObjectId& id) {
 }
 
 AcDbObjectId idFromHandleText(const std::wstring& text) {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
     if (text.empty() || database == nullptr) return {};
     AcDbObjectId id;
     const Acad::ErrorStatus status = database->getAcDbObjectId(id, false, AcDbHandle(text.c_str()));
-    return status == Acad::eOk ? id : AcDbObjectId();
+    return status == Acad::eUnknownHandle ? AcDbObjectId() : id;
 }

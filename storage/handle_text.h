@@ -10,5 +10,5 @@
 std::wstring handleText(const AcDbObjectId& id);
 
 /// The object with that handle in the working drawing, erased or not; the null id for an empty text
-/// or an unknown handle.
+/// or an unknown handle. With any other answer of the host the id is what it gave.
 AcDbObjectId idFromHandleText(const std::wstring& text);

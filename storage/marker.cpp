@@ -5,10 +5,11 @@
 #include "diagnostics.h"
 #include "group_naming.h"
 #include "host_guards.h"
+#include "host_services.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"Marker";
+constexpr CheckSource DIAG_SOURCE = L"Marker";
 constexpr Adesk::UInt16 kByLayer = 256;
 constexpr Adesk::UInt16 kFieldLength = 25;
 constexpr double kSamePlace = 0.01;
@@ -18,28 +19,9 @@ struct MarkerTexts {
     const std::wstring& other;
 };
 
-/// Finds a marker's block and the space that it comes to. False when the block table does not give
-/// them; the ids stay null when it has no such block.
-bool findBlockAndSpace(const std::wstring& blockName, AcDbObjectId& block, AcDbObjectId& space) {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    Opened<AcDbBlockTable> blocks;
-    const bool opened =
-        DIAG_CHECK(database != nullptr &&
-                   database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
-    if (!opened) return false;
-    if (!blocks->has(blockName.c_str())) {
-        acutPrintf(L"\nBlock definition %s not found. ", blockName.c_str());
-        return true;
-    }
-    const bool found = DIAG_CHECK(blocks->getAt(blockName.c_str(), block) == Acad::eOk);
-    if (found) space = currentSpaceId(*blocks.get());
-    return found;
-}
-
 bool openBlock(const AcDbBlockReference& reference, Opened<AcDbBlockTableRecord>& block) {
-    const bool opened = DIAG_CHECK(
+    return DIAG_CHECK(
         acdbOpenObject(block.receive(), reference.blockTableRecord(), AcDb::kForRead) == Acad::eOk);
-    return opened;
 }
 
 /// Appends an attribute made after `definition` to the reference.
@@ -61,9 +43,11 @@ void appendAttribute(AcDbBlockReference& reference, const AcDbAttributeDefinitio
 void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
                       const AcGePoint3d& point, const MarkerTexts& texts) {
     Opened<AcDbBlockTableRecord> definitionRecord;
-    const bool opened =
-        DIAG_CHECK(acdbOpenObject(definitionRecord.receive(), block, AcDb::kForRead) == Acad::eOk);
-    if (!opened || !definitionRecord->hasAttributeDefinitions()) return;
+    if (!DIAG_CHECK(acdbOpenObject(definitionRecord.receive(), block, AcDb::kForRead) ==
+                    Acad::eOk) ||
+        !definitionRecord->hasAttributeDefinitions()) {
+        return;
+    }
     Iterator<AcDbBlockTableRecordIterator> entities;
     DIAG_CHECK(definitionRecord->newIterator(entities.receive()) == Acad::eOk);
     bool first = true;
@@ -77,29 +61,33 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
     }
 }
 
-/// Opens the first attribute of the reference; stays empty when it has none. False when the host
-/// refuses.
-bool openFirstAttribute(AcDbBlockReference& reference, Opened<AcDbAttribute>& attribute) {
-    const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
-    if (!attributes || attributes->done()) return true;
-    const bool opened =
-        DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
-                                           AcDb::kForRead) == Acad::eOk);
-    return opened;
-}
+/// Tag and text of an entity's first attribute; empty when it has none.
+struct FirstAttribute {
+    std::wstring tag;
+    std::wstring text;
+};
 
-/// Opens the first attribute of an entity; stays empty when it has none. False when the host does
-/// not let the entity be read.
-bool openFirstAttribute(const AcDbObjectId& entityId, Opened<AcDbEntity>& entity,
-                        Opened<AcDbAttribute>& attribute) {
+/// False when the host does not let the entity be read.
+bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first) {
     if (entityId.isErased()) return true;
+    Opened<AcDbEntity> entity;
     const bool opened =
         DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
     AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
     if (reference == nullptr) return opened;
     Opened<AcDbBlockTableRecord> block;
-    return openBlock(*reference, block) &&
-           (!block->hasAttributeDefinitions() || openFirstAttribute(*reference, attribute));
+    if (!openBlock(*reference, block)) return false;
+    if (!block->hasAttributeDefinitions()) return true;
+    const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
+    if (!attributes || attributes->done()) return true;
+    Opened<AcDbAttribute> attribute;
+    if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
+                                             AcDb::kForRead) == Acad::eOk)) {
+        return false;
+    }
+    first.tag = attribute->tagConst();
+    first.text = attribute->textStringConst();
+    return true;
 }
 
 AcGeTol placeTolerance() {
@@ -117,10 +105,10 @@ void rewriteAttributes(AcDbBlockReference& reference, const AcGePoint3d& point,
         const std::wstring& text = first ? texts.first : texts.other;
         first = false;
         Opened<AcDbAttribute> attribute;
-        const bool opened =
-            DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
-                                               AcDb::kForWrite) == Acad::eOk);
-        if (!opened) continue;
+        if (!DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
+                                                AcDb::kForWrite) == Acad::eOk)) {
+            continue;
+        }
         if (!attribute->position().isEqualTo(point, tolerance)) {
             DIAG_CHECK(attribute->setPosition(point) == Acad::eOk);
         }
@@ -135,54 +123,63 @@ bool blockHasAttributeDefinitions(const AcDbBlockReference& reference) {
     return openBlock(reference, block) && block->hasAttributeDefinitions();
 }
 
-bool insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
-                  const std::wstring& firstText, const std::wstring& otherText) {
+Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
+                       const std::wstring& firstText, const std::wstring& otherText) {
+    AcDbDatabase* database = workingDatabase();
+    if (database == nullptr) return Insertion::kRefused;
+    Opened<AcDbBlockTable> blocks;
+    if (!DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk)) {
+        return Insertion::kRefused;
+    }
+    if (!blocks->has(blockName.c_str())) {
+        acutPrintf(L"\nBlock definition %s not found. ", blockName.c_str());
+        return Insertion::kNoBlock;
+    }
     AcDbObjectId block;
-    AcDbObjectId spaceId;
-    if (!findBlockAndSpace(blockName, block, spaceId)) return false;
-    if (block.isNull()) return true;
     Opened<AcDbBlockTableRecord> space;
-    const bool opened =
-        DIAG_CHECK(acdbOpenObject(space.receive(), spaceId, AcDb::kForWrite) == Acad::eOk);
-    if (!opened) return false;
+    if (!DIAG_CHECK(blocks->getAt(blockName.c_str(), block) == Acad::eOk) ||
+        !DIAG_CHECK(blocks->getAt(currentSpaceName().c_str(), space.receive(), AcDb::kForWrite) ==
+                    Acad::eOk)) {
+        return Insertion::kRefused;
+    }
+    blocks.close();
 
     NewObject<AcDbBlockReference> reference(new AcDbBlockReference(point, block));
     DIAG_CHECK(reference->setScaleFactors(AcGeScale3d(1.0)) == Acad::eOk);
-    DIAG_CHECK(reference->setLayer((groupPrefix() + GroupSuffix::kLayer).c_str()) == Acad::eOk);
+    DIAG_CHECK(reference->setLayer((groupPrefix() + GroupSuffix::kLayer).c_str(), Adesk::kTrue) ==
+               Acad::eOk);
     DIAG_CHECK(reference->setColorIndex(kByLayer) == Acad::eOk);
     DIAG_CHECK(reference->setLinetype(L"BYLAYER") == Acad::eOk);
-    const bool appended = DIAG_CHECK(space->appendAcDbEntity(reference.get()) == Acad::eOk);
-    if (appended) appendAttributes(*reference.get(), block, point, {firstText, otherText});
-    return appended;
+    if (!DIAG_CHECK(space->appendAcDbEntity(reference.get()) == Acad::eOk)) {
+        return Insertion::kRefused;
+    }
+    appendAttributes(*reference.get(), block, point, {firstText, otherText});
+    return Insertion::kDone;
 }
 
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted) {
-    Opened<AcDbEntity> entity;
-    Opened<AcDbAttribute> attribute;
-    openFirstAttribute(entityId, entity, attribute);
-    if (!attribute) return {};
-    const std::wstring tag = attribute->tagConst();
-    if (wanted == MarkerText::kTag) return tag;
+    FirstAttribute first;
+    readFirstAttribute(entityId, first);
+    if (wanted == MarkerText::kTag || first.tag.empty()) return first.tag;
     const std::wstring prefix = groupPrefix();
-    const bool marker =
-        tag == prefix + GroupSuffix::kEndMarker || tag == prefix + GroupSuffix::kBeginMarker;
-    return marker ? attribute->textStringConst() : L"";
+    const bool marker = first.tag == prefix + GroupSuffix::kEndMarker ||
+                        first.tag == prefix + GroupSuffix::kBeginMarker;
+    return marker ? first.text : L"";
 }
 
 bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag) {
-    Opened<AcDbEntity> entity;
-    Opened<AcDbAttribute> attribute;
-    const bool readable = openFirstAttribute(entityId, entity, attribute);
-    tag = attribute ? attribute->tagConst() : L"";
+    FirstAttribute first;
+    const bool readable = readFirstAttribute(entityId, first);
+    tag = first.tag;
     return readable;
 }
 
 void updateMarker(const AcDbObjectId& markerId, const AcGePoint3d& point,
                   const std::wstring& firstText, const std::wstring& otherText) {
     Opened<AcDbBlockReference> reference;
-    const bool opened =
-        DIAG_CHECK(acdbOpenObject(reference.receive(), markerId, AcDb::kForWrite) == Acad::eOk);
-    if (!opened) return;
+    if (!DIAG_CHECK(acdbOpenObject(reference.receive(), markerId, AcDb::kForWrite) == Acad::eOk)) {
+        return;
+    }
     if (!reference->position().isEqualTo(point, placeTolerance())) {
         DIAG_CHECK(reference->setPosition(point) == Acad::eOk);
     }

@@ -11,12 +11,17 @@
 /// What readMarkerText gives.
 enum class MarkerText { kTag, kText };
 
-/// Appends a marker of block `blockName` at `point` to the current space, where it is then the last
-/// entity (acdbEntLast). Its first attribute gets `firstText`, every later one `otherText`. False
-/// when the host refuses: then the last entity is no marker. A block that the drawing lacks is no
-/// refusal: a line is printed, nothing is inserted, and the last entity stands in for the marker.
-bool insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
-                  const std::wstring& firstText, const std::wstring& otherText);
+/// What became of a marker that was to be inserted.
+enum class Insertion {
+    kDone,     ///< it is the last entity (acdbEntLast) now
+    kNoBlock,  ///< the drawing lacks the block: a line is printed, the drawing is as it was
+    kRefused   ///< by the host; the drawing is as it was
+};
+
+/// Appends a marker of block `blockName` at `point` to the current space. Its first attribute gets
+/// `firstText`, every later one `otherText`.
+Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
+                       const std::wstring& firstText, const std::wstring& otherText);
 
 /// The tag of the entity's first attribute or, for kText, that attribute's text when the tag is a
 /// marker tag (compared exactly). Empty for anything but a block reference with attributes.

@@ -5,10 +5,11 @@
 #include "group_layer.h"
 #include "group_naming.h"
 #include "host_guards.h"
+#include "host_services.h"
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"MarkerBlock";
+constexpr CheckSource DIAG_SOURCE = L"MarkerBlock";
 constexpr Adesk::UInt16 kGroupLayerColor = 7;
 constexpr double kAttributeHeight = 1.0;
 constexpr Adesk::UInt16 kFieldLength = 25;
@@ -36,22 +37,19 @@ void setProperties(AcDbAttributeDefinition& definition, const std::wstring& bloc
 void appendDefinition(AcDbBlockTableRecord& block, const std::wstring& blockName,
                       const std::wstring& layerName, Place place) {
     NewObject<AcDbAttributeDefinition> definition(new AcDbAttributeDefinition);
-    if (place == Place::kBelowFirst) {
-        // By the height that a new definition reports, not by the one that it is given below.
-        DIAG_CHECK(definition->setPosition(AcGePoint3d(0.0, -definition->height(), 0.0)) ==
-                   Acad::eOk);
-    }
+    // Below by the height that a new definition reports, not by the one that it is given.
+    const double y = place == Place::kBelowFirst ? -definition->height() : 0.0;
+    DIAG_CHECK(definition->setPosition(AcGePoint3d(0.0, y, 0.0)) == Acad::eOk);
     setProperties(*definition.get(), blockName, layerName);
     DIAG_CHECK(block.appendAcDbEntity(definition.get()) == Acad::eOk);
 }
 
 bool blockMissing(const std::wstring& blockName) {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
+    if (database == nullptr) return false;
     Opened<AcDbBlockTable> blocks;
-    const bool opened =
-        DIAG_CHECK(database != nullptr &&
-                   database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk);
-    return opened && !blocks->has(blockName.c_str());
+    return DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk) &&
+           !blocks->has(blockName.c_str());
 }
 
 /// Id of the linetype of the group layer; false when the linetype table cannot be opened.
@@ -68,7 +66,7 @@ bool groupLinetype(AcDbDatabase* database, AcDbObjectId& linetype) {
 }  // namespace
 
 void createMarkerBlock(AcDbObjectId& blockId, const std::wstring& blockName) {
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* database = workingDatabase();
     AcDbObjectId linetype;
     if (!groupLinetype(database, linetype)) {
         // The wording names the layer table; users know the message in this form.
@@ -84,11 +82,10 @@ void createMarkerBlock(AcDbObjectId& blockId, const std::wstring& blockName) {
     DIAG_CHECK(block->setName(blockName.c_str()) == Acad::eOk);
     DIAG_CHECK(block->setOrigin(AcGePoint3d::kOrigin) == Acad::eOk);
     Opened<AcDbBlockTable> blocks;
-    const bool opened =
-        DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForWrite) == Acad::eOk);
-    if (!opened) return;
-    const bool added = DIAG_CHECK(blocks->add(blockId, block.get()) == Acad::eOk);
-    if (!added) return;
+    if (!DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForWrite) == Acad::eOk) ||
+        !DIAG_CHECK(blocks->add(blockId, block.get()) == Acad::eOk)) {
+        return;
+    }
     appendDefinition(*block.get(), blockName, layerName, Place::kFirst);
     if (blockName == prefix + GroupSuffix::kBeginMarker) {
         appendDefinition(*block.get(), blockName, layerName, Place::kBelowFirst);

@@ -1,6 +1,8 @@
 // Walks drawing order to find and verify the group of an entity.
 #include "membership.h"
 
+#include <utility>
+
 #include "diagnostics.h"
 #include "group_naming.h"
 #include "handle_text.h"
@@ -9,8 +11,7 @@
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"Membership";
-constexpr int kListGrowth = 8;
+constexpr CheckSource DIAG_SOURCE = L"Membership";
 constexpr int kCountAttribute = 2;
 
 std::wstring handleTextOf(const ads_name name) {
@@ -32,11 +33,20 @@ AcDbObjectId sequenceEndToStepOver(AcDbEntity& entity) {
     return end ? end->objectId() : AcDbObjectId();
 }
 
+/// Says what a walk came to; true when it found a group.
+bool announce(const GroupVerdict& verdict) {
+    if (!verdict.found) {
+        acedPrompt(L"\n\tSome are not grouped entities.");
+    } else if (verdict.missing > 0) {
+        acutPrintf(L"\nNote: %d member(s) missing from original Group.", verdict.missing);
+    }
+    return verdict.found;
+}
+
 /// One run of the walk. Each look at an entity either collects a member or, at a marker, moves on.
 class GroupWalk {
   public:
-    explicit GroupWalk(const AcDbObjectId& start)
-        : m_startText(handleText(start)), m_members(0, kListGrowth) {
+    explicit GroupWalk(const AcDbObjectId& start) : m_startText(handleText(start)) {
         const std::wstring prefix = groupPrefix();
         m_beginTag = prefix + GroupSuffix::kBeginMarker;
         m_endTag = prefix + GroupSuffix::kEndMarker;
@@ -50,24 +60,38 @@ class GroupWalk {
         while (m_text != m_startText && !m_abort && !current.isNull()) {
             if (visit(current) == Step::kMember) {
                 m_members.append(current);
+                if (!m_beginFound) m_beforeEnd = m_members.length();
                 m_text = nextEntityHandle(current);
             }
             current = idFromHandleText(m_text);
         }
     }
 
-    /// True when the walk found a whole group; `group` then receives it.
-    bool result(AcDbObjectIdArray& group) {
-        const int found = m_members.length();
-        if (m_abort || !m_beginFound || found > m_count) return false;
-        if (found < m_count) {
-            acutPrintf(L"\nNote: %d member(s) missing from original Group.", m_count - found);
-        }
-        m_members.insertAt(0, m_begin);
-        m_members.append(m_end);
+    GroupVerdict verdict() const {
+        const int missing = m_count - m_members.length();
+        return {!m_abort && m_beginFound && missing >= 0, missing};
+    }
+
+    /// The group in the order of verifyGroup, once it was found.
+    void give(AcDbObjectIdArray& group) const {
         group.setLogicalLength(0);
+        group.append(m_begin);
         group.append(m_members);
-        return true;
+        group.append(m_end);
+    }
+
+    /// Leaves of the members those from which a walk would come to the same; the start is one. None
+    /// when that is not certain.
+    AcDbObjectIdArray takeSharers() {
+        int sharers = m_beforeEnd;
+        // A walk that has found its begin marker may still depend on where it began, unless first
+        // member to last, end marker and begin marker are one ring.
+        if (!m_abort && !m_named.isNull()) {
+            const bool ring = m_text == m_startText && m_oneBegin && !isMarker(m_members.first());
+            sharers = ring ? m_members.length() : 0;
+        }
+        m_members.setLogicalLength(sharers);
+        return std::move(m_members);
     }
 
   private:
@@ -75,6 +99,7 @@ class GroupWalk {
 
     /// Looks at the entity's attributes; kMember when nothing makes it a marker.
     Step visit(const AcDbObjectId& current) {
+        const bool named = std::exchange(m_jumped, false);
         Opened<AcDbEntity> entity;
         DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), current, AcDb::kForRead) == Acad::eOk);
         AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
@@ -86,16 +111,17 @@ class GroupWalk {
         const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
         for (; attributes && !attributes->done(); attributes->step()) {
             Opened<AcDbAttribute> attribute;
-            const bool opened =
-                DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
-                                                    AcDb::kForRead) == Acad::eOk);
-            if (!opened) break;
+            if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
+                                                     AcDb::kForRead) == Acad::eOk)) {
+                break;
+            }
             const std::wstring tag = attribute->tagConst();
             if (tag == m_endTag) {
                 step = meetEndMarker(current, *attribute.get());
             } else if (tag == m_beginTag) {
                 m_begin = current;
                 if (!m_beginFound) return abandon();
+                if (!named) m_oneBegin = false;
                 if (index == kCountAttribute) step = readCount(*attribute.get());
                 ++index;
             } else {
@@ -108,8 +134,10 @@ class GroupWalk {
     Step meetEndMarker(const AcDbObjectId& current, const AcDbAttribute& attribute) {
         if (m_beginFound) return abandon();
         m_beginFound = true;
+        m_jumped = true;
         m_text = attribute.textStringConst();
         m_begin = idFromHandleText(m_text);
+        m_named = m_begin;
         m_end = current;
         return Step::kMoved;
     }
@@ -128,19 +156,28 @@ class GroupWalk {
 
     Step abandon() {
         m_abort = true;
-        m_members.setLogicalLength(0);
         return Step::kMoved;
+    }
+
+    /// True also for what cannot be read.
+    bool isMarker(const AcDbObjectId& id) const {
+        std::wstring tag;
+        return !readMarkerTag(id, tag) || tag == m_beginTag || tag == m_endTag;
     }
 
     std::wstring m_beginTag;
     std::wstring m_endTag;
     std::wstring m_startText;
     std::wstring m_text;  // handle text of the entity that comes next
-    AcDbObjectIdArray m_members;
+    AcDbObjectIdArray m_members{0, kIdListGrowth};
     AcDbObjectId m_begin;
     AcDbObjectId m_end;
+    AcDbObjectId m_named;  // what the end marker names
     int m_count = 0;
+    int m_beforeEnd = 1;  // members up to the end marker
     bool m_beginFound = false;
+    bool m_jumped = false;   // the next look is at what the end marker names
+    bool m_oneBegin = true;  // no begin marker stands elsewhere
     bool m_abort = false;
 };
 
@@ -150,9 +187,7 @@ std::wstring nextEntityHandle(const AcDbObjectId& entityId) {
     ads_name name = {};
     if (acdbGetAdsName(name, entityId) != Acad::eOk) return {};
     Opened<AcDbEntity> entity;
-    const bool opened =
-        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
-    if (opened) {
+    if (DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk)) {
         const AcDbObjectId end = sequenceEndToStepOver(*entity.get());
         if (!end.isNull()) {
             DIAG_CHECK(acdbGetAdsName(name, end) == Acad::eOk);
@@ -167,7 +202,28 @@ std::wstring nextEntityHandle(const AcDbObjectId& entityId) {
 bool verifyGroup(AcDbObjectIdArray& group, const AcDbObjectId& start) {
     GroupWalk walk(start);
     walk.run();
-    if (walk.result(group)) return true;
-    acedPrompt(L"\n\tSome are not grouped entities.");
-    return false;
+    const bool found = announce(walk.verdict());
+    if (found) walk.give(group);
+    return found;
+}
+
+bool GroupSearch::verify(AcDbObjectIdArray& group, const AcDbObjectId& start) {
+    // Only now: a search that is asked once does not pay for the next question.
+    for (int i = 0; i < m_lastSharers.length(); ++i) {
+        m_known.add(m_lastSharers[i], m_lastVerdict);
+    }
+    m_lastSharers.setLogicalLength(0);
+    if (const GroupVerdict* known = m_known.find(start)) {
+        if (!announce(*known)) return false;
+        group.setLogicalLength(0);
+        group.append(start);
+        return true;
+    }
+    GroupWalk walk(start);
+    walk.run();
+    m_lastVerdict = walk.verdict();
+    const bool found = announce(m_lastVerdict);
+    if (found) walk.give(group);
+    m_lastSharers = walk.takeSharers();
+    return found;
 }

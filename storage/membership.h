@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "object_ids.h"
 #include "platform.h"
 
 /// Handle text of the entity that follows in drawing order, or an empty text behind the last one.
@@ -16,3 +17,24 @@ std::wstring nextEntityHandle(const AcDbObjectId& entityId);
 /// from the first on to the one before `start`, and the end marker; missing members are announced.
 /// Otherwise a line is printed, the result is false and `group` stays as it was.
 bool verifyGroup(AcDbObjectIdArray& group, const AcDbObjectId& start);
+
+/// What a walk came to: whether there is a group and how many of its members are gone.
+struct GroupVerdict {
+    bool found = false;
+    int missing = 0;
+};
+
+/// Answers for many entities while the drawing stays as it is, and walks each group once: from
+/// another member the walk would give the same members in a turned order. It knows nothing of the
+/// drawing beyond that and has to end before the drawing changes.
+class GroupSearch {
+  public:
+    /// As verifyGroup, lines printed included. Of a group that was given before, `group` receives
+    /// `start` alone.
+    bool verify(AcDbObjectIdArray& group, const AcDbObjectId& start);
+
+  private:
+    IdMap<GroupVerdict> m_known;
+    AcDbObjectIdArray m_lastSharers{0, kIdListGrowth};  ///< of the last verdict, not in m_known yet
+    GroupVerdict m_lastVerdict;
+};

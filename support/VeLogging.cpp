@@ -10,13 +10,13 @@ CVelmoLogging* G_pLoggingObject = NULL;
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"VeLogging";
+constexpr CheckSource DIAG_SOURCE = L"VeLogging";
 
 /// The lines that the checks of this source report, fixed so that reports of different releases
 /// stay comparable.
-constexpr int kCreateCheckLine = 21;
-constexpr int kDestructorCheckLine = 62;
-constexpr int kUseCheckLine = 69;
+constexpr CheckSite kCreateCheck{DIAG_SOURCE, 21};
+constexpr CheckSite kDestructorCheck{DIAG_SOURCE, 62};
+constexpr CheckSite kUseCheck{DIAG_SOURCE, 69};
 
 }  // namespace
 
@@ -29,16 +29,16 @@ CVelmoLogging::CVelmoLogging(const std::wstring& sApplicationName, const std::ws
     : m_pLogSession(new (std::nothrow) CLogSession(sApplicationName, sVersion)) {}
 
 CVelmoLogging::~CVelmoLogging() {
-    DIAG_ASSERT_AT(kDestructorCheckLine, m_pLogSession != NULL, L"m_pLogSession != NULL");
+    DIAG_ASSERT_AT(kDestructorCheck, m_pLogSession != NULL, L"m_pLogSession != NULL");
 }
 
 void CVelmoLogging::log(const std::wstring& sText) {
-    DIAG_ASSERT_AT(kUseCheckLine, m_pLogSession != NULL, L"m_pLogSession != NULL");
+    DIAG_ASSERT_AT(kUseCheck, m_pLogSession != NULL, L"m_pLogSession != NULL");
     if (m_pLogSession != NULL) m_pLogSession->log(sText);
 }
 
 void createLogging(const std::wstring& sApplicationName, const std::wstring& sVersion) {
-    DIAG_ASSERT_AT(kCreateCheckLine, G_pLoggingObject == NULL, L"G_pLoggingObject == NULL");
+    DIAG_ASSERT_AT(kCreateCheck, G_pLoggingObject == NULL, L"G_pLoggingObject == NULL");
     G_pLoggingObject = new (std::nothrow) CVelmoLogging(sApplicationName, sVersion);
 }
 

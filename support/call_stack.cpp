@@ -9,8 +9,9 @@
 
 namespace {
 
-/// Older Windows versions walk no more frames than this.
-constexpr DWORD kMostFrames = 62;
+/// Older Windows versions walk fewer than 63 frames, those skipped included.
+constexpr DWORD kSkippedFrames = 1;
+constexpr DWORD kMostFrames = 62 - kSkippedFrames;
 
 std::wstring frameText(void* address) {
     HMODULE hModule = NULL;
@@ -30,7 +31,7 @@ std::wstring frameText(void* address) {
 
 std::wstring callStackText() {
     void* frames[kMostFrames] = {};
-    const WORD count = ::RtlCaptureStackBackTrace(1, kMostFrames, frames, NULL);
+    const WORD count = ::RtlCaptureStackBackTrace(kSkippedFrames, kMostFrames, frames, NULL);
     std::wstring text;
     for (WORD i = 0; i < count; ++i)
         text += frameText(frames[i]);

@@ -3,5 +3,5 @@
 
 #include <string>
 
-/// One line a frame, innermost first: "VelmoGroup.arx + 0x1A2B". At most 62 frames.
+/// One line a frame, innermost first: "VelmoGroup.arx + 0x1A2B". At most 61 frames.
 std::wstring callStackText();

@@ -86,7 +86,9 @@ bool appendText(const std::wstring& name, const std::wstring& text) {
 bool appendOnce(const std::wstring& name, const std::wstring& text) {
     const OpenResult state = tryOpen(name);
     if (state == OpenResult::Failed) return false;
-    if (state == OpenResult::Missing && !appendText(name, logHeader())) return false;
+    if (state == OpenResult::Missing && !appendText(name, logHeader(diagnosticsFolder()))) {
+        return false;
+    }
     return appendText(name, text);
 }
 

@@ -12,7 +12,7 @@ DiagnosticsSettings G_diagnostics = {};
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"Diagnostics";
+constexpr CheckSource DIAG_SOURCE = L"Diagnostics";
 
 /// In the narrow character set of the system; characters outside it become its default character.
 std::string narrowText(const std::wstring& text) {
@@ -33,11 +33,21 @@ void writeStandardOutput(const std::wstring& text) {
     ::WriteFile(output, narrow.data(), static_cast<DWORD>(narrow.size()), &written, NULL);
 }
 
+/// Holds a flag up, also when an exception passes by.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Raised() { m_flag = false; }
+
+  private:
+    bool& m_flag;
+};
+
 }  // namespace
 
-bool checkAssertion(bool holds, const wchar_t* source, int line, const wchar_t* expression) {
+bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression) {
     if (holds || !G_diagnostics.assertionsEnabled) return holds;
-    reportAssertion(source, line, expression);
+    reportAssertion(site.source.name, site.source.addedLines + site.line, expression);
     if (::IsDebuggerPresent()) ::DebugBreak();
     return holds;
 }
@@ -74,8 +84,9 @@ void logDiagnosticText(const std::wstring& text) {
     static bool reportingFolder = false;
     if (reportingFolder) return;
     const bool folderIsThere = createDiagnosticsFolder();
-    reportingFolder = true;
-    DIAG_ASSERT(folderIsThere, L"KestFile::RecursiveCreateDirectory(sDirectory)");
-    reportingFolder = false;
+    {
+        const Raised reporting(reportingFolder);
+        DIAG_ASSERT(folderIsThere, L"KestFile::RecursiveCreateDirectory(sDirectory)");
+    }
     appendToWorkingLog(text);
 }

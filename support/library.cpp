@@ -13,7 +13,7 @@ HMODULE G_hCurrentModule = NULL;
 
 namespace {
 
-constexpr wchar_t DIAG_SOURCE[] = L"Library";
+constexpr CheckSource DIAG_SOURCE = L"Library";
 
 bool finaliseAtShutDown = false;
 
@@ -64,7 +64,7 @@ void finaliseLog() {
 void initialiseLibrary(const CString& sApplicationName, HMODULE hModule, bool createCrashDumper,
                        bool finaliseLog) {
     DIAG_ASSERT(!G_bLibraryInitialised, L"!G_bLibraryInitialised");
-    DIAG_ASSERT(!CString(sApplicationName).IsEmpty(), L"!CString(sApplicationName).IsEmpty()");
+    DIAG_ASSERT(!sApplicationName.IsEmpty(), L"!CString(sApplicationName).IsEmpty()");
     G_sApplicationName = sApplicationName;
     G_hCurrentModule = hModule;
     finaliseAtShutDown = finaliseLog;

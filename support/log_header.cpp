@@ -3,7 +3,6 @@
 
 #include <vector>
 
-#include "diagnostic_log.h"
 #include "library.h"
 #include "module_file.h"
 #include "platform.h"
@@ -81,7 +80,7 @@ std::wstring processorLine() {
 
 }  // namespace
 
-std::wstring logHeader() {
+std::wstring logHeader(const std::wstring& diagnosticsFolder) {
     std::wstring text = L"Diagnostics started: " + localTimeText(L"%c") + L"\n";
     text += L"::HostName=" + computerName() + L"\n";
     for (const ReportedValue& reported : kReported) {
@@ -91,6 +90,6 @@ std::wstring logHeader() {
     }
     text += processorLine();
     text += L"PathLocation::Module=" + modulePath(G_hCurrentModule) + L"\n";
-    text += L"PathLocation::Diagnostics=" + diagnosticsFolder() + L"\n";
+    text += L"PathLocation::Diagnostics=" + diagnosticsFolder + L"\n";
     return text + L":-------------------------\n";
 }

@@ -4,5 +4,6 @@
 #include <string>
 
 /// Begins with "Diagnostics started: " and the local time, ends with a ruler line; every line has
-/// its line end. Values that the machine does not have are left out.
-std::wstring logHeader();
+/// its line end. Values that the machine does not have are left out. `diagnosticsFolder` is where
+/// the log stands.
+std::wstring logHeader(const std::wstring& diagnosticsFolder);

@@ -2,6 +2,7 @@
 #include "boundary.h"
 #include "document_data.h"
 #include "GroupCommands.h"
+#include "host_services.h"
 #include "pick_reactor.h"
 
 namespace {
@@ -20,7 +21,7 @@ bool pastesGroups(const ACHAR* name) {
 /// Everything behind the drawing's last entity of now will be a copy.
 void markEndOfDrawing() {
     ads_name last = {};
-    acdbEntLast(last);
+    acdbEntLast(last);  // in an empty drawing there is none, and the id becomes null
     acdbGetObjectId(docData().m_idLastBeforeCommand, last);
 }
 
@@ -73,6 +74,6 @@ void KESTpickGroupEnt::commandCancelled(const ACHAR* name) {
 
 void KESTpickGroupEnt::beginSave(AcDbDatabase* database, const ACHAR*) {
     withinBoundary([&] {
-        if (database == acdbHostApplicationServices()->workingDatabase()) updateAllGroups();
+        if (database == workingDatabase()) updateAllGroups();
     });
 }

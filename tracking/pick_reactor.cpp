@@ -1,23 +1,20 @@
 // Widens pick-first selections to whole groups.
 #include "pick_reactor.h"
 
+#include <vector>
+
 #include "boundary.h"
 #include "document_data.h"
 #include "group_record.h"
 #include "grouping_mode.h"
 #include "host_guards.h"
+#include "host_services.h"
 #include "membership.h"
+#include "object_ids.h"
 
 namespace {
 
-constexpr int kListGrowth = 8;
-
-/// The host's editor, or null when there is none.
-AcEditor* editor() {
-    AcRxObject* object = acrxSysRegistry()->at(L"AcEditor");
-    if (object == nullptr || !object->isA()->isDerivedFrom(AcEditor::desc())) return nullptr;
-    return static_cast<AcEditor*>(object);
-}
+AcEditor* editor() { return hostService<AcEditor>(L"AcEditor"); }
 
 /// True when the host variable can be read and is 0.
 bool variableIsZero(const wchar_t* name) {
@@ -25,10 +22,9 @@ bool variableIsZero(const wchar_t* name) {
     return acedGetVar(name, &value) == RTNORM && value.resval.rint == 0;
 }
 
-/// Ids of a selection set in its order; the set is freed.
-AcDbObjectIdArray takeIds(const ads_name set) {
-    const FreedOnThrow guard(set);
-    AcDbObjectIdArray ids(0, kListGrowth);
+/// Ids of a selection set in its order.
+AcDbObjectIdArray idsOf(const ads_name set) {
+    AcDbObjectIdArray ids(0, kIdListGrowth);
     Adesk::Int32 length = 0;
     if (acedSSLength(set, &length) != RTNORM) length = 0;
     for (Adesk::Int32 i = 0; i < length; ++i) {
@@ -38,7 +34,6 @@ AcDbObjectIdArray takeIds(const ads_name set) {
         acdbGetObjectId(id, name);
         ids.append(id);
     }
-    acedSSFree(set);
     return ids;
 }
 
@@ -47,56 +42,70 @@ bool readPickfirst(AcDbObjectIdArray& ids) {
     ResultBuffers grips;
     ResultBuffers picks;
     if (acedSSGetFirst(grips.receive(), picks.receive()) != RTNORM) return false;
-    docData().m_bReactToPickfirst = false;
-    ads_name set = {};
+    OwnedSelection set;
     if (picks.get() != nullptr && picks.get()->restype == RTPICKS) {
-        ads_name_set(picks.get()->resval.rlname, set);
+        ads_name_set(picks.get()->resval.rlname, set.name());
     }
-    ids = takeIds(set);
+    ids = idsOf(set.name());
     return true;
 }
 
-/// What of `before` is not in `now`, in the order of `before`.
-AcDbObjectIdArray droppedIds(const AcDbObjectIdArray& before, const AcDbObjectIdArray& now) {
-    AcDbObjectIdArray dropped(0, kListGrowth);
-    for (int i = 0; i < before.length(); ++i) {
-        if (!now.contains(before[i])) dropped.append(before[i]);
+/// What of `ids` is not in `others`, in the order of `ids`.
+AcDbObjectIdArray without(const AcDbObjectIdArray& ids, const IdSet& others) {
+    AcDbObjectIdArray rest(0, kIdListGrowth);
+    for (int i = 0; i < ids.length(); ++i) {
+        if (!others.has(ids[i])) rest.append(ids[i]);
     }
-    return dropped;
+    return rest;
 }
 
-/// Members of the group of `id`; empty when it is in none that can be walked.
-AcDbObjectIdArray groupOf(const AcDbObjectId& id) {
-    AcDbObjectIdArray members(0, kListGrowth);
-    if (isGroupedEntity(id) && verifyGroup(members, id)) {
-        docData().m_bSelectionHasGroups = true;
-        return members;
-    }
-    return AcDbObjectIdArray(0, kListGrowth);
+/// Finds the group of `id`, as GroupSearch gives it; false when it is in none that can be walked.
+bool findGroup(GroupSearch& search, const AcDbObjectId& id, AcDbObjectIdArray& group) {
+    if (!isGroupedEntity(id) || !search.verify(group, id)) return false;
+    docData().m_bSelectionHasGroups = true;
+    return true;
 }
 
-/// Widens the picks from position `first` on. It goes by position over the list as it stands at
-/// each step and does not look again at what moved, on purpose.
-void addGroupsOfPicks(AcDbObjectIdArray& current, int first) {
-    const int steps = current.length() - first;
-    for (int step = 0; step < steps && first + step < current.length(); ++step) {
-        const AcDbObjectId id = current[first + step];
-        const AcDbObjectIdArray members = groupOf(id);
-        if (members.isEmpty()) continue;
-        current.remove(id);  // it comes back below, in the order of its group
-        for (int i = 0; i < members.length(); ++i) {
-            if (!current.contains(members[i])) current.append(members[i]);
+/// Widens the picks from position `first` on: each that has a group is taken out and comes back in
+/// the order of its group, behind all others, with what of the group is not in the list yet. The
+/// walk goes by position and does not look again at what moved, on purpose: what moves up into the
+/// place of a pick is passed over, and what was appended may be met.
+AcDbObjectIdArray withGroupsOfPicks(AcDbObjectIdArray ids, int first) {
+    GroupSearch search;
+    IdSet present(ids);
+    std::vector<int>
+        gaps;  // places of what was taken out, lowest first; they are closed at the end
+    AcDbObjectIdArray group(0, kIdListGrowth);
+    int place = first;
+    for (int steps = ids.length() - first; steps > 0; --steps, ++place) {
+        const AcDbObjectId id = ids[place];
+        if (!findGroup(search, id, group)) continue;
+        gaps.push_back(place++);
+        for (int i = 0; i < group.length(); ++i) {
+            if (group[i] == id || present.add(group[i])) ids.append(group[i]);
         }
     }
-}
-
-void removeGroupsOfDropped(AcDbObjectIdArray& current, const AcDbObjectIdArray& dropped) {
-    for (int step = 0; step < dropped.length(); ++step) {
-        const AcDbObjectIdArray members = groupOf(dropped[step]);
-        for (int i = 0; i < members.length(); ++i) {
-            current.remove(members[i]);
+    AcDbObjectIdArray widened(0, kIdListGrowth);
+    auto gap = gaps.begin();
+    for (int i = 0; i < ids.length(); ++i) {
+        if (gap == gaps.end() || i != *gap) {
+            widened.append(ids[i]);
+        } else {
+            ++gap;
         }
     }
+    return widened;
+}
+
+/// What is left of `ids` without the whole groups of what was dropped.
+AcDbObjectIdArray withoutGroupsOf(const AcDbObjectIdArray& dropped, const AcDbObjectIdArray& ids) {
+    GroupSearch search;
+    IdSet leaving;
+    AcDbObjectIdArray group(0, kIdListGrowth);
+    for (int i = 0; i < dropped.length(); ++i) {
+        if (findGroup(search, dropped[i], group)) leaving.add(group);
+    }
+    return without(ids, leaving);
 }
 
 /// Makes a selection set of the ids; without ids none is made. A failure leaves a partial set.
@@ -114,18 +123,6 @@ void makeSet(const AcDbObjectIdArray& ids, ads_name set) {
     }
 }
 
-/// Makes `ids` the pick-first set and remembers them for the next change.
-void setPickfirst(const AcDbObjectIdArray& ids) {
-    ads_name set = {};
-    ads_name unused = {};
-    const FreedOnThrow guard(set);
-    makeSet(ids, set);
-    docData().m_aGatheredIds = ids;
-    acedSSSetFirst(set, unused);
-    acedSSFree(set);
-    acedSSFree(unused);
-}
-
 /// Widens the pick-first set, or what is left of it, to whole groups.
 void followPickfirst() {
     if (variableIsZero(L"PICKFIRST")) groupingOff();  // grouping needs the pick-first set
@@ -134,7 +131,7 @@ void followPickfirst() {
         docData().m_bReactToPickfirst = true;
         return;
     }
-    AcDbObjectIdArray current(0, kListGrowth);
+    AcDbObjectIdArray current(0, kIdListGrowth);
     if (!readPickfirst(current)) {
         docData().m_aGatheredIds.setLogicalLength(0);
         return;
@@ -144,19 +141,18 @@ void followPickfirst() {
         docData().m_aGatheredIds.setLogicalLength(0);
     }
     const AcDbObjectIdArray before = docData().m_aGatheredIds;
-    if (before.length() == current.length()) {
-        docData().m_bReactToPickfirst = true;  // no set will be made, so nothing is to be swallowed
-        docData().m_bReportGathering = false;
-        return;
-    }
-    docData().m_bReportGathering = true;
+    docData().m_bReportGathering = before.length() != current.length();
+    if (!docData().m_bReportGathering) return;
     acutPrintf(L"\nGathering GROUP members: ");
-    if (before.length() < current.length()) {
-        addGroupsOfPicks(current, before.length());
-    } else {
-        removeGroupsOfDropped(current, droppedIds(before, current));
-    }
-    setPickfirst(current);
+    current = before.length() < current.length()
+                  ? withGroupsOfPicks(current, before.length())
+                  : withoutGroupsOf(without(before, IdSet(current)), current);
+    OwnedSelection set;
+    makeSet(current, set.name());
+    docData().m_aGatheredIds = current;
+    docData().m_bReactToPickfirst = false;  // the change that comes of this is not to be followed
+    ads_name unused = {};
+    acedSSSetFirst(set.name(), unused);
 }
 
 }  // namespace

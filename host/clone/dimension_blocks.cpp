@@ -13,14 +13,19 @@
 namespace host {
 namespace {
 
-constexpr FieldPlace kBlockOfDimension{"AcDbDimension", 2};
+bool isTable(const ObjectBody& entity) { return trimmed(entity.type()) == "ACAD_TABLE"; }
+
+/// Where an entity names its block.
+FieldPlace blockPlace(const ObjectBody& entity) {
+    return {isTable(entity) ? "AcDbBlockReference" : "AcDbDimension", 2};
+}
 
 }  // namespace
 
-ObjectBody* pictureOf(const ObjectBody& dimension) {
-    const auto name = fieldValue(dimension.tags(), kBlockOfDimension);
+ObjectBody* pictureOf(const ObjectBody& entity) {
+    const auto name = fieldValue(entity.tags(), blockPlace(entity));
     if (!name || name->empty()) return nullptr;
-    const Store& store = *dimension.store;
+    const Store& store = *entity.store;
     ObjectBody* record = store.symbol("BLOCK_RECORD", store.decode(*name));
     return record != nullptr && !record->erased ? record : nullptr;
 }
@@ -50,18 +55,20 @@ ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& l
     return record;
 }
 
-ObjectBody& copyPicture(Store& store, ObjectBody& dimension) {
-    const ObjectBody& old = *pictureOf(dimension);
-    ObjectBody& made = makeAnonymousBlock(store, L'D', old);
+ObjectBody& copyPicture(Store& store, ObjectBody& entity) {
+    constexpr FieldPlace kRecordOfTable{"AcDbTable", 343};
+    const ObjectBody& old = *pictureOf(entity);
+    ObjectBody& made = makeAnonymousBlock(store, isTable(entity) ? L'T' : L'D', old);
     std::vector<ObjectBody*> contents;
     for (Index at = store.firstLive(old.self); at != kNoIndex; at = store.nextLive(store.at(at)))
         contents.push_back(&store.at(at));
     CloneMap map;
     copyWithOwned(store, contents, made, map);
     translateReferences(store, map);
-    std::string text(dimension.tags());
-    setFieldValue(text, kBlockOfDimension, store.encode(symbolName(made)));
-    dimension.setTags(std::move(text));
+    std::string text(entity.tags());
+    setFieldValue(text, blockPlace(entity), store.encode(symbolName(made)));
+    if (isTable(entity)) setFieldValue(text, kRecordOfTable, formatHandle(made.handle));
+    entity.setTags(std::move(text));
     return made;
 }
 

@@ -1,4 +1,4 @@
-// The anonymous blocks that hold the pictures of dimensions.
+// The anonymous blocks that hold the pictures of dimensions and tables.
 #pragma once
 
 #include <string>
@@ -9,10 +9,12 @@ namespace host {
 
 class Store;
 
-/// Record of the block that shows a dimension, or null.
-ObjectBody* pictureOf(const ObjectBody& dimension);
-/// Gives a dimension a copy of its picture in a new anonymous block; gives the new record.
-ObjectBody& copyPicture(Store& store, ObjectBody& dimension);
+/// Record of the block that shows a dimension or a table, or null. The block of a dimension is in
+/// the coordinates of the drawing, that of a table in the table's own.
+ObjectBody* pictureOf(const ObjectBody& entity);
+/// Gives a dimension or a table a copy of its picture in a new anonymous block; gives the new
+/// record.
+ObjectBody& copyPicture(Store& store, ObjectBody& entity);
 
 /// A new, empty anonymous block "*<letter><number>" with the base point of another block.
 ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& like);

@@ -9,6 +9,10 @@ namespace host {
 struct RigidMap {
     Transform map;
     bool mirrors = false;
+
+    bool isIdentity() const {
+        return !mirrors && map.origin.x == 0 && map.origin.y == 0 && map.origin.z == 0;
+    }
 };
 
 RigidMap displacement(const Vec& by);

@@ -8,6 +8,7 @@
 #include "host/store/store.h"
 #include "host/tags/tag_edit.h"
 #include "host/tags/tags.h"
+#include "host/transform/annotation_scales.h"
 #include "host/transform/transform_rules.h"
 #include "host/transform/transform_tags.h"
 
@@ -22,7 +23,10 @@ Vec extrusionOf(const ObjectBody& body) {
     return at ? tags.point(*at) : Vec{0, 0, 1};
 }
 
-bool isDimension(const ObjectBody& body) { return trimmed(body.type()) == "DIMENSION"; }
+bool isDimension(const ObjectBody& body) {
+    const std::string_view type = trimmed(body.type());
+    return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION";
+}
 
 /// True for a paragraph text that is centred in both directions.
 bool isCentredText(const ObjectBody& body) {
@@ -30,11 +34,15 @@ bool isCentredText(const ObjectBody& body) {
     return trimmed(body.type()) == "MTEXT" && integerTag(body.tags(), 71, 1) == kMiddleCentre;
 }
 
-/// An ordinate along X or Y of the drawing stays one only where the mirror line is along an axis.
-bool isSlantedOrdinate(const TagEdit& edit, const RigidMap& map) {
+bool isOrdinate(const ObjectBody& body) {
     constexpr int kTypeBits = 7, kOrdinate = 6;
+    return isDimension(body) && (integerTag(body.tags(), 70, 0) & kTypeBits) == kOrdinate;
+}
+
+/// True when a map mirrors at a line that is along neither X nor Y.
+bool isSlanted(const RigidMap& map) {
     constexpr double kLevel = 1e-12;
-    return (edit.integer(70, 0) & kTypeBits) == kOrdinate && std::fabs(map.map.x.y) > kLevel;
+    return map.mirrors && std::fabs(map.map.x.y) > kLevel;
 }
 
 /// A rotated dimension without an angle measures along X, and mirrored along the image of that.
@@ -43,15 +51,38 @@ void stateAngle(std::string& text) {
     setTag(text, 50, "0.0");
 }
 
-/// How many live dimensions show each block.
+/// True for what has an anonymous block of its own, which shows it.
+bool hasPicture(const ObjectBody& body) {
+    return (isDimension(body) || trimmed(body.type()) == "ACAD_TABLE") &&
+           pictureOf(body) != nullptr;
+}
+
+/// How many live dimensions and tables show each block.
 std::unordered_map<Index, int> countPictures(const Store& store) {
     std::unordered_map<Index, int> counts;
     for (Index at = 1; at <= store.count(); ++at) {
         const ObjectBody& body = store.at(at);
-        if (body.kind != Kind::Entity || body.erased || !isDimension(body)) continue;
-        if (const ObjectBody* picture = pictureOf(body)) ++counts[picture->self];
+        if (body.kind != Kind::Entity || body.erased || !hasPicture(body)) continue;
+        ++counts[pictureOf(body)->self];
     }
     return counts;
+}
+
+/// False when the tags hold what cannot be mapped.
+bool mapTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& frame,
+             bool staysReadable) {
+    bool isKnown = true;
+    if (rule.layout == Layout::Hatch)
+        transformHatch(edit, frame);
+    else if (rule.layout == Layout::Multileader)
+        isKnown = transformMultileader(edit, frame.world());
+    else if (staysReadable)
+        transformReadable(edit, frame);
+    else
+        transformTags(edit, rule, frame);
+    transformExtendedData(edit, frame.world());
+    if (!frame.world().isIdentity()) dropGraphics(edit);
+    return isKnown && transformEmbedded(edit, rule.type, frame.world(), staysReadable);
 }
 
 }  // namespace
@@ -69,9 +100,9 @@ bool EntityTransform::check(const ObjectBody& entity) {
 
 bool EntityTransform::planAll(const ObjectBody& entity, Texts& texts) {
     const Store& store = *entity.store;
-    if (!plan(entity, entity, false, texts)) return false;
+    if (!planOne(entity, entity, false, texts)) return false;
     for (Index at = store.firstLive(entity.self); at != kNoIndex; at = store.nextLive(store.at(at)))
-        if (!plan(store.at(at), entity, false, texts)) return false;
+        if (!planOne(store.at(at), entity, false, texts)) return false;
     return true;
 }
 
@@ -82,35 +113,40 @@ bool EntityTransform::planPicture(const ObjectBody& dimension, Texts& texts) {
     for (Index at = store.firstLive(picture->self); at != kNoIndex;) {
         const ObjectBody& entity = store.at(at);
         if (isDimension(entity)) return refuse(dimension, ": its block shows another dimension");
-        if (!plan(entity, dimension, true, texts)) return false;
+        if (!planOne(entity, dimension, true, texts)) return false;
         for (Index part = store.firstLive(at); part != kNoIndex;
              part = store.nextLive(store.at(part)))
-            if (!plan(store.at(part), dimension, true, texts)) return false;
+            if (!planOne(store.at(part), dimension, true, texts)) return false;
         at = store.nextLive(entity);
     }
     return true;
 }
 
-bool EntityTransform::plan(const ObjectBody& body, const ObjectBody& main, bool inPicture,
-                           Texts& texts) {
+bool EntityTransform::planOne(const ObjectBody& body, const ObjectBody& main, bool inPicture,
+                              Texts& texts) {
+    const Vec extrusion = extrusionOf(body);
+    if (!plan(body, extrusion, inPicture, main, texts)) return false;
+    for (const Index data : scaleData(body))
+        if (!plan(body.store->at(data), extrusion, false, main, texts)) return false;
+    return true;
+}
+
+bool EntityTransform::plan(const ObjectBody& body, const Vec& extrusion, bool inPicture,
+                           const ObjectBody& main, Texts& texts) {
     const TransformRule* rule = transformRule(body);
-    if (rule == nullptr) return refuse(main);
-    if (m_map.mirrors && rule->mirroring == Mirroring::Refused) return refuse(main);
+    if (rule == nullptr || (m_map.mirrors && rule->mirroring == Mirroring::Refused))
+        return refuse(
+            main, isEntityKind(body.kind) ? "" : ": what it keeps for a scale is not known here");
+    if (isSlanted(m_map) && rule->mirroring == Mirroring::AlongAxes)
+        return refuse(main, " at a slanting line: it always stands upright");
+    if (isSlanted(m_map) && isOrdinate(body))
+        return refuse(main, " at a slanting line: it measures along an axis");
     std::string text(body.tags());
     if (m_map.mirrors && isDimension(body)) stateAngle(text);
     TagEdit edit(text);
-    for (std::size_t at = 0; at < edit.size(); ++at)
-        if (edit.code(at) == 101) return refuse(main, ": it holds an embedded object");
-    if (m_map.mirrors && isDimension(body) && isSlantedOrdinate(edit, m_map))
-        return refuse(main, " at a slanting line: it measures along an axis");
-    const ObjectFrame frame(m_map, extrusionOf(body), rule->mirroring == Mirroring::TurnsOver);
-    if (trimmed(body.type()) == "HATCH")
-        transformHatch(edit, frame);
-    else if (inPicture && m_map.mirrors && isCentredText(body))
-        transformReadable(edit, frame);
-    else
-        transformTags(edit, *rule, frame);
-    transformExtendedData(edit, m_map);
+    const ObjectFrame frame(m_map, extrusion, rule->mirroring == Mirroring::TurnsOver);
+    if (!mapTags(edit, *rule, frame, inPicture && m_map.mirrors && isCentredText(body)))
+        return refuse(main, ": it holds data that are not known here");
     if (const auto code = edit.malformed())
         return refuse(main, ": group " + std::to_string(*code) + " is or becomes no finite number");
     texts.emplace_back(body.self, edit.tags());
@@ -123,7 +159,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
     bool counted = false;
     for (const Index index : entities) {
         ObjectBody& entity = store.at(index);
-        if (isDimension(entity) && pictureOf(entity) != nullptr) {
+        if (hasPicture(entity)) {
             if (!counted) shown = countPictures(store);
             counted = true;
             int& users = shown[pictureOf(entity)->self];
@@ -131,7 +167,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
                 --users;
                 copyPicture(store, entity);
             }
-            planPicture(entity, texts);
+            if (isDimension(entity)) planPicture(entity, texts);
         }
         planAll(entity, texts);
     }

@@ -15,8 +15,9 @@ class Store;
 
 /// A move or a mirroring of entities, checked as a whole before anything changes.
 ///
-/// What belongs to an entity goes along: vertices, attributes, and the anonymous block with the
-/// picture of a dimension, which gets a copy of its own when another dimension shows it too.
+/// What belongs to an entity goes along: vertices, attributes, what it keeps for other annotation
+/// scales, and the anonymous block with the picture of a dimension. This and the block of a table
+/// get a copy of their own when another dimension or table shows them too.
 /// Mirroring is true reflection: texts and hatch patterns are mirrored as with MIRRTEXT 1 and
 /// MIRRHATCH 1, because the width of a text is not known here; only the centred text in a
 /// dimension's picture stays readable, as it does there. Points of the drawing in extended data
@@ -37,8 +38,11 @@ class EntityTransform {
     using Texts = std::vector<std::pair<Index, std::string>>;
 
     bool planAll(const ObjectBody& entity, Texts& texts);
-    bool plan(const ObjectBody& body, const ObjectBody& main, bool inPicture, Texts& texts);
     bool planPicture(const ObjectBody& dimension, Texts& texts);
+    /// One body with what it keeps for annotation scales. `main` is the entity that is refused.
+    bool planOne(const ObjectBody& body, const ObjectBody& main, bool inPicture, Texts& texts);
+    bool plan(const ObjectBody& body, const Vec& extrusion, bool inPicture, const ObjectBody& main,
+              Texts& texts);
     bool refuse(const ObjectBody& main, const std::string& why = {});
 
     RigidMap m_map;

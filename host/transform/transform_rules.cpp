@@ -1,4 +1,4 @@
-// The table of entity types that can be moved and mirrored.
+// The table of types that can be moved and mirrored.
 #include "host/transform/transform_rules.h"
 
 #include <iterator>
@@ -6,75 +6,16 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
+#include "host/transform/transform_fields.h"
 
 namespace host {
 namespace {
 
-constexpr FieldRule kLine[] = {{10, Role::Point}, {11, Role::Point}, {210, Role::Extrusion}};
-constexpr FieldRule kPoint[] = {{10, Role::Point}, {50, Role::AxisAngle}, {210, Role::Extrusion}};
-constexpr FieldRule kCircle[] = {{10, Role::ObjectPoint}, {210, Role::Extrusion}};
-constexpr FieldRule kArc[] = {
-    {10, Role::ObjectPoint}, {50, Role::Begin}, {51, Role::End}, {210, Role::Extrusion}};
-constexpr FieldRule kEllipse[] = {{10, Role::Point},
-                                  {11, Role::Vector},
-                                  {41, Role::BeginParameter},
-                                  {42, Role::EndParameter},
-                                  {210, Role::Extrusion}};
-constexpr FieldRule kLightPolyline[] = {{10, Role::PlanePoint},
-                                        {38, Role::Height, "AcDbPolyline"},
-                                        {42, Role::Opposite},
-                                        {210, Role::Extrusion}};
-constexpr FieldRule kPolyline2d[] = {{10, Role::HeightOfPoint}, {210, Role::Extrusion}};
-constexpr FieldRule kVertex2d[] = {
-    {10, Role::ObjectPoint}, {42, Role::Opposite}, {50, Role::Degrees}};
-constexpr FieldRule kVertex3d[] = {{10, Role::Point}};
-constexpr FieldRule kSpline[] = {{10, Role::Point},
-                                 {11, Role::Point},
-                                 {12, Role::Vector},
-                                 {13, Role::Vector},
-                                 {210, Role::Extrusion}};
-constexpr FieldRule kText[] = {{10, Role::ObjectPoint},
-                               {11, Role::ObjectPoint},
-                               {50, Role::Degrees, "AcDbText"},
-                               {71, Role::UpsideDown, "AcDbText"},
-                               {210, Role::Extrusion}};
-constexpr FieldRule kMText[] = {{10, Role::Point},
-                                {11, Role::Vector},
-                                {50, Role::DirectionAngle, "AcDbMText"},
-                                {210, Role::Extrusion, "AcDbMText"}};
-constexpr FieldRule kInsert[] = {{10, Role::ObjectPoint},
-                                 {42, Role::Opposite, "AcDbBlockReference", 1.0},
-                                 {45, Role::Opposite},
-                                 {50, Role::Degrees, "AcDbBlockReference"},
-                                 {210, Role::Extrusion}};
-// The angle of the rotated dimension is added by its own rule: other dimensions have none.
-constexpr FieldRule kDimension[] = {
-    {10, Role::Point},       {11, Role::ObjectPoint}, {12, Role::ObjectPoint},
-    {13, Role::Point},       {14, Role::Point},       {15, Role::Point},
-    {16, Role::ObjectPoint}, {50, Role::Degrees},     {51, Role::AxisAngle},
-    {52, Role::Opposite},    {53, Role::Degrees},     {210, Role::Extrusion}};
-constexpr FieldRule kSolid[] = {{10, Role::ObjectPoint},
-                                {11, Role::ObjectPoint},
-                                {12, Role::ObjectPoint},
-                                {13, Role::ObjectPoint},
-                                {210, Role::Extrusion}};
-constexpr FieldRule kFace[] = {
-    {10, Role::Point}, {11, Role::Point}, {12, Role::Point}, {13, Role::Point}};
-constexpr FieldRule kRay[] = {{10, Role::Point}, {11, Role::Vector}};
-constexpr FieldRule kLeader[] = {{10, Role::Point},
-                                 {210, Role::Extrusion},
-                                 {211, Role::Vector},
-                                 {212, Role::Vector},
-                                 {213, Role::Vector}};
-constexpr FieldRule kImage[] = {{10, Role::Point}, {11, Role::Vector}, {12, Role::Vector}};
-constexpr FieldRule kTolerance[] = {{10, Role::Point}};
-constexpr FieldRule kViewport[] = {{10, Role::Point}};
-constexpr FieldRule kNothing[] = {{210, Role::Extrusion}};
-
 template <std::size_t N>
 constexpr TransformRule rule(std::string_view type, const FieldRule (&fields)[N],
-                             Mirroring mirroring = Mirroring::InPlane) {
-    return {type, mirroring, fields, N};
+                             Mirroring mirroring = Mirroring::InPlane,
+                             Layout layout = Layout::Fields) {
+    return {type, mirroring, layout, fields, N};
 }
 
 constexpr TransformRule kRules[] = {
@@ -91,7 +32,7 @@ constexpr TransformRule kRules[] = {
     rule("MTEXT", kMText, Mirroring::TurnsOver),
     rule("INSERT", kInsert),
     rule("DIMENSION", kDimension),
-    rule("HATCH", kNothing),
+    rule("HATCH", kNothing, Mirroring::InPlane, Layout::Hatch),
     rule("SOLID", kSolid),
     rule("TRACE", kSolid),
     rule("3DFACE", kFace),
@@ -101,8 +42,26 @@ constexpr TransformRule kRules[] = {
     rule("IMAGE", kImage),
     rule("WIPEOUT", kImage),
     rule("SEQEND", kNothing),
-    rule("TOLERANCE", kTolerance, Mirroring::Refused),
-    rule("VIEWPORT", kViewport, Mirroring::Refused),
+    rule("TOLERANCE", kTolerance, Mirroring::TurnsOver),
+    rule("VIEWPORT", kViewport, Mirroring::AlongAxes),
+    rule("MULTILEADER", kNothing, Mirroring::InPlane, Layout::Multileader),
+    rule("ACAD_TABLE", kTable, Mirroring::TurnsOver),
+    rule("MLINE", kMultiline, Mirroring::TurnsOver),
+    rule("SHAPE", kShape),
+    rule("HELIX", kHelix),
+    rule("LIGHT", kLight),
+    rule("SECTIONOBJECT", kSection),
+    rule("PDFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("DWFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("DGNUNDERLAY", kUnderlay, Mirroring::TurnsOver),
+    rule("MESH", kVertex3d),
+    rule("ARC_DIMENSION", kArcDimension, Mirroring::Refused),
+    rule("LARGE_RADIAL_DIMENSION", kArcDimension, Mirroring::Refused),
+    rule("ACDB_LEADEROBJECTCONTEXTDATA_CLASS", kLeaderAtScale),
+    rule("ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", kMTextAtScale),
+    rule("ACDB_TEXTOBJECTCONTEXTDATA_CLASS", kTextAtScale, Mirroring::Refused),
+    rule("ACDB_BLKREFOBJECTCONTEXTDATA_CLASS", kTextAtScale, Mirroring::Refused),
+    rule("ACDB_MLEADEROBJECTCONTEXTDATA_CLASS", kNothing, Mirroring::InPlane, Layout::Multileader),
 };
 
 constexpr TransformRule kPolyline2dRule = rule("POLYLINE", kPolyline2d);
@@ -122,9 +81,11 @@ const TransformRule* vertexRule(const ObjectBody& vertex) {
 
 }  // namespace
 
-const FieldRule* TransformRule::find(int code) const {
+const FieldRule* TransformRule::find(int code, std::string_view subclass) const {
     for (std::size_t i = 0; i < count; ++i) {
-        if (fields[i].code == code) return &fields[i];
+        const FieldRule& field = fields[i];
+        if (field.code == code && (!field.thereOnly || subclass.empty() || subclass == field.addTo))
+            return &field;
     }
     return nullptr;
 }

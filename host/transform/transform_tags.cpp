@@ -2,6 +2,7 @@
 #include "host/transform/transform_tags.h"
 
 #include <cmath>
+#include <vector>
 
 #include "host/tags/tags.h"
 
@@ -10,24 +11,6 @@ namespace {
 
 constexpr double kTurn = 6.283185307179586;
 
-/// Adds a tag behind the last own tag of a subclass part, or of the whole entity.
-void addTo(TagEdit& edit, std::string_view subclass, const std::string& tags) {
-    std::size_t last = edit.size(), inPart = edit.size();
-    std::string_view part;
-    for (std::size_t at = 0; at < edit.size(); ++at) {
-        if (edit.code(at) == 100) {
-            // A name that comes twice counts the first time: TEXT has two parts of one name.
-            if (inPart != edit.size() && part == subclass) break;
-            part = trimmed(edit.value(at));
-        }
-        if (!edit.own(at) && edit.code(at) != 100) continue;
-        last = at;
-        if (part == subclass) inPart = at;
-    }
-    const std::size_t place = inPart != edit.size() ? inPart : last;
-    if (place != edit.size()) edit.addBehind(place, tags);
-}
-
 /// Maps one entity: most fields where they stand, the paired ones behind them.
 class Mapper {
   public:
@@ -35,13 +18,20 @@ class Mapper {
         : m_edit(edit), m_rule(rule), m_frame(frame) {}
 
     void run() {
+        std::vector<bool> present(m_rule.count, false);
+        std::string_view subclass;
         for (std::size_t at = 0; at < m_edit.size(); ++at) {
+            if (m_edit.code(at) == 100) subclass = trimmed(m_edit.value(at));
             if (!m_edit.own(at)) continue;
-            if (const FieldRule* field = m_rule.find(m_edit.code(at))) map(at, field->role);
+            const FieldRule* field = m_rule.find(m_edit.code(at), subclass);
+            if (field == nullptr) continue;
+            present[field - m_rule.fields] = true;
+            map(at, field->role);
         }
         for (std::size_t i = 0; i < m_rule.count; ++i) {
             const FieldRule& field = m_rule.fields[i];
-            if (field.addTo != nullptr && !m_edit.find(field.code)) addMissing(field);
+            if (field.addTo != nullptr && !present[i]) addMissing(field);
+            if (field.role == Role::Chain) mapChain(field.code);
         }
         if (!m_frame.reverses()) return;
         mapSweep(Role::Begin, Role::End, 360.0);
@@ -56,6 +46,10 @@ class Mapper {
                 return m_edit.setPoint(at, world.apply(m_edit.point(at)));
             case Role::Vector:
                 return m_edit.setPoint(at, world.turn(m_edit.point(at)));
+            case Role::XDirection:
+                if (m_edit.find(m_edit.code(at)) == at)
+                    m_edit.setPoint(at, world.turn(m_edit.point(at)));
+                return;
             case Role::ObjectPoint:
                 return m_edit.setPoint(at, m_frame.apply(m_edit.point(at)));
             case Role::PlanePoint: {
@@ -70,8 +64,12 @@ class Mapper {
                 return m_edit.setPoint(at, m_frame.extrusion(m_edit.point(at)));
             case Role::UpsideDown:
                 return mapFlags(at);
+            case Role::Handed:
+                if (m_frame.world().mirrors) m_edit.set(at, integer(at) == 0 ? 1 : 0);
+                return;
             case Role::DirectionAngle:
                 return mapDirection(m_edit.real(at), at);
+            case Role::Chain:
             case Role::Begin:
             case Role::End:
             case Role::BeginParameter:
@@ -89,6 +87,9 @@ class Mapper {
                 return m_frame.apply({0, 0, value}).z;
             case Role::Degrees:
                 return m_frame.turnDegrees(value);
+            case Role::BackDegrees:
+                return m_frame.reverses() ? std::fmod(m_frame.turnDegrees(value) + 180.0, 360.0)
+                                          : value;
             case Role::AxisAngle:
                 return m_frame.world().mirrors ? -m_frame.turnDegrees(-value) : value;
             case Role::Opposite:
@@ -100,7 +101,23 @@ class Mapper {
 
     void mapFlags(std::size_t at) {
         constexpr int kUpsideDown = 4;
-        if (m_frame.reverses()) m_edit.set(at, m_edit.integer(m_edit.code(at), 0) ^ kUpsideDown);
+        if (m_frame.reverses()) m_edit.set(at, integer(at) ^ kUpsideDown);
+    }
+
+    int integer(std::size_t at) const {
+        const auto value = parseInteger(m_edit.value(at));
+        return value && *value >= 0 && *value <= INT16_MAX ? static_cast<int>(*value) : 0;
+    }
+
+    /// Each point takes the place of the one as far from the other end.
+    void mapChain(int code) {
+        std::vector<std::size_t> places;
+        for (std::size_t at = 0; at < m_edit.size(); ++at)
+            if (m_edit.own(at) && m_edit.code(at) == code) places.push_back(at);
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            const std::size_t from = m_frame.world().mirrors ? places.size() - 1 - i : i;
+            m_edit.setPoint(places[i], m_frame.world().map.apply(m_edit.point(places[from])));
+        }
     }
 
     /// The direction 11 says the same as the angle and does not depend on the object's axes.
@@ -110,7 +127,7 @@ class Mapper {
         const Vec direction = m_frame.world().map.turn(old);
         std::string tags;
         addPointTag(tags, 11, direction.x, direction.y, direction.z);
-        if (!place) return addTo(m_edit, "AcDbMText", tags);
+        if (!place) return addToPart(m_edit, "AcDbMText", tags);
         m_edit.addBehind(*place, tags);
         m_edit.remove(*place);
     }
@@ -121,8 +138,11 @@ class Mapper {
         if (field.role == Role::UpsideDown) {
             if (m_frame.reverses()) addTag(tag, field.code, 4);
         } else if (field.role == Role::Extrusion) {
-            const Vec made = m_frame.extrusion({0, 0, 1});
+            const Vec made = m_frame.extrusion({0, 0, 1}) + Vec{};  // never -0
             if (made.z < 1) addPointTag(tag, field.code, made.x, made.y, made.z);
+        } else if (field.role == Role::XDirection) {
+            const Vec made = m_frame.world().map.turn({1, 0, 0});
+            if (made.x < 1) addPointTag(tag, field.code, made.x, made.y, made.z);
         } else {
             const double value = number(field.role, field.absent);
             if (value != field.absent) addTag(tag, field.code, value);
@@ -132,7 +152,7 @@ class Mapper {
             const auto corner = m_edit.find(10);
             if (corner && *corner > 0) return m_edit.addBehind(*corner - 1, tag);
         }
-        if (!tag.empty()) addTo(m_edit, field.addTo, tag);
+        if (!tag.empty()) addToPart(m_edit, field.addTo, tag);
     }
 
     std::optional<std::size_t> placeOf(Role role) const {
@@ -168,30 +188,6 @@ class Mapper {
 
 void transformTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& frame) {
     Mapper(edit, rule, frame).run();
-}
-
-void transformReadable(TagEdit& edit, const ObjectFrame& frame) {
-    const Transform& world = frame.world().map;
-    constexpr double kLevel = 1e-9;
-    const auto place = edit.find(10), axis = edit.find(11), angle = edit.find(50);
-    if (place) edit.setPoint(*place, world.apply(edit.point(*place)));
-    const Vec old = axis ? edit.point(*axis) : paragraphDirection(angle ? edit.real(*angle) : 0.0);
-    Vec direction = world.turn(old);
-    if (direction.x < -kLevel || (direction.x < kLevel && direction.y < 0))
-        direction = direction * -1;
-    if (axis) return edit.setPoint(*axis, direction);
-    std::string tags;
-    addPointTag(tags, 11, direction.x, direction.y, direction.z);
-    addTo(edit, "AcDbMText", tags);
-    if (angle) edit.remove(*angle);
-}
-
-void transformExtendedData(TagEdit& edit, const RigidMap& map) {
-    for (std::size_t at = 0; at < edit.size(); ++at) {
-        const int code = edit.code(at);
-        if (code == 1011) edit.setPoint(at, map.map.apply(edit.point(at)));
-        if (code == 1012 || code == 1013) edit.setPoint(at, map.map.turn(edit.point(at)));
-    }
 }
 
 }  // namespace host

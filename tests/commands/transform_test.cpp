@@ -4,7 +4,11 @@
 #include <filesystem>
 
 #include "commands/commands_fixture.h"
+#include "host/clone/dimension_blocks.h"
 #include "host/control/switches.h"
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
+#include "host/tags/tag_codes.h"
 #include "host/tags/tags.h"
 
 namespace tests {
@@ -68,21 +72,155 @@ std::string difference(const Store& store, const Numbers& before, const Numbers&
     return "";
 }
 
+/// Groups behind the common ones: "code value|code value".
+std::string written(const ObjectBody& body) {
+    const std::string_view tags = body.tags();
+    TagReader reader(tags.substr(tags.find("100\nAcDb", tags.find("AcDbEntity"))));
+    std::string text;
+    for (Tag tag; reader.next(tag);)
+        text += (text.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
+    return text;
+}
+
+struct Mapped {
+    const char* type;
+    const char* groups;
+    const char* moved;     ///< by 10,20,30
+    const char* mirrored;  ///< at the Y axis
+};
+
+// What stands in several places of an entity, or means something else there, follows in each.
+constexpr Mapped kMapped[] = {
+    {"MTEXT",
+     "100 AcDbMText|10 1.0|20 2.0|30 0.0|11 1.0|21 0.0|31 0.0|"
+     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 1.0|21 2.0|31 0.0|42 5.0",
+     "100 AcDbMText|10 11.0|20 22.0|30 30.0|11 1.0|21 0.0|31 0.0|"
+     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 11.0|21 22.0|31 30.0|42 5.0",
+     "100 AcDbMText|10 -1.0|20 2.0|30 0.0|11 -1.0|21 0.0|31 0.0|210 0.0|220 0.0|230 -1.0|"
+     "101 Embedded Object|70 1|10 -1.0|20 0.0|30 0.0|11 -1.0|21 2.0|31 0.0|42 5.0"},
+    {"ATTDEF",
+     "100 AcDbText|10 1.0|20 2.0|1 x|100 AcDbAttributeDefinition|2 T|71 4|"
+     "101 Embedded Object|10 1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 1.0|11 1.0|21 0.0|31 0.0|50 0.0|"
+     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 1.0|21 2.0|31 0.0",
+     "100 AcDbText|10 11.0|20 22.0|30 30.0|1 x|100 AcDbAttributeDefinition|2 T|71 4|"
+     "101 Embedded Object|10 11.0|20 22.0|30 30.0|210 0.0|220 0.0|230 1.0|"
+     "11 1.0|21 0.0|31 0.0|50 0.0|"
+     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 11.0|21 22.0|31 30.0",
+     "100 AcDbText|10 -1.0|20 2.0|1 x|50 180.0|71 4|100 AcDbAttributeDefinition|"
+     "2 T|71 4|"
+     "101 Embedded Object|10 -1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 -1.0|"
+     "11 -1.0|21 0.0|31 0.0|50 0.0|"
+     "101 Embedded Object|70 1|10 -1.0|20 0.0|30 0.0|11 -1.0|21 2.0|31 0.0"},
+    // The text spells what elsewhere opens a line; the scale factors (16, and 10 at the end) stay.
+    {"MULTILEADER",
+     "100 AcDbMLeader|300 CONTEXT_DATA{|10 1.0|20 2.0|30 0.0|304 LEADER_LINE{|11 0.0|21 0.0|31 1.0|"
+     "12 3.0|22 4.0|32 0.0|13 1.0|23 0.0|33 0.0|42 0.0|14 0.0|24 0.0|34 1.0|15 5.0|25 6.0|35 0.0|"
+     "16 2.0|26 2.0|36 2.0|46 0.5|47 2.0|47 0.0|47 0.0|47 5.0|47 0.0|47 2.0|47 0.0|47 6.0|"
+     "47 0.0|47 0.0|47 2.0|47 0.0|47 0.0|47 0.0|47 0.0|47 1.0|110 1.0|120 2.0|130 0.0|"
+     "111 1.0|121 0.0|131 0.0|302 LEADER{|10 7.0|20 8.0|30 0.0|11 1.0|21 0.0|31 0.0|"
+     "304 LEADER_LINE{|10 9.0|20 9.5|30 0.0|11 9.0|21 8.0|31 0.0|305 }|303 }|301 }|"
+     "10 1.0|20 1.0|30 1.0",
+     "100 AcDbMLeader|300 CONTEXT_DATA{|10 11.0|20 22.0|30 30.0|304 LEADER_LINE{|"
+     "11 0.0|21 0.0|31 1.0|12 13.0|22 24.0|32 30.0|13 1.0|23 0.0|33 0.0|42 0.0|"
+     "14 0.0|24 0.0|34 1.0|15 15.0|25 26.0|35 30.0|16 2.0|26 2.0|36 2.0|46 0.5|"
+     "47 2.0|47 0.0|47 0.0|47 15.0|47 0.0|47 2.0|47 0.0|47 26.0|"
+     "47 0.0|47 0.0|47 2.0|47 30.0|47 0.0|47 0.0|47 0.0|47 1.0|110 11.0|120 22.0|130 30.0|"
+     "111 1.0|121 0.0|131 0.0|302 LEADER{|10 17.0|20 28.0|30 30.0|11 1.0|21 0.0|31 0.0|"
+     "304 LEADER_LINE{|10 19.0|20 29.5|30 30.0|11 19.0|21 28.0|31 30.0|305 }|303 }|301 }|"
+     "10 1.0|20 1.0|30 1.0",
+     "100 AcDbMLeader|300 CONTEXT_DATA{|10 -1.0|20 2.0|30 0.0|304 LEADER_LINE{|"
+     "11 0.0|21 0.0|31 -1.0|12 -3.0|22 4.0|32 0.0|13 -1.0|23 0.0|33 0.0|42 0.0|"
+     "14 0.0|24 0.0|34 -1.0|15 -5.0|25 6.0|35 0.0|16 2.0|26 2.0|36 2.0|46 0.5|"
+     "47 -2.0|47 0.0|47 0.0|47 -5.0|47 0.0|47 2.0|47 0.0|47 6.0|"
+     "47 0.0|47 0.0|47 -2.0|47 0.0|47 0.0|47 0.0|47 0.0|47 1.0|110 -1.0|120 2.0|130 0.0|"
+     "111 -1.0|121 0.0|131 0.0|302 LEADER{|10 -7.0|20 8.0|30 0.0|11 -1.0|21 0.0|31 0.0|"
+     "304 LEADER_LINE{|10 -9.0|20 9.5|30 0.0|11 -9.0|21 8.0|31 0.0|305 }|303 }|301 }|"
+     "10 1.0|20 1.0|30 1.0"},
+    {"ACAD_TABLE", "100 AcDbBlockReference|10 1.0|20 2.0|30 0.0|100 AcDbTable|11 1.0|21 0.0|11 7.0",
+     "100 AcDbBlockReference|10 11.0|20 22.0|30 30.0|100 AcDbTable|11 1.0|21 0.0|11 7.0",
+     "100 AcDbBlockReference|10 1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 -1.0|"
+     "100 AcDbTable|11 -1.0|21 0.0|11 7.0"},
+    {"TOLERANCE", "100 AcDbFcf|10 1.0|20 2.0|30 0.0", "100 AcDbFcf|10 11.0|20 22.0|30 30.0",
+     "100 AcDbFcf|10 -1.0|20 2.0|30 0.0|11 -1.0|21 0.0|31 0.0|210 0.0|220 0.0|230 -1.0"},
+    {"SHAPE", "100 AcDbShape|10 1.0|20 2.0|50 30.0|51 5.0",
+     "100 AcDbShape|10 11.0|20 22.0|30 30.0|50 30.0|51 5.0",
+     "100 AcDbShape|10 -1.0|20 2.0|50 330.0|51 -5.0|41 -1.0"},
+    {"HELIX", "100 AcDbSpline|10 1.0|20 2.0|12 1.0|22 0.0|100 AcDbHelix|10 3.0|20 4.0|12 0.6|290 1",
+     "100 AcDbSpline|10 11.0|20 22.0|30 30.0|12 1.0|22 0.0|100 AcDbHelix|10 13.0|20 24.0|30 30.0|"
+     "12 0.6|290 1",
+     "100 AcDbSpline|10 -1.0|20 2.0|12 -1.0|22 0.0|100 AcDbHelix|10 -3.0|20 4.0|12 -0.6|290 0"},
+    {"MLINE",
+     "100 AcDbMline|10 1.0|20 2.0|210 0.0|220 0.0|230 1.0|11 1.0|21 2.0|12 1.0|13 0.6|23 0.8",
+     "100 AcDbMline|10 11.0|20 22.0|30 30.0|210 0.0|220 0.0|230 1.0|11 11.0|21 22.0|31 30.0|12 1.0|"
+     "13 0.6|23 0.8",
+     "100 AcDbMline|10 -1.0|20 2.0|210 0.0|220 0.0|230 -1.0|11 -1.0|21 2.0|12 -1.0|13 -0.6|23 0.8"},
+    {"SECTIONOBJECT", "100 AcDbSection|30 1.0|11 1.0|21 2.0|11 3.0|21 4.0|12 5.0|22 6.0",
+     "100 AcDbSection|30 1.0|11 11.0|21 22.0|31 30.0|11 13.0|21 24.0|31 30.0|12 15.0|22 26.0|32 "
+     "30.0",
+     "100 AcDbSection|30 1.0|11 -3.0|21 4.0|11 -1.0|21 2.0|12 -5.0|22 6.0"},
+    {"PDFUNDERLAY", "100 AcDbUnderlayReference|10 1.0|20 2.0|50 30.0|11 3.0|21 4.0",
+     "100 AcDbUnderlayReference|10 11.0|20 22.0|30 30.0|50 30.0|11 3.0|21 4.0",
+     "100 AcDbUnderlayReference|10 1.0|20 2.0|50 30.0|11 3.0|21 4.0|210 0.0|220 0.0|230 -1.0"},
+    {"VIEWPORT", "100 AcDbViewport|10 1.0|20 2.0|12 3.0|22 4.0|17 5.0|27 6.0",
+     "100 AcDbViewport|10 11.0|20 22.0|30 30.0|12 3.0|22 4.0|17 5.0|27 6.0",
+     "100 AcDbViewport|10 -1.0|20 2.0|12 3.0|22 4.0|17 5.0|27 6.0"},
+    {"LIGHT", "100 AcDbLight|10 1.0|20 2.0|11 3.0|21 4.0",
+     "100 AcDbLight|10 11.0|20 22.0|30 30.0|11 13.0|21 24.0|31 30.0",
+     "100 AcDbLight|10 -1.0|20 2.0|11 -3.0|21 4.0"},
+};
+
 class TransformTest : public CommandsTest {
   protected:
+    std::string after(const wchar_t* script, const char* type, const char* groups) {
+        session.newDrawing();
+        const ObjectBody& body = add(type, groups);
+        run(script);
+        const std::string text = written(body);
+        session.closeDrawing();
+        return text;
+    }
+
+    ObjectBody& addObject(Kind kind, const std::string& text, Index owner) {
+        ObjectBody fresh;
+        fresh.kind = kind;
+        placeText(fresh, text);
+        ObjectBody& made = store().duplicate(fresh, owner);
+        store().appendChild(store().objectsList(), made);
+        return made;
+    }
+
+    /// Gives an entity data for an annotation scale.
+    ObjectBody& addScale(ObjectBody& entity, const char* type, const char* point) {
+        std::string tags(entity.tags()), text;
+        ObjectBody* holder = &addObject(Kind::Dictionary, newDictionaryText(true), entity.self);
+        setExtensionDictionary(tags, holder->handle);
+        entity.setTags(tags);
+        for (const wchar_t* key : {L"AcDbContextDataManager", L"ACDB_ANNOTATIONSCALES"}) {
+            ObjectBody& next = addObject(Kind::Dictionary, newDictionaryText(true), holder->self);
+            addEntry(*holder, key, next.handle);
+            holder = &next;
+        }
+        addTag(text, 0, type);
+        addTag(text, 100, "AcDbObjectContextData");
+        addTag(text, 11, point);
+        ObjectBody& data = addObject(Kind::Object, text, holder->self);
+        addEntry(*holder, L"*A1", data.handle);
+        return data;
+    }
+
     void mirrorTwice(const std::string& file) {
         ASSERT_TRUE(session.openDrawing(file)) << file;
-        if (entities().empty()) {
-            session.closeDrawing();
-            return;
-        }
+        if (!entities().empty()) mirrorTwiceHere(file);
+        session.closeDrawing();
+    }
+
+    void mirrorTwiceHere(const std::string& file) {
         const Numbers before = allNumbers(store());
         const std::wstring mirror = L"MIRROR ALL\n\n1.5,2 7,-3.25 Y\n";
         ASSERT_EQ(run(mirror), CommandStatus::Done) << file << shown();
         EXPECT_NE(difference(store(), before, allNumbers(store())), "") << file;
         ASSERT_EQ(run(mirror), CommandStatus::Done) << file;
         EXPECT_EQ(difference(store(), before, allNumbers(store())), "") << file;
-        session.closeDrawing();
         clearEffects();
     }
 };
@@ -96,6 +234,19 @@ TEST_F(TransformTest, MirroredTwiceEveryEntityIsAsBefore) {
         if (entry.path().extension() == ".dxf" && ++count % 8 == 0)
             mirrorTwice(entry.path().string());
     EXPECT_GT(count, 1000) << "install librecad-data";
+
+    session.newDrawing();
+    for (const Mapped& each : kMapped)
+        if (std::string_view(each.type) != "VIEWPORT") add(each.type, each.groups);
+    run(L"MIRROR ALL\n\n0,0 1,3 Y\n");  // adds what was absent
+    mirrorTwiceHere("what stands in several places");
+}
+
+TEST_F(TransformTest, WhatStandsInSeveralPlacesFollowsInEach) {
+    for (const Mapped& each : kMapped) {
+        EXPECT_EQ(after(L"MOVE ALL\n\n10,20,30\n\n", each.type, each.groups), each.moved);
+        EXPECT_EQ(after(L"MIRROR ALL\n\n0,0 0,1 Y\n", each.type, each.groups), each.mirrored);
+    }
 }
 
 TEST_F(TransformTest, MirroringAtTheYAxis) {
@@ -119,12 +270,14 @@ TEST_F(TransformTest, MirroringAtTheYAxis) {
 TEST_F(TransformTest, ObjectCoordinatesFollowTheWorldsDisplacement) {
     session.newDrawing();
     add("CIRCLE",
-        "100 AcDbCircle|10 1.0|20 2.0|30 3.0|40 1.0|210 0.0|220 0.0|230 -1.0|1001 ACAD|"
+        "92 2|310 ABCD|100 AcDbCircle|10 1.0|20 2.0|30 3.0|40 1.0|210 0.0|220 0.0|230 -1.0|1001 "
+        "ACAD|"
         "1011 1.0|1021 2.0|1031 0.0");
     add("LWPOLYLINE", "100 AcDbPolyline|90 1|70 0|10 1.0|20 2.0");
     run(L"MOVE ALL\n\n10,20,30\n\n");
     EXPECT_EQ(groups(entity("CIRCLE"), {10, 20, 30, 1011, 1021, 1031}),
               "-9.0 22.0 -27.0 11.0 22.0 30.0");
+    EXPECT_EQ(groups(entity("CIRCLE"), {92, 310}), "- -") << "a picture of it at the old place";
     EXPECT_EQ(groups(entity("LWPOLYLINE"), {10, 20, 38}), "11.0 22.0 30.0");
 }
 
@@ -159,6 +312,59 @@ TEST_F(TransformTest, RefusalsChangeNothing) {
     EXPECT_NE(shown().find("group 10 is or becomes no finite number"), std::string::npos);
     run(L"ERASE L\n\nERASE L\n\nPASTECLIP 5,5\n");
     EXPECT_EQ(entities(), "LINE LINE");
+}
+
+TEST_F(TransformTest, DataOfAnUnknownShapeAreRefused) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"LINE", "100 AcDbLine|10 1.0|20 1.0|101 Embedded Object|70 1|10 1.0|11 1.0"},
+        {"MTEXT", "100 AcDbMText|10 1.0|101 Embedded Object|71 1|10 1.0|11 1.0"},
+        {"MTEXT", "100 AcDbMText|10 1.0|101 Embedded Object|70 1|10 1.0"},
+        {"ATTDEF", "100 AcDbText|10 1.0|101 Embedded Object|10 1.0|11 1.0"},
+        {"MULTILEADER", "100 AcDbMLeader|10 1.0"},
+        {"MULTILEADER", "100 AcDbMLeader|300 CONTEXT_DATA{|10 1.0"},
+        {"MULTILEADER", "100 AcDbMLeader|300 CONTEXT_DATA{|47 1.0|301 }"},
+    };
+    for (const auto& [type, text] : cases) {
+        EXPECT_EQ(after(L"MOVE ALL\n\n1,1 2,2\n", type, text), text);
+        EXPECT_NE(shown().find("it holds data that are not known here"), std::string::npos) << text;
+    }
+}
+
+TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
+    session.newDrawing();
+    ObjectBody& text = add("MTEXT", "100 AcDbMText|10 1.0|20 2.0|30 0.0|11 1.0|21 0.0|31 0.0");
+    const ObjectBody& data = addScale(text, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", "1.0");
+    run(L"COPY ALL\n\n0,0 10,20\n\n");
+    const ObjectBody& copied = store().at(store().count());
+    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
+    EXPECT_EQ(groups(copied, {0, 11, 21}), "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS 11.0 20.0");
+    addScale(add("LINE", "100 AcDbLine|10 0.0|11 1.0"), "ACDB_OBJECTCONTEXTDATA_CLASS", "1.0");
+    EXPECT_EQ(run(L"MOVE ALL\n\n1,1 2,2\n"), CommandStatus::Failed);
+    EXPECT_NE(shown().find("what it keeps for a scale is not known here"), std::string::npos);
+    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
+}
+
+/// Each table shows its own block, also when it is a copy.
+TEST_F(TransformTest, ATablesBlockGoesAlong) {
+    session.newDrawing();
+    const ObjectBody& block = makeAnonymousBlock(store(), L'T', store().at(store().modelSpace()));
+    const ObjectBody& table =
+        add("ACAD_TABLE", "100 AcDbBlockReference|2 " + store().encode(symbolName(block)) +
+                              "|10 1.0|20 2.0|30 0.0|100 AcDbTable|343 " +
+                              formatHandle(block.handle) + "|11 1.0|21 0.0|31 0.0");
+    const std::string before = groups(table, {2, 343});
+    const auto showsItsOwn = [&](int occurrence) {
+        const ObjectBody& each = entity("ACAD_TABLE", occurrence);
+        const auto* record = store().symbol("BLOCK_RECORD", store().decode(groups(each, {2})));
+        return record != nullptr && groups(each, {343}) == formatHandle(record->handle);
+    };
+    run(L"COPY L\n\n0,0 5,5\n\nCOPYCLIP L\n\n");
+    EXPECT_EQ(groups(table, {2, 343}), before);
+    EXPECT_NE(groups(entity("ACAD_TABLE", 1), {2}), groups(table, {2}));
+    EXPECT_TRUE(showsItsOwn(1));
+    session.newDrawing();
+    run(L"PASTECLIP 9,9\n");
+    EXPECT_TRUE(showsItsOwn(0));
 }
 
 /// Each dimension shows its own block, also when it is a copy.

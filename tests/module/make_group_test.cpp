@@ -23,49 +23,6 @@ bool contains(const std::wstring& text, const std::wstring& part) {
     return text.find(part) != std::wstring::npos;
 }
 
-TEST(MakeGroup, ThreeLinesStandBetweenLinkedMarkersAlsoAfterReload) {
-    Drafting drafting;
-    drafting.run(kThreeLines);
-    const std::string source = handleOf(drafting.store(), "LINE");
-    drafting.run(kMakeOfAll);
-    EXPECT_EQ(drafting.order(), "begin(3) line* line* line* end");
-    EXPECT_TRUE(drafting.store().byHandle(host::parseHandle(source).value())->erased);
-    drafting.saveAndReopen();
-    EXPECT_EQ(drafting.order(), "begin(3) line* line* line* end");
-}
-
-TEST(MakeGroup, MarkersHaveTheirPropertiesAndStandAtTheFirstEntity) {
-    Drafting drafting;
-    drafting.run(L"CIRCLE 7,8 2\n");
-    drafting.run(kMakeOfAll);
-    const host::Store& store = drafting.store();
-    const std::string begin = handleOf(store, "INSERT");
-    EXPECT_EQ(groupOf(store, begin, 2), "VELMO_GB");
-    EXPECT_EQ(groupOf(store, begin, 8), "VELMO_GFRZ");
-    EXPECT_EQ(std::stod(groupOf(store, begin, 10)), 7.0);
-    EXPECT_EQ(std::stod(groupOf(store, begin, 20)), 8.0);
-    const host::ObjectBody& marker = *store.byHandle(host::parseHandle(begin).value());
-    std::string seen;
-    for (host::Index i = store.firstLive(marker.self); i != 0; i = store.nextLive(store.at(i))) {
-        const std::string handle = host::formatHandle(store.at(i).handle);
-        seen += groupOf(store, handle, 2) + " flags " + groupOf(store, handle, 70) + " length " +
-                groupOf(store, handle, 73) + " layer " + groupOf(store, handle, 8) + "; ";
-    }
-    EXPECT_EQ(seen,
-              "VELMO_GB flags 1 length 25 layer VELMO_GFRZ; "
-              "VELMO_GB flags 1 length 25 layer VELMO_GFRZ; ");
-}
-
-TEST(MakeGroup, OneMemberAndANewCircleGiveOneGroupWithoutTheOldMarkers) {
-    Drafting drafting;
-    drafting.run(kThreeLines);
-    drafting.run(kMakeOfAll);
-    drafting.run(L"CIRCLE 7,8 2\n");
-    const std::wstring member = drafting.pick("LINE", 1);
-    drafting.run(L"VelmoGROUPMAKE " + member + L" " + drafting.pick("CIRCLE") + L"\n\n");
-    EXPECT_EQ(drafting.order(), "begin(4) line* circle* line* line* end");
-}
-
 TEST(MakeGroup, TwoMembersOfOneGroupBringItInOnce) {
     Drafting drafting;
     drafting.run(kThreeLines);
@@ -73,27 +30,6 @@ TEST(MakeGroup, TwoMembersOfOneGroupBringItInOnce) {
     drafting.run(L"VelmoGROUPMAKE " + drafting.pick("LINE", 0) + L" " + drafting.pick("LINE", 2) +
                  L"\n\n");
     EXPECT_EQ(drafting.order(), "begin(3) line* line* line* end");
-}
-
-TEST(MakeGroup, DoesNotDependOnTheOrderOfWindowSelections) {
-    for (const bool newestFirst : {true, false}) {
-        Drafting drafting;
-        host::switches().newestFirst = newestFirst;
-        drafting.run(L"LINE 1,1 2,2\n\nCIRCLE 7,8 2\n");
-        drafting.run(kMakeOfAll);
-        EXPECT_EQ(drafting.order(),
-                  newestFirst ? "begin(2) circle* line* end" : "begin(2) line* circle* end");
-        drafting.run(L"VelmoGROUPMAKE " + drafting.pick("LINE") + L"\n\n");
-        EXPECT_EQ(drafting.order(), "begin(2) line* circle* end");
-    }
-}
-
-TEST(MakeGroup, AMarkerAloneFormsAGroupWithoutMembers) {
-    Drafting drafting;
-    drafting.run(L"LINE 1,1 2,2\n\n");
-    drafting.run(kMakeOfAll);
-    drafting.run(L"VelmoGROUPMAKE " + drafting.pick("INSERT") + L"\n\n");
-    EXPECT_EQ(drafting.order(), "line* end? begin(0) end");
 }
 
 TEST(MakeGroup, PickfirstSetIsTakenAsItStandsAndClearedAfterwards) {
@@ -135,17 +71,6 @@ TEST(MakeGroup, VerticesOfA3dPolylineCountAsMembersSoItsGroupDoesNotVerify) {
     const std::wstring printed = drafting.run(L"VelmoGROUPMAKE " + drafting.pick("LINE") + L"\n\n");
     EXPECT_TRUE(contains(printed, L"\n\tSome are not grouped entities."));
     EXPECT_EQ(drafting.order(), "insert polyline begin(2) polyline* end begin(1) line* end");
-}
-
-TEST(MakeGroup, MissingMembersAreAnnounced) {
-    Drafting drafting;
-    drafting.run(kThreeLines);
-    drafting.run(kMakeOfAll);
-    drafting.run(L"ERASE " + drafting.pick("LINE", 1) + L"\n\n");
-    const std::wstring printed =
-        drafting.run(L"VelmoGROUPMAKE " + drafting.pick("LINE", 0) + L"\n\n");
-    EXPECT_TRUE(contains(printed, L"\nNote: 1 member(s) missing from original Group."));
-    EXPECT_EQ(drafting.order(), "begin(2) line* line* end");
 }
 
 TEST(MakeGroup, EntityWithItsOwnExtensionDictionaryGetsNoRecord) {

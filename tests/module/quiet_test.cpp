@@ -2,7 +2,6 @@
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
-#include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 
 namespace {
@@ -44,21 +43,6 @@ TEST(Quiet, NoCheckFailsInOrdinaryWork) {
     Drafting drafting;
     drafting.run(kWork);
     expectNothingOutside();
-}
-
-TEST(Quiet, AFailedCheckIsReportedAsItStandsInTheSource) {
-    const Switch assertStartup(L"AssertStartup");
-    Drafting drafting;
-    drafting.run(L"LINE 1,1 2,2\n\n");
-    host::setFaultPlan({1, false, "AcDbBlockReference::appendAttribute"});
-    drafting.run(L"VelmoGROUPMAKE ALL\n\n");
-    const auto boxes = effectTexts(EffectKind::AlertBox);
-    ASSERT_EQ(boxes.size(), 1u);
-    const std::wstring expected =
-        L"Assertion Failure: VelmoGroup\n16\nModule : <VelmoGroup>\n"
-        L"Assertion : <reference.appendAttribute(attribute.get()) == Acad::eOk>\n"
-        L"File : <Marker>\nLine : ";
-    EXPECT_EQ(boxes[0].substr(0, expected.size()), expected);
 }
 
 }  // namespace

@@ -59,18 +59,4 @@ TEST(RemoveMember, TheCountIsLoweredNotTakenAnew) {
                   "\nNote: 1 member(s) missing from original Group." + removed(2) + kNothing);
 }
 
-TEST(RemoveMember, APickfirstSetIsNotUsed) {
-    underEachSetting([](const Switches& settings) {
-        Scene scene("(line) line", settings);
-        scene.click({4});
-        const std::string dropped = settings.dropNotifiesPickfirst && settings.emptyPickfirstIsNorm
-                                        ? tests::kGathering
-                                        : "";
-        const bool late = !settings.pickfirstNotifiedInside;
-        EXPECT_EQ(scene.after(L"VelmoGROUPREMOVEMEMBER\n\n"), "begin(1) line* end line |  | " +
-                                                                  (late ? "" : dropped) + kSelect +
-                                                                  kNothing + (late ? dropped : ""));
-    });
-}
-
 }  // namespace

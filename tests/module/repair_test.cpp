@@ -1,29 +1,12 @@
 // The repair pass: what editing breaks, and what a regeneration or a save makes of it.
-#include "common/drawing_order.h"
 #include "common/scene.h"
-#include "gtest/gtest.h"
-#include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/notify.h"
-#include "host/objectarx/database.h"
-#include "host/objectarx/entities.h"
+#include "marker_damage.h"
 
 namespace {
 
 using tests::Scene;
-
-/// Rewrites one attribute text of the n-th marker, as damage from outside would.
-void setAttribute(Scene& scene, int marker, int attribute, const wchar_t* text) {
-    const host::Store& store = scene.store();
-    const auto handle = host::parseHandle(tests::handleOf(store, "INSERT", marker));
-    host::Index index = store.firstLive(store.byHandle(handle.value())->self);
-    while (attribute-- > 0) {
-        index = store.nextLive(store.at(index));
-    }
-    AcDbText* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, store.idOf(index), AcDb::kForWrite), Acad::eOk);
-    opened->setTextString(text);
-    opened->close();
-}
+using tests::setAttribute;
 
 /// State after a regeneration; what the host itself says about it is left out.
 std::string afterRegen(Scene& scene) {

@@ -2,8 +2,8 @@
 #include "lisp_table.h"
 
 #include <iterator>
-#include <string>
 
+#include "boundary.h"
 #include "message_service.h"
 #include "platform.h"
 
@@ -23,8 +23,8 @@ constexpr LispFunction kLispFunctions[] = {
 constexpr int kRowCount = static_cast<int>(std::size(kLispFunctions));
 constexpr int kVersionCode = 1;
 
-/// The compiler's date and time are plain ASCII.
-std::wstring widened(const std::string& text) { return {text.begin(), text.end()}; }
+/// Source name and moment of the build: fixed by the compiler, not read when the module runs.
+constexpr wchar_t kVersionLine[] = L"GroupCommands : " __DATE__ L" " __TIME__;
 
 }  // namespace
 
@@ -46,9 +46,10 @@ void dispatchLispFunction() {
 }
 
 int lispVersionFunction() {
-    acedGetArgs();
-    // The moment of the build: fixed by the compiler, not read when the module runs.
-    const std::wstring line = L"GroupCommands : " + widened(__DATE__) + L" " + widened(__TIME__);
-    messageService(L"%s\n", line.c_str());
+    // The host calls this directly, past the entry point.
+    withinBoundary([] {
+        acedGetArgs();
+        messageService(L"%s\n", kVersionLine);
+    });
     return RSRSLT;
 }

@@ -1,6 +1,8 @@
 // Remembers the library's instance and makes it an MFC extension module.
 #include "library_attach.h"
 
+#include "boundary.h"
+
 namespace {
 
 HINSTANCE G_hInstance = nullptr;
@@ -26,7 +28,9 @@ void detach() {
 HINSTANCE moduleInstance() { return G_hInstance; }
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) attach(instance);
-    if (reason == DLL_PROCESS_DETACH) detach();
+    withinBoundary([&] {
+        if (reason == DLL_PROCESS_ATTACH) attach(instance);
+        if (reason == DLL_PROCESS_DETACH) detach();
+    });
     return TRUE;
 }

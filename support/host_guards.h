@@ -1,9 +1,6 @@
 // Guards that give back what the host handed out, on every path.
 #pragma once
 
-#include <exception>
-#include <type_traits>
-
 #include "platform.h"
 
 /// Closes an opened object when it goes out of scope.
@@ -32,22 +29,29 @@ class Opened {
     T* m_object = nullptr;
 };
 
-/// Frees a selection set when an exception passes by. Otherwise it does nothing: the module frees
-/// its sets, or leaves them, at fixed places.
-class FreedOnThrow {
+/// Owns a selection set and frees it when it goes out of scope.
+class OwnedSelection {
   public:
-    using Word = std::remove_extent_t<ads_name>;
-    /// `set` may be filled later, and has to live longer.
-    explicit FreedOnThrow(const Word* set) : m_set(set) {}
-    ~FreedOnThrow() {
-        if (std::uncaught_exceptions() > m_passing) acedSSFree(m_set);
+    OwnedSelection() = default;
+    ~OwnedSelection() { free(); }
+    OwnedSelection(const OwnedSelection&) = delete;
+    OwnedSelection& operator=(const OwnedSelection&) = delete;
+
+    /// The set's name, empty without a set; where a call that makes a set puts it.
+    ads_name& name() { return m_name; }
+    /// Frees the set before its end, for those who want to know how that went: the code of
+    /// acedSSFree, RTNORM without a set.
+    int free() {
+        if (m_name[0] == 0 && m_name[1] == 0) return RTNORM;
+        const int status = acedSSFree(m_name);
+        release();
+        return status;
     }
-    FreedOnThrow(const FreedOnThrow&) = delete;
-    FreedOnThrow& operator=(const FreedOnThrow&) = delete;
+    /// Somebody else has the set now, or nobody.
+    void release() { ads_name_clear(m_name); }
 
   private:
-    const Word* m_set;
-    int m_passing = std::uncaught_exceptions();
+    ads_name m_name = {};
 };
 
 /// Holds an object made with `new`: closes it once it joined the database, deletes it otherwise.
