@@ -1,5 +1,6 @@
 // The repair pass: what editing breaks, and what a regeneration or a save makes of it.
 #include "common/scene.h"
+#include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/notify.h"
 #include "marker_damage.h"
 
