@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -38,6 +39,8 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
 
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
+    // The paper itself has no lines.
+    if (isPaperViewport(entity)) return outline;
     m_budget = kMostEntities;
     m_blocks.clear();
     draw(entity, Pen(outline, {}), "0");

@@ -68,9 +68,9 @@ TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
     std::wstring explanation;
     ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
     EXPECT_EQ(get(L"A"), "hd");
-    EXPECT_EQ(get(L"L"), "d");
+    EXPECT_EQ(get(L"L"), "h");
     const ads_point low = {-99, -99, 0}, high = {99, 99, 0}, corner = {0, 50, 0};
-    EXPECT_EQ(get(L"C", nullptr, low, high), "d");
+    EXPECT_EQ(get(L"C", nullptr, low, high), "hd");
     EXPECT_EQ(get(nullptr, nullptr, corner), kError);
     const std::wstring handle = handent(paper).substr(10);
     const std::wstring digits = handle.substr(0, handle.size() - 2);
