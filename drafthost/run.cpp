@@ -184,7 +184,8 @@ void printHelp() {
     }
     writeOutput(
         text +
-        "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED.\n"
+        "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
+        "SWITCH drawing (as Ctrl+Tab: number or name).\n"
         "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
         "(Name args) calls a LISP function of a module.\n");
 }

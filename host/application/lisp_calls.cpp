@@ -104,13 +104,13 @@ CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
 // ---------------------------------------------------------------------------------
 
 int acedDefun(const ACHAR* name, int code) {
-    if (host::callFails("acedDefun")) return RTERROR;
+    if (host::callFails("acedDefun")) return 0;
     host::Session::Impl* session = host::sessionWithLisp("acedDefun");
-    if (session == nullptr) return RTERROR;
+    if (session == nullptr) return 0;
     host::Module* owner = session->modules.caller();
     if (owner == nullptr || name == nullptr || *name == 0 || code < 0 ||
         code > host::kHighestCode) {
-        return RTERROR;
+        return 0;
     }
     session->documents.current()->lisp.define(name, owner, code);
     return RTNORM;

@@ -103,6 +103,37 @@ CommandStatus printPicked() {
     return CommandStatus::Done;
 }
 
+/// The open drawing that an answer names: its number in opening order, its path or file name.
+HostDocument* namedDocument(const Documents& documents, const std::wstring& answer) {
+    const std::wstring wanted = foldCase(answer);
+    std::size_t number = 0;
+    for (HostDocument* document : documents.all()) {
+        const std::wstring path = foldCase(document->fileName());
+        const std::size_t slash = path.find_last_of(L"/\\");
+        const std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
+        if (wanted == std::to_wstring(++number) || wanted == path || wanted == name)
+            return document;
+    }
+    return nullptr;
+}
+
+/// SWITCH: makes another open drawing current, as Ctrl+Tab does.
+CommandStatus switchGesture(Session::Impl& session) {
+    std::size_t number = 0;
+    for (const HostDocument* document : session.documents.all())
+        say(std::to_wstring(++number) + L" " + document->fileName() +
+            (document == session.documents.current() ? L" (current)" : L""));
+    const Answer answer =
+        answerAtPrompt(*inputSource(), L"\nEnter number or name of drawing: ", InputUnit::Line);
+    if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;
+    if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+    HostDocument* document = namedDocument(session.documents, answer.text);
+    if (document == nullptr)
+        return session.fail({toUtf8(answer.text) + ": no open drawing; SWITCH lists them", 1});
+    session.activate(*document);
+    return CommandStatus::Done;
+}
+
 CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
     if (document == nullptr) return session.fail({"no drawing is open", 1});
@@ -127,6 +158,7 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
     const std::wstring name = foldCase(text);
     if (name == L"PICK" || name == L"UNPICK") return pickGesture(session, name == L"UNPICK");
     if (name == L"PICKED") return printPicked();
+    if (name == L"SWITCH") return switchGesture(session);
     return runCommand(text);
 }
 
