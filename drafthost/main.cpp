@@ -10,19 +10,9 @@
 namespace {
 
 int act(const Options& options) {
-    switch (options.action) {
-        case Options::Action::Version:
-            writeOutput("drafthost " DRAFTHOST_VERSION "\n");
-            return kDone;
-        case Options::Action::Help:
-            printHelp();
-            return kDone;
-        case Options::Action::Check:
-            return checkFiles(options);
-        case Options::Action::Run:
-            break;
-    }
-    return runSession(options);
+    writeOutput(options.information);
+    if (!options.information.empty()) return kDone;
+    return options.check ? checkFiles(options) : runSession(options);
 }
 
 }  // namespace

@@ -1,10 +1,7 @@
 // The command line of drafthost.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// Exit statuses of the program.
@@ -19,19 +16,16 @@ enum ExitStatus {
 
 /// What the command line asks for. All texts are UTF-8.
 struct Options {
-    enum class Action { Run, Check, Version, Help };
-    Action action = Action::Run;
-    std::string drawing;                ///< empty: a new one
-    std::optional<std::string> script;  ///< "-" is standard input
-    std::optional<std::string> module;  ///< no value: the one beside the program
+    std::string information;         ///< of --help or --version: there is nothing else to do
+    std::vector<std::string> files;  ///< the drawing, if any, or those of --check
+    std::string script;              ///< "-" is standard input; empty: none
+    std::string module;              ///< empty: the one beside the program
     bool noModule = false;
+    bool check = false;
     std::vector<std::string> menuGroups;
-    std::vector<std::pair<std::string, std::string>> variables;
-    std::vector<std::pair<std::string, std::uint32_t>> switches;
-    std::vector<std::string> checked;  ///< files of --check
+    std::vector<std::string> variables;  ///< "NAME=VALUE"
+    std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits
 };
 
 /// Reads the arguments behind the program's name. False, with one line, when they are wrong.
-bool parseOptions(const std::vector<std::string>& arguments, Options& options, std::string& error);
-/// Text of --help; the commands are listed behind it.
-const char* helpText();
+bool parseOptions(std::vector<std::string> arguments, Options& options, std::string& error);

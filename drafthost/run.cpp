@@ -9,16 +9,17 @@
 #include <functional>
 #include <memory>
 
-#include "drafthost/module_switches.h"
 #include "drafthost/output.h"
 #include "drafthost/terminal.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
+#include "host/control/windows_setup.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -60,29 +61,46 @@ bool passed(const host::Outcome& outcome) {
     return static_cast<bool>(outcome);
 }
 
+std::wstring nameIn(const std::string& assignment) {
+    return host::fromUtf8(assignment.substr(0, assignment.find('=')));
+}
+
+std::string valueIn(const std::string& assignment) {
+    return assignment.substr(assignment.find('=') + 1);
+}
+
 bool setVariables(const Options& options) {
-    for (const auto& [name, value] : options.variables) {
+    for (const std::string& each : options.variables) {
         std::wstring explanation;
-        if (host::setSysvarText(host::fromUtf8(name), host::fromUtf8(value), explanation)) continue;
-        complain("--set " + name + "=" + value + ": " + host::toUtf8(explanation));
+        if (host::setSysvarText(nameIn(each), host::fromUtf8(valueIn(each)), explanation)) continue;
+        complain("--set " + each + ": " + host::toUtf8(explanation));
         return false;
     }
     return true;
 }
 
-bool setSwitches(const Options& options) {
-    for (const auto& [name, value] : options.switches) {
-        std::string error;
-        if (setModuleSwitch(name, value, error)) continue;
-        complain(error);
-        return false;
+/// The registry that only this run sees: the user's stays as it is.
+class OwnRegistry {
+  public:
+    OwnRegistry() = default;
+    ~OwnRegistry() { host::resetWindows(); }
+    OwnRegistry(const OwnRegistry&) = delete;
+    OwnRegistry& operator=(const OwnRegistry&) = delete;
+
+    bool set(const Options& options) {
+        for (const std::string& each : options.switches) {
+            const auto value = static_cast<std::uint32_t>(*host::parseInteger(valueIn(each)));
+            if (host::setRegistryDword(host::moduleRegistryKey(), nameIn(each), value)) continue;
+            complain("--registry " + each + ": Windows does not let the value be written");
+            return false;
+        }
+        return true;
     }
-    return true;
-}
+};
 
 bool loadModule(host::Session& session, const Options& options) {
     if (options.noModule) return true;
-    if (options.module) return passed(session.loadModule(*options.module));
+    if (!options.module.empty()) return passed(session.loadModule(options.module));
     const std::string path = programFolder() + kDefaultModule;
     std::error_code ignored;
     if (std::filesystem::exists(nativePath(path), ignored)) return passed(session.loadModule(path));
@@ -96,9 +114,8 @@ bool loadModule(host::Session& session, const Options& options) {
 int start(host::Session& session, const Options& options) {
     for (const std::string& group : options.menuGroups)
         host::setMenuGroupLoaded(host::fromUtf8(group), true);
-    if (!setSwitches(options)) return kUsage;
     const host::Outcome opened =
-        options.drawing.empty() ? session.newDrawing() : session.openDrawing(options.drawing);
+        options.files.empty() ? session.newDrawing() : session.openDrawing(options.files[0]);
     if (!passed(opened)) return opened.status;
     if (!setVariables(options)) return kUsage;
     return loadModule(session, options) ? kDone : kFailed;
@@ -120,7 +137,7 @@ void runTerminal(host::Session& session) {
 
 void runScript(host::Session& session, const Options& options, const std::string& text) {
     session.setDiagnostics([](const std::string& line) { complain(line); });
-    const std::string name = *options.script == "-" ? "standard input" : *options.script;
+    const std::string name = options.script == "-" ? "standard input" : options.script;
     session.runScript(host::fromUtf8(text), false, name);
 }
 
@@ -128,14 +145,16 @@ void runScript(host::Session& session, const Options& options, const std::string
 
 int runSession(const Options& options) {
     std::string script;
-    if (options.script && !readScript(*options.script, script)) return kUsage;
+    if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
+    OwnRegistry registry;
+    if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     int status = start(*session, options);
     if (status == kDone) {
-        if (options.script) {
+        if (!options.script.empty()) {
             runScript(*session, options, script);
         } else if (isInteractive()) {
             runTerminal(*session);
@@ -150,7 +169,7 @@ int runSession(const Options& options) {
 int checkFiles(const Options& options) {
     bool unreadable = false;
     bool damaged = false;
-    for (const std::string& file : options.checked) {
+    for (const std::string& file : options.files) {
         host::DxfError error;
         const auto findings = host::checkFile(file, error, [&](double done) {
             showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
@@ -173,19 +192,22 @@ int checkFiles(const Options& options) {
     return damaged ? kDamaged : kDone;
 }
 
-void printHelp() {
+std::string helpOnCommands() {
     const host::Session session;  // registers the commands
-    std::string text = helpText();
-    text += "\nCommands:\n";
+    std::string text =
+        "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
+        "unknown,\n"
+        "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
+        "be\n"
+        "written; 5 the check found damage.\n\nCommands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {
         std::string name = host::toUtf8(command->name);
         name.resize(std::max<std::size_t>(name.size(), 10), ' ');
         text += "  " + name + "  " + host::toUtf8(command->help) + "\n";
     }
-    writeOutput(
-        text +
-        "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
-        "SWITCH drawing (as Ctrl+Tab: number or name).\n"
-        "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
-        "(Name args) calls a LISP function of a module.\n");
+    return text +
+           "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
+           "SWITCH drawing (as Ctrl+Tab: number or name).\n"
+           "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
+           "(Name args) calls a LISP function of a module.";
 }

@@ -7,5 +7,5 @@
 int runSession(const Options& options);
 /// Checks the files and prints what is found. Gives the exit status.
 int checkFiles(const Options& options);
-/// Prints the help and the list of commands.
-void printHelp();
+/// What --help says of commands and exit statuses.
+std::string helpOnCommands();

@@ -1,6 +1,6 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
 #include "host/application/session_impl.h"
-#include "host/commands/command_support.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/text/text_codec.h"
 

@@ -4,10 +4,11 @@
 #include <algorithm>
 #include <new>
 
-#include "host/application/guarded_call.h"
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
+#include "host/control/guarded_call.h"
+#include "host/editor/state/reactor_list.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -39,30 +40,10 @@ DocumentMemory& documentMemory() {
     return memory;
 }
 
-/// An attached reactor, and its virtual table at that time: it tells the library that the reactor
-/// comes from, also when the reactor itself is gone.
-struct AttachedReactor {
-    AcApDocManagerReactor* reactor;
-    const void* table;
-};
-
 /// Never destroyed: reactors of a module may be deleted while the process ends.
-std::vector<AttachedReactor>& reactors() {
-    static auto& attached = *new std::vector<AttachedReactor>;
+ReactorList<AcApDocManagerReactor>& reactors() {
+    static auto& attached = *new ReactorList<AcApDocManagerReactor>;
     return attached;
-}
-
-bool isAttached(const AcApDocManagerReactor* reactor) {
-    const auto& attached = reactors();
-    return std::any_of(attached.begin(), attached.end(),
-                       [&](const AttachedReactor& each) { return each.reactor == reactor; });
-}
-
-void detach(const AcApDocManagerReactor* reactor) {
-    auto& attached = reactors();
-    attached.erase(std::remove_if(attached.begin(), attached.end(),
-                                  [&](const auto& each) { return each.reactor == reactor; }),
-                   attached.end());
 }
 
 using DocumentEvent = void (AcApDocManagerReactor::*)(AcApDocument*);
@@ -70,11 +51,9 @@ using DocumentEvent = void (AcApDocManagerReactor::*)(AcApDocument*);
 /// Sends one event to every reactor that is still attached when its turn comes.
 void notify(DocumentEvent event, const char* name, HostDocument& document) {
     recordEffect(EffectKind::Notification, fromUtf8(name) + L" " + document.fileName());
-    const std::vector<AttachedReactor> turn = reactors();
-    for (const AttachedReactor& each : turn) {
-        if (!isAttached(each.reactor)) continue;
-        guardedCall(name, [&] { (each.reactor->*event)(&document); });
-    }
+    reactors().forEach([&](AcApDocManagerReactor& reactor) {
+        guardedCall(name, [&] { (reactor.*event)(&document); });
+    });
 }
 
 }  // namespace
@@ -137,22 +116,13 @@ HostDocument* Documents::withPath(const std::wstring& path) const {
     return nullptr;
 }
 
-int forgetDocumentReactorsOf(const ModuleLibrary& library) {
-    auto& attached = reactors();
-    const auto left = std::remove_if(attached.begin(), attached.end(), [&](const auto& each) {
-        return library.contains(each.table);
-    });
-    const int count = static_cast<int>(attached.end() - left);
-    attached.erase(left, attached.end());
-    return count;
+void detachAllDocumentReactors() { reactors().detachAll(); }
+
+int detachDocumentReactorsOf(const std::function<bool(const void*)>& isInLibrary) {
+    return reactors().detachOf(isInLibrary);
 }
 
-void resetDocumentReactors() { reactors().clear(); }
-
 }  // namespace host
-
-// --- the interface
-// ---------------------------------------------------------------------------------
 
 AcRxClass* AcApDocument::desc() {
     static AcRxClass descriptor(L"AcApDocument", AcRxObject::desc());
@@ -168,8 +138,8 @@ AcRxClass* AcApDocManagerReactor::desc() {
 }
 AcRxClass* AcApDocManagerReactor::isA() const { return desc(); }
 AcApDocManagerReactor::~AcApDocManagerReactor() {
-    if (!host::isAttached(this)) return;
-    host::detach(this);
+    if (!host::reactors().contains(this)) return;
+    host::reactors().detach(this);
     host::reportModuleFault("a document reactor was deleted while it was attached");
 }
 void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
@@ -197,12 +167,12 @@ void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
         host::reportModuleFault("AcApDocManager::addReactor: null reactor");
         return;
     }
-    if (host::isAttached(reactor)) return;
-    // The first word of a polymorphic object points to its virtual table.
-    host::reactors().push_back({reactor, *reinterpret_cast<const void* const*>(reactor)});
+    host::reactors().attach(reactor);
 }
 
-void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) { host::detach(reactor); }
+void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
+    host::reactors().detach(reactor);
+}
 
 AcApDocManager* acDocManagerPtr() {
     static AcApDocManager manager;

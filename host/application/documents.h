@@ -1,11 +1,11 @@
 // The open documents: their list, the current one, and their notifications.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "host/application/module_library.h"
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
@@ -71,8 +71,9 @@ class Documents {
     int m_untitled = 0;
 };
 
-/// Detaches the document reactors whose code lies in `library`; gives their number.
-int forgetDocumentReactorsOf(const ModuleLibrary& library);
-void resetDocumentReactors();
+/// Forgets every attached document reactor, or those whose virtual table lies in a library; gives
+/// their number.
+void detachAllDocumentReactors();
+int detachDocumentReactorsOf(const std::function<bool(const void*)>& isInLibrary);
 
 }  // namespace host

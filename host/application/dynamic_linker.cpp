@@ -39,20 +39,6 @@ bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
     return module != nullptr;
 }
 
-bool AcRxDynamicLinker::lockApplication(void* pkt) const {
-    if (host::callFails("lockApplication")) return false;
-    host::Module* module = host::moduleOf(pkt, "lockApplication");
-    if (module != nullptr) module->locked = true;
-    return module != nullptr;
-}
-
-bool AcRxDynamicLinker::isApplicationLocked(const ACHAR* name) const {
-    host::Session* session = host::currentSession();
-    if (session == nullptr || name == nullptr) return false;
-    const host::Module* module = session->impl().modules.find(host::toUtf8(name));
-    return module != nullptr && module->locked;
-}
-
 bool AcRxDynamicLinker::registerAppMDIAware(void* pkt) const {
     if (host::callFails("registerAppMDIAware")) return false;
     host::Module* module = host::moduleOf(pkt, "registerAppMDIAware");

@@ -1,11 +1,11 @@
 // Calling the LISP functions that modules defined, and the interface they define them with.
 #include "host/application/lisp_calls.h"
 
-#include "host/application/guarded_call.h"
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
+#include "host/control/guarded_call.h"
 #include "host/objectarx/lisp_functions.h"
 #include "host/scripting/lisp_reader.h"
 #include "host/text/text_codec.h"
@@ -94,14 +94,11 @@ CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
         outcome.error = where + " reported a LISP error";
         return fail(outcome);
     }
-    if (!invocation.returnsVoid) recordEffect(EffectKind::CommandLine, L"nil");
+    if (!invocation.returnsVoid) print(L"nil");
     return CommandStatus::Done;
 }
 
 }  // namespace host
-
-// --- the interface
-// ---------------------------------------------------------------------------------
 
 int acedDefun(const ACHAR* name, int code) {
     if (host::callFails("acedDefun")) return 0;

@@ -1,6 +1,5 @@
 // ARX: loading, unloading and listing applications.
 #include "host/application/session_impl.h"
-#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/text/text_codec.h"
@@ -11,9 +10,9 @@ namespace {
 CommandStatus listModules() {
     const Modules& modules = currentSession()->impl().modules;
     for (const auto& module : modules.all()) {
-        say(fromUtf8(module->path) + (module->locked ? L" (locked)" : L""));
+        printLine(fromUtf8(module->path) + (module->locked ? L" (locked)" : L""));
     }
-    if (modules.all().empty()) say(L"No application is loaded.");
+    if (modules.all().empty()) printLine(L"No application is loaded.");
     return CommandStatus::Done;
 }
 
@@ -33,7 +32,7 @@ CommandStatus runArx() {
     if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;
     if (file.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
     const std::string name = toUtf8(file.text);
-    recordEffect(EffectKind::CommandLine, L"\n");  // the application prints where the cursor is
+    print(L"\n");  // the application prints where the cursor is
     const Outcome outcome = load ? session.modules.load(name) : session.modules.unload(name);
     return outcome ? CommandStatus::Done : session.fail(outcome);
 }

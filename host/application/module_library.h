@@ -13,12 +13,10 @@ class ModuleLibrary {
     ModuleLibrary(const ModuleLibrary&) = delete;
     ModuleLibrary& operator=(const ModuleLibrary&) = delete;
 
-    /// Loads the library at `path` (UTF-8); static construction runs. False with the system's
-    /// reason in `error`.
+    /// Loads the library at `path` (UTF-8, absolute: a mere name would be searched for); static
+    /// construction runs. False with the system's reason in `error`.
     bool open(const std::string& path, std::string& error);
     void close();
-    /// Leaves the library in memory for ever, for one that code still points into.
-    void abandon() { m_handle = nullptr; }
     /// Address of an exported function, or null.
     void* symbol(const char* name) const;
     /// True when the address lies in this library.

@@ -8,7 +8,7 @@ namespace host {
 
 bool ModuleLibrary::open(const std::string& path, std::string& error) {
     // Without a slash the loader would search its own folders instead of taking the file.
-    m_handle = dlopen(absolutePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (m_handle == nullptr) {
         const char* reason = dlerror();
         error = reason != nullptr ? reason : "unknown reason";

@@ -8,7 +8,7 @@
 namespace host {
 
 bool ModuleLibrary::open(const std::string& path, std::string& error) {
-    const std::wstring wide = fromUtf8(absolutePath(path));
+    const std::wstring wide = fromUtf8(path);
     HMODULE library = LoadLibraryExW(wide.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) {
         error = "LoadLibrary failed with error " + std::to_string(GetLastError());

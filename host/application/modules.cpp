@@ -7,15 +7,13 @@
 #include <utility>
 
 #include "host/application/documents.h"
-#include "host/application/guarded_call.h"
-#include "host/commands/command_support.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
+#include "host/control/guarded_call.h"
 #include "host/control/switches.h"
-#include "host/editor/run/command_runner.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
-#include "host/objectarx/command_stack.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
@@ -79,7 +77,6 @@ std::string messageName(AcRx::AppMsgCode message) {
 int Modules::send(Module& module, AcRx::AppMsgCode message) {
     const std::string where = messageName(message) + " to " + module.name;
     recordEffect(EffectKind::Notification, fromUtf8(messageName(message) + " " + module.name));
-    const int reactorsBefore = editorReactorCount();
     const AcRx::AppMsgCode outer = std::exchange(m_message, message);
     AcRx::AppRetCode answer = AcRx::kRetError;
     {
@@ -87,7 +84,6 @@ int Modules::send(Module& module, AcRx::AppMsgCode message) {
         guardedCall(where, [&] { answer = module.entry(message, &module); });
     }
     m_message = outer;
-    module.editorReactors += editorReactorCount() - reactorsBefore;
     const bool mayRefuse = message != AcRx::kUnloadAppMsg && message != AcRx::kOleUnloadAppMsg &&
                            message != AcRx::kUnloadDwgMsg;
     if (answer == AcRx::kRetError && mayRefuse) m_refusing.push_back(&module);
@@ -193,7 +189,7 @@ void Modules::unloadRefusing() {
         Module* module = m_refusing.back();
         m_refusing.erase(std::remove(m_refusing.begin(), m_refusing.end(), module),
                          m_refusing.end());
-        say(fromUtf8(module->name) + L" answered kRetError and is unloaded.");
+        printLine(fromUtf8(module->name) + L" answered kRetError and is unloaded.");
         sendUnloadDrawings(*module);
         remove(*module);
     }
@@ -208,10 +204,7 @@ void Modules::quit() {
 void Modules::remove(Module& module) {
     module.unloading = true;
     send(module, AcRx::kUnloadAppMsg);
-    // A library that is still pointed into stays in memory: a fault, but no crash.
-    if (clearLeftovers(module)) module.library.abandon();
-    for (HostDocument* document : m_documents.all())
-        document->lisp.removeAllOf(&module);
+    clearLeftovers(module);
     const auto at = std::find_if(m_modules.begin(), m_modules.end(),
                                  [&](const auto& each) { return each.get() == &module; });
     const std::unique_ptr<Module> last = std::move(*at);
@@ -221,35 +214,26 @@ void Modules::remove(Module& module) {
     checkNothingLeaked(before, "the static destructors of " + last->name);
 }
 
-bool Modules::clearLeftovers(Module& module) {
+void Modules::clearLeftovers(Module& module) {
     const std::string where = "after kUnloadAppMsg to " + module.name + ": ";
-    std::set<std::wstring> groups;
     // A call that was made to fail is not the module's fault, and neither is what it left.
     const auto report = [&](const std::string& what) {
         if (faultsInjected() == 0) reportModuleFault(where + what);
     };
-    for (const RegisteredCommand& command : registeredCommands()) {
-        if (!module.library.contains(reinterpret_cast<const void*>(command.function))) continue;
-        report("command " + toUtf8(command.globalName) + " is still registered");
-        groups.insert(command.group);
-    }
-    bool pointedInto = false;
-    for (const std::wstring& group : groups)
-        pointedInto |= acedRegCmds->removeGroup(group.c_str()) != Acad::eOk;
-    for (int left = forgetDocumentReactorsOf(module.library); left > 0; --left)
+    const auto isInLibrary = [&](const void* address) { return module.library.contains(address); };
+    for (const std::wstring& command : removeCommandsOf(isInLibrary))
+        report("command " + toUtf8(command) + " is still registered");
+    for (int left = detachDocumentReactorsOf(isInLibrary); left > 0; --left)
         report("a document reactor is still attached");
+    for (int left = detachReactorsOf(isInLibrary); left > 0; --left)
+        report("an editor reactor is still attached");
     for (HostDocument* document : m_documents.all()) {
         for (const std::wstring& name : document->lisp.namesOf(&module)) {
             report("LISP function " + toUtf8(name) + " is still defined in " +
                    toUtf8(document->fileName()));
         }
+        document->lisp.removeAllOf(&module);
     }
-    const bool last = m_modules.size() == 1;
-    if (module.editorReactors > 0 || (last && editorReactorCount() > 0)) {
-        report("an editor reactor is still attached");
-        pointedInto = true;
-    }
-    return pointedInto;
 }
 
 Module* Modules::find(const std::string& name) const {

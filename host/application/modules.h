@@ -30,7 +30,6 @@ class Module {
     bool mdiAware = false;  ///< works with several open drawings
     bool unloading = false;
     std::set<const AcApDocument*> documents;  ///< those it got kLoadDwgMsg for
-    int editorReactors = 0;  ///< attached less detached by its entry-point messages
 };
 
 /// The applications of the session in loading order.
@@ -89,9 +88,8 @@ class Modules {
     void sendUnloadDrawings(Module& module);
     /// kUnloadAppMsg, the search for leftovers, and the closing of the library.
     void remove(Module& module);
-    /// Reports and removes what the module left registered; true when something still points into
-    /// its library.
-    bool clearLeftovers(Module& module);
+    /// Reports and removes what the module left registered: nothing may point into its library.
+    void clearLeftovers(Module& module);
 
     Documents& m_documents;
     std::vector<std::unique_ptr<Module>> m_modules;

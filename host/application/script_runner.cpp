@@ -1,12 +1,11 @@
-// The command loop: commands, LISP calls and the gestures at the empty prompt.
+// The command loop: commands, gestures and LISP calls at the empty prompt.
 #include <algorithm>
 
+#include "host/application/gestures.h"
 #include "host/application/session_impl.h"
-#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
-#include "host/editor/selection/select_objects.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -15,18 +14,6 @@
 
 namespace host {
 namespace {
-
-/// Prints text as it stands, without a line of its own.
-void print(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
-
-/// The next answer at the empty prompt. Not through prompt(): the end of the input and Esc are no
-/// cancelled command here.
-Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit unit) {
-    const Answer answer = source.next(text, unit);
-    if (answer.kind == Answer::Kind::Cancel) print(L"*Cancel*");
-    if (!source.interactive()) print(answer.text);
-    return answer;
-}
 
 /// Passes answers on and remembers that the input is over.
 class WatchedSource : public InputSource {
@@ -49,101 +36,16 @@ class WatchedSource : public InputSource {
     bool m_over = false;
 };
 
-/// Splits the rest of a gesture's line into words as a script would.
-std::vector<std::wstring> wordsOf(const std::wstring& line) {
-    std::vector<std::wstring> words;
-    ScriptSource source(line);
-    while (!source.atEnd()) {
-        const Answer answer = source.next({}, InputUnit::Token);
-        if (answer.kind == Answer::Kind::Text) words.push_back(answer.text);
-    }
-    return words;
-}
-
-CommandStatus pickGesture(Session::Impl& session, bool shift) {
-    InputSource& source = *inputSource();
-    if (!source.interactive()) print(L" ");
-    const Answer answer = answerAtPrompt(source, L"Selection: ", InputUnit::Line);
-    if (answer.kind == Answer::Kind::Cancel || answer.kind == Answer::Kind::End) {
-        return CommandStatus::Cancelled;
-    }
-    const std::vector<std::wstring> words = wordsOf(answer.text);
-    if (!shift && words.size() == 1 && foldCase(words[0]) == L"NONE") {
-        pickNothing();
-        return CommandStatus::Done;
-    }
-    std::vector<AcDbObjectId> selection;
-    std::wstring explanation;
-    if (session.documents.current() == nullptr) {
-        return session.fail({"no drawing is open", 1});
-    }
-    if (words.empty()) {
-        return session.fail(
-            {"a selection is missing: a point, W or C and two points, ALL, L, P, "
-             "(handent \"2A\") or NONE",
-             1});
-    }
-    if (!parseSelection(words, selection, explanation)) {
-        return session.fail({toUtf8(explanation), 1});
-    }
-    shift ? unpick(selection) : pick(selection);
-    return CommandStatus::Done;
-}
-
-/// PICKED: position, handle and type of each entity of the pick-first set.
-CommandStatus printPicked() {
-    long position = 0;
-    for (const AcDbObjectId id : pickfirst()) {
-        const ObjectBody* body = Store::resolve(id);
-        if (body == nullptr) continue;
-        say(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
-            fromUtf8(body->type()));
-    }
-    if (position == 0) say(L"Nothing is picked.");
-    return CommandStatus::Done;
-}
-
-/// The open drawing that an answer names: its number in opening order, its path or file name.
-HostDocument* namedDocument(const Documents& documents, const std::wstring& answer) {
-    const std::wstring wanted = foldCase(answer);
-    std::size_t number = 0;
-    for (HostDocument* document : documents.all()) {
-        const std::wstring path = foldCase(document->fileName());
-        const std::size_t slash = path.find_last_of(L"/\\");
-        const std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
-        if (wanted == std::to_wstring(++number) || wanted == path || wanted == name)
-            return document;
-    }
-    return nullptr;
-}
-
-/// SWITCH: makes another open drawing current, as Ctrl+Tab does.
-CommandStatus switchGesture(Session::Impl& session) {
-    std::size_t number = 0;
-    for (const HostDocument* document : session.documents.all())
-        say(std::to_wstring(++number) + L" " + document->fileName() +
-            (document == session.documents.current() ? L" (current)" : L""));
-    const Answer answer =
-        answerAtPrompt(*inputSource(), L"\nEnter number or name of drawing: ", InputUnit::Line);
-    if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;
-    if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    HostDocument* document = namedDocument(session.documents, answer.text);
-    if (document == nullptr)
-        return session.fail({toUtf8(answer.text) + ": no open drawing; SWITCH lists them", 1});
-    session.activate(*document);
-    return CommandStatus::Done;
-}
-
 CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
     if (document == nullptr) return session.fail({"no drawing is open", 1});
     const auto value = parseHandle(toUtf8(handle));
     const ObjectBody* body = value ? document->database()->store().byHandle(*value) : nullptr;
     if (body == nullptr) {
-        say(L"nil");
+        printLine(L"nil");
         return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing", 1});
     }
-    say(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
+    printLine(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
     return CommandStatus::Done;
 }
 
@@ -155,11 +57,8 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
         print(L"\n");  // the person has pressed Enter, and the function prints where the cursor is
         return session.callLisp(text);
     }
-    const std::wstring name = foldCase(text);
-    if (name == L"PICK" || name == L"UNPICK") return pickGesture(session, name == L"UNPICK");
-    if (name == L"PICKED") return printPicked();
-    if (name == L"SWITCH") return switchGesture(session);
-    return runCommand(text);
+    const std::optional<CommandStatus> gesture = runGesture(session, foldCase(text));
+    return gesture ? *gesture : runCommand(text);
 }
 
 }  // namespace
@@ -174,7 +73,7 @@ void Session::Impl::diagnose(const std::string& line) {
     if (diagnostics) {
         diagnostics(oneLine(fromUtf8(line)));
     } else {
-        say(fromUtf8(line));
+        printLine(fromUtf8(line));
     }
 }
 

@@ -44,7 +44,7 @@ Session::Session() : m_impl(std::make_unique<Impl>()) {
     resetEditor();
     resetSysvars();
     resetMenus();
-    resetDocumentReactors();
+    detachAllDocumentReactors();
     registerEditorServices();
     registerService(L"DynamicLinker", &dynamicLinker());
     registerHostCommands();
@@ -60,13 +60,10 @@ Session::~Session() {
     dropClipboard();
     resetEditor();
     checkNothingLeaked(m_impl->heldAtStart, "the end of the session");
-    resetDocumentReactors();
+    detachAllDocumentReactors();
     registerService(L"DynamicLinker", nullptr);
     if (theSession == this) theSession = nullptr;
 }
-
-// --- documents
-// -------------------------------------------------------------------------------------
 
 void Session::Impl::activate(HostDocument& document) {
     active = &document;
@@ -178,9 +175,6 @@ AcDbDatabase* Session::database() const {
     return document != nullptr ? document->database() : nullptr;
 }
 
-// --- modules
-// ---------------------------------------------------------------------------------------
-
 Outcome Session::loadModule(const std::string& path) { return m_impl->modules.load(path); }
 
 Outcome Session::unloadModule(const std::string& name) { return m_impl->modules.unload(name); }
@@ -200,9 +194,6 @@ int Session::sendMessage(const std::string& name, int message) {
     return answer;
 }
 
-// --- the rest
-// --------------------------------------------------------------------------------------
-
 void Session::setProgress(std::function<void(const char*, int)> progress) {
     m_impl->progress = std::move(progress);
 }
@@ -210,8 +201,6 @@ void Session::setProgress(std::function<void(const char*, int)> progress) {
 void Session::setDiagnostics(std::function<void(const std::string&)> diagnostics) {
     m_impl->diagnostics = std::move(diagnostics);
 }
-
-bool Session::quitAsked() const { return m_impl->quit; }
 
 int Session::exitStatus() const { return m_impl->exitStatus; }
 

@@ -80,8 +80,6 @@ class Session {
     /// Receives one line, without line end, for each command that did not end well: where, what and
     /// what to do. Without a receiver the lines appear on the command line.
     void setDiagnostics(std::function<void(const std::string& line)> diagnostics);
-    /// True once a QUIT command ran.
-    bool quitAsked() const;
     /// Highest exit status that a command has earned so far: 0, 1, 3 or 4.
     int exitStatus() const;
 

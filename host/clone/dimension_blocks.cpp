@@ -49,9 +49,8 @@ ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& l
     fresh.kind = Kind::BlockRecord;
     placeText(fresh, text);
     ObjectBody& record = store.duplicate(fresh, table);
-    store.appendChild(table, record);
-    store.indexSymbol(table, record, name);
-    makeBlockParts(store, record);
+    addRecord(store, table, record, name);
+    completeBlock(store, record);
     return record;
 }
 

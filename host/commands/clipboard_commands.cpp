@@ -6,6 +6,7 @@
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
+#include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/dialogue/input.h"
@@ -53,8 +54,8 @@ bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const
     filled.base = cornerOf(store, entities);
     Store& target = filled.drawing->store();
     wblockClone({entities.begin(), entities.end()}, target, target.at(target.modelSpace()));
-    say(std::to_wstring(entities.size()) + L" copied to the clipboard, base point X=" +
-        fromUtf8(formatReal(filled.base.x)) + L" Y=" + fromUtf8(formatReal(filled.base.y)));
+    printLine(std::to_wstring(entities.size()) + L" copied to the clipboard, base point X=" +
+              fromUtf8(formatReal(filled.base.x)) + L" Y=" + fromUtf8(formatReal(filled.base.y)));
     clipboard() = std::move(filled);
     return true;
 }
@@ -89,7 +90,7 @@ CommandStatus runPasteClip() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
     if (clipboard().drawing == nullptr) {
-        say(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
+        printLine(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
         return CommandStatus::Failed;
     }
     AcGePoint3d point;

@@ -10,10 +10,8 @@ namespace host {
 Store* drawingOrComplaint() {
     const DocumentState* document = currentDocumentState();
     if (document != nullptr) return &document->database->store();
-    say(L"No drawing is open: use NEW or OPEN first.");
+    printLine(L"No drawing is open: use NEW or OPEN first.");
     return nullptr;
 }
-
-void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, L"\n" + text); }
 
 }  // namespace host

@@ -1,7 +1,5 @@
-// What the host's own commands share: the drawing they work on, and printing.
+// What the host's own commands share: the drawing they work on.
 #pragma once
-
-#include <string>
 
 namespace host {
 
@@ -9,7 +7,5 @@ class Store;
 
 /// Store of the current drawing; null, with one line of explanation, when none is open.
 Store* drawingOrComplaint();
-/// Prints one line on the command line, on a line of its own.
-void say(const std::wstring& text);
 
 }  // namespace host

@@ -4,9 +4,9 @@
 namespace host {
 
 void registerHostCommands() {
-    registerDrawingCommands();
-    registerEditCommands();
-    registerModifyCommands();
+    registerFigureCommands();
+    registerSelectionCommands();
+    registerTransformCommands();
     registerClipboardCommands();
     registerUndoCommands();
     registerInquiryCommands();

@@ -7,9 +7,9 @@ namespace host {
 void registerHostCommands();
 
 /// The groups of commands, one source each.
-void registerDrawingCommands();
-void registerEditCommands();
-void registerModifyCommands();
+void registerFigureCommands();
+void registerSelectionCommands();
+void registerTransformCommands();
 void registerClipboardCommands();
 void registerUndoCommands();
 void registerInquiryCommands();

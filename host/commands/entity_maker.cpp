@@ -1,7 +1,8 @@
 // Making entities from their tags.
 #include "host/commands/entity_maker.h"
 
-#include "host/objects/object_access.h"
+#include "host/objects/class_table.h"
+#include "host/objects/opening.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

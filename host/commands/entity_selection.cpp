@@ -3,12 +3,12 @@
 
 #include <algorithm>
 
-#include "host/commands/command_support.h"
+#include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
-#include "host/objects/object_access.h"
+#include "host/objects/erasing.h"
 #include "host/store/store.h"
 #include "host/text/text_codec.h"
 
@@ -31,7 +31,8 @@ bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities) {
         std::sort(entities.begin(), entities.end(),
                   [](const ObjectBody* a, const ObjectBody* b) { return a->self < b->self; });
     }
-    if (onLocked > 0) say(std::to_wstring(onLocked) + L" on a locked layer, left as they are.");
+    if (onLocked > 0)
+        printLine(std::to_wstring(onLocked) + L" on a locked layer, left as they are.");
     return true;
 }
 
@@ -44,7 +45,7 @@ void eraseEntities(const std::vector<ObjectBody*>& entities) {
 bool canTransform(EntityTransform& transform, const std::vector<ObjectBody*>& entities) {
     for (const ObjectBody* entity : entities) {
         if (transform.check(*entity)) continue;
-        say(fromUtf8(transform.problem()) + L".");
+        printLine(fromUtf8(transform.problem()) + L".");
         return false;
     }
     return true;

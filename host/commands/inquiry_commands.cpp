@@ -5,6 +5,7 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/control/effects.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -25,14 +26,14 @@ void listPoint(std::string_view text, int code, const wchar_t* label) {
     if (!x) return;
     const auto y = findTag(text, code + 10);
     const auto z = findTag(text, code + 20);
-    say(std::wstring(L"    ") + label + L" X=" + wide(x->value) + L" Y=" +
-        (y ? wide(y->value) : L"0.0") + L" Z=" + (z ? wide(z->value) : L"0.0"));
+    printLine(std::wstring(L"    ") + label + L" X=" + wide(x->value) + L" Y=" +
+              (y ? wide(y->value) : L"0.0") + L" Z=" + (z ? wide(z->value) : L"0.0"));
 }
 
 void listValue(const Store& store, std::string_view text, int code, const wchar_t* label) {
     const auto place = findTag(text, code);
     if (!place) return;
-    say(std::wstring(L"    ") + label + L" " + store.decode(place->value));
+    printLine(std::wstring(L"    ") + label + L" " + store.decode(place->value));
 }
 
 /// Fields that say where and how large an entity is. A tag means different things in different
@@ -62,7 +63,8 @@ void listAttributes(const Store& store, const ObjectBody& body) {
         const auto tag = findTag(part.tags(), 2);
         const auto text = findTag(part.tags(), 1);
         if (part.kind != Kind::Attribute || !tag || !text) continue;
-        say(L"    attribute " + store.decode(tag->value) + L" = " + store.decode(text->value));
+        printLine(L"    attribute " + store.decode(tag->value) + L" = " +
+                  store.decode(text->value));
     }
 }
 
@@ -72,7 +74,7 @@ void listApplicationData(const Store& store, const ObjectBody& body) {
     if (dictionary == nullptr || dictionary->erased) return;
     DictionaryReader entries(dictionary->tags());
     for (DictionaryEntry entry; entries.next(entry);) {
-        say(L"    data " + store.decode(entry.key));
+        printLine(L"    data " + store.decode(entry.key));
     }
 }
 
@@ -86,8 +88,8 @@ CommandStatus runList() {
     for (const AcDbObjectId id : selection) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr || body->erased) continue;
-        say(wide(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
-            fromUtf8(formatHandle(body->handle)));
+        printLine(wide(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
+                  fromUtf8(formatHandle(body->handle)));
         listGeometry(*store, *body);
         listAttributes(*store, *body);
         listApplicationData(*store, *body);
@@ -103,10 +105,10 @@ CommandStatus runAudit() {
     const std::vector<Finding> findings = checkDrawing(*store);
     for (const Finding& finding : findings) {
         errors += finding.severity == Severity::Error ? 1 : 0;
-        say(fromUtf8(finding.text));
+        printLine(fromUtf8(finding.text));
     }
-    say(std::to_wstring(errors) + L" error(s), " +
-        std::to_wstring(static_cast<long>(findings.size()) - errors) + L" note(s).");
+    printLine(std::to_wstring(errors) + L" error(s), " +
+              std::to_wstring(static_cast<long>(findings.size()) - errors) + L" note(s).");
     return errors == 0 ? CommandStatus::Done : CommandStatus::Failed;
 }
 

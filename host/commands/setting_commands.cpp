@@ -4,6 +4,7 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
@@ -16,7 +17,7 @@ namespace {
 CommandStatus listVariables() {
     for (const std::wstring& name : sysvarNames()) {
         std::wstring value;
-        if (sysvarText(name, value)) say(name + L" = " + value);
+        if (sysvarText(name, value)) printLine(name + L" = " + value);
     }
     return CommandStatus::Done;
 }
@@ -29,7 +30,7 @@ CommandStatus runSetvar() {
     const std::wstring name = foldCase(named.text);
     std::wstring value;
     if (!sysvarText(name, value)) {
-        say(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
+        printLine(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
         return CommandStatus::Failed;
     }
     const Answer answer = prompt(L"\nEnter new value for " + name + L" <" + value + L">: ");
@@ -37,14 +38,14 @@ CommandStatus runSetvar() {
     if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
     std::wstring explanation;
     if (setSysvarText(name, answer.text, explanation)) return CommandStatus::Done;
-    say(explanation);
+    printLine(explanation);
     return CommandStatus::Failed;
 }
 
 /// Nothing is displayed here: the command exists for the notifications it causes.
 CommandStatus runRegen() {
     if (drawingOrComplaint() == nullptr) return CommandStatus::Failed;
-    say(L"Regenerating model.");
+    printLine(L"Regenerating model.");
     return CommandStatus::Done;
 }
 

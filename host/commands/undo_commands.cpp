@@ -3,6 +3,7 @@
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/pickfirst.h"
@@ -19,7 +20,7 @@ CommandStatus finish(const std::vector<std::wstring>& names, const wchar_t* when
     std::wstring line;
     for (const std::wstring& name : names)
         line += (line.empty() ? L"" : L" ") + name;
-    say(names.empty() ? whenNothing : line);
+    printLine(names.empty() ? whenNothing : line);
     dropErasedFromPickfirst();
     return CommandStatus::Done;
 }

@@ -25,6 +25,10 @@ void recordEffect(EffectKind kind, std::wstring text) {
     if (now.recording) now.recorded.push_back({kind, std::move(text)});
 }
 
+void print(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
+
+void printLine(const std::wstring& text) { print(L"\n" + text); }
+
 const std::vector<Effect>& effects() { return state().recorded; }
 
 void clearEffects() { state().recorded.clear(); }

@@ -28,6 +28,10 @@ struct Effect {
 
 /// Records one effect (when recording is on) and hands command-line text to the sink.
 void recordEffect(EffectKind kind, std::wstring text);
+/// Prints text on the command line as it stands.
+void print(const std::wstring& text);
+/// Prints one line on the command line, on a line of its own.
+void printLine(const std::wstring& text);
 /// All effects since the last clear, oldest first.
 const std::vector<Effect>& effects();
 void clearEffects();

@@ -1,7 +1,6 @@
 // Attribute definitions of blocks and attributes of placed block references.
 #include "host/control/switches.h"
 #include "host/entities/entity_support.h"
-#include "host/objects/result_buffer_tools.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -26,12 +25,6 @@ std::string newAttribute(std::string_view type, std::string_view subclass, bool 
     return text;
 }
 
-/// A stored length; 0 for one that 16 bits do not hold.
-Adesk::UInt16 lengthIn(const ObjectBody& body, const IntegerField& field) {
-    const int length = getField(body, field);
-    return length >= 0 && length <= 0xFFFF ? static_cast<Adesk::UInt16>(length) : 0;
-}
-
 bool flagIn(const ObjectBody& body, const IntegerField& field, int bit) {
     return (getField(body, field) & bit) != 0;
 }
@@ -45,24 +38,12 @@ AcDbAttributeDefinition::AcDbAttributeDefinition()
     : AcDbAttributeDefinition(freshBody(Kind::AttributeDefinition,
                                         newAttribute("ATTDEF", "AcDbAttributeDefinition", true))) {}
 
-ACHAR* AcDbAttributeDefinition::tag() const {
-    return newString(getField(body(), field::definitionTag));
-}
-
 const ACHAR* AcDbAttributeDefinition::tagConst() const {
     return borrowed(getField(body(), field::definitionTag).c_str());
 }
 
 Acad::ErrorStatus AcDbAttributeDefinition::setTag(const ACHAR* tag) {
     return changeText(*this, "AcDbAttributeDefinition::setTag", field::definitionTag, tag);
-}
-
-ACHAR* AcDbAttributeDefinition::prompt() const {
-    return newString(getField(body(), field::definitionPrompt));
-}
-
-const ACHAR* AcDbAttributeDefinition::promptConst() const {
-    return borrowed(getField(body(), field::definitionPrompt).c_str());
 }
 
 Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
@@ -87,26 +68,14 @@ Acad::ErrorStatus AcDbAttributeDefinition::setConstant(Adesk::Boolean constant) 
                       field::kConstant, constant);
 }
 
-Adesk::Boolean AcDbAttributeDefinition::isVerifiable() const {
-    return flagIn(body(), field::definitionFlags, field::kVerify);
-}
-
 Acad::ErrorStatus AcDbAttributeDefinition::setVerifiable(Adesk::Boolean verifiable) {
     return changeFlag(*this, "AcDbAttributeDefinition::setVerifiable", field::definitionFlags,
                       field::kVerify, verifiable);
 }
 
-Adesk::Boolean AcDbAttributeDefinition::isPreset() const {
-    return flagIn(body(), field::definitionFlags, field::kPreset);
-}
-
 Acad::ErrorStatus AcDbAttributeDefinition::setPreset(Adesk::Boolean preset) {
     return changeFlag(*this, "AcDbAttributeDefinition::setPreset", field::definitionFlags,
                       field::kPreset, preset);
-}
-
-Adesk::UInt16 AcDbAttributeDefinition::fieldLength() const {
-    return lengthIn(body(), field::definitionFieldLength);
 }
 
 Acad::ErrorStatus AcDbAttributeDefinition::setFieldLength(Adesk::UInt16 length) {
@@ -116,8 +85,6 @@ Acad::ErrorStatus AcDbAttributeDefinition::setFieldLength(Adesk::UInt16 length) 
 
 AcDbAttribute::AcDbAttribute()
     : AcDbAttribute(freshBody(Kind::Attribute, newAttribute("ATTRIB", "AcDbAttribute", false))) {}
-
-ACHAR* AcDbAttribute::tag() const { return newString(getField(body(), field::attributeTag)); }
 
 const ACHAR* AcDbAttribute::tagConst() const {
     return borrowed(getField(body(), field::attributeTag).c_str());
@@ -134,10 +101,6 @@ Adesk::Boolean AcDbAttribute::isInvisible() const {
 Acad::ErrorStatus AcDbAttribute::setInvisible(Adesk::Boolean invisible) {
     return changeFlag(*this, "AcDbAttribute::setInvisible", field::attributeFlags,
                       field::kInvisible, invisible);
-}
-
-Adesk::UInt16 AcDbAttribute::fieldLength() const {
-    return lengthIn(body(), field::attributeFieldLength);
 }
 
 Acad::ErrorStatus AcDbAttribute::setFieldLength(Adesk::UInt16 length) {

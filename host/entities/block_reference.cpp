@@ -54,9 +54,6 @@ void addSequenceEnd(ObjectBody& reference) {
 
 using namespace host;
 
-AcDbBlockReference::AcDbBlockReference()
-    : AcDbBlockReference(freshBody(Kind::BlockReference, newInsert("", AcGePoint3d()))) {}
-
 AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
     : AcDbBlockReference(freshBody(Kind::BlockReference,
                                    newInsert(blockNameOf(blockTableRecord), finite(position)))) {}
@@ -65,11 +62,6 @@ AcGePoint3d AcDbBlockReference::position() const { return getField(body(), field
 
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
     return changePoint(*this, "AcDbBlockReference::setPosition", field::insertionPoint, position);
-}
-
-AcGeScale3d AcDbBlockReference::scaleFactors() const {
-    return {getField(body(), field::scaleX), getField(body(), field::scaleY),
-            getField(body(), field::scaleZ)};
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) {
@@ -84,25 +76,8 @@ Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) 
     return Acad::eOk;
 }
 
-double AcDbBlockReference::rotation() const {
-    return toRadians(getField(body(), field::insertRotation));
-}
-
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
     return symbolId(body(), "BLOCK_RECORD", getField(body(), field::blockName));
-}
-
-Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId id) {
-    const Acad::ErrorStatus status = startChange(*this, "AcDbBlockReference::setBlockTableRecord");
-    if (status != Acad::eOk) return status;
-    if (id.isNull()) return Acad::eNullObjectId;
-    const ObjectBody* record = Store::resolve(id);
-    if (record == nullptr) return Acad::eInvalidInput;
-    if (record->kind != Kind::BlockRecord) return Acad::eNotThatKindOfClass;
-    if (record->store != namesOf(body())) return Acad::eWrongDatabase;
-    if (record->erased) return Acad::eWasErased;
-    setField(body(), field::blockName, symbolName(*record));
-    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) {

@@ -37,16 +37,6 @@ void copyProperties(const ObjectBody& source, ObjectBody& target) {
     }
 }
 
-template <typename T>
-Acad::ErrorStatus openById(T*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
-                           const char* call) {
-    object = nullptr;
-    if (callFails(call)) return Acad::eWasOpenForWrite;
-    if (id.isNull()) return Acad::eNullObjectId;
-    ObjectBody* body = bodyOfId(id, call);
-    return body != nullptr ? openAs(object, *body, mode, openErased) : Acad::eInvalidInput;
-}
-
 }  // namespace
 }  // namespace host
 
@@ -105,16 +95,11 @@ Adesk::UInt16 AcDbEntity::colorIndex() const {
 
 ACHAR* AcDbEntity::linetype() const { return newString(getField(body(), field::linetype)); }
 
-AcDbObjectId AcDbEntity::layerId() const {
-    return symbolId(body(), "LAYER", getField(body(), field::layer));
-}
-
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErasedEntity) {
-    return openById(entity, id, mode, openErasedEntity, "acdbOpenAcDbEntity");
-}
-
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErasedObject) {
-    return openById(object, id, mode, openErasedObject, "acdbOpenAcDbObject");
+    entity = nullptr;
+    if (callFails("acdbOpenAcDbEntity")) return Acad::eWasOpenForWrite;
+    if (id.isNull()) return Acad::eNullObjectId;
+    ObjectBody* body = bodyOfId(id, "acdbOpenAcDbEntity");
+    return body != nullptr ? openAs(entity, *body, mode, openErasedEntity) : Acad::eInvalidInput;
 }

@@ -100,14 +100,3 @@ resbuf* acdbEntGet(const ads_name entity) {
     if (body->kind == Kind::SequenceEnd) list.addName(-2, store.idOf(body->owner));
     return list.release();
 }
-
-int acdbEntDel(const ads_name entity) {
-    if (callFails("acdbEntDel")) return RTERROR;
-    ObjectBody* body = entityOf(entity);
-    if (body == nullptr || isSubEntityKind(body->kind)) return RTERROR;
-    AcDbObject* opened = nullptr;
-    if (openBody(opened, *body, AcDb::kForWrite, true) != Acad::eOk) return RTERROR;
-    const Acad::ErrorStatus status = opened->erase(!body->erased);
-    opened->close();
-    return status == Acad::eOk ? RTNORM : RTERROR;
-}

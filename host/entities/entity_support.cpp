@@ -7,15 +7,9 @@
 #include "host/objectarx/database.h"
 
 namespace host {
-namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-}  // namespace
-
 Acad::ErrorStatus startChange(const AcDbObject& object, const char* call) {
     if (callFails(call)) return Acad::eNotOpenForWrite;
-    return checkWritable(object);
+    return object.body().openForWrite ? Acad::eOk : Acad::eNotOpenForWrite;
 }
 
 Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
@@ -90,8 +84,5 @@ Acad::ErrorStatus changeFlag(const AcDbObject& object, const char* call, const I
     const int flags = getField(object.body(), field);
     return changeField(object, call, field, on ? flags | bit : flags & ~bit);
 }
-
-double toRadians(double degrees) { return degrees * kPi / 180.0; }
-double toDegrees(double radians) { return radians * 180.0 / kPi; }
 
 }  // namespace host

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/objectarx/entities.h"
-#include "host/objects/object_access.h"
+#include "host/objects/class_table.h"
 #include "host/objects/opening.h"
 #include "host/store/fields.h"
 #include "host/store/store.h"
@@ -57,9 +57,5 @@ Acad::ErrorStatus changePoint(const AcDbObject& object, const char* call, const 
 /// The same for one bit of a flags field.
 Acad::ErrorStatus changeFlag(const AcDbObject& object, const char* call, const IntegerField& field,
                              int bit, bool on);
-
-/// DXF keeps angles in degrees, the interface uses radians.
-double toRadians(double degrees);
-double toDegrees(double radians);
 
 }  // namespace host

@@ -1,15 +1,9 @@
-// Old-style polylines: access to their sequence ends.
+// Old-style polylines: access to the sequence end.
 #include "host/control/faults.h"
 #include "host/entities/entity_support.h"
 
 Acad::ErrorStatus AcDb2dPolyline::openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
     end = nullptr;
     if (host::callFails("AcDb2dPolyline::openSequenceEnd")) return Acad::eWasOpenForWrite;
-    return host::openEnd(*this, end, mode);
-}
-
-Acad::ErrorStatus AcDb3dPolyline::openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
-    end = nullptr;
-    if (host::callFails("AcDb3dPolyline::openSequenceEnd")) return Acad::eWasOpenForWrite;
     return host::openEnd(*this, end, mode);
 }

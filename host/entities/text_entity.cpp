@@ -1,7 +1,7 @@
 // Single-line text, and what attributes and their definitions have in common with it.
 #include "host/control/switches.h"
 #include "host/entities/entity_support.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -34,9 +34,6 @@ const IntegerField& verticalModeOf(const ObjectBody& body) {
     }
 }
 
-/// A stored mode, or 0 for one that the interface has no name for.
-int knownMode(int mode, int last) { return mode >= 0 && mode <= last ? mode : 0; }
-
 /// Sets a mode; eInvalidInput for a number that is none.
 Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const IntegerField& field,
                              int mode, int last) {
@@ -60,10 +57,6 @@ Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& position) {
     return changePoint(*this, "AcDbText::setPosition", field::textPosition, position);
 }
 
-Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
-    return changePoint(*this, "AcDbText::setAlignmentPoint", field::alignmentPoint, point);
-}
-
 double AcDbText::height() const { return getField(body(), field::textHeight); }
 
 Acad::ErrorStatus AcDbText::setHeight(double height) {
@@ -76,27 +69,15 @@ Acad::ErrorStatus AcDbText::setRotation(double radians) {
     return changeReal(*this, "AcDbText::setRotation", field::textRotation, toDegrees(radians));
 }
 
-AcDb::TextHorzMode AcDbText::horizontalMode() const {
-    const int mode = getField(body(), field::horizontalMode);
-    return static_cast<AcDb::TextHorzMode>(knownMode(mode, AcDb::kTextFit));
-}
-
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
     return changeMode(*this, "AcDbText::setHorizontalMode", field::horizontalMode, mode,
                       AcDb::kTextFit);
-}
-
-AcDb::TextVertMode AcDbText::verticalMode() const {
-    const int mode = getField(body(), verticalModeOf(body()));
-    return static_cast<AcDb::TextVertMode>(knownMode(mode, AcDb::kTextTop));
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
     return changeMode(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), mode,
                       AcDb::kTextTop);
 }
-
-ACHAR* AcDbText::textString() const { return newString(getField(body(), field::textString)); }
 
 const ACHAR* AcDbText::textStringConst() const {
     return borrowed(getField(body(), field::textString).c_str());

@@ -1,5 +1,6 @@
 // Vector arithmetic, composed maps and the arbitrary axis algorithm.
 #include "host/geometry/affine.h"
+#include "host/geometry/angles.h"
 
 #include <cmath>
 
@@ -34,8 +35,8 @@ Transform rotation(double angle) {
 }
 
 Vec paragraphDirection(double angle) {
-    constexpr double kTurn = 6.283185307179586, kDegree = kTurn / 360.0, kSlack = 1e-6;
-    const double radians = std::fabs(angle) > kTurn + kSlack ? angle * kDegree : angle;
+    constexpr double kSlack = 1e-6;
+    const double radians = std::fabs(angle) > kTurn + kSlack ? toRadians(angle) : angle;
     return {std::cos(radians), std::sin(radians), 0};
 }
 

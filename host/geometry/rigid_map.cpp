@@ -1,12 +1,11 @@
 // Maps of moving and mirroring, in the world and in object coordinates.
 #include "host/geometry/rigid_map.h"
+#include "host/geometry/angles.h"
 
 #include <cmath>
 
 namespace host {
 namespace {
-
-constexpr double kDegree = 0.017453292519943295;
 
 Transform transposed(const Transform& t) {
     return {{t.x.x, t.y.x, t.z.x}, {t.x.y, t.y.y, t.z.y}, {t.x.z, t.y.z, t.z.z}, {}};
@@ -16,7 +15,7 @@ Transform transposed(const Transform& t) {
 
 RigidMap displacement(const Vec& by) {
     RigidMap made;
-    made.map.origin = by;
+    made.matrix.origin = by;
     return made;
 }
 
@@ -32,11 +31,11 @@ RigidMap mirroring(const Vec& first, const Vec& second) {
     const double c = (dx - dy) * (dx + dy), s = 2 * dx * dy;
     RigidMap made;
     made.mirrors = true;
-    made.map.x = {c, s, 0};
-    made.map.y = {s, -c, 0};
+    made.matrix.x = {c, s, 0};
+    made.matrix.y = {s, -c, 0};
     // Twice the way from the world's origin to the line.
     const double away = 2 * (first.x * dy - first.y * dx);
-    made.map.origin = {away * dy, -away * dx, 0};
+    made.matrix.origin = {away * dy, -away * dx, 0};
     return made;
 }
 
@@ -47,9 +46,9 @@ ObjectFrame::ObjectFrame(const RigidMap& map, const Vec& extrusion, bool turnsOv
       m_old(objectSystem(extrusion)) {
     const Transform fresh = objectSystem(this->extrusion(extrusion));
     const Transform back = transposed(fresh);
-    if (m_mirrors) m_object = back * map.map * m_old;
-    m_object.origin = back.turn(map.map.origin);
-    m_axis = m_mirrors ? std::atan2(m_object.x.y, m_object.x.x) / kDegree : 0.0;
+    if (m_mirrors) m_object = back * map.matrix * m_old;
+    m_object.origin = back.turn(map.matrix.origin);
+    m_axis = m_mirrors ? toDegrees(std::atan2(m_object.x.y, m_object.x.x)) : 0.0;
 }
 
 Vec ObjectFrame::turn(const Vec& vector) const { return m_object.turn(vector); }
@@ -58,7 +57,7 @@ Vec ObjectFrame::apply(const Vec& point) const { return m_object.apply(point); }
 
 Vec ObjectFrame::extrusion(const Vec& old) const {
     if (!m_mirrors) return old;
-    return m_world.map.turn(old) * (m_turnsOver ? -1 : 1);
+    return m_world.matrix.turn(old) * (m_turnsOver ? -1 : 1);
 }
 
 double ObjectFrame::turnDegrees(double angle) const {
@@ -68,7 +67,7 @@ double ObjectFrame::turnDegrees(double angle) const {
 }
 
 double ObjectFrame::turnRadians(double angle) const {
-    return m_mirrors ? turnDegrees(angle / kDegree) * kDegree : angle;
+    return m_mirrors ? toRadians(turnDegrees(toDegrees(angle))) : angle;
 }
 
 }  // namespace host

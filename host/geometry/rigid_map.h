@@ -7,11 +7,11 @@ namespace host {
 
 /// A map of drawing space that keeps lengths.
 struct RigidMap {
-    Transform map;
+    Transform matrix;
     bool mirrors = false;
 
     bool isIdentity() const {
-        return !mirrors && map.origin.x == 0 && map.origin.y == 0 && map.origin.z == 0;
+        return !mirrors && matrix.origin.x == 0 && matrix.origin.y == 0 && matrix.origin.z == 0;
     }
 };
 

@@ -1,5 +1,6 @@
 // Distances and box tests of strokes and areas.
 #include "host/geometry/shapes.h"
+#include "host/geometry/angles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,8 +8,6 @@
 
 namespace host {
 namespace {
-
-constexpr double kTurn = 6.283185307179586;
 
 bool holds(const Box& box, const Vec& p) {
     return box.left <= p.x && p.x <= box.right && box.bottom <= p.y && p.y <= box.top;

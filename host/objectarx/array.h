@@ -9,7 +9,7 @@
 template <typename T>
 class AcArray {
   public:
-    explicit AcArray(int physicalLength = 0, int growLength = 8) : m_growLength(growLength) {
+    explicit AcArray(int physicalLength = 0, int /*growLength*/ = 8) {
         m_items.reserve(static_cast<std::size_t>(physicalLength));
     }
 
@@ -28,15 +28,11 @@ class AcArray {
         m_items.insert(m_items.begin() + index, copy);
         return *this;
     }
-    AcArray& removeAt(int index) {
-        m_items.erase(m_items.begin() + index);
-        return *this;
-    }
     /// Removes the first element equal to `value` at or after `start`; false when there is none.
     bool remove(const T& value, int start = 0) {
         const int index = find(value, start);
         if (index < 0) return false;
-        removeAt(index);
+        m_items.erase(m_items.begin() + index);
         return true;
     }
     /// Index of the first element equal to `value` at or after `start`, or -1.
@@ -47,17 +43,10 @@ class AcArray {
     bool contains(const T& value, int start = 0) const { return find(value, start) >= 0; }
 
     int length() const { return static_cast<int>(m_items.size()); }
-    int logicalLength() const { return length(); }
-    int physicalLength() const { return static_cast<int>(m_items.capacity()); }
     bool isEmpty() const { return m_items.empty(); }
     /// Cuts the array or fills it up with default values; 0 keeps the storage.
     AcArray& setLogicalLength(int length) {
         m_items.resize(static_cast<std::size_t>(length));
-        return *this;
-    }
-    int growLength() const { return m_growLength; }
-    AcArray& setGrowLength(int growLength) {
-        m_growLength = growLength;
         return *this;
     }
 
@@ -72,5 +61,4 @@ class AcArray {
 
   private:
     std::vector<T> m_items;
-    int m_growLength;
 };

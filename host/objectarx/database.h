@@ -45,16 +45,12 @@ class AcDbDatabase : public AcHeapOperators {
     Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode) {
         return getSymbolTable(table, mode);
     }
-    Acad::ErrorStatus getLinetypeTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode) {
-        return getSymbolTable(table, mode);
-    }
     /// The object with a handle, erased or not. eUnknownHandle (with the null id) when there is
     /// none; `createIfNotFound` is not served (eNotApplicable). Assumed order of arguments.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
                                       const AcDbHandle& handle, Adesk::UInt32 xRefId = 0);
     /// True when the Model tab is current. Assumed.
     bool tilemode() const;
-    AcDbObjectId clayer() const;
     /// Makes a layer current; eInvalidInput for a frozen one (assumed), eNotThatKindOfClass.
     Acad::ErrorStatus setClayer(AcDbObjectId layer);
     /// Clones objects of one owner with all they own, hard and soft, and appends the clones to

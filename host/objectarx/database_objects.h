@@ -42,18 +42,12 @@ class AcDbObject : public AcRxObject {
     Acad::ErrorStatus close();
     /// Turns the only reader into the writer. eHadMultipleReaders when there are more. Documented.
     Acad::ErrorStatus upgradeOpen();
-    /// Turns the writer into a reader. eNotOpenForWrite when it is none. Documented.
-    Acad::ErrorStatus downgradeOpen();
     /// Marks the object erased, or takes the mark back; needs write access (eNotOpenForWrite),
     /// eWasErased when it is erased already. A dictionary entry leaves its dictionary for good. A
     /// block reference takes its attributes along, every object its extension dictionary (these
     /// two assumed). eCannotBeErasedByCaller for the viewport that is the paper of a layout
     /// (assumed). Documented.
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
-
-    bool isErased() const;
-    bool isReadEnabled() const;
-    bool isWriteEnabled() const;
 
     /// Gives the object an extension dictionary. eAlreadyInDb when it has one, eNotOpenForWrite
     /// without write access, eNotInDatabase for an object that is in no database. Its entries are
@@ -107,7 +101,6 @@ Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mod
 class AcDbDictionary : public AcDbObject {
   public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary)
-    AcDbDictionary();
     explicit AcDbDictionary(host::ObjectBody* body) : AcDbObject(body) {}
 
     /// Opens the entry under `key`. eKeyNotFound, or the status of the opening; `entry` is null on
@@ -116,7 +109,6 @@ class AcDbDictionary : public AcDbObject {
     /// Id of the entry under `key`. eKeyNotFound. Documented.
     Acad::ErrorStatus getAt(const ACHAR* key, AcDbObjectId& id) const;
     bool has(const ACHAR* key) const;
-    Adesk::UInt32 numEntries() const;
     /// Puts a new object under `key`, erasing what stood there; the dictionary becomes its owner
     /// and the object stays open for write until the caller closes it. eNotOpenForWrite,
     /// eInvalidKey, eNullObjectPointer, eAlreadyInDb. Documented, error names assumed.
@@ -124,9 +116,6 @@ class AcDbDictionary : public AcDbObject {
     /// Removes and erases the entry under `key`. eKeyNotFound, eNotOpenForWrite, or the status of
     /// opening the entry. Documented.
     Acad::ErrorStatus remove(const ACHAR* key);
-    /// True when the dictionary hard-owns its entries. Assumed.
-    bool isTreatElementsAsHard() const;
-    void setTreatElementsAsHard(Adesk::Boolean hard);
 };
 
 /// Free-form record: a chain of DXF tags 1 to 369 without 5 and 105. Documented.

@@ -43,15 +43,12 @@ class AcDbEntity : public AcDbObject {
     ACHAR* layer() const;
     Adesk::UInt16 colorIndex() const;
     ACHAR* linetype() const;
-    AcDbObjectId layerId() const;
 };
 
 /// Opens an entity; eNotThatKindOfClass for an object that is none. Otherwise as acdbOpenObject.
 /// Assumed.
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErasedEntity = false);
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErasedObject = false);
 
 /// Frees a string that an interface call allocated for the caller; null is harmless. Assumed.
 void acutDelString(ACHAR*& text);
@@ -66,17 +63,12 @@ class AcDbText : public AcDbEntity {
 
     AcGePoint3d position() const;
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
-    Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& point);
     double height() const;
     Acad::ErrorStatus setHeight(double height);
     double rotation() const;
     Acad::ErrorStatus setRotation(double radians);
-    AcDb::TextHorzMode horizontalMode() const;
     Acad::ErrorStatus setHorizontalMode(AcDb::TextHorzMode mode);
-    AcDb::TextVertMode verticalMode() const;
     Acad::ErrorStatus setVerticalMode(AcDb::TextVertMode mode);
-    /// The text as an allocated copy that the caller frees with acutDelString.
-    ACHAR* textString() const;
     /// The text, borrowed until the next call on this object or its closing.
     const ACHAR* textStringConst() const;
     Acad::ErrorStatus setTextString(const ACHAR* text);
@@ -95,23 +87,17 @@ class AcDbAttributeDefinition : public AcDbText {
     AcDbAttributeDefinition();
     explicit AcDbAttributeDefinition(host::ObjectBody* body) : AcDbText(body) {}
 
-    /// Tag and prompt: allocated copies for the caller (acutDelString), and borrowed ones.
-    ACHAR* tag() const;
+    /// Borrowed until the next call on this object or its closing.
     const ACHAR* tagConst() const;
     Acad::ErrorStatus setTag(const ACHAR* tag);
-    ACHAR* prompt() const;
-    const ACHAR* promptConst() const;
     Acad::ErrorStatus setPrompt(const ACHAR* prompt);
     Adesk::Boolean isInvisible() const;
     Acad::ErrorStatus setInvisible(Adesk::Boolean invisible);
     Adesk::Boolean isConstant() const;
     Acad::ErrorStatus setConstant(Adesk::Boolean constant);
-    Adesk::Boolean isVerifiable() const;
     Acad::ErrorStatus setVerifiable(Adesk::Boolean verifiable);
-    Adesk::Boolean isPreset() const;
     Acad::ErrorStatus setPreset(Adesk::Boolean preset);
     /// Stored, never used to cut a text.
-    Adesk::UInt16 fieldLength() const;
     Acad::ErrorStatus setFieldLength(Adesk::UInt16 length);
 };
 
@@ -122,12 +108,10 @@ class AcDbAttribute : public AcDbText {
     AcDbAttribute();
     explicit AcDbAttribute(host::ObjectBody* body) : AcDbText(body) {}
 
-    ACHAR* tag() const;
     const ACHAR* tagConst() const;
     Acad::ErrorStatus setTag(const ACHAR* tag);
     Adesk::Boolean isInvisible() const;
     Acad::ErrorStatus setInvisible(Adesk::Boolean invisible);
-    Adesk::UInt16 fieldLength() const;
     Acad::ErrorStatus setFieldLength(Adesk::UInt16 length);
 };
 
@@ -164,19 +148,15 @@ class AcDbObjectIterator : public AcRxObject {
 class AcDbBlockReference : public AcDbEntity {
   public:
     ACRX_DECLARE_MEMBERS(AcDbBlockReference)
-    AcDbBlockReference();
     AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
     explicit AcDbBlockReference(host::ObjectBody* body) : AcDbEntity(body) {}
 
     AcGePoint3d position() const;
     /// Moves the insertion point; attributes stay where they are. Assumed.
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
-    AcGeScale3d scaleFactors() const;
     Acad::ErrorStatus setScaleFactors(const AcGeScale3d& scale);
-    double rotation() const;
     /// The block's record, or the null id when the block is unknown.
     AcDbObjectId blockTableRecord() const;
-    Acad::ErrorStatus setBlockTableRecord(AcDbObjectId id);
     /// Adds an attribute behind the present ones; the first one brings the sequence end into
     /// being. The reference must be in a database and open for write; the attribute stays open.
     /// Documented, errors assumed.
@@ -205,5 +185,4 @@ class AcDb3dPolyline : public AcDbEntity {
   public:
     ACRX_DECLARE_MEMBERS(AcDb3dPolyline)
     explicit AcDb3dPolyline(host::ObjectBody* body) : AcDbEntity(body) {}
-    Acad::ErrorStatus openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode);
 };

@@ -16,6 +16,3 @@ int acdbEntLast(ads_name result);
 /// Definition data of an entity as a list: -1 name, 0 type, 330 owner, 5 handle, then the stored
 /// tags. Null for an erased or unknown one. The caller owns it (acutRelRb). Documented.
 resbuf* acdbEntGet(const ads_name entity);
-/// Erases a main entity, or takes erasure back; RTNORM. RTERROR for a sub-entity, a bad name, or an
-/// entity that cannot be opened for write. Documented.
-int acdbEntDel(const ads_name entity);

@@ -1,26 +1,18 @@
 // Status values of the database calls. Callers compare names, never numbers.
 #pragma once
 
-/// Results of database calls. The numbers 4, 5, 7, 12, 18, 26, 38, 52, 59, 90, 101 to 106, 136, 140
-/// and 142 are documented; the others are assumed.
+/// Results of database calls. The numbers 18, 26, 90 and 105 are documented; the others are
+/// assumed.
 namespace Acad {
 enum ErrorStatus {
     eOk = 0,
-    eNotImplementedYet = 1,
     eNotApplicable = 2,
     eInvalidInput = 3,
-    eAmbiguousInput = 4,
-    eAmbiguousOutput = 5,
     eOutOfMemory = 6,
-    eBufferTooSmall = 7,
     eInvalidOpenState = 8,
-    eHandleExists = 10,
-    eNullHandle = 11,
-    eBrokenHandle = 12,
     eUnknownHandle = 13,
     eNullObjectPointer = 15,
     eNullObjectId = 16,
-    eNullBlockName = 17,
     eContainerNotEmpty = 18,
     eKeyNotFound = 21,
     eDuplicateKey = 22,
@@ -31,34 +23,20 @@ enum ErrorStatus {
     eInvalidKey = 33,
     eWrongObjectType = 34,
     eWrongDatabase = 35,
-    eAnonymousEntry = 38,
     eNotOpenForRead = 44,
     eNotOpenForWrite = 45,
     eNotThatKindOfClass = 46,
     eInvalidDxfCode = 50,
     eInvalidResBuf = 51,
-    eBadDxfSequence = 52,
-    eCannotNestBlockDefs = 59,
     eWasErased = 80,
-    ePermanentlyErased = 81,
     eWasOpenForRead = 82,
     eWasOpenForWrite = 83,
-    eWasOpenForUndo = 84,
     eWasNotifying = 85,
     eOnLockedLayer = 87,
     eAtMaxReaders = 90,
     eHadMultipleReaders = 94,
     eDuplicateRecordName = 95,
-    eCloseWasNotifying = 101,
-    eCloseModifyAborted = 102,
-    eClosePartialFailure = 103,
-    eCloseFailObjectDamaged = 104,
     eCannotBeErasedByCaller = 105,
-    eCannotBeResurrected = 106,
-    eNoDatabase = 112,
-    eCannotScaleNonUniformly = 136,
     eNotInDatabase = 137,
-    eCannotChangeActiveViewport = 140,
-    eCommandWasInProgress = 142,
 };
 }  // namespace Acad

@@ -8,12 +8,9 @@ class AcGeTol {
   public:
     double equalPoint() const { return m_equalPoint; }
     void setEqualPoint(double tolerance) { m_equalPoint = tolerance; }
-    double equalVector() const { return m_equalVector; }
-    void setEqualVector(double tolerance) { m_equalVector = tolerance; }
 
   private:
     double m_equalPoint = 1e-10;
-    double m_equalVector = 1e-10;
 };
 
 /// Point in drawing units.

@@ -5,7 +5,7 @@
 #include "result_buffer.h"
 
 /// Defines `name` in the current document's LISP with a code from 0 to 32767; a later definition
-/// of the name replaces it. RTNORM; 0 on failure (assumed). Documented.
+/// of the name replaces it. RTNORM, 0 on failure. Documented.
 int acedDefun(const ACHAR* name, int code);
 /// Removes the definition from the current document's LISP; RTERROR when there is none (assumed).
 int acedUndef(const ACHAR* name, int code);

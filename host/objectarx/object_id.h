@@ -27,8 +27,6 @@ class AcDbObjectId {
     /// True when the object is erased; true also for a null or stale id. The latter is chosen: a
     /// null id must never be taken for a live object.
     bool isErased() const;
-    /// True when the object or one of its owners is erased. Assumed.
-    bool isEffectivelyErased() const;
     /// The object's handle; the null handle for a null or stale id.
     AcDbHandle handle() const;
     /// The database that holds the object, or null. Owned by the host.

@@ -8,8 +8,6 @@ constexpr int RTNORM = 5100;
 constexpr int RTERROR = -5001;
 constexpr int RTCAN = -5002;
 constexpr int RTREJ = -5003;
-constexpr int RTFAIL = -5004;
-constexpr int RTKWORD = -5005;
 constexpr int RSRSLT = 1;
 
 /// Type codes of result buffers. Documented.
@@ -31,7 +29,6 @@ constexpr int RTDOTE = 5018;
 constexpr int RTNIL = 5019;
 constexpr int RTDXF0 = 5020;
 constexpr int RTT = 5021;
-constexpr int RTRESBUF = 5023;
 
 /// Binary chunk; `buf` is owned by the result buffer that holds it.
 struct ads_binary {
@@ -65,8 +62,6 @@ struct resbuf {
 /// Null when nothing but the terminator is given or a type is wrong. The caller owns the list
 /// (acutRelRb). Documented.
 resbuf* acutBuildList(int type, ...);
-/// One fresh buffer of the given type; the caller owns it. Assumed.
-resbuf* acutNewRb(int type);
 /// Frees `list`, every buffer behind it and their strings; RTNORM. Null is harmless (chosen). A
 /// list that belongs to the host (acedGetArgs) is left alone. Documented. A list that
 /// is not the host's, or was released before, is a fault of the caller and gives RTERROR (chosen);

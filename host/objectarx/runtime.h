@@ -39,7 +39,6 @@ class AcRxClass : public AcRxObject {
     AcRxClass* isA() const override;
     /// The class's name; owned by the descriptor.
     const ACHAR* name() const { return m_name; }
-    AcRxClass* myParent() const { return m_parent; }
     /// True for the class itself and for every class above it. Assumed.
     bool isDerivedFrom(const AcRxClass* other) const;
 
@@ -78,10 +77,6 @@ class AcRxDynamicLinker : public AcRxObject {
     /// Makes the application with identity `pkt` unloadable; applications start locked. True on
     /// success. Documented.
     virtual bool unlockApplication(void* pkt) const;
-    /// The reverse of unlockApplication. Documented.
-    virtual bool lockApplication(void* pkt) const;
-    /// True when the named application is loaded and locked. Documented.
-    virtual bool isApplicationLocked(const ACHAR* name) const;
     /// Declares that the application works with several open drawings. Without it the module
     /// cannot be loaded while several are open, and prevents more from being opened. Documented.
     virtual bool registerAppMDIAware(void* pkt) const;

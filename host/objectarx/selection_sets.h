@@ -22,8 +22,6 @@ int acedSSDel(const ads_name entity, const ads_name set);
 int acedSSLength(const ads_name set, Adesk::Int32* length);
 /// Member at `index` from 0; RTERROR when out of range. Erased members are still given. Assumed.
 int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity);
-/// RTNORM when the entity is in the set, else RTERROR. Assumed.
-int acedSSMemb(const ads_name entity, const ads_name set);
 /// Frees a set; RTERROR and no harm for a name that is no open set. Assumed.
 int acedSSFree(const ads_name set);
 /// The pick-first set of the current document in `*picks` as one RTPICKS buffer; `*grips` is always

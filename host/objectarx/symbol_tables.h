@@ -25,8 +25,6 @@ class AcDbSymbolTableRecord : public AcDbObject {
   public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord)
     explicit AcDbSymbolTableRecord(host::ObjectBody* body) : AcDbObject(body) {}
-    /// The name as an allocated copy that the caller frees (acutDelString). Assumed.
-    Acad::ErrorStatus getName(ACHAR*& name) const;
     /// Names a new record. eInvalidSymbolTableName for an empty or forbidden name,
     /// eNotOpenForWrite. Assumed. Renaming a record that is in a table already is not served
     /// (eNotApplicable).
@@ -70,7 +68,6 @@ class AcDbBlockTableRecordIterator : public AcRxObject {
     /// Opens the current entity; null on failure. The caller closes it.
     Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
                                 bool openErasedEntity = false) const;
-    Acad::ErrorStatus getEntityId(AcDbObjectId& id) const;
 
   private:
     AcDbObjectId m_block;
@@ -93,9 +90,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
                                   bool skipDeleted = true) const;
     /// True when the block holds at least one attribute definition. Chosen for constant ones.
     bool hasAttributeDefinitions() const;
-    AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
-    bool isAnonymous() const;
 };
 
 /// Layer. A new one is on, thawed, unlocked, colour 7, linetype CONTINUOUS. Assumed.
@@ -107,15 +102,9 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
 
     AcCmColor color() const;
     Acad::ErrorStatus setColor(const AcCmColor& color);
-    AcDbObjectId linetypeObjectId() const;
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId id);
-    bool isFrozen() const;
     /// Freezing the current layer fails with eInvalidInput. Assumed.
     Acad::ErrorStatus setIsFrozen(bool frozen);
-    bool isOff() const;
-    void setIsOff(bool off);
-    bool isLocked() const;
-    void setIsLocked(bool locked);
 };
 
 /// Linetype.

@@ -1,7 +1,7 @@
 // The database classes: their descriptors, and which class a stored object is viewed through.
+#include "host/objects/class_table.h"
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
-#include "host/objects/object_access.h"
 
 /// The run-time class members of one class. Descriptors are made on first use, parents first.
 #define HOST_DEFINE_CLASS(CLASS, PARENT)                             \

@@ -1,6 +1,6 @@
 // AcDbDictionary: entries by key.
 #include "host/control/faults.h"
-#include "host/objects/object_access.h"
+#include "host/objects/erasing.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/dictionary_text.h"
@@ -23,9 +23,6 @@ host::ObjectBody* valueOf(const host::ObjectBody& dictionary, const ACHAR* key) 
 
 }  // namespace
 
-AcDbDictionary::AcDbDictionary()
-    : AcDbObject(host::freshBody(host::Kind::Dictionary, host::newDictionaryText(false))) {}
-
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObject*& entry,
                                         AcDb::OpenMode mode) const {
     entry = nullptr;
@@ -44,15 +41,6 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) cons
 }
 
 bool AcDbDictionary::has(const ACHAR* key) const { return valueOf(body(), key) != nullptr; }
-
-Adesk::UInt32 AcDbDictionary::numEntries() const {
-    host::DictionaryReader reader(body().tags());
-    host::DictionaryEntry entry;
-    Adesk::UInt32 count = 0;
-    while (reader.next(entry))
-        ++count;
-    return count;
-}
 
 Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, AcDbObjectId& id) {
     id.setNull();
@@ -93,23 +81,4 @@ Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* key) {
     host::removeEntry(content, value->handle);
     if (value->owner == content.self) host::eraseWithOwned(*value, true);
     return Acad::eOk;
-}
-
-bool AcDbDictionary::isTreatElementsAsHard() const { return host::ownsHard(body().tags()); }
-
-void AcDbDictionary::setTreatElementsAsHard(Adesk::Boolean hard) {
-    host::ObjectBody& content = body();
-    if (!host::mayChange(*this, "AcDbDictionary::setTreatElementsAsHard")) return;
-    std::string text;
-    bool inPart = false;
-    host::TagReader reader(content.tags());
-    host::Tag tag;
-    while (reader.next(tag)) {
-        if (tag.code == 100) inPart = tag.value == "AcDbDictionary";
-        if (inPart && tag.code == 280) continue;
-        const bool isValue = inPart && (tag.code == 350 || tag.code == 360);
-        host::addTag(text, isValue ? (hard ? 360 : 350) : tag.code, tag.value);
-        if (inPart && tag.code == 100 && hard) host::addTag(text, 280, 1);
-    }
-    content.setTags(std::move(text));
 }

@@ -21,18 +21,6 @@ bool AcDbObjectId::isErased() const {
     return body == nullptr || body->erased;
 }
 
-bool AcDbObjectId::isEffectivelyErased() const {
-    const host::ObjectBody* body = host::bodyOfId(*this, "AcDbObjectId::isEffectivelyErased");
-    if (body == nullptr) return true;
-    // Owners may be nested to any depth; were they in a circle, it would end here all the same.
-    for (host::Index left = body->store->count(); left > 0 && body->self != host::kNoIndex;
-         --left) {
-        if (body->erased) return true;
-        body = &body->store->at(body->owner);
-    }
-    return false;
-}
-
 AcDbHandle AcDbObjectId::handle() const {
     const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::handle");
     return body != nullptr ? AcDbHandle(body->handle) : AcDbHandle();

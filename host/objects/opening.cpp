@@ -6,7 +6,7 @@
 
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
-#include "host/objects/object_access.h"
+#include "host/objects/class_table.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/store_parts.h"
@@ -118,6 +118,9 @@ void takeObject() {
     countHeld(Held::Object);
 }
 
+/// True for a view that was closed.
+bool isClosed(const AcDbObject& view) { return ViewAccess::bodyOf(view) == &closedBody(); }
+
 }  // namespace
 
 std::string describe(const ObjectBody& body) {
@@ -125,8 +128,6 @@ std::string describe(const ObjectBody& body) {
     if (text.empty()) text = "object";
     return body.handle != 0 ? text + " " + formatHandle(body.handle) : text;
 }
-
-bool isClosed(const AcDbObject& view) { return ViewAccess::bodyOf(view) == &closedBody(); }
 
 ObjectBody* freshBody(Kind kind, std::string text) {
     auto body = std::make_unique<ObjectBody>();
@@ -205,18 +206,6 @@ Acad::ErrorStatus makeResident(AcDbObject& object, Store& store, Index owner) {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus checkWritable(const AcDbObject& object) {
-    return object.body().openForWrite ? Acad::eOk : Acad::eNotOpenForWrite;
-}
-
-bool mayChange(const AcDbObject& view, const char* call) {
-    if (checkWritable(view) == Acad::eOk) return true;
-    if (!isClosed(view))
-        reportModuleFault(std::string(call) + ": " + describe(view.body()) +
-                          " is not open for write");
-    return false;
-}
-
 }  // namespace host
 
 AcDbObject::AcDbObject(host::ObjectBody* content) : m_body(content) { m_body->view = this; }
@@ -276,16 +265,6 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
         return Acad::eOnLockedLayer;
     content.readers = 0;
     content.openForWrite = true;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbObject::downgradeOpen() {
-    if (host::callFails("AcDbObject::downgradeOpen")) return Acad::eNotOpenForWrite;
-    host::ObjectBody& content = body();
-    if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    if (content.store == nullptr) return Acad::eNotInDatabase;
-    content.openForWrite = false;
-    content.readers = 1;
     return Acad::eOk;
 }
 

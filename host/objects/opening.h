@@ -26,15 +26,16 @@ Acad::ErrorStatus mayOpen(const ObjectBody& body, AcDb::OpenMode mode, bool open
 Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode,
                            bool openErased);
 
+/// Fresh body on the heap for an object made with `new`: its first tags, in UTF-8, without
+/// handle and owner.
+ObjectBody* freshBody(Kind kind, std::string text);
+/// Makes a new object a resident of `store` under `owner`: slot, handle, tags 5 and 330. Its view
+/// stays open for write. eAlreadyInDb when it is resident.
+Acad::ErrorStatus makeResident(AcDbObject& object, Store& store, Index owner);
+
 /// The body that an id names. Null for the null id and, after a report that names the call, for a
 /// stale one.
 ObjectBody* bodyOfId(AcDbObjectId id, const char* call);
-
-/// True for a view that was closed.
-bool isClosed(const AcDbObject& view);
-
-/// For setters that answer nothing: true when the view may be changed, else the call is reported.
-bool mayChange(const AcDbObject& view, const char* call);
 
 /// For messages: "LINE 2A", or "LINE" before the object has a handle.
 std::string describe(const ObjectBody& body);

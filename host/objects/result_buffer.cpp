@@ -126,11 +126,6 @@ void markHostOwned(resbuf* list) {
 
 }  // namespace host
 
-resbuf* acutNewRb(int type) {
-    if (host::callFails("acutNewRb")) return nullptr;
-    return host::makeBuffer(type);
-}
-
 int acutRelRb(resbuf* list) {
     while (list != nullptr) {
         const auto at = host::book().find(list);

@@ -56,8 +56,6 @@ class ResultList {
     resbuf* m_last = nullptr;
 };
 
-/// Copy of a whole list; the caller owns it. Null for null.
-resbuf* copyList(const resbuf* list);
 /// Frees a list of either owner; for the host's own use, without the checks of acutRelRb.
 void freeList(resbuf* list);
 /// Makes a list the host's: acutRelRb leaves it alone and the ledger does not count it. The host

@@ -185,13 +185,6 @@ void ResultList::addGroup(const Store& store, const Tag& tag, TagReader& reader)
     }
 }
 
-resbuf* copyList(const resbuf* list) {
-    ResultList copy;
-    for (; list != nullptr; list = list->rbnext)
-        copy.addCopy(*list);
-    return copy.release();
-}
-
 AcDbObjectId idOfName(const ads_name name) {
     if (name == nullptr || name[1] != 0) return AcDbObjectId();
     return AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));

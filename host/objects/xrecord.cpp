@@ -1,6 +1,5 @@
 // AcDbXrecord: a chain of tags as an object's content.
 #include "host/control/faults.h"
-#include "host/objects/object_access.h"
 #include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"

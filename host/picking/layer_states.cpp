@@ -2,19 +2,14 @@
 #include "host/picking/layer_states.h"
 
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
 
 namespace host {
 
-const LayerStates::State& LayerStates::stateOf(std::string_view layer) {
+const LayerState& LayerStates::stateOf(std::string_view layer) {
     const auto [place, isNew] = m_states.try_emplace(std::string(layer));
     if (!isNew) return place->second;
     const ObjectBody* record = m_store.symbol("LAYER", m_store.decode(layer));
-    if (record != nullptr) {
-        const OwnTags tags(record->tags());
-        place->second.off = tags.integer(62, 7) < 0;
-        place->second.frozen = (tags.integer(70, 0) & 1) != 0;
-    }
+    if (record != nullptr) place->second = layerState(*record);
     return place->second;
 }
 

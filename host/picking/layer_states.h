@@ -5,6 +5,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "host/store/symbol_records.h"
+
 namespace host {
 
 class Store;
@@ -18,14 +20,10 @@ class LayerStates {
     bool frozen(std::string_view layer) { return stateOf(layer).frozen; }
 
   private:
-    struct State {
-        bool off = false;
-        bool frozen = false;
-    };
-    const State& stateOf(std::string_view layer);
+    const LayerState& stateOf(std::string_view layer);
 
     const Store& m_store;
-    std::unordered_map<std::string, State> m_states;
+    std::unordered_map<std::string, LayerState> m_states;
 };
 
 }  // namespace host

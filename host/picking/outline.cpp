@@ -1,5 +1,6 @@
 // Outlines of entities, with block references and dimensions resolved.
 #include "host/picking/outline.h"
+#include "host/geometry/angles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +15,6 @@ constexpr std::size_t kDeepestNesting = 16;
 /// Bounds the time for blocks that multiply themselves through nesting or arrays.
 constexpr int kMostEntities = 100000;
 
-double radians(double degrees) { return degrees * 0.017453292519943295; }
-
 /// Insertion base of a block.
 Vec baseOf(const ObjectBody& record) {
     const BlockParts& parts = record.store->blockParts(record.self);
@@ -29,7 +28,7 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
     scale.x.x = tags.real(41, 1);
     scale.y.y = tags.real(42, 1);
     scale.z.z = tags.real(43, 1);
-    Transform turned = rotation(radians(tags.real(50, 0)));
+    Transform turned = rotation(toRadians(tags.real(50, 0)));
     const Vec step{column * tags.real(44, 0), row * tags.real(45, 0), 0};
     turned.origin = pointOf(tags, 10) + turned.turn(step);
     return turned * scale;

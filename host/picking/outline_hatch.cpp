@@ -1,12 +1,11 @@
 // Boundaries of hatches.
 #include <cmath>
 
+#include "host/geometry/angles.h"
 #include "host/picking/outline.h"
 
 namespace host {
 namespace {
-
-constexpr double kDegree = 0.017453292519943295;
 
 /// What one edge or corner of a boundary collected so far.
 struct Edge {
@@ -66,7 +65,7 @@ void drawEdge(const Pen& pen, const Edge& edge) {
     const double turn = edge.counterClockwise ? 1 : -1;  // clockwise angles count downwards
     double sweep = std::fmod(edge.to - edge.from, 360);
     if (sweep <= 0) sweep += 360;
-    pen.arc(start, u, Vec{-u.y, u.x, 0} * (ratio * turn), edge.from * kDegree, sweep * kDegree);
+    pen.arc(start, u, Vec{-u.y, u.x, 0} * (ratio * turn), toRadians(edge.from), toRadians(sweep));
 }
 
 /// One boundary path.

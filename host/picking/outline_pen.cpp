@@ -1,6 +1,7 @@
 // The pen of outlines, and reading points from tags.
 #include <cmath>
 
+#include "host/geometry/angles.h"
 #include "host/picking/outline.h"
 
 namespace host {
@@ -14,7 +15,6 @@ void Pen::endless(const Vec& a, const Vec& direction, bool bothWays) const {
 }
 
 void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double sweep) const {
-    constexpr double kTurn = 6.283185307179586;
     from = std::fmod(from, kTurn);
     if (!std::isfinite(from)) from = 0;
     if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;

@@ -2,13 +2,12 @@
 #include <cmath>
 #include <iterator>
 
+#include "host/geometry/angles.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
 
 namespace host {
 namespace {
-
-constexpr double kDegree = 0.017453292519943295;
 
 void drawLine(const Shape& shape) {
     shape.pen.line(pointOf(shape.tags, 10), pointOf(shape.tags, 11));
@@ -25,8 +24,8 @@ void drawArc(const Shape& shape) {
     const double from = shape.tags.real(50, 0);
     double sweep = std::fmod(shape.tags.real(51, 360) - from, 360);
     if (sweep <= 0) sweep += 360;
-    objectPen(shape).arc(pointOf(shape.tags, 10), {radius, 0, 0}, {0, radius, 0}, from * kDegree,
-                         sweep * kDegree);
+    objectPen(shape).arc(pointOf(shape.tags, 10), {radius, 0, 0}, {0, radius, 0}, toRadians(from),
+                         toRadians(sweep));
 }
 
 void drawEllipse(const Shape& shape) {
@@ -34,8 +33,8 @@ void drawEllipse(const Shape& shape) {
     const Vec normal = unit(pointOf(shape.tags, 210, {0, 0, 1}));
     const Vec minor = cross(normal, major) * shape.tags.real(40, 1);
     const double from = shape.tags.real(41, 0);
-    double sweep = std::fmod(shape.tags.real(42, 2 * M_PI) - from, 2 * M_PI);
-    if (sweep < 0) sweep += 2 * M_PI;
+    double sweep = std::fmod(shape.tags.real(42, kTurn) - from, kTurn);
+    if (sweep < 0) sweep += kTurn;
     shape.pen.arc(pointOf(shape.tags, 10), major, minor, from, sweep);
 }
 

@@ -2,13 +2,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/geometry/angles.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
 
 namespace host {
 namespace {
 
-constexpr double kDegree = 0.017453292519943295;
 /// Mean width of a character and distance of lines, in heights.
 constexpr double kCharacterWidth = 0.8;
 constexpr double kLineDistance = 5.0 / 3;
@@ -58,7 +58,7 @@ void drawText(const Shape& shape, bool isDefinition) {
     const std::string_view type = trimmed(shape.entity.type());
     const int vertical = tags.integer(type == "TEXT" ? 73 : 74, 0);
     Vec start = pointOf(tags, 10);
-    double angle = tags.real(50, 0) * kDegree;
+    double angle = toRadians(tags.real(50, 0));
     const Vec end = pointOf(tags, 11, start);
     const bool stretched = horizontal == 3 || horizontal == 5;
     if (stretched) {

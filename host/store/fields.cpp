@@ -1,5 +1,6 @@
 // Finding, reading and editing the fields of an entity in its tags.
 #include "host/store/fields.h"
+#include "host/store/symbol_records.h"
 
 #include <array>
 
@@ -184,8 +185,7 @@ void copyField(const ObjectBody& from, ObjectBody& to, const FieldPlace& place) 
 }
 
 bool isPaperSpace(const ObjectBody& blockRecord) {
-    constexpr std::wstring_view prefix = L"*PAPER_SPACE";
-    return foldCase(symbolName(blockRecord)).compare(0, prefix.size(), prefix) == 0;
+    return isPaperSpaceName(symbolName(blockRecord));
 }
 
 void setSpaceMarks(ObjectBody& entity, bool paperSpace) {

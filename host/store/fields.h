@@ -87,7 +87,6 @@ inline constexpr RealField textHeight{{"AcDbText", 40, 0, true}, 0.0};
 inline constexpr TextField textString{{"AcDbText", 1, 0, true}, L""};
 inline constexpr RealField textRotation{{"AcDbText", 50}, 0.0};  // degrees
 inline constexpr IntegerField horizontalMode{{"AcDbText", 72}, 0};
-inline constexpr PointField alignmentPoint{{"AcDbText", 11}};
 inline constexpr IntegerField textVerticalMode{{"AcDbText", 73, 1}, 0};
 
 inline constexpr TextField definitionPrompt{{"AcDbAttributeDefinition", 3, 0, true}, L""};
@@ -107,7 +106,6 @@ inline constexpr PointField insertionPoint{{"AcDbBlockReference", 10, 0, true}};
 inline constexpr RealField scaleX{{"AcDbBlockReference", 41}, 1.0};
 inline constexpr RealField scaleY{{"AcDbBlockReference", 42}, 1.0};
 inline constexpr RealField scaleZ{{"AcDbBlockReference", 43}, 1.0};
-inline constexpr RealField insertRotation{{"AcDbBlockReference", 50}, 0.0};  // degrees
 
 /// Bits of an attribute's or definition's flags.
 constexpr int kInvisible = 1;

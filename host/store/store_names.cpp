@@ -1,9 +1,11 @@
 // Finding by name: sections, tables, symbols, header variables and the spaces.
 #include <algorithm>
 
+#include "host/objectarx/symbol_tables.h"
 #include "host/store/body_text.h"
 #include "host/store/journal.h"
 #include "host/store/store.h"
+#include "host/store/symbol_records.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -76,8 +78,8 @@ void Store::findSpaces() const {
         const ObjectBody* const record = symbol("BLOCK_RECORD", name);
         return record != nullptr && !record->erased ? record->self : kNoIndex;
     };
-    m_modelSpace = find(L"*Model_Space");
-    m_paperSpace = find(L"*Paper_Space");
+    m_modelSpace = find(ACDB_MODEL_SPACE);
+    m_paperSpace = find(ACDB_PAPER_SPACE);
     m_spacesKnown = m_modelSpace != kNoIndex;
 }
 
@@ -126,13 +128,12 @@ void Store::indexSymbol(Index table, const ObjectBody& record, std::wstring_view
 }
 
 bool Store::onLockedLayer(const ObjectBody& entity) const {
-    constexpr long long kLocked = 4;
     if (!m_lockedLayersKnown) {
         m_lockedLayers.clear();
         const Index layers = table("LAYER");
         Index index = layers != kNoIndex ? firstLive(layers) : kNoIndex;
         for (; index != kNoIndex; index = nextLive(at(index)))
-            if ((integerTag(at(index).tags(), 70, 0) & kLocked) != 0)
+            if (layerState(at(index)).locked)
                 m_lockedLayers.insert(foldCase(symbolName(at(index))));
         m_lockedLayersKnown = true;
     }

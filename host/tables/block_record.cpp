@@ -5,7 +5,6 @@
 #include "host/control/faults.h"
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
-#include "host/objects/object_access.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/fields.h"
@@ -14,29 +13,10 @@
 #include "host/tags/tags.h"
 
 namespace host {
-
 namespace {
 
-constexpr int kAnonymousBlock = 1;
 constexpr int kBlockHasAttributes = 2;
 constexpr int kConstantAttribute = 2;
-
-/// Tags of a BLOCK or ENDBLK up to its own subclass marker.
-std::string partText(std::string_view type, std::string_view subclass) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, subclass);
-    return text;
-}
-
-ObjectBody& makePart(Store& store, Kind kind, const std::string& text, const ObjectBody& record) {
-    ObjectBody fresh;
-    fresh.kind = kind;
-    placeText(fresh, text);
-    return store.duplicate(fresh, record.self);
-}
 
 /// The body whose tags hold a block's base point: its BLOCK, or a new record itself.
 ObjectBody& pointHolder(ObjectBody& record) {
@@ -79,33 +59,6 @@ Index nextSlot(const Store& store, Index block, Index from, bool forward) {
 }
 
 }  // namespace
-
-void makeBlockParts(Store& store, ObjectBody& record) {
-    const std::string name = store.encode(symbolName(record));
-    const std::string_view old = record.tags();
-    std::string begin = partText("BLOCK", "AcDbBlockBegin");
-    addTag(begin, 2, name);
-    addTag(begin, 70, name.front() == '*' ? kAnonymousBlock : 0);
-    addPointTag(begin, 10, realTag(old, 10, 0.0), realTag(old, 20, 0.0), realTag(old, 30, 0.0));
-    addTag(begin, 3, name);
-    addTag(begin, 1, "");
-    BlockParts parts;
-    // The name is in the drawing's encoding already, which duplicating must not convert again.
-    ObjectBody& block =
-        makePart(store, Kind::BlockBegin, partText("BLOCK", "AcDbBlockBegin"), record);
-    placeText(block, withIdentity(begin, block.handle, record.handle));
-    parts.begin = block.self;
-    parts.end = makePart(store, Kind::BlockEnd, partText("ENDBLK", "AcDbBlockEnd"), record).self;
-    store.blockParts(record.self) = parts;
-    store.blockOrder().push_back(record.self);
-    std::string text = newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord");
-    setTag(text, 2, name);
-    addHandleTag(text, 340, 0);  // no layout
-    addTag(text, 280, 1);        // can be exploded
-    addTag(text, 281, 0);        // can be scaled unevenly
-    placeText(record, withIdentity(text, record.handle, store.at(record.owner).handle));
-}
-
 }  // namespace host
 
 AcDbBlockTableRecord::AcDbBlockTableRecord()
@@ -155,12 +108,6 @@ bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
     return false;
 }
 
-AcGePoint3d AcDbBlockTableRecord::origin() const {
-    const std::string_view text = host::pointHolder(body()).tags();
-    return {host::realTag(text, 10, 0.0), host::realTag(text, 20, 0.0),
-            host::realTag(text, 30, 0.0)};
-}
-
 Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     if (host::callFails("AcDbBlockTableRecord::setOrigin")) return Acad::eInvalidInput;
     host::ObjectBody& content = body();
@@ -172,11 +119,6 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     host::setTag(text, 30, host::formatReal(origin.z));
     holder.setTags(std::move(text));
     return Acad::eOk;
-}
-
-bool AcDbBlockTableRecord::isAnonymous() const {
-    const std::string_view text = host::pointHolder(body()).tags();
-    return (host::integerTag(text, 70, 0) & host::kAnonymousBlock) != 0;
 }
 
 AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(AcDbObjectId block, bool atBeginning,
@@ -231,12 +173,4 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, A
     const Acad::ErrorStatus status = host::openBody(opened, *current, mode, openErasedEntity);
     if (status == Acad::eOk) entity = static_cast<AcDbEntity*>(opened);
     return status;
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const {
-    id.setNull();
-    if (host::callFails("AcDbBlockTableRecordIterator::getEntityId")) return Acad::eInvalidIndex;
-    if (done()) return Acad::eInvalidIndex;
-    id = m_current;
-    return Acad::eOk;
 }

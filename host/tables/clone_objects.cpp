@@ -25,7 +25,7 @@ Acad::ErrorStatus findOwner(const Store& store, AcDbObjectId id, ObjectBody*& ow
 Acad::ErrorStatus checkSource(const Store& store, const ObjectBody& source, Index firstOwner) {
     if (source.store != &store) return Acad::eWrongDatabase;
     // A block takes main entities only.
-    if (!isEntityKind(source.kind) || isSubEntityKind(source.kind)) return Acad::eInvalidInput;
+    if (!isMainEntity(source)) return Acad::eInvalidInput;
     if (source.owner != firstOwner) return Acad::eInvalidInput;
     return source.openForWrite ? Acad::eWasOpenForWrite : Acad::eOk;
 }

@@ -1,5 +1,6 @@
 // AcDbDatabase: tables, handles, the current layer and tab; the host application's services.
 #include "host/objectarx/database.h"
+#include "host/store/symbol_records.h"
 
 #include "host/control/faults.h"
 #include "host/objects/opening.h"
@@ -62,15 +63,7 @@ bool AcDbDatabase::tilemode() const {
     return !value || host::parseInteger(*value).value_or(1) != 0;
 }
 
-AcDbObjectId AcDbDatabase::clayer() const {
-    const auto name = m_store->headerValue("$CLAYER");
-    const std::wstring wanted = name ? m_store->decode(*name) : L"0";
-    const host::ObjectBody* const layer = m_store->symbol("LAYER", wanted);
-    return layer != nullptr ? m_store->idOf(*layer) : AcDbObjectId();
-}
-
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
-    constexpr long long kFrozen = 1;
     if (host::callFails("AcDbDatabase::setClayer")) return Acad::eInvalidInput;
     if (layer.isNull()) return Acad::eNullObjectId;
     const host::ObjectBody* const body = host::bodyOfId(layer, "AcDbDatabase::setClayer");
@@ -78,9 +71,7 @@ Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
     if (body->kind != host::Kind::LayerRecord) return Acad::eNotThatKindOfClass;
     if (body->store != m_store.get()) return Acad::eWrongDatabase;
     if (body->erased) return Acad::eWasErased;
-    if ((host::integerTag(body->tags(), 70, 0) & kFrozen) != 0) return Acad::eInvalidInput;
-    m_store->setHeaderValue("$CLAYER", 8, m_store->encode(host::symbolName(*body)));
-    return Acad::eOk;
+    return host::setCurrentLayer(*m_store, *body) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

@@ -1,7 +1,6 @@
 // Layer records: colour, linetype and state.
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
-#include "host/objects/object_access.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
@@ -9,13 +8,6 @@
 #include "host/tags/tags.h"
 
 namespace {
-
-constexpr int kFrozen = 1;
-constexpr int kLocked = 4;
-
-int flagsOf(const host::ObjectBody& layer) {
-    return static_cast<int>(host::integerTag(layer.tags(), 70, 0));
-}
 
 /// Colour as stored: negative while the layer is off.
 int storedColor(const host::ObjectBody& layer) {
@@ -26,11 +18,6 @@ void setInteger(host::ObjectBody& layer, int code, int value) {
     std::string text(layer.tags());
     host::setTag(text, code, value);
     layer.setTags(std::move(text));
-}
-
-void setFlag(host::ObjectBody& layer, int flag, bool on) {
-    const int flags = flagsOf(layer);
-    setInteger(layer, 70, on ? flags | flag : flags & ~flag);
 }
 
 bool isCurrent(const host::ObjectBody& layer) {
@@ -66,15 +53,6 @@ Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
     return Acad::eOk;
 }
 
-AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {
-    const host::ObjectBody& content = body();
-    const auto name = host::findTag(content.tags(), 6);
-    if (content.store == nullptr || !name) return {};
-    const host::Store& store = *content.store;
-    const host::ObjectBody* const linetype = store.symbol("LTYPE", store.decode(name->value));
-    return linetype != nullptr ? store.idOf(*linetype) : AcDbObjectId();
-}
-
 Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     if (host::callFails("AcDbLayerTableRecord::setLinetypeObjectId")) return Acad::eInvalidInput;
     host::ObjectBody& content = body();
@@ -93,28 +71,13 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     return Acad::eOk;
 }
 
-bool AcDbLayerTableRecord::isFrozen() const { return (flagsOf(body()) & kFrozen) != 0; }
-
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
     if (host::callFails("AcDbLayerTableRecord::setIsFrozen")) return Acad::eInvalidInput;
     host::ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (frozen && isCurrent(content)) return Acad::eInvalidInput;
-    setFlag(content, kFrozen, frozen);
+    constexpr int kFrozen = 1;
+    const int flags = static_cast<int>(host::integerTag(content.tags(), 70, 0));
+    setInteger(content, 70, frozen ? flags | kFrozen : flags & ~kFrozen);
     return Acad::eOk;
-}
-
-bool AcDbLayerTableRecord::isOff() const { return storedColor(body()) < 0; }
-
-void AcDbLayerTableRecord::setIsOff(bool off) {
-    if (!host::mayChange(*this, "AcDbLayerTableRecord::setIsOff")) return;
-    const int index = color().colorIndex();
-    setInteger(body(), 62, off ? -index : index);
-}
-
-bool AcDbLayerTableRecord::isLocked() const { return (flagsOf(body()) & kLocked) != 0; }
-
-void AcDbLayerTableRecord::setIsLocked(bool locked) {
-    if (host::mayChange(*this, "AcDbLayerTableRecord::setIsLocked"))
-        setFlag(body(), kLocked, locked);
 }

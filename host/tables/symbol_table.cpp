@@ -1,7 +1,6 @@
 // Symbol tables and what all their records have in common: names, lookup, adding.
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
-#include "host/objects/object_access.h"
 #include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/body_text.h"
@@ -10,25 +9,6 @@
 #include "host/tags/tags.h"
 
 namespace host {
-
-std::string newRecordText(std::string_view type, std::string_view subclass) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbSymbolTableRecord");
-    addTag(text, 100, subclass);
-    addTag(text, 2, "");
-    addTag(text, 70, 0);
-    return text;
-}
-
-bool symbolNameIsValid(std::wstring_view name, bool anonymous) {
-    constexpr std::size_t kLongestName = 255;
-    if (name.empty() || name.size() > kLongestName) return false;
-    if (anonymous && name.front() == L'*') name.remove_prefix(1);
-    const bool hasControls = name.find_first_of(L"\t\n\v\f\r") != std::wstring_view::npos;
-    return !hasControls && name.find_first_of(L"|*\\/:;<>?\",=`") == std::wstring_view::npos;
-}
-
 namespace {
 
 /// Gives a new layer the plot style and line weight that layer 0 has: drawings with named styles
@@ -57,15 +37,7 @@ bool takesRecord(Kind table, Kind record) {
 }
 
 }  // namespace
-
 }  // namespace host
-
-Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
-    name = nullptr;
-    if (host::callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
-    name = host::newString(host::symbolName(body()));
-    return Acad::eOk;
-}
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     if (host::callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
@@ -144,9 +116,8 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     const Acad::ErrorStatus status = host::makeResident(*record, store, table.self);
     if (status != Acad::eOk) return status;
     host::ObjectBody& added = record->body();
-    store.appendChild(table.self, added);
-    store.indexSymbol(table.self, added, name);
-    if (added.kind == host::Kind::BlockRecord) host::makeBlockParts(store, added);
+    host::addRecord(store, table.self, added, name);
+    if (added.kind == host::Kind::BlockRecord) host::completeBlock(store, added);
     if (added.kind == host::Kind::LayerRecord) host::addPlotting(store, added);
     id = store.idOf(added);
     return Acad::eOk;

@@ -42,7 +42,7 @@ bool isOrdinate(const ObjectBody& body) {
 /// True when a map mirrors at a line that is along neither X nor Y.
 bool isSlanted(const RigidMap& map) {
     constexpr double kLevel = 1e-12;
-    return map.mirrors && std::fabs(map.map.x.y) > kLevel;
+    return map.mirrors && std::fabs(map.matrix.x.y) > kLevel;
 }
 
 /// A rotated dimension without an angle measures along X, and mirrored along the image of that.

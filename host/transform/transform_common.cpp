@@ -35,8 +35,8 @@ void dropGraphics(TagEdit& edit) {
 void transformExtendedData(TagEdit& edit, const RigidMap& map) {
     for (std::size_t at = 0; at < edit.size(); ++at) {
         const int code = edit.code(at);
-        if (code == 1011) edit.setPoint(at, map.map.apply(edit.point(at)));
-        if (code == 1012 || code == 1013) edit.setPoint(at, map.map.turn(edit.point(at)));
+        if (code == 1011) edit.setPoint(at, map.matrix.apply(edit.point(at)));
+        if (code == 1012 || code == 1013) edit.setPoint(at, map.matrix.turn(edit.point(at)));
     }
 }
 

@@ -99,7 +99,7 @@ inline constexpr FieldRule kTable[] = {{10, Role::ObjectPoint},
 // The viewed side of a section is to one hand of its line.
 inline constexpr FieldRule kSection[] = {{10, Role::Vector}, {11, Role::Chain}, {12, Role::Chain}};
 inline constexpr FieldRule kLight[] = {{10, Role::Point}, {11, Role::Point}};
-inline constexpr FieldRule kNothing[] = {{210, Role::Extrusion}};
+inline constexpr FieldRule kOnlyExtrusion[] = {{210, Role::Extrusion}};
 
 // What an annotative entity keeps for each scale: leaders have a direction and two offsets beside
 // their points, paragraph texts a direction and a position.

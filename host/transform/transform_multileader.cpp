@@ -85,9 +85,9 @@ class LeaderMapper {
         }
     }
 
-    void mapPoint() { m_edit.setPoint(m_at, m_map.map.apply(m_edit.point(m_at))); }
+    void mapPoint() { m_edit.setPoint(m_at, m_map.matrix.apply(m_edit.point(m_at))); }
 
-    void mapVector() { m_edit.setPoint(m_at, m_map.map.turn(m_edit.point(m_at))); }
+    void mapVector() { m_edit.setPoint(m_at, m_map.matrix.turn(m_edit.point(m_at))); }
 
     void mapNormal(Vec& normal) {
         normal = m_edit.point(m_at);
@@ -112,7 +112,7 @@ class LeaderMapper {
             return Vec{element(0, column), element(1, column), element(2, column)};
         };
         const Transform made =
-            m_map.map * Transform{columnAt(0), columnAt(1), columnAt(2), columnAt(3)};
+            m_map.matrix * Transform{columnAt(0), columnAt(1), columnAt(2), columnAt(3)};
         const Vec columns[kColumns] = {made.x, made.y, made.z * (m_map.mirrors ? -1 : 1),
                                        made.origin};
         for (std::size_t i = 0; i < kColumns; ++i) {

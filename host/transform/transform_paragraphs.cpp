@@ -33,9 +33,9 @@ class Embedded {
         constexpr int kAttachment = 70;
         const auto direction = find(10), position = find(11);
         if (!begins(kAttachment) || !direction || !position) return false;
-        const Vec turned = map.map.turn(m_edit.point(*direction));
+        const Vec turned = map.matrix.turn(m_edit.point(*direction));
         m_edit.setPoint(*direction, staysReadable ? readable(turned) : turned);
-        m_edit.setPoint(*position, map.map.apply(m_edit.point(*position)));
+        m_edit.setPoint(*position, map.matrix.apply(m_edit.point(*position)));
         return true;
     }
 
@@ -44,8 +44,8 @@ class Embedded {
         const auto extrusion = find(210), direction = find(11), angle = find(50);
         if (!begins(10) || !extrusion || !direction) return false;
         const ObjectFrame frame(map, m_edit.point(*extrusion), true);
-        m_edit.setPoint(m_begin, map.map.apply(m_edit.point(m_begin)));
-        m_edit.setPoint(*direction, map.map.turn(m_edit.point(*direction)));
+        m_edit.setPoint(m_begin, map.matrix.apply(m_edit.point(m_begin)));
+        m_edit.setPoint(*direction, map.matrix.turn(m_edit.point(*direction)));
         m_edit.setPoint(*extrusion, frame.extrusion(m_edit.point(*extrusion)));
         if (angle) m_edit.set(*angle, frame.turnRadians(m_edit.real(*angle)));
         return true;
@@ -83,7 +83,7 @@ bool transformEmbedded(TagEdit& edit, std::string_view type, const RigidMap& map
 }
 
 void transformReadable(TagEdit& edit, const ObjectFrame& frame) {
-    const Transform& world = frame.world().map;
+    const Transform& world = frame.world().matrix;
     const auto place = edit.find(10), axis = edit.find(11), angle = edit.find(50);
     if (place) edit.setPoint(*place, world.apply(edit.point(*place)));
     const Vec old = axis ? edit.point(*axis) : paragraphDirection(angle ? edit.real(*angle) : 0.0);

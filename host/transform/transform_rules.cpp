@@ -32,7 +32,7 @@ constexpr TransformRule kRules[] = {
     rule("MTEXT", kMText, Mirroring::TurnsOver),
     rule("INSERT", kInsert),
     rule("DIMENSION", kDimension),
-    rule("HATCH", kNothing, Mirroring::InPlane, Layout::Hatch),
+    rule("HATCH", kOnlyExtrusion, Mirroring::InPlane, Layout::Hatch),
     rule("SOLID", kSolid),
     rule("TRACE", kSolid),
     rule("3DFACE", kFace),
@@ -41,10 +41,10 @@ constexpr TransformRule kRules[] = {
     rule("LEADER", kLeader),
     rule("IMAGE", kImage),
     rule("WIPEOUT", kImage),
-    rule("SEQEND", kNothing),
+    rule("SEQEND", kOnlyExtrusion),
     rule("TOLERANCE", kTolerance, Mirroring::TurnsOver),
     rule("VIEWPORT", kViewport, Mirroring::AlongAxes),
-    rule("MULTILEADER", kNothing, Mirroring::InPlane, Layout::Multileader),
+    rule("MULTILEADER", kOnlyExtrusion, Mirroring::InPlane, Layout::Multileader),
     rule("ACAD_TABLE", kTable, Mirroring::TurnsOver),
     rule("MLINE", kMultiline, Mirroring::TurnsOver),
     rule("SHAPE", kShape),
@@ -61,14 +61,15 @@ constexpr TransformRule kRules[] = {
     rule("ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", kMTextAtScale),
     rule("ACDB_TEXTOBJECTCONTEXTDATA_CLASS", kTextAtScale, Mirroring::Refused),
     rule("ACDB_BLKREFOBJECTCONTEXTDATA_CLASS", kTextAtScale, Mirroring::Refused),
-    rule("ACDB_MLEADEROBJECTCONTEXTDATA_CLASS", kNothing, Mirroring::InPlane, Layout::Multileader),
+    rule("ACDB_MLEADEROBJECTCONTEXTDATA_CLASS", kOnlyExtrusion, Mirroring::InPlane,
+         Layout::Multileader),
 };
 
 constexpr TransformRule kPolyline2dRule = rule("POLYLINE", kPolyline2d);
-constexpr TransformRule kPolyline3dRule = rule("POLYLINE", kNothing);
+constexpr TransformRule kPolyline3dRule = rule("POLYLINE", kOnlyExtrusion);
 constexpr TransformRule kVertex2dRule = rule("VERTEX", kVertex2d);
 constexpr TransformRule kVertex3dRule = rule("VERTEX", kVertex3d);
-constexpr TransformRule kFaceRecordRule = rule("VERTEX", kNothing);
+constexpr TransformRule kFaceRecordRule = rule("VERTEX", kOnlyExtrusion);
 
 /// What a vertex means depends on its polyline; a face of a mesh names vertices and has no place.
 const TransformRule* vertexRule(const ObjectBody& vertex) {

@@ -4,12 +4,11 @@
 #include <cmath>
 #include <vector>
 
+#include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 
 namespace host {
 namespace {
-
-constexpr double kTurn = 6.283185307179586;
 
 /// Maps one entity: most fields where they stand, the paired ones behind them.
 class Mapper {
@@ -40,7 +39,7 @@ class Mapper {
 
   private:
     void map(std::size_t at, Role role) {
-        const Transform& world = m_frame.world().map;
+        const Transform& world = m_frame.world().matrix;
         switch (role) {
             case Role::Point:
                 return m_edit.setPoint(at, world.apply(m_edit.point(at)));
@@ -116,7 +115,7 @@ class Mapper {
             if (m_edit.own(at) && m_edit.code(at) == code) places.push_back(at);
         for (std::size_t i = 0; i < places.size(); ++i) {
             const std::size_t from = m_frame.world().mirrors ? places.size() - 1 - i : i;
-            m_edit.setPoint(places[i], m_frame.world().map.apply(m_edit.point(places[from])));
+            m_edit.setPoint(places[i], m_frame.world().matrix.apply(m_edit.point(places[from])));
         }
     }
 
@@ -124,7 +123,7 @@ class Mapper {
     void mapDirection(double angle, std::optional<std::size_t> place) {
         if (!m_frame.world().mirrors || m_edit.find(11)) return;
         const Vec old = m_frame.system().turn(paragraphDirection(angle));
-        const Vec direction = m_frame.world().map.turn(old);
+        const Vec direction = m_frame.world().matrix.turn(old);
         std::string tags;
         addPointTag(tags, 11, direction.x, direction.y, direction.z);
         if (!place) return addToPart(m_edit, "AcDbMText", tags);
@@ -141,7 +140,7 @@ class Mapper {
             const Vec made = m_frame.extrusion({0, 0, 1}) + Vec{};  // never -0
             if (made.z < 1) addPointTag(tag, field.code, made.x, made.y, made.z);
         } else if (field.role == Role::XDirection) {
-            const Vec made = m_frame.world().map.turn({1, 0, 0});
+            const Vec made = m_frame.world().matrix.turn({1, 0, 0});
             if (made.x < 1) addPointTag(tag, field.code, made.x, made.y, made.z);
         } else {
             const double value = number(field.role, field.absent);

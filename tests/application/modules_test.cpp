@@ -2,6 +2,7 @@
 #include "session_fixture.h"
 
 #include "host/editor/run/command_runner.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
 
 namespace {
@@ -160,7 +161,7 @@ TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
     session->newDrawing();
     session->loadModule(kProbe);
     EXPECT_EQ(session->runScript(L"PROBETHROW\n"), CommandStatus::Failed);
-    EXPECT_EQ(faults(), "command PROBETHROW: an exception left its function\n");
+    EXPECT_EQ(faults(), "command PROBETHROW: an exception left the module\n");
     session->runScript(L"PROBELEAK\n");
     EXPECT_EQ(faults().rfind("after command PROBELEAK: 1 object(s) left open", 0), 0u);
     session.reset();

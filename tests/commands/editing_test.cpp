@@ -2,7 +2,6 @@
 #include "commands/commands_fixture.h"
 #include "host/control/switches.h"
 #include "host/objectarx/entities.h"
-#include "host/objects/object_access.h"
 #include "host/tags/tags.h"
 
 namespace tests {
@@ -24,7 +23,9 @@ class EditingTest : public CommandsTest {
         entity->createExtensionDictionary();
         AcDbObject* dictionary = nullptr;
         acdbOpenObject(dictionary, entity->extensionDictionary(), AcDb::kForWrite);
-        static_cast<AcDbDictionary*>(dictionary)->setTreatElementsAsHard(hard);
+        std::string text(dictionary->body().tags());
+        replaceValue(text, *findTag(text, 280), hard ? "1" : "0");
+        dictionary->body().setTags(text);
         auto* record = new AcDbXrecord;
         AcDbObjectId id;
         static_cast<AcDbDictionary*>(dictionary)->setAt(L"KEY", record, id);

@@ -65,18 +65,12 @@ TEST(ResultBuffers, ListsOfTheHostAreLeftAlone) {
     Drawing drawing;
     host::ResultList builder;
     builder.addText(RTSTR, L"argument");
-    builder.addInteger(RTLONG, 70000);
-    builder.addBinary(310, std::string_view("\x01\0\x02", 3));
     resbuf* const list = builder.release();
     host::markHostOwned(list);
     EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 0);
     EXPECT_EQ(acutRelRb(list), RTNORM);
-    resbuf* const copy = host::copyList(list);
+    EXPECT_STREQ(list->resval.rstring, L"argument");
     host::freeList(list);
-    EXPECT_STREQ(copy->resval.rstring, L"argument");
-    EXPECT_EQ(copy->rbnext->resval.rlong, 70000);
-    EXPECT_EQ(copy->rbnext->rbnext->resval.rbinary.buf[2], '\x02');
-    EXPECT_EQ(acutRelRb(copy), RTNORM);
 }
 
 TEST(ResultBuffers, LeakIsDescribedByItsFirstBuffer) {
@@ -117,9 +111,7 @@ TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
             return acdbEntLast(last) == RTNORM;
         },
         [&] { return acdbEntGet(name) != nullptr; },
-        [&] { return acdbEntDel(name) == RTNORM; },
         [&] { return acutBuildList(1, L"a", 0) != nullptr; },
-        [&] { return acutNewRb(RTREAL) != nullptr; },
         [&] { return open->setLayer(L"0") == Acad::eOk; },
         [&] {
             return open->setPosition({9, 9, 9}) == Acad::eOk;

@@ -63,7 +63,7 @@ TEST(InjectedFaults, AFailedCallHasNoEffect) {
     EXPECT_NE(object->createExtensionDictionary(), Acad::eOk);
     EXPECT_NE(object->erase(), Acad::eOk);
     AcDbObject* again = nullptr;
-    EXPECT_NE(acdbOpenObject(again, drawing.database().clayer(), AcDb::kForRead), Acad::eOk);
+    EXPECT_NE(acdbOpenObject(again, drawing.id(line), AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(again, nullptr);
     host::setFaultPlan({});
     EXPECT_EQ(line.tags(), before);

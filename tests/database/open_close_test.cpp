@@ -1,7 +1,7 @@
 // The rules of opening and closing, and the faults of callers that break them.
 #include "database/entities_drawing.h"
-#include "host/objects/object_access.h"
 #include "host/objects/opening.h"
+#include "host/store/body_text.h"
 
 using entities::Drawing;
 
@@ -76,11 +76,16 @@ TEST(OpenRules, NullErasedWrongClassLockedLayer) {
     drawing.database().getLayerTable(layers, AcDb::kForWrite);
     layers->add(layer);
     EXPECT_EQ(tryOpen(drawing, "", 'w'), Acad::eOk);
-    layer->setIsLocked(true);
+    const auto setFlags = [&](const char* flags) {
+        std::string text(layer->body().tags());
+        host::setTag(text, 70, flags);
+        layer->body().setTags(text);
+    };
+    setFlags("4");  // locked
     EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForWrite), Acad::eOnLockedLayer);
     ASSERT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(object->upgradeOpen(), Acad::eOnLockedLayer);
-    layer->setIsLocked(false);
+    setFlags("0");
     EXPECT_EQ(object->upgradeOpen(), Acad::eOk);
     EXPECT_EQ(object->erase(), Acad::eOk);
     for (AcDbObject* one :
@@ -91,7 +96,7 @@ TEST(OpenRules, NullErasedWrongClassLockedLayer) {
     object->close();
 }
 
-TEST(OpenRules, UpgradeDowngradeAndErase) {
+TEST(OpenRules, UpgradeAndErase) {
     Drawing drawing;
     const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
     AcDbObject* first = nullptr;
@@ -99,16 +104,12 @@ TEST(OpenRules, UpgradeDowngradeAndErase) {
     acdbOpenObject(first, id, AcDb::kForRead);
     acdbOpenObject(second, id, AcDb::kForRead);
     EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
-    EXPECT_EQ(first->downgradeOpen(), Acad::eNotOpenForWrite);
     EXPECT_EQ(first->erase(), Acad::eNotOpenForWrite);
     second->close();
     EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
-    EXPECT_TRUE(first->isWriteEnabled());
     EXPECT_EQ(first->erase(), Acad::eOk);
     EXPECT_EQ(first->erase(), Acad::eWasErased);
     EXPECT_EQ(first->erase(false), Acad::eOk);
-    EXPECT_EQ(first->downgradeOpen(), Acad::eOk);
-    EXPECT_EQ(first->erase(), Acad::eNotOpenForWrite);
     first->close();
     EXPECT_FALSE(id.isErased());
 }
@@ -117,7 +118,6 @@ TEST(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
     Drawing drawing;
     const host::HeldCounts before = host::heldNow();
     auto* record = new AcDbXrecord;
-    EXPECT_TRUE(record->isWriteEnabled());
     EXPECT_EQ(record->close(), Acad::eNotInDatabase);
     EXPECT_EQ(record->createExtensionDictionary(), Acad::eNotInDatabase);
     delete record;
@@ -181,7 +181,7 @@ TEST(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
     ads_name name;
     {
         AcDbDatabase other(host::newDrawing());
-        id = other.clayer();
+        id = other.store().idOf(*other.store().symbol("LAYER", L"0"));
         acdbGetAdsName(name, id);
         acdbOpenObject(object, id, AcDb::kForRead);
     }

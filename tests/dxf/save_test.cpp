@@ -2,7 +2,7 @@
 #include <sys/stat.h>
 
 #include "drawing_text.h"
-#include "host/objects/object_access.h"
+#include "host/objects/erasing.h"
 
 namespace dxf_tests {
 namespace {

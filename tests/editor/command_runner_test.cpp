@@ -7,6 +7,7 @@
 #include "editor/editor_fixture.h"
 #include "host/control/accounting.h"
 #include "host/control/switches.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/interactive_input.h"
 
@@ -148,7 +149,7 @@ TEST_F(CommandRunner, OutcomesFollowPromptsAndExceptions) {
     body = [] { throw std::runtime_error("oops"); };
     EXPECT_EQ(runCommand(L"ask"), CommandStatus::Failed);
     EXPECT_EQ(shown(takeNotifications()), ":SF");
-    EXPECT_EQ(takeFaults()[0], "command ASK: an exception left its function: oops");
+    EXPECT_EQ(takeFaults()[0], "command ASK: an exception left the module: oops");
     EXPECT_EQ(runCommand(L"nothing"), CommandStatus::Unknown);
     EXPECT_EQ(shown(takeNotifications()), ":");
 }

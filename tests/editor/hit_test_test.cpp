@@ -1,6 +1,6 @@
 // What picks, windows and crossings reach, for each kind of entity.
 #include "host/picking/hit_test.h"
-#include "host/editor/selection/select_objects.h"
+#include "host/editor/selection/selection_sources.h"
 
 #include "editor/editor_fixture.h"
 #include "host/editor/state/sysvars.h"

@@ -61,7 +61,7 @@ TEST_F(Reactors, LeaksAndExceptionsAreNamed) {
     host::notifyCommandWillStart(L"COPY");
     faults = takeFaults();
     ASSERT_EQ(faults.size(), 1u);
-    EXPECT_EQ(faults[0], "commandWillStart COPY: an exception left the handler");
+    EXPECT_EQ(faults[0], "commandWillStart COPY: an exception left the module");
     editor->removeReactor(&watcher);
 }
 

@@ -32,8 +32,6 @@ TEST_F(SelectionSets, KeepOrderWithoutDuplicates) {
     EXPECT_EQ(acedSSDel(names[2], set), RTNORM);
     EXPECT_EQ(acedSSDel(names[2], set), RTERROR);
     EXPECT_EQ(members(set), "ab");
-    EXPECT_EQ(acedSSMemb(names[1], set), RTNORM);
-    EXPECT_EQ(acedSSMemb(names[2], set), RTERROR);
 }
 
 TEST_F(SelectionSets, RefuseBadIndexesAndErasedEntities) {

@@ -5,6 +5,7 @@
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
 #include "host/editor/run/command_runner.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
 

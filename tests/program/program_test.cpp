@@ -8,17 +8,17 @@ TEST_F(ProgramTest, WrongUse) {
         const char* arguments;
         const char* complaint;
     } cases[] = {
-        {"--nonsense", "unknown option --nonsense"},
-        {"-s", "-s needs a value"},
-        {"--script=", "--script needs a value that is not empty"},
-        {"-s a -s b", "-s is given twice"},
-        {"--set PICKADD", "--set needs NAME=VALUE, not \"PICKADD\""},
-        {"--registry A=x", "--registry needs a number from 0 to 4294967295 behind \"A=\""},
-        {"--registry A=4294967296", "--registry needs a number from 0 to 4294967295 behind \"A=\""},
-        {"--no-module=1", "--no-module takes no value"},
+        {"--nonsense", "The following argument was not expected: --nonsense"},
+        {"-s", "--script: 1 required FILE missing"},
+        {"--script=", "--script: 1 required FILE missing"},
+        {"-s a -s b", "--script: At Most 1 required but received 2"},
+        {"--set PICKADD", "--set: needs NAME=VALUE, not \"PICKADD\""},
+        {"--registry A=x", "--registry: needs a number from 0 to 4294967295 behind NAME="},
+        {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
+        {"/i", "/i needs a drawing"},
         {"--no-module -m a.arx", "--module and --no-module exclude each other"},
         {"a.dxf b.dxf", "only one drawing can be given, not also \"b.dxf\""},
-        {"\"\"", "the name of a drawing is empty"},
+        {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
         {"--check a.dxf -s b", "--check only checks files: it takes no script and no module"},
     };
@@ -34,7 +34,8 @@ TEST_F(ProgramTest, WrongUse) {
 TEST_F(ProgramTest, HelpAndVersion) {
     const Result help = drafthost("--help");
     EXPECT_EQ(help.status, 0);
-    EXPECT_EQ(help.output.rfind("drafthost [options] [drawing.dxf]", 0), 0u);
+    EXPECT_NE(help.output.find("\nUsage: drafthost [OPTIONS] [drawing.dxf...]\n"),
+              std::string::npos);
     EXPECT_NE(help.output.find("\n  QSAVE       saves the drawing under its name\n"),
               std::string::npos);
     EXPECT_EQ(drafthost("--version").output, "drafthost 1.0.0\n");

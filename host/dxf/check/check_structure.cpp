@@ -1,14 +1,10 @@
 // The drawing check: blocks, layouts and dictionaries.
 #include "host/dxf/check/check_context.h"
 #include "host/store/dictionary_text.h"
+#include "host/store/symbol_records.h"
 
 namespace host {
 namespace {
-
-bool isSpaceName(const std::wstring& name) {
-    const std::wstring folded = foldCase(name);
-    return folded == L"*MODEL_SPACE" || folded.compare(0, 12, L"*PAPER_SPACE") == 0;
-}
 
 void checkEntry(CheckContext& context, const ObjectSummary& summary, const std::string& key,
                 std::uint64_t handle, bool isExtension) {

@@ -1,5 +1,6 @@
 // Supplies what every drawing needs and a loaded one lacks.
 #include "host/dxf/load/structure_repair.h"
+#include "host/store/symbol_records.h"
 
 #include "host/tags/tags.h"
 
@@ -54,8 +55,7 @@ ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
     addTag(text, 2, bytes);
     text += form.rest;
     ObjectBody& record = addObject(store, form.kind, text, handle);
-    store.appendChild(table, record);
-    store.indexSymbol(table, record, name);
+    addRecord(store, table, record, name);
     return record;
 }
 
@@ -69,27 +69,6 @@ std::string blockRecordGroups() {
     std::string text;
     addHandleTag(text, 340, 0);
     return text;
-}
-
-Index supplyBlockMark(Store& store, const ObjectBody& record, Kind kind) {
-    const bool begins = kind == Kind::BlockBegin;
-    const std::uint64_t handle = store.handleSeed();
-    std::string text = beginObject(begins ? "BLOCK" : "ENDBLK", handle, record.handle);
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd");
-    if (begins) {
-        const auto place = findTag(record.tags(), 2);
-        const std::string_view name = place ? place->value : std::string_view();
-        addTag(text, 2, name);
-        addTag(text, 70, 0);
-        addPointTag(text, 10, 0.0, 0.0, 0.0);
-        addTag(text, 3, name);
-        addTag(text, 1, "");
-    }
-    ObjectBody& body = addObject(store, kind, text, handle);
-    body.owner = record.self;
-    return body.self;
 }
 
 }  // namespace
@@ -130,12 +109,7 @@ ObjectBody& supplyBlockRecord(Store& store, std::string_view name) {
 void supplySpaceBlocks(Store& store) {
     store.section(SectionKind::Blocks);
     for (const Index space : {store.modelSpace(), store.paperSpace()}) {
-        if (store.blockParts(space).begin != kNoIndex) continue;
-        const ObjectBody& record = store.at(space);
-        const Index begin = supplyBlockMark(store, record, Kind::BlockBegin);
-        const Index end = supplyBlockMark(store, record, Kind::BlockEnd);
-        store.blockParts(space) = {begin, end};
-        store.blockOrder().push_back(space);
+        if (store.blockParts(space).begin == kNoIndex) makeBlockParts(store, store.at(space), {});
     }
 }
 

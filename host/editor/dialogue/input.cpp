@@ -15,8 +15,6 @@ namespace {
 
 InputSource* source = nullptr;
 
-void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
-
 std::wstring withoutBlanks(const std::wstring& text) {
     std::size_t begin = 0, end = text.size();
     while (begin < end && std::iswspace(static_cast<std::wint_t>(text[begin])))
@@ -52,20 +50,20 @@ InputSource* inputSource() { return source; }
 Answer prompt(const std::wstring& text, InputUnit unit) {
     Answer answer{Answer::Kind::End, {}};
     if (inputAllowed("a prompt")) {
-        if (!text.empty()) say(text);
+        if (!text.empty()) print(text);
         if (source != nullptr) answer = source->next(text, unit);
     }
     if (answer.kind == Answer::Kind::Cancel || answer.kind == Answer::Kind::End) {
-        say(L"*Cancel*");
+        print(L"*Cancel*");
         noteCancelled();
     } else if (!answer.text.empty() && !source->interactive()) {
-        say(answer.text);
+        print(answer.text);
     }
     return answer;
 }
 
 bool wrongAnswer(const std::wstring& explanation) {
-    say(L"\n" + explanation + L".");
+    printLine(explanation + L".");
     if (source != nullptr && source->interactive()) return true;
     noteWrongAnswer();
     return false;

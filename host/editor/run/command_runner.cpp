@@ -5,9 +5,9 @@
 #include <exception>
 #include <map>
 
-#include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/editor/run/command_table.h"
+#include "host/control/guarded_call.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/current_drawing.h"
@@ -51,33 +51,19 @@ bool resolve(std::wstring name, Resolved& resolved) {
     }
 }
 
-void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
-
 CommandStatus runModuleFunction(AcRxFunctionPtr function, const ActiveCommand& now) {
     const std::string where = "command " + toUtf8(now.name);
-    const HeldCounts before = heldNow();
-    CommandStatus status = CommandStatus::Done;
-    try {
-        function();
-        if (now.cancelled) status = CommandStatus::Cancelled;
-    } catch (const std::exception& error) {
-        reportModuleFault(where + ": an exception left its function: " + error.what());
-        status = CommandStatus::Failed;
-    } catch (...) {
-        reportModuleFault(where + ": an exception left its function");
-        status = CommandStatus::Failed;
-    }
-    checkNothingLeaked(before, where);
-    return status;
+    if (!guardedCall(where, function)) return CommandStatus::Failed;
+    return now.cancelled ? CommandStatus::Cancelled : CommandStatus::Done;
 }
 
 CommandStatus runBuiltin(const BuiltinCommand& command) {
     try {
         return command.run();
     } catch (const std::exception& error) {
-        say(L"\n" + std::wstring(command.name) + L" failed: " + fromUtf8(error.what()));
+        printLine(std::wstring(command.name) + L" failed: " + fromUtf8(error.what()));
     } catch (...) {
-        say(L"\n" + std::wstring(command.name) + L" failed");
+        printLine(std::wstring(command.name) + L" failed");
     }
     return CommandStatus::Failed;
 }
@@ -132,11 +118,11 @@ CommandStatus runCommand(const std::wstring& typedName) {
     Resolved command;
     if (!resolve(typedName, command)) return CommandStatus::Unknown;
     if (const std::wstring running = activeCommand(); !running.empty()) {
-        say(L"\n" + command.name + L" cannot start while " + running + L" runs.");
+        printLine(command.name + L" cannot start while " + running + L" runs.");
         return CommandStatus::Failed;
     }
     if (command.builtin == nullptr && currentStore() == nullptr) {
-        say(L"\n" + command.name + L" needs an open drawing.");
+        printLine(command.name + L" needs an open drawing.");
         return CommandStatus::Failed;
     }
     ActiveCommand now;

@@ -33,12 +33,5 @@ std::vector<const BuiltinCommand*> builtinCommands();
 /// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is
 /// thrown.
 CommandStatus runCommand(const std::wstring& typedName);
-/// Names of the registered commands of one group, in registration order, with their flags.
-struct RegisteredCommand {
-    std::wstring group, globalName, localName;
-    Adesk::Int32 flags;
-    AcRxFunctionPtr function;
-};
-std::vector<RegisteredCommand> registeredCommands();
 
 }  // namespace host

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "host/control/faults.h"
-#include "host/editor/run/command_table.h"
+#include "host/editor/run/command_stack.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -44,6 +44,20 @@ std::vector<RegisteredCommand> registeredCommands() {
     for (const CommandGroup& group : groups())
         all.insert(all.end(), group.commands.begin(), group.commands.end());
     return all;
+}
+
+std::vector<std::wstring> removeCommandsOf(const std::function<bool(const void*)>& isInLibrary) {
+    std::vector<std::wstring> removed;
+    const auto goes = [&](const RegisteredCommand& command) {
+        if (!isInLibrary(reinterpret_cast<const void*>(command.function))) return false;
+        removed.push_back(command.globalName);
+        return true;
+    };
+    for (CommandGroup& group : groups()) {
+        auto& all = group.commands;
+        all.erase(std::remove_if(all.begin(), all.end(), goes), all.end());
+    }
+    return removed;
 }
 
 void clearModuleCommands() { groups().clear(); }

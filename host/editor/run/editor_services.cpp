@@ -2,7 +2,7 @@
 #include "host/editor/run/editor_services.h"
 
 #include "host/editor/dialogue/input.h"
-#include "host/editor/run/command_table.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/selection/selection_sets.h"
 #include "host/editor/state/notify.h"
 #include "host/objectarx/command_stack.h"

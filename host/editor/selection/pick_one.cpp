@@ -1,7 +1,7 @@
 // acedEntSel: the prompt that picks one entity.
 #include "host/control/faults.h"
 #include "host/editor/dialogue/input.h"
-#include "host/editor/selection/select_objects.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"

@@ -7,6 +7,7 @@
 #include "host/control/effects.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/selection_sets.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/store/store.h"
@@ -17,8 +18,6 @@ namespace {
 const wchar_t kHelp[] =
     L"\nA point picks; W and C take two corners; ALL, L (last), P (previous), R (remove), A (add), "
     L"(handent \"2A\"); Enter ends.";
-
-void say(const std::wstring& text) { recordEffect(EffectKind::CommandLine, text); }
 
 enum class Word { None, Window, Crossing, All, Last, Previous, Remove, Add, Help };
 
@@ -41,6 +40,37 @@ Word wordOf(const std::wstring& text) {
     return Word::None;
 }
 
+/// The forms without further words. False, with one line of explanation that ends in `what`, when
+/// `text` is none of them.
+bool parseSingle(const Store& store, const std::wstring& text, const wchar_t* what,
+                 std::vector<AcDbObjectId>& selection, std::wstring& explanation) {
+    switch (wordOf(text)) {
+        case Word::All:
+            selection = selectAll(store);
+            return true;
+        case Word::Last:
+            selection = selectLast(store);
+            return true;
+        case Word::Previous:
+            selection = selectPrevious();
+            return true;
+        default:
+            break;
+    }
+    AcDbObjectId id;
+    if (const std::optional<std::wstring> handle = parseHandent(text)) {
+        id = selectHandle(store, *handle, explanation);
+        if (id.isNull()) return false;
+    } else if (const std::optional<AcGePoint3d> point = parsePoint(text, nullptr)) {
+        id = entityUnder(store, *point);
+    } else {
+        explanation = L"\"" + text + L"\" is no selection" + what;
+        return false;
+    }
+    if (!id.isNull()) selection.push_back(id);
+    return true;
+}
+
 /// One dialogue from its first prompt to Enter.
 class Dialogue {
   public:
@@ -54,7 +84,7 @@ class Dialogue {
     /// False when a prompt inside was cancelled.
     bool take(const std::wstring& text);
     bool takeWindow(bool crossing);
-    void takeHandleOrPoint(const std::wstring& text);
+    void takeSingle(const std::wstring& text);
     void takeFound(const std::vector<AcDbObjectId>& found);
     void report(std::size_t found, std::size_t duplicates, std::size_t removed,
                 std::size_t filtered, bool first);
@@ -80,15 +110,6 @@ bool Dialogue::take(const std::wstring& text) {
             return takeWindow(false);
         case Word::Crossing:
             return takeWindow(true);
-        case Word::All:
-            takeFound(selectAll(m_store));
-            break;
-        case Word::Last:
-            takeFound(selectLast(m_store));
-            break;
-        case Word::Previous:
-            takeFound(selectPrevious());
-            break;
         case Word::Remove:
             m_removing = true;
             break;
@@ -96,10 +117,10 @@ bool Dialogue::take(const std::wstring& text) {
             m_removing = false;
             break;
         case Word::Help:
-            say(kHelp);
+            print(kHelp);
             break;
-        case Word::None:
-            takeHandleOrPoint(text);
+        default:
+            takeSingle(text);
             break;
     }
     return true;
@@ -116,18 +137,13 @@ bool Dialogue::takeWindow(bool crossing) {
 
 /// A wrong answer selects nothing and the dialogue goes on; from a script the command counts as
 /// failed in the end.
-void Dialogue::takeHandleOrPoint(const std::wstring& text) {
+void Dialogue::takeSingle(const std::wstring& text) {
+    std::vector<AcDbObjectId> found;
     std::wstring explanation;
-    if (const std::optional<std::wstring> handle = parseHandent(text)) {
-        const AcDbObjectId id = selectHandle(m_store, *handle, explanation);
-        if (!id.isNull()) return takeFound({id});
-    } else if (const std::optional<AcGePoint3d> point = parsePoint(text, nullptr)) {
-        const AcDbObjectId id = entityUnder(m_store, *point);
-        return takeFound(id.isNull() ? std::vector<AcDbObjectId>() : std::vector<AcDbObjectId>{id});
-    } else {
-        explanation = L"\"" + text + L"\" is no selection; ? lists what is";
-    }
-    wrongAnswer(explanation);
+    if (parseSingle(m_store, text, L"; ? lists what is", found, explanation))
+        takeFound(found);
+    else
+        wrongAnswer(explanation);
 }
 
 void Dialogue::takeFound(const std::vector<AcDbObjectId>& found) {
@@ -151,9 +167,9 @@ void Dialogue::report(std::size_t found, std::size_t duplicates, std::size_t rem
     if (duplicates == 1) text += L" (1 duplicate)";
     if (duplicates > 1) text += L" (" + std::to_wstring(duplicates) + L" duplicates)";
     if (!first) text += L", " + std::to_wstring(m_set.ids().size()) + L" total";
-    say(text);
-    if (filtered == 1) say(L"\n1 was filtered out.");
-    if (filtered > 1) say(L"\n" + std::to_wstring(filtered) + L" were filtered out.");
+    print(text);
+    if (filtered == 1) printLine(L"1 was filtered out.");
+    if (filtered > 1) printLine(std::to_wstring(filtered) + L" were filtered out.");
 }
 
 /// Joins what a blank separated inside a parenthesis.
@@ -179,38 +195,6 @@ bool parseBox(const Store& store, const std::vector<std::wstring>& words, bool c
     return true;
 }
 
-/// The forms without further words; false when `text` is none of them.
-bool parseSingle(const Store& store, const std::wstring& text, std::vector<AcDbObjectId>& selection,
-                 std::wstring& explanation) {
-    switch (wordOf(text)) {
-        case Word::All:
-            selection = selectAll(store);
-            return true;
-        case Word::Last:
-            selection = selectLast(store);
-            return true;
-        case Word::Previous:
-            selection = selectPrevious();
-            return true;
-        default:
-            break;
-    }
-    AcDbObjectId id;
-    if (const std::optional<std::wstring> handle = parseHandent(text)) {
-        id = selectHandle(store, *handle, explanation);
-        if (id.isNull()) return false;
-    } else if (const std::optional<AcGePoint3d> point = parsePoint(text, nullptr)) {
-        id = entityUnder(store, *point);
-    } else {
-        explanation = L"\"" + text +
-                      L"\" is no selection: give a point, W or C with two corners, ALL, L, P or "
-                      L"(handent \"2A\")";
-        return false;
-    }
-    if (!id.isNull()) selection.push_back(id);
-    return true;
-}
-
 }  // namespace
 
 PromptStatus selectObjects(const std::wstring& text, const SelectionFilter& filter,
@@ -230,7 +214,7 @@ PromptStatus promptSelection(const std::wstring& text, bool usePickfirst,
     selection.clear();
     if (usePickfirst && pickfirstSettable()) selection = takePickfirst();
     if (!selection.empty()) {
-        say(L"\n" + std::to_wstring(selection.size()) + L" found");
+        printLine(std::to_wstring(selection.size()) + L" found");
         rememberSelection(selection);
         return PromptStatus::Ok;
     }
@@ -248,7 +232,9 @@ bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObje
     const Word word = wordOf(words[0]);
     if (word == Word::Window || word == Word::Crossing)
         return parseBox(*store, words, word == Word::Crossing, selection, explanation);
-    return parseSingle(*store, joined(words), selection, explanation);
+    const wchar_t* const what =
+        L": give a point, W or C with two corners, ALL, L, P or (handent \"2A\")";
+    return parseSingle(*store, joined(words), what, selection, explanation);
 }
 
 }  // namespace host

@@ -39,11 +39,6 @@ bool SelectionSet::remove(AcDbObjectId id) {
     return true;
 }
 
-bool SelectionSet::contains(AcDbObjectId id) const {
-    fillWords();
-    return m_words.count(id.asWord()) != 0;
-}
-
 namespace {
 
 struct OpenSet {
@@ -174,14 +169,6 @@ int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity) {
     if (static_cast<std::size_t>(index) >= open->ids().size()) return RTERROR;
     nameOfId(open->ids()[static_cast<std::size_t>(index)], entity);
     return RTNORM;
-}
-
-int acedSSMemb(const ads_name entity, const ads_name set) {
-    if (callFails("acedSSMemb")) return RTERROR;
-    const SelectionSet* open = openSetOf(set, "acedSSMemb");
-    if (open == nullptr || entity == nullptr || entity[1] != 0) return RTERROR;
-    const AcDbObjectId id = idOfName(entity);
-    return open->contains(id) ? RTNORM : RTERROR;
 }
 
 // Freeing works from any drawing: a document that closes must not turn its sets into leaks.

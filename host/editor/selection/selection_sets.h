@@ -23,7 +23,6 @@ class SelectionSet {
     bool add(AcDbObjectId id);
     /// False when it is no member. Later members move down by one.
     bool remove(AcDbObjectId id);
-    bool contains(AcDbObjectId id) const;
     const std::vector<AcDbObjectId>& ids() const { return m_ids; }
 
   private:

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "host/control/switches.h"
-#include "host/editor/selection/select_objects.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/sysvars.h"
 #include "host/picking/hit_test.h"

@@ -1,5 +1,6 @@
 // Finds the current drawing and the entities that names stand for.
 #include "host/editor/state/current_drawing.h"
+#include "host/store/symbol_records.h"
 
 #include "host/control/accounting.h"
 #include "host/objectarx/database.h"
@@ -24,9 +25,7 @@ Store* currentStore() {
 }
 
 bool isSpace(const ObjectBody& blockRecord) {
-    if (blockRecord.kind != Kind::BlockRecord) return false;
-    const std::wstring name = foldCase(symbolName(blockRecord));
-    return name == L"*MODEL_SPACE" || name.compare(0, 12, L"*PAPER_SPACE") == 0;
+    return blockRecord.kind == Kind::BlockRecord && isSpaceName(symbolName(blockRecord));
 }
 
 ObjectBody* ownerOf(const ObjectBody& entity) {

@@ -22,8 +22,6 @@ constexpr int kErrnoEmptyAnswer = 52;
 /// Store of the current document, or null when none is open.
 Store* currentStore();
 
-/// True for an entity that stands in a block itself, so is no attribute, vertex or sequence end.
-bool isMainEntity(const ObjectBody& body);
 /// True for the block records of model space and of all layouts.
 bool isSpace(const ObjectBody& blockRecord);
 /// Block record that holds a main entity, or null.

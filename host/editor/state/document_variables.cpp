@@ -1,5 +1,6 @@
 // System variables over a drawing's header, tables and layouts.
 #include "host/editor/state/document_variables.h"
+#include "host/store/symbol_records.h"
 
 #include "host/editor/state/current_drawing.h"
 #include "host/objectarx/database.h"
@@ -62,12 +63,9 @@ bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& exp
         explanation = L"there is no layer " + value.text;
         return false;
     }
-    if ((OwnTags(layer->tags()).integer(70, 0) & 1) != 0) {
-        explanation = L"the layer " + value.text + L" is frozen";
-        return false;
-    }
-    store.setHeaderValue("$CLAYER", 8, store.encode(symbolName(*layer)));
-    return true;
+    if (setCurrentLayer(store, *layer)) return true;
+    explanation = L"the layer " + value.text + L" is frozen";
+    return false;
 }
 
 bool readTextSize(const DocumentState& document, SysvarValue& value) {

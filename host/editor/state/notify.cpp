@@ -1,14 +1,12 @@
 // Attached editor reactors and the delivery of notifications to them.
 #include "host/editor/state/notify.h"
 
-#include <algorithm>
-#include <exception>
-#include <vector>
-
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
+#include "host/control/guarded_call.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/document_state.h"
+#include "host/editor/state/reactor_list.h"
 #include "host/objectarx/editor.h"
 #include "host/text/text_codec.h"
 
@@ -21,34 +19,9 @@ constexpr int kDeepest = 16;
 int depth = 0;
 
 /// Never destroyed: reactors of a module may be deleted while the process ends.
-std::vector<AcRxEventReactor*>& reactors() {
-    static auto& instance = *new std::vector<AcRxEventReactor*>;
+ReactorList<AcRxEventReactor>& reactors() {
+    static auto& instance = *new ReactorList<AcRxEventReactor>;
     return instance;
-}
-
-bool attached(const AcRxEventReactor* reactor) {
-    const auto& all = reactors();
-    return std::find(all.begin(), all.end(), reactor) != all.end();
-}
-
-void detach(const AcRxEventReactor* reactor) {
-    auto& all = reactors();
-    all.erase(std::remove(all.begin(), all.end(), reactor), all.end());
-}
-
-template <typename Handler>
-void deliver(const std::string& where, Handler handler) {
-    const HeldCounts before = heldNow();
-    ++depth;
-    try {
-        handler();
-    } catch (const std::exception& error) {
-        reportModuleFault(where + ": an exception left the handler: " + error.what());
-    } catch (...) {
-        reportModuleFault(where + ": an exception left the handler");
-    }
-    --depth;
-    checkNothingLeaked(before, where);
 }
 
 /// Records the notification and calls the handlers. Those attached or detached by a handler count
@@ -63,10 +36,10 @@ void send(const std::wstring& text, Call call) {
         return;
     }
     recordEffect(EffectKind::Notification, text);
-    const std::vector<AcRxEventReactor*> receivers = reactors();
-    for (AcRxEventReactor* reactor : receivers) {
-        if (attached(reactor)) deliver(where, [&] { call(*reactor); });
-    }
+    ++depth;
+    reactors().forEach(
+        [&](AcRxEventReactor& reactor) { guardedCall(where, [&] { call(reactor); }); });
+    --depth;
 }
 
 using CommandHandler = void (AcEditorReactor::*)(const ACHAR*);
@@ -113,15 +86,19 @@ void notifySaveComplete(AcDbDatabase* database, const std::wstring& actualName) 
          [&](AcRxEventReactor& reactor) { reactor.saveComplete(database, actualName.c_str()); });
 }
 
-int editorReactorCount() { return static_cast<int>(reactors().size()); }
-
 bool inputAllowed(const char* call) {
     if (depth == 0) return true;
     reportModuleFault(std::string(call) + ": input cannot be asked for in a notification");
     return false;
 }
 
-void detachAllReactors() { reactors().clear(); }
+int editorReactorCount() { return reactors().count(); }
+
+void detachAllReactors() { reactors().detachAll(); }
+
+int detachReactorsOf(const std::function<bool(const void*)>& isInLibrary) {
+    return reactors().detachOf(isInLibrary);
+}
 
 void idle() {
     constexpr int kMostRounds = 16;
@@ -142,8 +119,8 @@ void idle() {
 using namespace host;
 
 AcRxEventReactor::~AcRxEventReactor() {
-    if (!attached(this)) return;
-    detach(this);
+    if (!reactors().contains(this)) return;
+    reactors().detach(this);
     reportModuleFault("an editor reactor was deleted while it was attached");
 }
 
@@ -156,7 +133,7 @@ void AcEditorReactor::commandFailed(const ACHAR*) {}
 void AcEditorReactor::pickfirstModified() {}
 
 void AcRxEvent::addReactor(AcRxEventReactor* reactor) const {
-    if (reactor != nullptr && !attached(reactor)) reactors().push_back(reactor);
+    if (reactor != nullptr) reactors().attach(reactor);
 }
 
-void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const { detach(reactor); }
+void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const { reactors().detach(reactor); }

@@ -1,6 +1,7 @@
 // Sending editor notifications to the attached reactors, with the accounting around each.
 #pragma once
 
+#include <functional>
 #include <string>
 
 class AcDbDatabase;
@@ -18,8 +19,10 @@ void notifySaveComplete(AcDbDatabase* database, const std::wstring& actualName);
 bool inputAllowed(const char* call);
 /// Number of attached editor reactors.
 int editorReactorCount();
-/// Forgets every attached reactor.
+/// Forgets every attached reactor, or those whose virtual table lies in a library; gives their
+/// number.
 void detachAllReactors();
+int detachReactorsOf(const std::function<bool(const void*)>& isInLibrary);
 
 /// Work the host does when it is idle, so never while a command runs: notifications that wait.
 void idle();

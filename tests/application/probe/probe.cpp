@@ -48,7 +48,7 @@ int typesFunction() {
 int failingFunction() { return RTERROR; }
 
 int leakFunction() {
-    acutNewRb(RTSHORT);
+    acutBuildList(RTSHORT, 1, 0);
     return RTNORM;
 }
 

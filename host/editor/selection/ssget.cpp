@@ -8,6 +8,7 @@
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/selection/selection_sets.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"

@@ -5,6 +5,7 @@
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/point_or_word.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/store/store.h"
@@ -63,7 +64,7 @@ CommandStatus runCircle() {
         return CommandStatus::Cancelled;
     }
     if (!(radius > 0.0)) {
-        say(L"The radius must be greater than zero.");
+        printLine(L"The radius must be greater than zero.");
         return CommandStatus::Failed;
     }
     std::string tags;
@@ -110,7 +111,7 @@ CommandStatus runText() {
     double rotation = 0.0;
     if (!realOr(L"\nSpecify height", height)) return CommandStatus::Cancelled;
     if (!(height > 0.0)) {
-        say(L"The height must be greater than zero.");
+        printLine(L"The height must be greater than zero.");
         return CommandStatus::Failed;
     }
     if (!realOr(L"\nSpecify rotation angle of text", rotation)) return CommandStatus::Cancelled;
@@ -138,6 +139,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerDrawingCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerFigureCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

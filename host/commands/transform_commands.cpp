@@ -6,6 +6,7 @@
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/commands/point_or_word.h"
+#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/store/store.h"
@@ -156,8 +157,8 @@ CommandStatus runMirror() {
     for (ObjectBody* entity : selected)
         if (!erases || !store->onLockedLayer(*entity)) entities.push_back(entity);
     if (entities.size() < selected.size())
-        say(std::to_wstring(selected.size() - entities.size()) +
-            L" on a locked layer, left as they are.");
+        printLine(std::to_wstring(selected.size() - entities.size()) +
+                  L" on a locked layer, left as they are.");
     EntityTransform mirror(mirroring(toVec(first), toVec(second)), "mirrored");
     if (!canTransform(mirror, entities)) return CommandStatus::Failed;
     if (erases)
@@ -179,6 +180,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerModifyCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerTransformCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

@@ -38,6 +38,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerEditCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerSelectionCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

@@ -1,0 +1,35 @@
+// Where selected entities come from: a pick, a box, the whole space, a handle.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/objectarx/geometry.h"
+#include "host/objectarx/object_id.h"
+
+namespace host {
+
+class Store;
+
+/// Radius of the pick box in drawing units: PICKBOX pixels on a screen of 1000 pixels that shows
+/// VIEWSIZE units.
+double pickRadius(const Store& store);
+/// Topmost entity at a point, or the null id.
+AcDbObjectId entityUnder(const Store& store, const AcGePoint3d& point);
+/// Entities in a box, in the order of selections (newest first by switch).
+std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& corner,
+                                       const AcGePoint3d& opposite, bool crossing);
+/// All of the current space on thawed layers, in that order.
+std::vector<AcDbObjectId> selectAll(const Store& store);
+/// The newest entity of the current space that is drawn, or nothing.
+std::vector<AcDbObjectId> selectLast(const Store& store);
+/// The previous selection without what was erased since.
+std::vector<AcDbObjectId> selectPrevious();
+/// Remembers a selection for "P".
+void rememberSelection(const std::vector<AcDbObjectId>& selection);
+/// Main entity with a handle (or that owns the sub-entity with it) in a space of the drawing;
+/// otherwise the null id and one line of explanation.
+AcDbObjectId selectHandle(const Store& store, const std::wstring& handle,
+                          std::wstring& explanation);
+
+}  // namespace host

@@ -1,0 +1,104 @@
+// Symbol table records: texts of new ones, the rules of their names, layers and spaces.
+#include "host/store/symbol_records.h"
+
+#include "host/objectarx/symbol_tables.h"
+#include "host/store/body_text.h"
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace host {
+namespace {
+
+/// Makes a BLOCK or ENDBLK, whose own tags are in the drawing's encoding.
+Index makePart(Store& store, Kind kind, const ObjectBody& record, const std::string& own) {
+    const bool begins = kind == Kind::BlockBegin;
+    std::string text;
+    addTag(text, 0, begins ? "BLOCK" : "ENDBLK");
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd");
+    ObjectBody fresh;
+    fresh.kind = kind;
+    placeText(fresh, text);
+    ObjectBody& part = store.duplicate(fresh, record.self);
+    placeText(part, std::string(part.tags()) + own);
+    return part.self;
+}
+
+bool beginsWith(std::wstring_view name, std::wstring_view beginning) {
+    return foldCase(name).compare(0, beginning.size(), foldCase(beginning)) == 0;
+}
+
+}  // namespace
+
+std::string newRecordText(std::string_view type, std::string_view subclass) {
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbSymbolTableRecord");
+    addTag(text, 100, subclass);
+    addTag(text, 2, "");
+    addTag(text, 70, 0);
+    return text;
+}
+
+bool symbolNameIsValid(std::wstring_view name, bool anonymous) {
+    constexpr std::size_t kLongestName = 255;
+    if (name.empty() || name.size() > kLongestName) return false;
+    if (anonymous && name.front() == L'*') name.remove_prefix(1);
+    const bool hasControls = name.find_first_of(L"\t\n\v\f\r") != std::wstring_view::npos;
+    return !hasControls && name.find_first_of(L"|*\\/:;<>?\",=`") == std::wstring_view::npos;
+}
+
+void addRecord(Store& store, Index table, ObjectBody& record, std::wstring_view name) {
+    store.appendChild(table, record);
+    store.indexSymbol(table, record, name);
+}
+
+void makeBlockParts(Store& store, const ObjectBody& record, std::string_view pointTags) {
+    constexpr int kAnonymous = 1;
+    const std::wstring name = symbolName(record);
+    const std::string stored = store.encode(name);
+    std::string own;
+    addTag(own, 2, stored);
+    addTag(own, 70, name.front() == L'*' && !isSpaceName(name) ? kAnonymous : 0);
+    addPointTag(own, 10, realTag(pointTags, 10, 0), realTag(pointTags, 20, 0),
+                realTag(pointTags, 30, 0));
+    addTag(own, 3, stored);
+    addTag(own, 1, "");
+    BlockParts parts;
+    parts.begin = makePart(store, Kind::BlockBegin, record, own);
+    parts.end = makePart(store, Kind::BlockEnd, record, {});
+    store.blockParts(record.self) = parts;
+    store.blockOrder().push_back(record.self);
+}
+
+void completeBlock(Store& store, ObjectBody& record) {
+    makeBlockParts(store, record, record.tags());
+    std::string text = newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord");
+    setTag(text, 2, store.encode(symbolName(record)));
+    addHandleTag(text, 340, 0);  // no layout
+    addTag(text, 280, 1);        // can be exploded
+    addTag(text, 281, 0);        // can be scaled unevenly
+    placeText(record, withIdentity(text, record.handle, store.at(record.owner).handle));
+}
+
+bool isPaperSpaceName(std::wstring_view name) { return beginsWith(name, ACDB_PAPER_SPACE); }
+
+bool isSpaceName(std::wstring_view name) {
+    return isPaperSpaceName(name) || foldCase(name) == foldCase(ACDB_MODEL_SPACE);
+}
+
+LayerState layerState(const ObjectBody& layer) {
+    constexpr long long kFrozen = 1, kLocked = 4;
+    const long long flags = integerTag(layer.tags(), 70, 0);
+    const bool off = integerTag(layer.tags(), 62, 7) < 0;
+    return {off, (flags & kFrozen) != 0, (flags & kLocked) != 0};
+}
+
+bool setCurrentLayer(Store& store, const ObjectBody& layer) {
+    if (layerState(layer).frozen) return false;
+    store.setHeaderValue("$CLAYER", 8, store.encode(symbolName(layer)));
+    return true;
+}
+
+}  // namespace host
