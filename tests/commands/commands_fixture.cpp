@@ -72,8 +72,12 @@ ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const 
 std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<int> codes) {
     std::string text;
     for (const int code : codes) {
-        const auto place = findTag(body.tags(), code);
-        text += (text.empty() ? "" : " ") + (place ? std::string(place->value) : "-");
+        TagReader reader(body.tags());
+        Tag tag;
+        bool found = false;  // also in extended data
+        while (!found && reader.next(tag))
+            found = tag.code == code;
+        text += (text.empty() ? "" : " ") + (found ? std::string(tag.value) : "-");
     }
     return text;
 }
