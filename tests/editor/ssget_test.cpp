@@ -1,7 +1,7 @@
 // acedSSGet: modes, order and filters.
 #include "editor/editor_fixture.h"
 #include "host/control/switches.h"
-#include "host/editor/selection/select_objects.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/sysvars.h"
 
 namespace tests {
