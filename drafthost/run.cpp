@@ -17,7 +17,6 @@
 #include "host/control/effects.h"
 #include "host/control/windows_setup.h"
 #include "host/dxf/check/drawing_check.h"
-#include "host/dxf/load/load_drawing.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
@@ -176,18 +175,19 @@ int checkFiles(const Options& options) {
     bool damaged = false;
     for (const std::string& file : options.files) {
         host::DxfError error;
-        const auto store = host::loadDrawing(file, error, [&](double done) {
+        const auto findings = host::checkFile(file, error, [&](double done) {
             showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
         });
-        if (store == nullptr) {
+        if (!findings) {
             complain(error.message());
             unreadable = true;
             continue;
         }
         long errors = 0;
-        for (const host::Finding& finding : host::checkDrawing(*store)) {
-            errors += finding.severity == host::Severity::Error ? 1 : 0;
-            writeOutput(file + ": " + finding.text + "\n");
+        for (const host::Finding& finding : *findings) {
+            const bool isError = finding.severity == host::Severity::Error;
+            errors += isError ? 1 : 0;
+            writeOutput(file + (isError ? ": " : ": note: ") + finding.text + "\n");
         }
         writeOutput(file + (errors == 0 ? ": sound\n" : ": damaged\n"));
         damaged = damaged || errors > 0;
@@ -212,7 +212,8 @@ std::string helpOnCommands() {
         text += "  " + name + "  " + host::toUtf8(command->help) + "\n";
     }
     return text +
-           "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED.\n"
+           "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
+           "SWITCH drawing (as Ctrl+Tab: number or name).\n"
            "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
            "(Name args) calls a LISP function of a module.";
 }

@@ -69,37 +69,6 @@ CommandStatus runQsave() {
 
 CommandStatus runClose() { return statusOf(session().closeDrawing()); }
 
-/// The open drawing that an answer names: its number in opening order, its path or file name.
-HostDocument* namedDocument(const std::wstring& answer) {
-    const Documents& documents = session().impl().documents;
-    const std::wstring wanted = foldCase(answer);
-    std::size_t number = 0;
-    for (HostDocument* document : documents.all()) {
-        const std::wstring path = foldCase(document->fileName());
-        const std::size_t slash = path.find_last_of(L"/\\");
-        const std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
-        if (wanted == std::to_wstring(++number) || wanted == path || wanted == name)
-            return document;
-    }
-    return nullptr;
-}
-
-CommandStatus runSwitch() {
-    Session::Impl& impl = session().impl();
-    std::size_t number = 0;
-    for (const HostDocument* document : impl.documents.all())
-        printLine(std::to_wstring(++number) + L" " + document->fileName() +
-                  (document == impl.documents.current() ? L" (current)" : L""));
-    const Answer answer = prompt(L"\nEnter number or name of drawing: ");
-    if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;
-    if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    HostDocument* document = namedDocument(answer.text);
-    if (document == nullptr)
-        return statusOf({toUtf8(answer.text) + ": no open drawing; SWITCH lists them", 1});
-    impl.activate(*document);
-    return CommandStatus::Done;
-}
-
 CommandStatus runQuit() {
     session().impl().quit = true;
     return CommandStatus::Done;
@@ -112,8 +81,6 @@ const BuiltinCommand kCommands[] = {
     {L"SAVEAS", 0, runSaveAs, L"saves the drawing under a new name: file"},
     {L"QSAVE", 0, runQsave, L"saves the drawing under its name"},
     {L"CLOSE", 0, runClose, L"closes the drawing without saving it"},
-    {L"SWITCH", 0, runSwitch,
-     L"makes another open drawing current, as Ctrl+Tab does elsewhere: number or name"},
     {L"QUIT", 0, runQuit, L"ends the program without saving"},
 };
 

@@ -1,11 +1,11 @@
-// The command loop: commands, LISP calls and the gestures at the empty prompt.
+// The command loop: commands, gestures and LISP calls at the empty prompt.
 #include <algorithm>
 
+#include "host/application/gestures.h"
 #include "host/application/session_impl.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
-#include "host/editor/selection/select_objects.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -14,15 +14,6 @@
 
 namespace host {
 namespace {
-
-/// The next answer at the empty prompt. Not through prompt(): the end of the input and Esc are no
-/// cancelled command here.
-Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit unit) {
-    const Answer answer = source.next(text, unit);
-    if (answer.kind == Answer::Kind::Cancel) print(L"*Cancel*");
-    if (!source.interactive()) print(answer.text);
-    return answer;
-}
 
 /// Passes answers on and remembers that the input is over.
 class WatchedSource : public InputSource {
@@ -45,60 +36,6 @@ class WatchedSource : public InputSource {
     bool m_over = false;
 };
 
-/// Splits the rest of a gesture's line into words as a script would.
-std::vector<std::wstring> wordsOf(const std::wstring& line) {
-    std::vector<std::wstring> words;
-    ScriptSource source(line);
-    while (!source.atEnd()) {
-        const Answer answer = source.next({}, InputUnit::Token);
-        if (answer.kind == Answer::Kind::Text) words.push_back(answer.text);
-    }
-    return words;
-}
-
-CommandStatus pickGesture(Session::Impl& session, bool shift) {
-    InputSource& source = *inputSource();
-    if (!source.interactive()) print(L" ");
-    const Answer answer = answerAtPrompt(source, L"Selection: ", InputUnit::Line);
-    if (answer.kind == Answer::Kind::Cancel || answer.kind == Answer::Kind::End) {
-        return CommandStatus::Cancelled;
-    }
-    const std::vector<std::wstring> words = wordsOf(answer.text);
-    if (!shift && words.size() == 1 && foldCase(words[0]) == L"NONE") {
-        pickNothing();
-        return CommandStatus::Done;
-    }
-    std::vector<AcDbObjectId> selection;
-    std::wstring explanation;
-    if (session.documents.current() == nullptr) {
-        return session.fail({"no drawing is open", 1});
-    }
-    if (words.empty()) {
-        return session.fail(
-            {"a selection is missing: a point, W or C and two points, ALL, L, P, "
-             "(handent \"2A\") or NONE",
-             1});
-    }
-    if (!parseSelection(words, selection, explanation)) {
-        return session.fail({toUtf8(explanation), 1});
-    }
-    shift ? unpick(selection) : pick(selection);
-    return CommandStatus::Done;
-}
-
-/// PICKED: position, handle and type of each entity of the pick-first set.
-CommandStatus printPicked() {
-    long position = 0;
-    for (const AcDbObjectId id : pickfirst()) {
-        const ObjectBody* body = Store::resolve(id);
-        if (body == nullptr) continue;
-        printLine(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
-                  fromUtf8(body->type()));
-    }
-    if (position == 0) printLine(L"Nothing is picked.");
-    return CommandStatus::Done;
-}
-
 CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
     if (document == nullptr) return session.fail({"no drawing is open", 1});
@@ -120,10 +57,8 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
         print(L"\n");  // the person has pressed Enter, and the function prints where the cursor is
         return session.callLisp(text);
     }
-    const std::wstring name = foldCase(text);
-    if (name == L"PICK" || name == L"UNPICK") return pickGesture(session, name == L"UNPICK");
-    if (name == L"PICKED") return printPicked();
-    return runCommand(text);
+    const std::optional<CommandStatus> gesture = runGesture(session, foldCase(text));
+    return gesture ? *gesture : runCommand(text);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "host/dxf/load/load_drawing.h"
 #include "host/dxf/save/save_drawing.h"
 #include "host/editor/run/editor_services.h"
+#include "host/editor/state/active_command.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
@@ -71,7 +72,8 @@ void Session::Impl::activate(HostDocument& document) {
 }
 
 Outcome Session::Impl::addDocument(std::unique_ptr<AcDbDatabase> database, std::wstring path) {
-    activate(documents.add(std::move(database), std::move(path)));
+    HostDocument& document = documents.add(std::move(database), std::move(path));
+    afterCommand([this, &document] { activate(document); });
     return {};
 }
 
@@ -145,9 +147,11 @@ Outcome Session::saveDrawing(const std::string& path) { return m_impl->save(path
 Outcome Session::closeDrawing() {
     HostDocument* document = m_impl->documents.current();
     if (document == nullptr) return {"no drawing is open", 1};
-    m_impl->close(*document);
-    const std::size_t left = m_impl->documents.count();
-    if (left > 0) m_impl->activate(*m_impl->documents.at(left - 1));
+    afterCommand([impl = m_impl.get(), document] {
+        impl->close(*document);
+        const std::size_t left = impl->documents.count();
+        if (left > 0) impl->activate(*impl->documents.at(left - 1));
+    });
     return {};
 }
 

@@ -1,6 +1,7 @@
 // The steps of cloning: copying bodies and entities, translating references.
 #include "host/clone/clone_map.h"
 
+#include "host/store/data_records.h"
 #include "host/store/fields.h"
 #include "host/store/store.h"
 
@@ -20,6 +21,7 @@ void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
 
 ObjectBody& cloneBody(const ObjectBody& source, Store& to, Index owner, CloneMap& map) {
     ObjectBody& made = to.duplicate(source, owner);
+    to.dataRecords().copy(source, made.self);
     map.add(source, made);
     return made;
 }

@@ -1,8 +1,6 @@
 // Cloning into another drawing: what comes along, and references turned to what is there.
 #include "host/clone/wblock_clone.h"
 
-#include <unordered_set>
-
 #include "host/clone/clone_map.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/store/dictionary_text.h"
@@ -18,18 +16,14 @@ class Collector {
     Collector(const Store& from, Store& to, CloneMap& map) : m_from(from), m_to(to), m_map(map) {}
 
     std::vector<Index> run(const std::vector<const ObjectBody*>& sources, ObjectBody& owner) {
-        m_sources.insert(sources.begin(), sources.end());
-        std::vector<Index> clones;
-        for (const ObjectBody* source : sources) {
+        for (const ObjectBody* source : sources)
             if (m_map.cloneOf(*source) == kNoIndex) copyEntity(*source, owner);
-            // Until nothing that was copied has anything left to follow.
-            while (!m_open.empty()) {
-                const ObjectBody* next = m_open.back();
-                m_open.pop_back();
-                follow(*next);
-            }
+        // Behind all of them what they reach, until nothing copied has anything left to follow.
+        for (std::size_t next = 0; next < m_open.size(); ++next)
+            follow(*m_open[next]);
+        std::vector<Index> clones;
+        for (const ObjectBody* source : sources)
             clones.push_back(m_map.cloneOf(*source));
-        }
         return clones;
     }
 
@@ -78,8 +72,7 @@ class Collector {
         } else if (isMainEntity(target)) {
             const Index owner = m_map.cloneOf(source);
             const bool sibling = isMainEntity(source) && source.owner == target.owner;
-            if (sibling && m_sources.count(&target) == 0)
-                copyEntity(target, m_to.at(m_to.at(owner).owner));
+            if (sibling) copyEntity(target, m_to.at(m_to.at(owner).owner));
         } else if (isObjectKind(target.kind) && source.kind != Kind::BlockRecord) {
             // (A block names its layout, which is the drawing's and stays.)
             bringEntry(target, 0);
@@ -174,8 +167,7 @@ class Collector {
     const Store& m_from;
     Store& m_to;
     CloneMap& m_map;
-    std::unordered_set<const ObjectBody*> m_sources;
-    std::vector<const ObjectBody*> m_open;  ///< copied, what they need not yet
+    std::vector<const ObjectBody*> m_open;  ///< all that was copied, in this order
     struct NewEntry {
         Index dictionary;
         std::wstring key;

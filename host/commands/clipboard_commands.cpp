@@ -7,9 +7,11 @@
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/control/effects.h"
+#include "host/control/switches.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
+#include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/database.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
@@ -58,13 +60,19 @@ bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const
     return true;
 }
 
-CommandStatus runCopyClip() {
+CommandStatus copyToClipboard() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
     std::vector<ObjectBody*> entities;
     if (!selectEntities(Locked::Taken, entities)) return CommandStatus::Cancelled;
     if (entities.empty()) return CommandStatus::Done;
     return fillClipboard(*store, entities, "copied") ? CommandStatus::Done : CommandStatus::Failed;
+}
+
+CommandStatus runCopyClip() {
+    const CommandStatus status = copyToClipboard();
+    if (switches().copyClipNotifiesPickfirst) notifyUnchangedPickfirst();
+    return status;
 }
 
 CommandStatus runCutClip() {

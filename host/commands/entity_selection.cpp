@@ -1,7 +1,10 @@
 // Selecting entities for editing, erasing them, and telling why they cannot be changed.
 #include "host/commands/entity_selection.h"
 
+#include <algorithm>
+
 #include "host/control/effects.h"
+#include "host/control/switches.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
@@ -23,6 +26,10 @@ bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities) {
             ++onLocked;
         else
             entities.push_back(body);
+    }
+    if (switches().copiesInDrawingOrder) {
+        std::sort(entities.begin(), entities.end(),
+                  [](const ObjectBody* a, const ObjectBody* b) { return a->self < b->self; });
     }
     if (onLocked > 0)
         printLine(std::to_wstring(onLocked) + L" on a locked layer, left as they are.");

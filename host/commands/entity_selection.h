@@ -12,8 +12,9 @@ namespace host {
 /// What becomes of selected entities on locked layers: they can be copied but not changed.
 enum class Locked { Taken, LeftOut };
 
-/// "Select objects:", or the pick-first set. The live entities in the order of their selection; how
-/// many stand on a locked layer and are left out is told. False when the prompt was cancelled.
+/// "Select objects:", or the pick-first set. The live entities in drawing order, or by switch in
+/// the order of their selection; how many stand on a locked layer and are left out is told. False
+/// when the prompt was cancelled.
 bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities);
 /// Erases entities with what they own, and takes them out of the pick-first set.
 void eraseEntities(const std::vector<ObjectBody*>& entities);

@@ -1,4 +1,5 @@
 // Attribute definitions of blocks and attributes of placed block references.
+#include "host/control/switches.h"
 #include "host/entities/entity_support.h"
 #include "host/tags/tags.h"
 
@@ -12,8 +13,9 @@ std::string newAttribute(std::string_view type, std::string_view subclass, bool 
     addTag(text, 100, "AcDbEntity");
     addTag(text, 8, "0");
     addTag(text, 100, "AcDbText");
-    addPointTag(text, 10, 0.0, 0.0, 0.0);
-    addTag(text, 40, 0.0);
+    const double at = switches().newTextPosition;
+    addPointTag(text, 10, at, at, at);
+    addTag(text, 40, switches().newTextHeight);
     addTag(text, 1, "");
     addTag(text, 100, subclass);
     addTag(text, 280, 0);  // version of the record

@@ -1,4 +1,5 @@
 // Single-line text, and what attributes and their definitions have in common with it.
+#include "host/control/switches.h"
 #include "host/entities/entity_support.h"
 #include "host/geometry/angles.h"
 #include "host/tags/tags.h"
@@ -6,15 +7,16 @@
 namespace host {
 namespace {
 
-/// Tags of a new text at the origin, height 0, without text.
+/// Tags of a new text without text.
 std::string newText() {
     std::string text;
     addTag(text, 0, "TEXT");
     addTag(text, 100, "AcDbEntity");
     addTag(text, 8, "0");
     addTag(text, 100, "AcDbText");
-    addPointTag(text, 10, 0.0, 0.0, 0.0);
-    addTag(text, 40, 0.0);
+    const double at = switches().newTextPosition;
+    addPointTag(text, 10, at, at, at);
+    addTag(text, 40, switches().newTextHeight);
     addTag(text, 1, "");
     addTag(text, 100, "AcDbText");
     return text;

@@ -45,7 +45,8 @@ class AcDbObject : public AcRxObject {
     /// Marks the object erased, or takes the mark back; needs write access (eNotOpenForWrite),
     /// eWasErased when it is erased already. A dictionary entry leaves its dictionary for good. A
     /// block reference takes its attributes along, every object its extension dictionary (these
-    /// two assumed). Documented.
+    /// two assumed). eCannotBeErasedByCaller for the viewport that is the paper of a layout
+    /// (assumed). Documented.
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
 
     /// Gives the object an extension dictionary. eAlreadyInDb when it has one, eNotOpenForWrite

@@ -54,8 +54,8 @@ Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb:
 /// Frees a string that an interface call allocated for the caller; null is harmless. Assumed.
 void acutDelString(ACHAR*& text);
 
-/// Single line of text. Defaults of a new one: position (0, 0, 0), height 0, rotation 0, left,
-/// baseline. Documented. Angles are radians.
+/// Single line of text. Defaults of a new one: position (0, 0, 0), height 0 (by
+/// switch others), rotation 0, left, baseline. Documented. Angles are radians.
 class AcDbText : public AcDbEntity {
   public:
     ACRX_DECLARE_MEMBERS(AcDbText)

@@ -74,6 +74,6 @@ class AcDbHandle {
 /// Turns an id into an entity name. eNullObjectId for a null id; a stale id is a fault of the
 /// caller and gives eInvalidInput. Erased entities convert. Documented form, errors assumed.
 Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id);
-/// Turns an entity name into an id. eInvalidAdsName for a bad name, with the id set to null.
-/// Documented form, errors assumed.
+/// Turns an entity name into an id. eInvalidAdsName for a bad name, with the id set to null
+/// (by switch: left alone). Documented form, errors assumed.
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name);

@@ -2,6 +2,7 @@
 #include "host/objectarx/object_id.h"
 
 #include "host/control/faults.h"
+#include "host/control/switches.h"
 #include "host/objects/opening.h"
 #include "host/store/store.h"
 #include "host/store/store_parts.h"
@@ -54,7 +55,7 @@ Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
 }
 
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name) {
-    id.setNull();
+    if (host::switches().failedIdIsNull) id.setNull();
     if (host::callFails("acdbGetObjectId")) return Acad::eInvalidAdsName;
     if (name == nullptr || name[1] != 0) return Acad::eInvalidAdsName;
     const auto wanted = AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));

@@ -4,6 +4,7 @@
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/dictionary_text.h"
+#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 
@@ -30,6 +31,7 @@ Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (content.erased && erasing) return Acad::eWasErased;
+    if (erasing && host::isPaperViewport(content)) return Acad::eCannotBeErasedByCaller;
     host::ObjectBody& owner = content.store->at(content.owner);
     if (erasing && owner.kind == host::Kind::Dictionary) host::removeEntry(owner, content.handle);
     host::eraseWithOwned(content, erasing);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -50,6 +51,8 @@ void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
 
 void OutlineMaker::begin(const ObjectBody& entity, Outline& outline) {
     m_outline = &outline;
+    // The paper itself has no lines.
+    if (isPaperViewport(entity)) return;
     m_budget = kMostEntities;
     m_blocks.clear();
     draw(entity, Pen(outline, {}), "0");

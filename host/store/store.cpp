@@ -2,6 +2,7 @@
 #include "host/store/store.h"
 
 #include "host/store/body_text.h"
+#include "host/store/data_records.h"
 #include "host/store/journal.h"
 #include "host/store/store_parts.h"
 #include "host/tags/tags.h"
@@ -20,7 +21,8 @@ Store::Store()
     : m_serial(static_cast<std::uint32_t>(openStores.size())),
       m_arena(std::make_unique<Arena>()),
       m_handles(std::make_unique<HandleIndex>()),
-      m_journal(std::make_unique<Journal>(*this)) {
+      m_journal(std::make_unique<Journal>(*this)),
+      m_dataRecords(std::make_unique<DataRecords>(*this)) {
     openStores.push_back(this);
     m_blocks.emplace_back(new ObjectBody[kBlockSize]);  // slot 0 stays empty: "no object"
     ObjectBody& list = newSlot();

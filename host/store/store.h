@@ -19,10 +19,11 @@ class AcDbDatabase;
 
 namespace host {
 
+class DataRecords;
 class Journal;
 
 /// What a section of the file holds, in the order of the file.
-enum class SectionKind { Header, Raw, Tables, Blocks, Entities, Objects };
+enum class SectionKind { Header, Raw, Tables, Blocks, Entities, Objects, Data };
 struct Section {
     std::string name;
     SectionKind kind;
@@ -143,6 +144,8 @@ class Store {
 
     /// What the commands of this drawing changed, for undo and redo.
     Journal& journal() { return *m_journal; }
+    /// The section ACDSDATA.
+    DataRecords& dataRecords() const { return *m_dataRecords; }
 
     const Encoding& encoding() const { return m_encoding; }
     void setEncoding(Encoding encoding) { m_encoding = std::move(encoding); }
@@ -189,6 +192,7 @@ class Store {
     std::unique_ptr<Arena> m_arena;
     std::unique_ptr<HandleIndex> m_handles;
     std::unique_ptr<Journal> m_journal;
+    std::unique_ptr<DataRecords> m_dataRecords;
     std::vector<Section> m_sections;
     std::vector<Index> m_tables;
     std::vector<Index> m_blockOrder;

@@ -13,8 +13,8 @@ namespace host {
 namespace {
 
 /// By kind.
-constexpr const char* kSectionNames[] = {"HEADER", "CLASSES",  "TABLES",
-                                         "BLOCKS", "ENTITIES", "OBJECTS"};
+constexpr const char* kSectionNames[] = {"HEADER",   "CLASSES", "TABLES",  "BLOCKS",
+                                         "ENTITIES", "OBJECTS", "ACDSDATA"};
 
 std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwise) {
     const auto place = findTag(body.tags(), code);

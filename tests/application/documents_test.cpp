@@ -1,6 +1,8 @@
 // Documents: which is current, what reactors hear, and addresses that are used again.
 #include "session_fixture.h"
 
+#include "host/control/effects.h"
+#include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/documents.h"
 
@@ -36,6 +38,38 @@ TEST_F(DocumentsTest, EventsComeInOrderWhileTheDatabaseExists) {
               "created Drawing1.dxf\ncurrent Drawing1.dxf\n"
               "created Drawing2.dxf\ncurrent Drawing2.dxf\n"
               "current Drawing1.dxf\ndestroyed Drawing1.dxf\ncurrent Drawing2.dxf\n");
+}
+
+TEST_F(DocumentsTest, ACommandEndsInTheDrawingInWhichItStarted) {
+    session->newDrawing();
+    session->runScript(L"LINE 0,0 1,1\n\nSAVEAS \"" + fromUtf8(file("a.dxf")) + L"\"\n");
+    const std::wstring scripts[] = {L"NEW\n", L"CLOSE\n", L"CLOSE\n",
+                                    L"OPEN \"" + fromUtf8(file("a.dxf")) + L"\"\n"};
+    const char* const expected[] = {"start end current ", "start end closes current ",
+                                    "start end closes ", "current "};
+    for (std::size_t i = 0; i < std::size(scripts); ++i) {
+        clearEffects();
+        session->runScript(scripts[i]);
+        std::string heard;
+        for (const std::wstring& text : effectTexts(EffectKind::Notification)) {
+            if (text.find(L"commandWillStart") == 0) heard += "start ";
+            if (text.find(L"commandEnded") == 0) heard += "end ";
+            if (text.find(L"documentToBeDestroyed") == 0) heard += "closes ";
+            if (text.find(L"documentBecameCurrent") == 0) heard += "current ";
+        }
+        EXPECT_EQ(heard, expected[i]) << i;
+    }
+}
+
+TEST_F(DocumentsTest, SwitchingIsAGestureThatLeavesWhatIsPicked) {
+    session->newDrawing();
+    session->runScript(L"NEW\nSWITCH 1\nLINE 0,0 1,1\n\nPICK ALL\nSWITCH 2\n");
+    clearEffects();
+    EXPECT_EQ(session->runScript(L"SWITCH Drawing1.dxf\n"), CommandStatus::Done);
+    EXPECT_EQ(effectTexts(EffectKind::Notification),
+              std::vector<std::wstring>{L"documentBecameCurrent Drawing1.dxf"});
+    EXPECT_EQ(pickfirst().size(), 1u);
+    EXPECT_EQ(session->runScript(L"SWITCH 3\n"), CommandStatus::Failed);
 }
 
 TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {

@@ -53,6 +53,24 @@ TEST_F(EditingTest, CopyMakesOneForEachPointInTheOrderOfSelection) {
     EXPECT_EQ(groups(entity("CIRCLE", 4), {10, 20}), "13.0 65.0");
 }
 
+TEST_F(EditingTest, CopiesStandInDrawingOrderOrBySwitchInTheOrderOfSelection) {
+    const std::wstring selected = L"5,6 0,0\n\n";  // the circle first
+    run(L"COPY " + selected + L"D 9,9\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE");
+    switches().copiesInDrawingOrder = false;
+    run(L"COPYCLIP " + selected + L"NEW\nPASTECLIP 0,0\n");
+    EXPECT_EQ(entities(), "CIRCLE LINE");
+}
+
+/// A text that a leader points at comes along behind all that is selected.
+TEST_F(EditingTest, TheClipboardHoldsWhatIsSelectedFirst) {
+    run(L"TEXT 0,50 1 0 note\nPOINT 7,7\nPOINT 8,8\n");
+    ObjectBody& point = entity("POINT");
+    point.setTags(std::string(point.tags()) + "340\n" + formatHandle(entity("TEXT").handle) + "\n");
+    run(L"COPYCLIP 7,7 8,8\n\nNEW\nPASTECLIP 0,0\n");
+    EXPECT_EQ(entities(), "POINT POINT TEXT");
+}
+
 TEST_F(EditingTest, MirrorKeepsOrReplacesTheSources) {
     run(L"MIRROR ALL\n\n0,0 0,1\n\n");
     EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE");

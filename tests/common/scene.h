@@ -146,22 +146,22 @@ class Scene : public Drafting {
     int m_drawn = 0;
 };
 
-/// Runs a scenario under every setting of what the host leaves open about the pick-first set and
-/// the order of selections. The scenario receives the settings.
+/// The switches whose setting the module can notice in one drawing.
+inline constexpr bool host::Switches::*kFelt[] = {
+    &host::Switches::newestFirst,          &host::Switches::pickfirstNotifiedInside,
+    &host::Switches::emptyPickfirstIsNorm, &host::Switches::dropNotifiesPickfirst,
+    &host::Switches::copiesInDrawingOrder, &host::Switches::copyClipNotifiesPickfirst};
+
+/// Runs a scenario under the host's defaults, with each of these switches the other way, and with
+/// all of them so. The scenario receives the settings.
 template <typename Scenario>
 void underEachSetting(Scenario scenario) {
-    using host::Switches;
-    constexpr bool Switches::*kFelt[] = {
-        &Switches::newestFirst, &Switches::pickfirstNotifiedInside, &Switches::emptyPickfirstIsNorm,
-        &Switches::eraseNotifiesPickfirst, &Switches::dropNotifiesPickfirst};
-    for (unsigned bits = 0; bits < 1u << std::size(kFelt); ++bits) {
-        Switches settings;
-        std::string shown = "newest, inside, emptyIsNorm, erase, drop:";
-        for (std::size_t i = 0; i < std::size(kFelt); ++i) {
-            settings.*kFelt[i] = (bits >> i & 1) != 0;
-            shown += settings.*kFelt[i] ? " on" : " off";
-        }
-        SCOPED_TRACE(shown);
+    constexpr std::size_t kCount = std::size(kFelt);
+    for (std::size_t turn = 0; turn < kCount + 2; ++turn) {
+        host::Switches settings;
+        for (std::size_t i = 0; i < kCount; ++i)
+            if (turn == i + 1 || turn == kCount + 1) settings.*kFelt[i] = !(settings.*kFelt[i]);
+        SCOPED_TRACE("other way (from 1; one more is all): " + std::to_string(turn));
         scenario(settings);
         if (testing::Test::HasFailure()) return;
     }

@@ -17,6 +17,11 @@ TEST_F(Check, ASoundDrawingAndANewOneHaveNoFindings) {
     EXPECT_EQ(findings(dxf(kDrawing)), "");
     const char* const data = "1=data|102=ATTRRECORD}|102=}|102={ACAD_XDICTIONARY|360=51|100=X";
     EXPECT_EQ(findings(dxf(with(kDrawing, "1=data", data))), "");
+    // An XRECORD may be owned by other objects than dictionaries.
+    EXPECT_EQ(findings(dxf(with(kDrawing, "0=LAYOUT|5=61",
+                                "0=ACDBDATATABLE|5=63|330=40|100=AcDbDataTable|360=64\n"
+                                "0=XRECORD|5=64|330=63|100=AcDbXrecord|1=cell\n0=LAYOUT|5=61"))),
+              "");
     const std::string text = read(TESTS_FOLDER "/../host/dxf/load/new_drawing.dxf");
     EXPECT_EQ(findings(text), "");
     EXPECT_EQ(saved(*host::newDrawing()), text);
@@ -60,13 +65,21 @@ TEST_F(Check, DamageIsFound) {
         {"1=data|330=38", "1=data|330=99",
          "note: XRECORD 51: group 330 points at 99, which is not in the drawing"},
         {"6=CONTINUOUS", "6=DOT", "LAYER 14: LTYPE \"DOT\" is not defined"},
-        {"67=1|8=0", "67=1|8=Wall", "LINE 31: LAYER \"Wall\" is not defined"},
+        {"67=1|8=0", "67=1|8=Wall", "note: LINE 31: LAYER \"Wall\" is not defined"},
         {"|7=Standard", "|7=Other", "TEXT 38: STYLE \"Other\" is not defined"},
         {"66=1|2=Door", "66=1|2=Gate", "INSERT 32: BLOCK_RECORD \"Gate\" is not defined"},
         {"1001=ACAD", "1001=MINE", "LINE 31: APPID \"MINE\" is not defined"},
         {"66=1|2=Door", "66=0|2=Door", "INSERT 32: has attributes and does not announce them (66)"},
         {"0=SEQEND|5=34|330=32", "0=SEQEND|5=34|330=17",
-         "SEQEND 34: the owner is BLOCK_RECORD 17, not INSERT 32"},
+         "note: SEQEND 34: the owner is BLOCK_RECORD 17, not INSERT 32"},
+        {"0=SEQEND|5=34|330=32", "0=SEQEND|5=34|330=18",
+         "SEQEND 34: the owner is BLOCK_RECORD 18, not INSERT 32"},
+        {"0=TEXT|5=38|330=17|100=AcDbEntity|8=0|100=AcDbText|1=  text  |7=Standard|100=AcDbText",
+         "0=IMAGE|5=38|330=17|100=AcDbEntity|8=0|100=AcDbRasterImage|360=99",
+         "note: IMAGE 38: group 360 points at 99, which is not in the drawing"},
+        {"0=GROUP|5=43|330=41", "0=IMAGEDEF_REACTOR|5=43|330=99",
+         "note: DICTIONARY 41: entry \"G\" is IMAGEDEF_REACTOR 43, which another object owns\n"
+         "note: IMAGEDEF_REACTOR 43: the owner 99 is not in the drawing"},
         {"0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n",
          "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n0=SEQEND|5=39|330=17|100=AcDbEntity|8=0\n",
          "SEQEND 39: belongs to no entity"},

@@ -1,6 +1,7 @@
 // acedSSGet: modes, order and filters.
 #include "editor/editor_fixture.h"
 #include "host/control/switches.h"
+#include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/sysvars.h"
 
 namespace tests {
@@ -58,6 +59,26 @@ TEST_F(SelectionModes, FollowTheCurrentSpace) {
     EXPECT_EQ(get(L"A"), "d");
     EXPECT_EQ(get(L"X"), "dfecba");
     EXPECT_EQ(get(L"L"), "d");
+}
+
+TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
+    const char* const groups = "VIEWPORT;67 1;10 0;20 0;40 100;41 100;69 ";
+    const AcDbObjectId paper = add(groups + std::string("1"), store.paperSpace());  // g
+    add(groups + std::string("2"), store.paperSpace());                             // h
+    std::wstring explanation;
+    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    EXPECT_EQ(get(L"A"), "hd");
+    EXPECT_EQ(get(L"L"), "h");
+    const ads_point low = {-99, -99, 0}, high = {99, 99, 0}, corner = {0, 50, 0};
+    EXPECT_EQ(get(L"C", nullptr, low, high), "hd");
+    EXPECT_EQ(get(nullptr, nullptr, corner), kError);
+    const std::wstring handle = handent(paper).substr(10);
+    const std::wstring digits = handle.substr(0, handle.size() - 2);
+    EXPECT_TRUE(host::selectHandle(store, digits, explanation).isNull());
+    AcDbObject* object = nullptr;
+    ASSERT_EQ(acdbOpenObject(object, paper, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(object->erase(), Acad::eCannotBeErasedByCaller);
+    object->close();
 }
 
 TEST_F(SelectionModes, WindowCrossingAndPick) {

@@ -72,6 +72,57 @@ TEST(Copies, ACutGroupComesBackWithAPaste) {
     EXPECT_EQ(scene.order(), "circle begin(2) line* line* end");
 }
 
+/// A window lists the newest first, and the module puts what it adds behind.
+TEST(Copies, OfAGroupPickedByAWindowHoldTogetherOnlyInDrawingOrder) {
+    for (const bool inOrder : {true, false}) {
+        host::Switches settings;
+        settings.copiesInDrawingOrder = inOrder;
+        Scene scene("(line line line)", settings);
+        scene.after(L"PICK W 0,-1 9,9\n");
+        ASSERT_EQ(scene.picked(), "3 1 5 2 4");
+        scene.after(L"COPY 0,0 50,0\n\nREGEN\n");
+        const std::string group = "begin(3) line* line* line* end";
+        EXPECT_EQ(scene.order(), inOrder ? group + " " + group : group + " line* line* line*");
+    }
+}
+
+TEST(Copies, ThePickBehindCopyclipIsWidenedOnlyWhenTheHostNotifiesOnce) {
+    for (const bool notifies : {true, false}) {
+        host::Switches settings;
+        settings.copyClipNotifiesPickfirst = notifies;
+        Scene scene("(line) (circle)", settings);
+        scene.click({2});
+        scene.after(L"COPYCLIP\n");
+        scene.click({5});
+        EXPECT_EQ(scene.picked(), notifies ? "1 2 3 4 5 6" : "1 2 3 5");
+    }
+}
+
+TEST(Copies, EscKeepsTheCopiesMadeForTheNextRepair) {
+    Scene scene("(line line)");
+    scene.click({2});
+    scene.after(L"COPY 0,0 50,0 ");  // the script ends inside the command: cancelled
+    EXPECT_EQ(scene.order(), "begin(2) line* line* end begin(2)? line* line* end?");
+    scene.after(L"REGEN\n");
+    EXPECT_EQ(scene.order(), kTwoGroups);
+}
+
+/// The paste finds no last entity, and by switch an id that was noted before.
+TEST(Copies, APasteIntoAnEmptiedDrawingIsAGroup) {
+    for (const bool isNull : {true, false}) {
+        host::Switches settings;
+        settings.failedIdIsNull = isNull;
+        Scene scene("(line)", settings);
+        scene.click({2});
+        scene.after(L"COPY 0,0 9,0\n\n");
+        scene.click({2});
+        scene.after(L"COPYCLIP\nPICK NONE\nERASE ALL\n\n");
+        ASSERT_EQ(scene.order(), "");
+        scene.after(L"PASTECLIP 50,0\n");
+        EXPECT_EQ(scene.order(), "begin(1) line* end") << isNull;
+    }
+}
+
 TEST(Copies, APasteIntoAnotherDrawingMakesGroupsOnlyWhereTheClipboardWasFilled) {
     Scene scene("(line line)");
     scene.click({2});

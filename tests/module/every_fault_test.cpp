@@ -101,6 +101,15 @@ TEST(EveryFault, CopyingAndPasting) {
     failEveryCall(picked("(line circle) line", {2}, L"COPYCLIP\nPASTECLIP 50,0\n"));
 }
 
+TEST(EveryFault, CopyingWhereAFailedConversionLeavesItsOutputAlone) {
+    FaultScenario scenario = scripted("(line) line", L"COPYCLIP\nPASTECLIP 50,0\nCOPY 0,0 9,0\n\n");
+    scenario.before = [](Scene& scene) {
+        host::switches().failedIdIsNull = false;
+        scene.click({2});
+    };
+    failEveryCall(scenario);
+}
+
 TEST(EveryFault, CuttingAndPasting) {
     FaultScenario scenario = picked("(line circle) line", {2}, L"CUTCLIP\nPASTECLIP 50,0\n");
     scenario.moves = true;

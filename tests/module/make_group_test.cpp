@@ -79,6 +79,28 @@ TEST(MakeGroup, EntityWithItsOwnExtensionDictionaryGetsNoRecord) {
     EXPECT_EQ(drafting.order(), "begin(2) circle line* end");
 }
 
+TEST(MakeGroup, MarkersStandWhereTheyShallWhateverANewTextReports) {
+    Drafting drafting;
+    host::switches().newTextHeight = 2.5;
+    host::switches().newTextPosition = 7.0;
+    drafting.run(L"LINE 1,1 2,2\n\n");
+    drafting.run(kMakeOfAll);
+    const host::Store& store = drafting.store();
+    const auto places = [&store](host::Index parent) {
+        std::string text;
+        for (host::Index at = store.firstLive(parent); at != host::kNoIndex;
+             at = store.nextLive(store.at(at))) {
+            const std::string handle = host::formatHandle(store.at(at).handle);
+            for (const int code : {10, 20, 30, 40})
+                text += groupOf(store, handle, code) + " ";
+        }
+        return text;
+    };
+    const host::Index block = store.symbol("BLOCK_RECORD", L"VELMO_GB")->self;
+    EXPECT_EQ(places(block), "0.0 0.0 0.0 1.0 0.0 -2.5 0.0 1.0 ");
+    EXPECT_EQ(places(store.firstLive(store.modelSpace())), "1.0 1.0 0.0 1.0 1.0 1.0 0.0 1.0 ");
+}
+
 TEST(MakeGroup, OlderDrawingsKeepTheirPrefix) {
     Drafting drafting(std::string(TESTS_FOLDER) + "/module/older_prefix.dxf");
     drafting.run(kMakeOfAll);

@@ -122,7 +122,17 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     std::string text = contentOf("good.dxf");
     const std::size_t layer = text.rfind("\n  8\n0\n", text.find("AcDbLine"));
     ASSERT_NE(layer, std::string::npos);
-    text.replace(layer, 7, "\n  8\nnone\n");
+    const std::size_t names = text.find("  0\nTABLE\n  2\nAPPID\n");
+    const std::size_t behind = text.find("  0\nTABLE\n", names + 1);
+    ASSERT_NE(behind, std::string::npos);
+    // What loading supplies was missing.
+    write("nameless.dxf", text.substr(0, names) + text.substr(behind));
+    EXPECT_EQ(drafthost("--check nameless.dxf").status, 5);
+    write("noted.dxf", text.substr(0, layer) + "\n  8\nnone\n" + text.substr(layer + 7));
+    const Result noted = drafthost("--check noted.dxf");
+    EXPECT_EQ(noted.status, 0);
+    EXPECT_NE(noted.output.find("noted.dxf: note: LINE "), std::string::npos);
+    text.replace(layer, 7, "\n  8\n0\n  6\nnone\n");
     write("bad.dxf", text);
     EXPECT_EQ(drafthost("--check good.dxf").status, 0);
     const Result run = drafthost("--check good.dxf bad.dxf");

@@ -42,12 +42,13 @@ class CheckContext {
     explicit CheckContext(const Store& drawing);
 
     /// Notes a finding. What the text quotes of the drawing is in the drawing's encoding.
+    void add(Severity severity, const ObjectBody& body, const std::string& text) {
+        add(severity, body.handle, nameOf(body) + ": " + text);
+    }
     void error(const ObjectBody& body, const std::string& text) {
-        add(Severity::Error, body.handle, nameOf(body) + ": " + text);
+        add(Severity::Error, body, text);
     }
-    void note(const ObjectBody& body, const std::string& text) {
-        add(Severity::Note, body.handle, nameOf(body) + ": " + text);
-    }
+    void note(const ObjectBody& body, const std::string& text) { add(Severity::Note, body, text); }
     void error(const std::string& text) { add(Severity::Error, 0, text); }
     void note(const std::string& text) { add(Severity::Note, 0, text); }
 

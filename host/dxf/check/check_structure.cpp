@@ -18,11 +18,7 @@ void checkEntry(CheckContext& context, const ObjectSummary& summary, const std::
     if (entry->owner == dictionary.self) return;
     const std::string text =
         "entry \"" + key + "\" is " + nameOf(*entry) + ", which another object owns";
-    if (isExtension) {
-        context.error(dictionary, text);
-    } else {
-        context.note(dictionary, text);
-    }
+    context.add(isExtension ? Severity::Error : Severity::Note, dictionary, text);
 }
 
 void checkEntries(CheckContext& context, const ObjectSummary& summary) {

@@ -20,10 +20,16 @@ void checkNumber(CheckContext& context, const ObjectBody& body, const Tag& tag) 
         context.error(body, named(tag.code) + wanted + std::string(tag.value) + "\"");
 }
 
-/// Owners and hard pointers must resolve; the host opens what they name.
-bool mustResolve(int code) { return code >= 340 && code <= 369; }
+/// Owners and hard pointers must resolve; the host opens what they name. The reactor that an image
+/// owns is made anew.
+bool mustResolve(const ObjectSummary& summary, const TagWalk& tag) {
+    const bool image = summary.type == "IMAGE" || summary.type == "WIPEOUT";
+    return tag.code() >= 340 && tag.code() <= 369 && !(image && tag.code() == 360 && tag.own());
+}
 
-void checkPointer(CheckContext& context, const ObjectBody& body, const Tag& tag) {
+void checkPointer(CheckContext& context, const ObjectSummary& summary, const TagWalk& walk) {
+    const ObjectBody& body = *summary.body;
+    const Tag& tag = walk.tag();
     const auto handle = parseHandle(tag.value);
     if (!handle) {
         const bool empty = trimmed(tag.value).empty();
@@ -35,17 +41,15 @@ void checkPointer(CheckContext& context, const ObjectBody& body, const Tag& tag)
     if (*handle == 0 || context.live(*handle) != nullptr) return;
     const std::string text =
         named(tag.code) + " points at " + formatHandle(*handle) + ", which is not in the drawing";
-    if (mustResolve(tag.code)) {
-        context.error(body, text);
-    } else {
-        context.note(body, text);
-    }
+    context.add(mustResolve(summary, walk) ? Severity::Error : Severity::Note, body, text);
 }
 
 void checkName(CheckContext& context, const ObjectBody& body, const char* table,
                std::string_view name) {
     if (context.isDefined(table, name)) return;
-    context.error(body, std::string(table) + " \"" + std::string(name) + "\" is not defined");
+    // A layer that is missing is made on loading.
+    context.add(table == std::string_view("LAYER") ? Severity::Note : Severity::Error, body,
+                std::string(table) + " \"" + std::string(name) + "\" is not defined");
 }
 
 /// Notes what the tag tells the other parts of the check.
@@ -70,7 +74,7 @@ void checkTag(CheckContext& context, const ObjectSummary& summary, const TagWalk
         context.error(body, "a bracket (102) is closed that is not open");
     // Owners are judged by the place of the object, not as pointers.
     if (tag.role() == TagRole::Owner) return;
-    if (isReferenceCode(tag.code())) return checkPointer(context, body, tag.tag());
+    if (isReferenceCode(tag.code())) return checkPointer(context, summary, tag);
     checkNumber(context, body, tag.tag());
     const char* const table = tableNamedBy(body, tag);
     const bool empty = tag.value().empty() && summary.type == "DIMENSION";

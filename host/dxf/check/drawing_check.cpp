@@ -3,6 +3,7 @@
 
 #include "host/dxf/check/check_context.h"
 #include "host/dxf/load/load_drawing.h"
+#include "host/store/data_records.h"
 
 namespace host {
 namespace {
@@ -45,6 +46,23 @@ void checkHeaderNames(CheckContext& context) {
     }
 }
 
+/// From AC1027 on the geometry of solids stands in records of the section ACDSDATA.
+void checkGeometry(CheckContext& context, const ObjectSummary& summary) {
+    const auto part = subclassPart(summary.text, "AcDbModelerGeometry");
+    if (!part || context.store.version() < "AC1027" || findTag(*part, 1)) return;
+    if (!context.store.dataRecords().has(summary.body->self))
+        context.error(*summary.body, "its geometry is missing: no record in ACDSDATA names it");
+}
+
+void checkDataRecords(CheckContext& context) {
+    for (const DataPiece& piece : context.store.dataRecords().pieces()) {
+        const std::uint64_t handle = parseHandle(piece.handle).value_or(0);
+        if (piece.owner == kNoIndex && handle != 0)
+            context.note("a record in ACDSDATA names " + formatHandle(handle) +
+                         ", which is not in the drawing");
+    }
+}
+
 bool isTableName(const Store& store, Index index, const char* name) {
     const Index table = store.at(index).owner;
     return table != kNoIndex && table == store.table(name);
@@ -56,7 +74,10 @@ void checkObject(CheckContext& context, ObjectSummary& summary) {
     checkOwner(context, summary);
     checkDictionaries(context, summary);
     const ObjectBody& body = *summary.body;
-    if (isEntityKind(body.kind)) checkSequence(context, summary);
+    if (isEntityKind(body.kind)) {
+        checkSequence(context, summary);
+        checkGeometry(context, summary);
+    }
     if (body.kind == Kind::BlockRecord && isTableName(context.store, body.self, "BLOCK_RECORD")) {
         checkBlockRecord(context, summary);
     }
@@ -78,6 +99,7 @@ std::vector<Finding> checkDrawing(const Store& store) {
         summary.type = body.type();
         checkObject(context, summary);
     }
+    checkDataRecords(context);
     if (context.ownersAbsent > 0) {
         context.note(std::to_string(context.ownersAbsent) +
                      " objects have no owner group (330); their place tells the owner");
@@ -85,9 +107,10 @@ std::vector<Finding> checkDrawing(const Store& store) {
     return std::move(context.findings);
 }
 
-std::optional<std::vector<Finding>> checkFile(const std::string& path, DxfError& error) {
+std::optional<std::vector<Finding>> checkFile(const std::string& path, DxfError& error,
+                                              const ProgressFunction& progress) {
     std::vector<Finding> findings;
-    const std::unique_ptr<Store> store = loadDrawing(path, error, {}, &findings);
+    const std::unique_ptr<Store> store = loadDrawing(path, error, progress, &findings);
     if (store == nullptr) return std::nullopt;
     for (Finding& finding : checkDrawing(*store))
         findings.push_back(std::move(finding));

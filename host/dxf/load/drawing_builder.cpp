@@ -15,7 +15,8 @@ SectionKind kindOfSection(const std::string& name) {
     if (name == "TABLES") return SectionKind::Tables;
     if (name == "BLOCKS") return SectionKind::Blocks;
     if (name == "ENTITIES") return SectionKind::Entities;
-    return name == "OBJECTS" ? SectionKind::Objects : SectionKind::Raw;
+    if (name == "OBJECTS") return SectionKind::Objects;
+    return name == "ACDSDATA" ? SectionKind::Data : SectionKind::Raw;
 }
 
 bool isServedVersion(const std::string& version) {
@@ -86,7 +87,7 @@ bool DrawingBuilder::failUnended(const std::string& what, long line, const char*
 bool DrawingBuilder::readSectionBody(SectionKind kind) {
     std::string& text = m_store.sections().back().text;
     if (kind == SectionKind::Header) return readHeader(text);
-    if (kind == SectionKind::Raw) return m_reader.readRaw(text);
+    if (kind == SectionKind::Raw || kind == SectionKind::Data) return m_reader.readRaw(text);
     if (!m_reader.skipMark()) return false;
     if (kind == SectionKind::Tables) return readTables();
     if (kind == SectionKind::Blocks) return readBlocks();

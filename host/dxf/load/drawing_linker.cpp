@@ -3,6 +3,7 @@
 
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/body_text.h"
+#include "host/store/data_records.h"
 #include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
@@ -44,6 +45,20 @@ void DrawingLinker::assignHandles() {
         if (body.handle == 0 && body.size > 0) ++m_handlesMissing;
     }
     if (m_handlesMissing > 0) m_store.assignMissingHandles();
+    readDataRecords();
+}
+
+void DrawingLinker::readDataRecords() {
+    for (Section& section : m_store.sections()) {
+        if (section.kind != SectionKind::Data) continue;
+        m_store.dataRecords().read(section.text);
+        section.text = {};
+    }
+    // Nor must what is new get the record of an object that is not there.
+    for (const DataPiece& piece : m_store.dataRecords().pieces()) {
+        const std::uint64_t handle = parseHandle(piece.handle).value_or(0);
+        if (piece.owner == kNoIndex && handle < kHighestSeed) m_store.raiseHandleSeed(handle + 1);
+    }
 }
 
 /// A sound $HANDSEED stays sound when handles were given to what was missing. One that was not is

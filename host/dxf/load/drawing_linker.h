@@ -21,6 +21,7 @@ class DrawingLinker {
 
   private:
     void assignHandles();
+    void readDataRecords();
     void updateHandleSeed();
     bool indexSymbols();
     bool linkBlocks();

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "host/store/data_records.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -49,8 +50,21 @@ void DrawingWriter::writeSection(const Section& section) {
         case SectionKind::Objects:
             writeChildren(m_store.objectsList());
             break;
+        case SectionKind::Data:
+            writeDataRecords();
+            break;
     }
     append("  0\nENDSEC\n");
+}
+
+void DrawingWriter::writeDataRecords() {
+    for (const DataPiece& piece : m_store.dataRecords().pieces()) {
+        if (m_references.isGone(piece.owner)) continue;
+        append(piece.text);
+        const bool ofClone = piece.owner != kNoIndex && piece.handle.empty();
+        append(ofClone ? formatHandle(m_store.at(piece.owner).handle) : piece.handle);
+        append(piece.rest);
+    }
 }
 
 void DrawingWriter::writeTables() {

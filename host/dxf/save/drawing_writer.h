@@ -20,6 +20,7 @@ class DrawingWriter {
 
   private:
     void writeSection(const Section& section);
+    void writeDataRecords();
     void writeTables();
     void writeBlocks();
     void writeEntities();

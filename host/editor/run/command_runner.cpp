@@ -87,7 +87,6 @@ void tidyPickfirst(const ActiveCommand& now, const std::vector<AcDbObjectId>& at
 }
 
 CommandStatus runResolved(const Resolved& command, ActiveCommand& now) {
-    DocumentState* const document = currentDocumentState();
     notifyCommandWillStart(command.name);
     if ((command.flags & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) == 0) dropPickfirst();
     const std::vector<AcDbObjectId> atStart = pickfirst();
@@ -97,7 +96,7 @@ CommandStatus runResolved(const Resolved& command, ActiveCommand& now) {
                                      : runModuleFunction(command.function, now);
     now.inFunction = false;
     notifyEnd(status, command.name);
-    if (currentDocumentState() == document) tidyPickfirst(now, atStart);
+    tidyPickfirst(now, atStart);
     return now.wrongAnswer && status == CommandStatus::Done ? CommandStatus::Failed : status;
 }
 
@@ -131,13 +130,12 @@ CommandStatus runCommand(const std::wstring& typedName) {
     now.flags = command.flags;
     setActiveCommand(&now);
     Store* const store = currentStore();
-    const std::uint32_t serial = store != nullptr ? store->serial() : 0;
     if (store != nullptr) store->journal().begin(command.name);
     const CommandStatus status = runResolved(command, now);
     setActiveCommand(nullptr);
     idle();
-    // The command may have closed the drawing.
-    if (Store* const left = Store::withSerial(serial)) left->journal().end();
+    if (store != nullptr) store->journal().end();
+    if (now.afterwards) now.afterwards();
     return status;
 }
 

@@ -120,7 +120,11 @@ void dropErasedFromPickfirst() {
                                      [](const AcDbObjectId& id) { return id.isErased(); });
     if (kept == set.end()) return;
     set.erase(kept, set.end());
-    if (switches().eraseNotifiesPickfirst) changed(*state);
+    changed(*state);
+}
+
+void notifyUnchangedPickfirst() {
+    if (DocumentState* state = currentDocumentState()) changed(*state);
 }
 
 void dropPickfirst() {

@@ -26,9 +26,12 @@ std::vector<AcDbObjectId> takePickfirst();
 /// True where acedSSSetFirst has an effect: outside commands, and in those with either pick-first
 /// flag.
 bool pickfirstSettable();
+/// Notifies as if the set had changed.
+void notifyUnchangedPickfirst();
 /// Clears the set at the start or the end of a command. Notifies by switch when it was not empty.
 void dropPickfirst();
-/// Takes erased entities out; called after every erasure by a command. Notifies by switch.
+/// Takes erased entities out, and notifies when there were any; called after every erasure by a
+/// command.
 void dropErasedFromPickfirst();
 
 }  // namespace host

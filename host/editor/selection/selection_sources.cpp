@@ -7,6 +7,7 @@
 #include "host/editor/state/sysvars.h"
 #include "host/picking/hit_test.h"
 #include "host/picking/layer_states.h"
+#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 #include "host/tags/tag_view.h"
 
@@ -42,7 +43,9 @@ std::vector<AcDbObjectId> selectAll(const Store& store) {
     for (Index i = space == kNoIndex ? kNoIndex : store.firstLive(space); i != kNoIndex;) {
         const ObjectBody& entity = store.at(i);
         const std::optional<TagPlace> layer = findTag(entity.tags(), 8);
-        if (!layers.frozen(layer ? trimmed(layer->value) : "0")) all.push_back(store.idOf(entity));
+        const bool selectable = !isPaperViewport(entity);
+        if (selectable && !layers.frozen(layer ? trimmed(layer->value) : "0"))
+            all.push_back(store.idOf(entity));
         i = store.nextLive(entity);
     }
     return inSelectionOrder(std::move(all));
@@ -87,6 +90,8 @@ AcDbObjectId selectHandle(const Store& store, const std::wstring& handle,
         explanation = L"the entity with the handle " + handle + L" is erased";
     else if (owner == nullptr || !isSpace(*owner))
         explanation = L"the entity with the handle " + handle + L" belongs to a block";
+    else if (isPaperViewport(*entity))
+        explanation = L"the entity with the handle " + handle + L" is the paper of its layout";
     else
         return store.idOf(*entity);
     return {};

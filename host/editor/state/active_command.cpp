@@ -16,6 +16,11 @@ std::wstring activeCommand() { return running == nullptr ? std::wstring() : runn
 
 Adesk::Int32 activeCommandFlags() { return running == nullptr ? 0 : running->flags; }
 
+void afterCommand(std::function<void()> action) {
+    if (running == nullptr) return action();
+    running->afterwards = std::move(action);
+}
+
 void noteCancelled() {
     if (running != nullptr) running->cancelled = true;
 }

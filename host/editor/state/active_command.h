@@ -1,6 +1,7 @@
 // The command in progress, as prompts, selection and notifications see it.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/objectarx/adesk_types.h"
@@ -15,6 +16,7 @@ struct ActiveCommand {
     bool inFunction = false;
     bool cancelled = false;
     bool wrongAnswer = false;
+    std::function<void()> afterwards;
 };
 /// Sets it; null when none runs any more. The object must live until then.
 void setActiveCommand(ActiveCommand* command);
@@ -25,6 +27,9 @@ bool commandActive();
 std::wstring activeCommand();
 /// Flags of the running command, or 0.
 Adesk::Int32 activeCommandFlags();
+/// Runs an action when the running command is over and its end was notified, or at once when none
+/// runs: for what would change the drawing under it. A later action replaces the one before.
+void afterCommand(std::function<void()> action);
 /// To be called by a prompt that was cancelled.
 void noteCancelled();
 /// To be called by a prompt that got a wrong answer and cannot ask again: the command's result is
