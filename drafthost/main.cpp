@@ -2,6 +2,7 @@
 #include <exception>
 #include <new>
 
+#include "drafthost/groups_report.h"
 #include "drafthost/options.h"
 #include "drafthost/output.h"
 #include "drafthost/run.h"
@@ -12,7 +13,9 @@ namespace {
 int act(const Options& options) {
     writeOutput(options.information);
     if (!options.information.empty()) return kDone;
-    return options.check ? checkFiles(options) : runSession(options);
+    if (options.check) return checkFiles(options);
+    if (options.groups) return listGroups(options);
+    return options.picture.empty() ? runSession(options) : drawFile(options);
 }
 
 }  // namespace

@@ -64,6 +64,16 @@ void declare(CLI::App& app, Options& options) {
         ->check(isSwitch);
     app.add_flag("--check", options.check, "check the drawings, change nothing")
         ->disable_flag_override();
+    app.add_flag("--groups", options.groups, "list the groups of the drawings, change nothing")
+        ->disable_flag_override();
+    app.add_flag("--json", options.json, "the list of --groups as one JSON document")
+        ->disable_flag_override();
+    app.add_option("--picture", options.picture, "draw the drawing and its groups into an SVG file")
+        ->type_name("OUT")
+        ->check(notEmpty);
+    app.add_option("--layout", options.layout, "draw this layout instead of model space")
+        ->type_name("NAME")
+        ->check(notEmpty);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
     app.get_formatter()->column_width(28);
     app.footer(helpOnCommands);
@@ -71,12 +81,21 @@ void declare(CLI::App& app, Options& options) {
 
 /// What no single option can tell; empty when all is well.
 std::string contradiction(const Options& options) {
-    if (options.check && options.files.empty()) return "--check needs at least one file";
-    if (options.check && !(options.script.empty() && options.module.empty()))
-        return "--check only checks files: it takes no script and no module";
+    const bool draws = !options.picture.empty();
+    if (options.check + options.groups + draws > 1)
+        return "--check, --groups and --picture are runs of their own";
+    const std::string reading = options.check    ? "--check"
+                                : options.groups ? "--groups"
+                                : draws          ? "--picture"
+                                                 : "";
+    if (options.json && !options.groups) return "--json belongs to --groups";
+    if (!options.layout.empty() && !draws) return "--layout belongs to --picture";
+    if (!reading.empty() && options.files.empty()) return reading + " needs at least one file";
+    if (!reading.empty() && !(options.script.empty() && options.module.empty()))
+        return reading + " only reads drawings: it takes no script and no module";
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
-    if (!options.check && options.files.size() > 1)
+    if (!options.check && !options.groups && options.files.size() > 1)
         return "only one drawing can be given, not also \"" + options.files[1] + "\"";
     return {};
 }

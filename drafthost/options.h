@@ -10,18 +10,22 @@ enum ExitStatus {
     kFailed = 1,  ///< a command failed or was unknown, or the accounting found a fault
     kUsage = 2,
     kUnreadable = 3,  ///< a drawing cannot be read
-    kUnwritable = 4,  ///< a drawing cannot be written
-    kDamaged = 5,     ///< the check found damage
+    kUnwritable = 4,  ///< a drawing or picture cannot be written
+    kDamaged = 5,     ///< the check found damage, or a group is not whole
 };
 
 /// What the command line asks for. All texts are UTF-8.
 struct Options {
     std::string information;         ///< of --help or --version: there is nothing else to do
-    std::vector<std::string> files;  ///< the drawing, if any, or those of --check
+    std::vector<std::string> files;  ///< the drawing, if any, or those to read
     std::string script;              ///< "-" is standard input; empty: none
     std::string module;              ///< empty: the one beside the program
     bool noModule = false;
     bool check = false;
+    bool groups = false;
+    bool json = false;    ///< the list of groups as JSON
+    std::string picture;  ///< file to draw into; empty: nothing is drawn
+    std::string layout;   ///< to draw; empty: model space
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits

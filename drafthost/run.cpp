@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include "drafthost/group_commands.h"
 #include "drafthost/output.h"
 #include "drafthost/terminal.h"
 #include "host/application/session.h"
@@ -152,6 +153,8 @@ int runSession(const Options& options) {
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
+    registerGroupCommands();
+    auto watch = std::make_unique<SaveWatch>();
     int status = start(*session, options);
     if (status == kDone) {
         if (!options.script.empty()) {
@@ -161,6 +164,7 @@ int runSession(const Options& options) {
         }
         status = session->exitStatus();
     }
+    watch.reset();
     session.reset();
     flushOutput();
     return reportFaults(status);
@@ -194,12 +198,14 @@ int checkFiles(const Options& options) {
 
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
+    registerGroupCommands();
     std::string text =
         "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
         "unknown,\n"
         "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
         "be\n"
-        "written; 5 the check found damage.\n\nCommands:\n";
+        "written; 5 the check found damage, or --groups a group that is not whole or a stray.\n\n"
+        "Commands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {
         std::string name = host::toUtf8(command->name);
         name.resize(std::max<std::size_t>(name.size(), 10), ' ');

@@ -24,7 +24,7 @@ done
 # The module builds from the same sources everywhere and sees only the platform.
 module=(module/*.cpp module/*.h module/entry/* storage/* commands/* tracking/* support/*)
 grep -nE '^\s*#\s*if' "${module[@]}" && report "conditional compilation in the module"
-grep -nE '#include "(host|tests|drafthost)/' "${module[@]}" && report "the module looks into the host"
+grep -nE '#include "(host|tests|drafthost|inspection|picture)/' "${module[@]}" && report "the module looks into the host"
 grep -nE '#include <(windows|afx)' "${module[@]}" | grep -v '^support/platform.h' &&
     report "only support/platform.h names the platform's headers"
 
@@ -51,8 +51,17 @@ awk '
     }
     END { exit bad }' host/rooms.txt $(listed 'host/*.cpp' 'host/*.h') ||
     report "these files of the host look up; host/rooms.txt has the order"
+# The inspection reads over the interface and takes names from the module; the picture sees the host
+# down to picking.
+grep -nE '#include "' inspection/*.cpp inspection/*.h |
+    grep -vE '"(inspection/|host/(objectarx|text)/|(arxHeaders|group_naming|host_guards)\.h")' &&
+    report "the inspection sees more than the interface, names and guards"
+picture_sees=$(awk '!/^#/ && NF > 0 { print $1 } $1 == "picking" { exit }' host/rooms.txt | paste -sd '|')
+grep -nE '#include "' picture/*.cpp picture/*.h |
+    grep -vE "\"(picture|inspection|host/($picture_sees))/" &&
+    report "the picture sees more than the host down to picking"
 # What sets the module's per-user switches knows where they are from its version resource.
-grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost |
+grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture |
     grep -v '"module/version.h"' && report "the host knows the module"
 
 # Each header compiles by itself. One that a source includes before all others is shown to by every

@@ -7,14 +7,11 @@
 
 namespace {
 
-constexpr const wchar_t* kOlderPrefix = L"KEST";
-constexpr const wchar_t* kPrefix = L"VELMO";
-
 /// A drawing without detailing blocks keeps the older prefix once it has that group layer.
 bool hasOlderGroupLayer(AcDbDatabase* database) {
     Opened<AcDbLayerTable> layers;
     if (database->getSymbolTable(layers.receive(), AcDb::kForRead) != Acad::eOk) return false;
-    return layers->has((std::wstring(kOlderPrefix) + GroupSuffix::kLayer).c_str());
+    return layers->has((std::wstring(GroupPrefix::kOlder) + GroupSuffix::kLayer).c_str());
 }
 
 }  // namespace
@@ -24,10 +21,10 @@ std::wstring groupPrefix() {
     Opened<AcDbBlockTable> blocks;
     if (database == nullptr ||
         database->getSymbolTable(blocks.receive(), AcDb::kForRead) != Acad::eOk) {
-        return kOlderPrefix;
+        return GroupPrefix::kOlder;
     }
     const bool olderDetailing = blocks->has(L"KESTEDET") || blocks->has(L"KESTMDET");
-    if (blocks->has(L"VELMOEDET") || blocks->has(L"VELMOMDET")) return kPrefix;
-    if (olderDetailing || hasOlderGroupLayer(database)) return kOlderPrefix;
-    return kPrefix;
+    if (blocks->has(L"VELMOEDET") || blocks->has(L"VELMOMDET")) return GroupPrefix::kNewer;
+    if (olderDetailing || hasOlderGroupLayer(database)) return GroupPrefix::kOlder;
+    return GroupPrefix::kNewer;
 }

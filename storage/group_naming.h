@@ -12,6 +12,12 @@ constexpr const wchar_t* kEndMarker = L"_GE";
 constexpr const wchar_t* kLayer = L"_GFRZ";
 }  // namespace GroupSuffix
 
+/// The two words that can stand in front of them.
+namespace GroupPrefix {
+constexpr const wchar_t* kOlder = L"KEST";
+constexpr const wchar_t* kNewer = L"VELMO";
+}  // namespace GroupPrefix
+
 /// The word that names everything that belongs to groups in the working drawing: "KEST" or
 /// "VELMO". Decided by the detailing blocks that the drawing holds, then by its group layer;
 /// determined afresh at every call. "KEST" when the block table cannot be read.

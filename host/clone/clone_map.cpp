@@ -9,8 +9,14 @@ namespace host {
 
 void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
     m_pairs.push_back({&source, clone.self});
-    if (source.self >= m_clones.size()) m_clones.resize(source.self + 1, kNoIndex);
-    m_clones[source.self] = clone.self;
+    if (m_clones.empty()) m_first = source.self;
+    if (source.self < m_first) {
+        m_clones.insert(m_clones.begin(), m_first - source.self, kNoIndex);
+        m_first = source.self;
+    }
+    const Index at = source.self - m_first;
+    if (at >= m_clones.size()) m_clones.resize(at + 1, kNoIndex);
+    m_clones[at] = clone.self;
 }
 
 ObjectBody& cloneBody(const ObjectBody& source, Store& to, Index owner, CloneMap& map) {

@@ -1,6 +1,7 @@
 // Sources and clones of one cloning, and the steps that all cloning is made of.
 #pragma once
 
+#include <deque>
 #include <vector>
 
 #include "host/store/object_body.h"
@@ -22,14 +23,16 @@ class CloneMap {
     void add(const ObjectBody& source, const ObjectBody& clone);
     /// Index of the clone in the target store, or kNoIndex.
     Index cloneOf(const ObjectBody& source) const {
-        return source.self < m_clones.size() ? m_clones[source.self] : kNoIndex;
+        const Index at = source.self - m_first;
+        return at < m_clones.size() ? m_clones[at] : kNoIndex;
     }
     /// In the order in which they were added.
     const std::vector<Pair>& pairs() const { return m_pairs; }
 
   private:
     std::vector<Pair> m_pairs;
-    std::vector<Index> m_clones;  ///< by the slot of the source
+    Index m_first = 0;           ///< lowest slot of a source
+    std::deque<Index> m_clones;  ///< by the slot of the source, from the lowest to the highest
 };
 
 /// A copy under another owner, in `to`; noted in the map, appended to no list.

@@ -120,33 +120,25 @@ class Collector {
             if (m_map.cloneOf(m_from.at(at)) == kNoIndex) copyEntity(m_from.at(at), made);
     }
 
-    /// The dictionary of the target that stands where one of the source's does; made when it is
-    /// missing. Null for one that does not hang under the root, such as an extension dictionary.
-    ObjectBody* bringDictionary(const ObjectBody& dictionary, int depth) {
-        constexpr int kDeepest = 8;
-        if (dictionary.kind != Kind::Dictionary || dictionary.erased || depth > kDeepest)
-            return nullptr;
-        if (const Index there = m_map.cloneOf(dictionary); there != kNoIndex)
-            return &m_to.at(there);
-        if (dictionary.self == m_from.rootDictionary()) {
-            const Index root = m_to.rootDictionary();
-            if (root == kNoIndex) return nullptr;
-            m_map.add(dictionary, m_to.at(root));
-            return &m_to.at(root);
-        }
-        return bringEntry(dictionary, depth);
-    }
-
-    /// An object of a named dictionary: the target's under the same key, or a copy.
+    /// What the target has where a named object or dictionary of the source stands: its own under
+    /// the same key, or a copy. Null for what does not hang under the root, such as an extension
+    /// dictionary.
     ObjectBody* bringEntry(const ObjectBody& object, int depth) {
-        if (object.owner == kNoIndex) return nullptr;
+        constexpr int kDeepest = 8;
+        if (const Index there = m_map.cloneOf(object); there != kNoIndex) return &m_to.at(there);
+        if (object.self == m_from.rootDictionary() && m_to.rootDictionary() != kNoIndex) {
+            ObjectBody& root = m_to.at(m_to.rootDictionary());
+            m_map.add(object, root);
+            return &root;
+        }
+        if (object.owner == kNoIndex || object.erased || depth > kDeepest) return nullptr;
         const ObjectBody& holder = m_from.at(object.owner);
         DictionaryReader entries(holder.kind == Kind::Dictionary ? holder.tags() : "");
         DictionaryEntry entry;
         while (entries.next(entry) && entry.handle != object.handle) {
         }
         if (entry.handle != object.handle) return nullptr;
-        ObjectBody* parent = bringDictionary(holder, depth + 1);
+        ObjectBody* parent = bringEntry(holder, depth + 1);
         if (parent == nullptr) return nullptr;
         const std::wstring key = m_from.decode(entry.key);
         if (const auto there = findEntry(*parent, key)) {

@@ -95,6 +95,10 @@ Adesk::UInt16 AcDbEntity::colorIndex() const {
 
 ACHAR* AcDbEntity::linetype() const { return newString(getField(body(), field::linetype)); }
 
+AcDbObjectId AcDbEntity::layerId() const {
+    return symbolId(body(), "LAYER", getField(body(), field::layer));
+}
+
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErasedEntity) {
     entity = nullptr;

@@ -171,23 +171,23 @@ bool Outline::touches(const Box& box) const {
            });
 }
 
-std::optional<Box> Outline::bounds() const {
+std::optional<Box> Outline::bounds(const OutlineMark& from) const {
     std::optional<Box> box;
     const auto add = [&](const Vec& p) {
         if (!box) box = Box{p.x, p.y, p.x, p.y};
         *box = {std::min(box->left, p.x), std::min(box->bottom, p.y), std::max(box->right, p.x),
                 std::max(box->top, p.y)};
     };
-    for (const Line& line : lines) {
-        add(line.a);
-        add(line.b);
+    for (std::size_t i = from.lines; i < lines.size(); ++i) {
+        add(lines[i].a);
+        add(lines[i].b);
     }
-    for (const Arc& arc : arcs) {
-        for (const Vec& point : extremes(arc))
+    for (std::size_t i = from.arcs; i < arcs.size(); ++i) {
+        for (const Vec& point : extremes(arcs[i]))
             add(point);
     }
-    for (const std::vector<Vec>& area : areas) {
-        for (const Vec& point : area)
+    for (std::size_t i = from.areas; i < areas.size(); ++i) {
+        for (const Vec& point : areas[i])
             add(point);
     }
     return box;

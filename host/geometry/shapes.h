@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/geometry/affine.h"
@@ -26,22 +27,40 @@ struct Arc {
     double sweep = 0;  ///< above 0, at most a full turn
 };
 
+/// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
+struct Writing {
+    std::size_t area = 0;  ///< index into Outline::areas
+    std::wstring words;    ///< as they are stored, with formatting codes
+    double line = 1;       ///< part of the area's height that one line takes
+    double anchor = 0;     ///< part of the width that lies before the alignment point: 0, 0.5 or 1
+    bool isParagraph = false;
+    bool fitted = false;  ///< fills the width whatever the font
+};
+
+/// A place in an outline: so many of each stand before it.
+struct OutlineMark {
+    std::size_t lines = 0, arcs = 0, areas = 0, writings = 0;
+};
+
 /// What is drawn of an entity, seen from above. Heights do not count.
 struct Outline {
     std::vector<Line> lines;
     std::vector<Arc> arcs;
     std::vector<std::vector<Vec>> areas;  ///< filled, closed by themselves
+    std::vector<Writing> writings;        ///< for pictures; what can be hit are the areas
 
     bool empty() const { return lines.empty() && arcs.empty() && areas.empty(); }
+    /// Where what is added from now on begins.
+    OutlineMark mark() const { return {lines.size(), arcs.size(), areas.size(), writings.size()}; }
     /// True when some part is within `tolerance` of the point; also inside an area.
     bool near(const Vec& point, double tolerance) const;
     /// True when all of it lies in the box.
     bool inside(const Box& box) const;
     /// True when some part lies in the box.
     bool touches(const Box& box) const;
-    /// Smallest box around all strokes and areas; endless lines count with their points. Nothing
-    /// for an empty outline.
-    std::optional<Box> bounds() const;
+    /// Smallest box around all strokes and areas from a mark on; endless lines count with their
+    /// points. Nothing when there are none.
+    std::optional<Box> bounds(const OutlineMark& from = {}) const;
 };
 
 }  // namespace host

@@ -43,6 +43,7 @@ class AcDbEntity : public AcDbObject {
     ACHAR* layer() const;
     Adesk::UInt16 colorIndex() const;
     ACHAR* linetype() const;
+    AcDbObjectId layerId() const;
 };
 
 /// Opens an entity; eNotThatKindOfClass for an object that is none. Otherwise as acdbOpenObject.

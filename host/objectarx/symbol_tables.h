@@ -25,6 +25,8 @@ class AcDbSymbolTableRecord : public AcDbObject {
   public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord)
     explicit AcDbSymbolTableRecord(host::ObjectBody* body) : AcDbObject(body) {}
+    /// The name as an allocated copy that the caller frees (acutDelString). Assumed.
+    Acad::ErrorStatus getName(ACHAR*& name) const;
     /// Names a new record. eInvalidSymbolTableName for an empty or forbidden name,
     /// eNotOpenForWrite. Assumed. Renaming a record that is in a table already is not served
     /// (eNotApplicable).
@@ -103,6 +105,7 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     AcCmColor color() const;
     Acad::ErrorStatus setColor(const AcCmColor& color);
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId id);
+    bool isLocked() const;
     /// Freezing the current layer fails with eInvalidInput. Assumed.
     Acad::ErrorStatus setIsFrozen(bool frozen);
 };

@@ -6,7 +6,10 @@
 namespace host {
 
 const LayerState& LayerStates::stateOf(std::string_view layer) {
-    const auto [place, isNew] = m_states.try_emplace(std::string(layer));
+    if (m_last != nullptr && layer == m_lastLayer) return *m_last;
+    m_lastLayer = layer;
+    const auto [place, isNew] = m_states.try_emplace(m_lastLayer);
+    m_last = &place->second;
     if (!isNew) return place->second;
     const ObjectBody* record = m_store.symbol("LAYER", m_store.decode(layer));
     if (record != nullptr) place->second = layerState(*record);

@@ -24,6 +24,8 @@ class LayerStates {
 
     const Store& m_store;
     std::unordered_map<std::string, LayerState> m_states;
+    std::string m_lastLayer;  ///< looked up last; neighbours often share theirs
+    const LayerState* m_last = nullptr;
 };
 
 }  // namespace host

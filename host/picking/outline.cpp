@@ -38,12 +38,24 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
 
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
+    m_parts = nullptr;
+    begin(entity, outline);
+    return outline;
+}
+
+void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
+                              std::vector<OutlinePart>& parts) {
+    m_parts = &parts;
+    begin(entity, outline);
+}
+
+void OutlineMaker::begin(const ObjectBody& entity, Outline& outline) {
+    m_outline = &outline;
     // The paper itself has no lines.
-    if (isPaperViewport(entity)) return outline;
+    if (isPaperViewport(entity)) return;
     m_budget = kMostEntities;
     m_blocks.clear();
     draw(entity, Pen(outline, {}), "0");
-    return outline;
 }
 
 void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
@@ -60,6 +72,7 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     } else if (type == "DIMENSION") {
         drawBlock(blockOf(tags), pen, layer);
     } else {
+        if (m_parts != nullptr) m_parts->push_back({&entity, layer, m_outline->mark()});
         drawShape(shape, !m_blocks.empty());
     }
 }

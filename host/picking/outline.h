@@ -28,6 +28,8 @@ class Pen {
     void bulge(const Vec& a, const Vec& b, double bulge) const;
     void path(const std::vector<Vec>& points, bool closed) const;
     void area(const std::vector<Vec>& points) const;
+    /// The area of four corners that words fill; `writing.area` is set here.
+    void write(Writing writing, const std::vector<Vec>& corners) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
     const Transform& place() const { return m_place; }
@@ -48,6 +50,8 @@ struct Shape {
 /// Draws an entity that needs no other one's content; `insideBlock` hides attribute definitions
 /// that are not constant. Kinds without a form of their own are drawn as the points they name.
 void drawShape(const Shape& shape, bool insideBlock);
+/// False for a kind of entity that drawShape knows by its points alone.
+bool hasForm(std::string_view type);
 void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
@@ -60,6 +64,14 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code);
 /// The pen in the object coordinate system of tag 210.
 Pen objectPen(const Shape& shape);
 
+/// What one entity, the main one or one inside its blocks, adds to an outline: what stands there
+/// from its mark up to that of the next part.
+struct OutlinePart {
+    const ObjectBody* source;
+    std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
+    OutlineMark from;
+};
+
 /// Makes outlines of main entities. Layers and blocks are looked up once each where that pays;
 /// short-lived.
 class OutlineMaker {
@@ -68,8 +80,11 @@ class OutlineMaker {
     /// Empty when nothing of the entity is drawn: on a layer that is off or frozen, invisible, or a
     /// reference to a block without visible content. World coordinates.
     Outline outlineOf(const ObjectBody& entity);
+    /// Adds it to an outline of several entities, and what it is made of to their parts.
+    void addOutline(const ObjectBody& entity, Outline& outline, std::vector<OutlinePart>& parts);
 
   private:
+    void begin(const ObjectBody& entity, Outline& outline);
     void draw(const ObjectBody& entity, const Pen& pen, std::string_view layerOfReference);
     void drawReference(const Shape& shape, std::string_view layer);
     /// Block record that tag 2 names, or null.
@@ -78,6 +93,8 @@ class OutlineMaker {
 
     const Store& m_store;
     LayerStates m_layers;
+    Outline* m_outline = nullptr;  ///< being made
+    std::vector<OutlinePart>* m_parts = nullptr;
     std::vector<Index> m_blocks;  ///< being drawn, outermost first
     int m_budget = 0;             ///< entities that may still be visited
 };

@@ -54,6 +54,12 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
+void Pen::write(Writing writing, const std::vector<Vec>& corners) const {
+    writing.area = m_outline.areas.size();
+    area(corners);
+    m_outline.writings.push_back(std::move(writing));
+}
+
 std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
     std::vector<Vec> points;
     for (const Tag& tag : tags.tags()) {
@@ -66,8 +72,19 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
 }
 
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
-    if (!tags.has(code)) return standard;
-    return {tags.real(code, 0), tags.real(code + 10, 0), tags.real(code + 20, 0)};
+    const std::vector<Tag>& all = tags.tags();
+    auto tag = all.begin();
+    while (tag != all.end() && tag->code != code)
+        ++tag;
+    if (tag == all.end()) return standard;
+    // As good as always the coordinates of a point follow each other.
+    const auto next = [&](int wanted) {
+        if (tag != all.end()) ++tag;
+        const bool here = tag != all.end() && tag->code == wanted;
+        return here ? realOf(tag->value) : tags.real(wanted, 0);
+    };
+    const double x = realOf(tag->value), y = next(code + 10);
+    return {x, y, next(code + 20)};
 }
 
 Pen objectPen(const Shape& shape) {

@@ -1,4 +1,5 @@
 // The form of each kind of entity that stands on its own.
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 
@@ -132,6 +133,12 @@ void drawDefinition(const Shape& shape, bool insideBlock) {
 }
 
 }  // namespace
+
+bool hasForm(std::string_view type) {
+    return type == "ATTDEF" || type == "SEQEND" || type == "INSERT" || type == "DIMENSION" ||
+           std::any_of(std::begin(kShapes), std::end(kShapes),
+                       [&](const KindOfShape& kind) { return kind.type == type; });
+}
 
 void drawShape(const Shape& shape, bool insideBlock) {
     const std::string_view type = trimmed(shape.entity.type());

@@ -13,10 +13,11 @@ namespace {
 constexpr double kCharacterWidth = 0.8;
 constexpr double kLineDistance = 5.0 / 3;
 
-void drawBox(const Pen& pen, const Vec& corner, double angle, double width, double height) {
+void drawBox(const Pen& pen, const Vec& corner, double angle, double width, double height,
+             Writing writing) {
     const Transform turned = rotation(angle);
     const Vec along = turned.turn({width, 0, 0}), up = turned.turn({0, height, 0});
-    pen.area({corner, corner + along, corner + along + up, corner + up});
+    pen.write(std::move(writing), {corner, corner + along, corner + along + up, corner + up});
 }
 
 /// Part of the width or height that lies before the alignment point, by tags 72 and 73.
@@ -51,7 +52,7 @@ Extent extentOf(const std::wstring& text) {
 void drawText(const Shape& shape, bool isDefinition) {
     const OwnTags& tags = shape.tags;
     const double height = tags.real(40, 0);
-    const std::wstring value = shape.store.decode(tags.text(isDefinition ? 2 : 1));
+    std::wstring value = shape.store.decode(tags.text(isDefinition ? 2 : 1));
     double width = height * kCharacterWidth * tags.real(41, 1) * static_cast<double>(value.size());
     const int horizontal = tags.integer(72, 0);
     // The vertical mode is 73 in texts and 74 in attributes, where 73 is a field length.
@@ -70,7 +71,9 @@ void drawText(const Shape& shape, bool isDefinition) {
         start = end + rotation(angle).turn(offset);
     }
     if (value.empty()) return;
-    drawBox(objectPen(shape), start, angle, width, height);
+    const double anchor = stretched ? 0 : partBefore(horizontal);
+    drawBox(objectPen(shape), start, angle, width, height,
+            {0, std::move(value), 1, anchor, false, stretched});
 }
 
 void drawMText(const Shape& shape) {
@@ -93,7 +96,8 @@ void drawMText(const Shape& shape) {
     const Vec direction = pointOf(tags, 11, paragraphDirection(tags.real(50, 0)));
     const double angle = std::atan2(direction.y, direction.x);
     const Vec offset{-width * 0.5 * (attachment % 3), -tall * (1 - 0.5 * (attachment / 3)), 0};
-    drawBox(shape.pen, pointOf(tags, 10) + rotation(angle).turn(offset), angle, width, tall);
+    drawBox(shape.pen, pointOf(tags, 10) + rotation(angle).turn(offset), angle, width, tall,
+            {0, std::move(value), height / tall, 0.5 * (attachment % 3), true, false});
 }
 
 }  // namespace host

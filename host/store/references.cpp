@@ -29,13 +29,15 @@ constexpr NamedReference kNames[] = {
     {"ATTDEF", 7, "STYLE"},
 };
 
+constexpr int kHighestNaming = 8;  ///< of the codes above; asked for every tag
+
 }  // namespace
 
 const char* tableNamedBy(const ObjectBody& body, const TagWalk& tag) {
     const int code = tag.code();
     if (code == 1001) return "APPID";
     if (code == 1003) return "LAYER";
-    if (!tag.own()) return nullptr;
+    if (code > kHighestNaming || !tag.own()) return nullptr;
     if (body.kind == Kind::LayerRecord) return code == 6 ? "LTYPE" : nullptr;
     if (!isEntityKind(body.kind) && body.kind != Kind::BlockBegin && body.kind != Kind::BlockEnd)
         return nullptr;

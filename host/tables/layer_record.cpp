@@ -71,6 +71,8 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     return Acad::eOk;
 }
 
+bool AcDbLayerTableRecord::isLocked() const { return host::layerState(body()).locked; }
+
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
     if (host::callFails("AcDbLayerTableRecord::setIsFrozen")) return Acad::eInvalidInput;
     host::ObjectBody& content = body();

@@ -39,6 +39,13 @@ bool takesRecord(Kind table, Kind record) {
 }  // namespace
 }  // namespace host
 
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
+    name = nullptr;
+    if (host::callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
+    name = host::newString(host::symbolName(body()));
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     if (host::callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
     host::ObjectBody& content = body();

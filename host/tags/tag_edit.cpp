@@ -68,11 +68,6 @@ void TagEdit::set(std::size_t at, int number) {
     m_tags[at].changedTo = std::to_string(number);
 }
 
-void TagEdit::set(std::size_t at, std::string_view value) {
-    m_tags[at].changed = true;
-    m_tags[at].changedTo = value;
-}
-
 void TagEdit::setPoint(std::size_t at, const Vec& point) {
     set(at, point.x);
     std::size_t last = at;

@@ -33,7 +33,6 @@ class TagEdit {
 
     void set(std::size_t at, double number);
     void set(std::size_t at, int number);
-    void set(std::size_t at, std::string_view value);
     /// Sets a point; a coordinate that is missing is added when it is not 0.
     void setPoint(std::size_t at, const Vec& point);
     void remove(std::size_t at) { m_tags[at].removed = true; }

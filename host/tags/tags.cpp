@@ -89,8 +89,8 @@ std::optional<std::string_view> subclassPart(std::string_view text, std::string_
 
 std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence) {
     TagWalk walk(text);
-    while (walk.nextOwn())
-        if (walk.code() == code && occurrence-- == 0) return walk.place();
+    while (walk.next())
+        if (walk.code() == code && walk.depth() == 0 && occurrence-- == 0) return walk.place();
     return std::nullopt;
 }
 

@@ -56,7 +56,7 @@ struct TagPlace {
 /// first marker are the part with an empty name. Nothing when the object has no such part.
 std::optional<std::string_view> subclassPart(std::string_view text, std::string_view subclass);
 
-/// The `occurrence`-th tag (from 0) with a code among the object's own; see tag_walk.h.
+/// The `occurrence`-th tag (from 0) with a code, outside 102 brackets.
 std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence = 0);
 
 /// Replaces the value of the tag at `place`, which was found in `text`.

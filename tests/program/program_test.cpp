@@ -20,7 +20,10 @@ TEST_F(ProgramTest, WrongUse) {
         {"a.dxf b.dxf", "only one drawing can be given, not also \"b.dxf\""},
         {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
-        {"--check a.dxf -s b", "--check only checks files: it takes no script and no module"},
+        {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
+        {"--groups", "--groups needs a drawing"},
+        {"--json a.dxf", "--json belongs to --groups"},
+        {"--picture a.svg a.dxf b.dxf", "--picture draws one drawing, not also \"b.dxf\""},
     };
     for (const auto& each : cases) {
         const Result run = drafthost(each.arguments);
@@ -71,6 +74,33 @@ TEST_F(ProgramTest, CommandsThatGoWrong) {
     }
     EXPECT_EQ(script("OPEN nowhere.dxf\n").status, 3);
     EXPECT_EQ(script("SAVEAS nowhere/a.dxf\n").status, 4);
+}
+
+TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
+    const std::string make = "LINE 0,0 1,0\n\nLINE 0,1 1,1\n\nVelmoGROUPMAKE ALL\n\n";
+    ASSERT_EQ(drafthost("-s -", make + "SAVEAS whole.dxf\nGROUPLIST\n").status, 0);
+    const Result whole = drafthost("--groups whole.dxf");
+    EXPECT_EQ(whole.status, 0);
+    EXPECT_NE(whole.output.find(": whole, counts 2; holds 2 LINE"), std::string::npos);
+    // Saved without the module, so that nobody repairs; with it, the repair is told.
+    const std::string off = "PICK 0.5,1\nERASE\nSAVEAS short.dxf\n";
+    ASSERT_EQ(drafthost("--no-module -s - whole.dxf", off).status, 0);
+    const Result both = drafthost("--groups --json whole.dxf short.dxf");
+    EXPECT_EQ(both.status, 5);
+    EXPECT_NE(both.output.find("\"state\": \"short\""), std::string::npos) << both.output;
+    EXPECT_EQ(drafthost("--groups nowhere.dxf short.dxf").status, 3);
+    const Result told = drafthost("-s - short.dxf", "QSAVE\nGROUPLIST\nPICTURE a\n");
+    EXPECT_NE(told.errors.find("short.dxf: the save lowered the count of group "),
+              std::string::npos);
+    EXPECT_NE(told.output.find("\nthe save lowered"), std::string::npos);
+    ASSERT_EQ(drafthost("--picture b.svg short.dxf").status, 0);
+    EXPECT_EQ(contentOf("a.svg"), contentOf("b.svg"));
+    EXPECT_EQ(drafthost("--picture nowhere/b.svg short.dxf").status, 4);
+    const Result layout = drafthost("--picture b.svg --layout Sheet short.dxf");
+    EXPECT_EQ(layout.status, 2);
+    EXPECT_EQ(
+        layout.errors.rfind("drafthost: short.dxf: no layout is called \"Sheet\"; there are", 0),
+        0u);
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeRead) {

@@ -59,7 +59,7 @@ bool DrawingBuilder::readTables() {
 
 bool DrawingBuilder::readTable() {
     if (!m_reader.read(m_object)) return false;
-    const std::string name(trimmed(m_object.name));
+    const std::string name(trimmed(m_object.name()));
     const long line = m_object.line;
     const auto [place, isNew] = m_tableLines.emplace(name, line);
     if (!isNew) {
@@ -96,7 +96,7 @@ bool DrawingBuilder::readBlocks() {
 bool DrawingBuilder::readBlock() {
     if (!m_reader.read(m_object)) return false;
     LoadedBlock block;
-    block.name = m_object.name;
+    block.name = m_object.name();
     const long line = m_object.line;
     const ObjectBody* const begin = add(Kind::BlockBegin);
     if (begin == nullptr) return false;

@@ -18,6 +18,11 @@ std::string_view RawObject::type() const {
     return std::string_view(text).substr(begin, text.find('\n', begin) - begin);
 }
 
+std::string_view RawObject::name() const {
+    const auto place = findTag(text, 2);
+    return place ? place->value : std::string_view();
+}
+
 bool ObjectReader::advance() {
     if (!m_stream.next(m_group)) {
         m_type.clear();
@@ -66,11 +71,6 @@ bool ObjectReader::note(RawObject& object, TagRole role) {
         object.facts.hasOwner = true;
     }
     switch (m_group.code) {
-        case 2:
-            if (object.hasName) break;
-            object.name.assign(value);
-            object.hasName = true;
-            break;
         case 67:
             if (object.hasSpace) break;
             object.hasSpace = true;
@@ -91,9 +91,8 @@ bool ObjectReader::note(RawObject& object, TagRole role) {
 bool ObjectReader::read(RawObject& object) {
     object.text.clear();
     object.handle = 0;
-    object.name.clear();
     object.line = m_typeLine;
-    object.hasName = object.hasSpace = false;
+    object.hasSpace = false;
     object.facts = {};
     object.facts.line = static_cast<std::uint64_t>(m_typeLine);
     // Type names are compared everywhere, so blanks around them are not kept.

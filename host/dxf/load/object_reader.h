@@ -25,14 +25,14 @@ struct ObjectFacts {
 struct RawObject {
     std::string text;          ///< all tags in stored form, tag 0 first
     std::uint64_t handle = 0;  ///< tag 5 (105 in DIMSTYLE); 0 when absent
-    std::string name;          ///< first tag 2
     long line = 0;             ///< of tag 0
     long handleLine = 0;       ///< of the handle
-    bool hasName = false;      ///< has tag 2, which may be empty
     bool hasSpace = false;     ///< has tag 67
     ObjectFacts facts;
 
     std::string_view type() const;
+    /// First tag 2; empty when there is none.
+    std::string_view name() const;
 };
 
 /// Reads objects; stands on a tag 0 between the calls.

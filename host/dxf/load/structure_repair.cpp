@@ -2,6 +2,8 @@
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/symbol_records.h"
 
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -119,20 +121,14 @@ void supplyObjects(Store& store) {
     store.section(SectionKind::Objects);
     if (store.rootDictionary() != kNoIndex) return;
     const std::uint64_t handle = store.handleSeed();
-    std::string text = beginObject("DICTIONARY", handle, 0);
-    addTag(text, 100, "AcDbDictionary");
-    addTag(text, 281, 1);
-    addTag(text, 3, "ACAD_GROUP");
-    addHandleTag(text, 350, handle + 1);
-    ObjectBody& root = addObject(store, Kind::Dictionary, text, handle);
+    const std::string empty = newDictionaryText(false);
+    ObjectBody& root = addObject(store, Kind::Dictionary, withIdentity(empty, handle, 0), handle);
     store.appendChild(store.objectsList(), root);
-
-    text = beginObject("DICTIONARY", handle + 1, handle);
-    addTag(text, 100, "AcDbDictionary");
-    addTag(text, 281, 1);
-    ObjectBody& tags = addObject(store, Kind::Dictionary, text, handle + 1);
-    store.appendChild(store.objectsList(), tags);
-    tags.owner = root.self;
+    ObjectBody& groups =
+        addObject(store, Kind::Dictionary, withIdentity(empty, handle + 1, handle), handle + 1);
+    store.appendChild(store.objectsList(), groups);
+    groups.owner = root.self;
+    addEntry(root, L"ACAD_GROUP", groups.handle);
 }
 
 }  // namespace host

@@ -1,0 +1,40 @@
+// Gives an inspection the spaces of a drawing and the extents of what they show.
+#include "drafthost/drawing_inspection.h"
+
+#include "host/editor/state/current_drawing.h"
+#include "host/picking/outline.h"
+#include "host/store/store.h"
+#include "host/text/text_codec.h"
+
+using host::Index;
+using host::kNoIndex;
+using host::Store;
+
+std::vector<Index> spacesOf(const Store& store) {
+    std::vector<Index> spaces;
+    if (store.modelSpace() != kNoIndex) spaces.push_back(store.modelSpace());
+    const Index records = store.table("BLOCK_RECORD");
+    for (Index i = records == kNoIndex ? kNoIndex : store.firstLive(records); i != kNoIndex;
+         i = store.nextLive(store.at(i))) {
+        if (i != store.modelSpace() && host::isSpace(store.at(i))) spaces.push_back(i);
+    }
+    return spaces;
+}
+
+std::string spaceName(const Store& store, Index space) {
+    return host::toUtf8(host::layoutName(store, space));
+}
+
+inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
+    const Store& store = drawing.store();
+    std::vector<inspection::Space> spaces;
+    for (const Index space : spacesOf(store))
+        spaces.push_back({store.idOf(space), spaceName(store, space)});
+    host::OutlineMaker maker(store);
+    inspection::ExtentsOf extents = [&](AcDbObjectId id) -> std::optional<inspection::Extents> {
+        const std::optional<host::Box> box = maker.outlineOf(*Store::resolve(id)).bounds();
+        if (!box) return std::nullopt;
+        return inspection::Extents{box->left, box->bottom, box->right, box->top};
+    };
+    return inspection::inspect(drawing, spaces, withExtents ? extents : inspection::ExtentsOf());
+}

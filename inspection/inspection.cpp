@@ -1,0 +1,196 @@
+// Finds the groups of a drawing and judges each.
+#include "inspection/inspection.h"
+
+#include <algorithm>
+
+#include "arxHeaders.h"
+#include "group_naming.h"
+#include "host/text/text_codec.h"
+#include "host_guards.h"
+#include "inspection/forecast.h"
+#include "inspection/judgement.h"
+#include "inspection/markers.h"
+
+namespace inspection {
+namespace {
+
+/// Makes a drawing the working one for as long as it lives.
+class Working {
+  public:
+    explicit Working(AcDbDatabase& drawing) : m_former(services().workingDatabase()) {
+        services().setWorkingDatabase(&drawing);
+    }
+    ~Working() { services().setWorkingDatabase(m_former); }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+
+  private:
+    static AcDbHostApplicationServices& services() { return *acdbHostApplicationServices(); }
+    AcDbDatabase* m_former;
+};
+
+/// Text of the first item with a code in an entity's definition data.
+std::string itemText(const resbuf* item, short code) {
+    while (item != nullptr && item->restype != code)
+        item = item->rbnext;
+    return item != nullptr && item->resval.rstring != nullptr ? host::toUtf8(item->resval.rstring)
+                                                              : std::string();
+}
+
+Entity describe(const Place& place) {
+    constexpr short kType = 0, kHandle = 5, kLayer = 8;
+    ads_name name = {};
+    acdbGetAdsName(name, place.id);
+    const ResultBuffers data(acdbEntGet(name));
+    Entity entity{place.id, itemText(data.get(), kHandle), itemText(data.get(), kType),
+                  itemText(data.get(), kLayer), place.hasRecord};
+    if (entity.layer.empty()) entity.layer = "0";
+    return entity;
+}
+
+Extents united(const Extents& a, const Extents& b) {
+    return {std::min(a[0], b[0]), std::min(a[1], b[1]), std::max(a[2], b[2]), std::max(a[3], b[3])};
+}
+
+/// Judges the groups of one space into the inspection of the drawing.
+class Judge {
+  public:
+    Judge(const Reading& reading, const std::string& space, const std::string& otherPrefix,
+          const ExtentsOf& extentsOf, Inspection& result)
+        : m_reading(reading),
+          m_steps(reading),
+          m_space(space),
+          m_otherPrefix(otherPrefix),
+          m_extentsOf(extentsOf),
+          m_result(result) {}
+
+    void run() {
+        const std::vector<Pair> pairs = findPairs();
+        const std::vector<Repair> repairs = forecast(m_reading, m_steps, pairs);
+        const std::vector<Marker>& markers = m_reading.markers;
+        std::vector<bool> paired(markers.size(), false);
+        m_settled.assign(m_reading.places.size(), false);
+        for (const Marker& marker : markers)
+            m_settled[marker.place] = true;
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            paired[pairs[i].begin] = paired[pairs[i].end] = true;
+            addGroup(pairs[i], repairs[i]);
+        }
+        for (std::size_t i = 0; i < markers.size(); ++i) {
+            if (paired[i]) continue;
+            Stray& stray = addStray(m_reading.places[markers[i].place]);
+            explain(stray, markers[i]);
+        }
+        addForeignMarkers();
+        addStrayRecords();
+    }
+
+  private:
+    /// Each begin marker with the end marker that follows it.
+    std::vector<Pair> findPairs() {
+        std::vector<Pair> pairs;
+        const std::vector<Marker>& markers = m_reading.markers;
+        std::size_t open = 0;  // the first of the pairs whose end was not met yet
+        for (std::size_t i = 0; i < markers.size(); ++i) {
+            for (; markers[i].endTag && open < pairs.size(); ++open) {
+                pairs[open].end = i;
+                pairs[open].holdsBegin = open + 1 < pairs.size();
+            }
+            const long behind = m_steps.own(i) + m_steps.behind(i);
+            for (std::size_t pair = open; pair < pairs.size(); ++pair)
+                pairs[pair].between += 1 + behind;
+            if (markers[i].begins() && !markers[i].endTag) pairs.push_back({i, i, behind, false});
+        }
+        pairs.resize(open);
+        return pairs;
+    }
+
+    void addGroup(const Pair& pair, Repair repair) {
+        const std::vector<Marker>& markers = m_reading.markers;
+        Group group;
+        group.begin = markers[pair.begin].handle;
+        group.end = markers[pair.end].handle;
+        group.space = m_space;
+        group.count = countOf(markers[pair.begin].count);
+        group.repair = repair;
+        judge(group, markers[pair.begin], markers[pair.end], pair);
+        // What two begin markers reach belongs to the nearer one.
+        std::size_t last = pair.begin + 1;
+        while (last < pair.end && !markers[last].begins())
+            ++last;
+        for (std::size_t i = markers[pair.begin].place + 1; i < markers[last].place; ++i) {
+            if (m_settled[i]) continue;
+            m_settled[i] = true;
+            addMember(group, m_reading.places[i]);
+        }
+        m_result.groups.push_back(std::move(group));
+    }
+
+    void addMember(Group& group, const Place& place) {
+        group.members.push_back(describe(place));
+        if (!m_extentsOf) return;
+        const std::optional<Extents> drawn = m_extentsOf(place.id);
+        if (drawn) group.extents = group.extents ? united(*group.extents, *drawn) : *drawn;
+    }
+
+    Stray& addStray(const Place& place) {
+        const Entity entity = describe(place);
+        return m_result.strays.emplace_back(Stray{entity.handle, entity.type, {}, m_space, {}});
+    }
+
+    void addForeignMarkers() {
+        for (const auto& [place, begins] : m_reading.foreign) {
+            Stray& stray = addStray(m_reading.places[place]);
+            stray.what = begins ? "begin marker" : "end marker";
+            stray.reason = "it is one of " + m_otherPrefix + " groups, and this drawing has " +
+                           m_result.prefix + " groups";
+        }
+    }
+
+    void addStrayRecords() {
+        for (std::size_t i = 0; i < m_settled.size(); ++i) {
+            if (m_settled[i] || !m_reading.places[i].hasRecord) continue;
+            Stray& stray = addStray(m_reading.places[i]);
+            stray.what = "group record";
+            stray.reason = "it belongs to no group any more";
+        }
+    }
+
+    const Reading& m_reading;
+    Steps m_steps;
+    const std::string& m_space;
+    const std::string& m_otherPrefix;
+    const ExtentsOf& m_extentsOf;
+    Inspection& m_result;
+    std::vector<bool> m_settled;  ///< places of markers and members
+};
+
+}  // namespace
+
+long Inspection::whole() const {
+    return std::count_if(groups.begin(), groups.end(),
+                         [](const Group& group) { return group.state == State::Whole; });
+}
+
+Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
+                   const ExtentsOf& extentsOf) {
+    const Working working(drawing);
+    const std::wstring prefix = groupPrefix();
+    const Names names(prefix);
+    const Names others(prefix == GroupPrefix::kOlder ? GroupPrefix::kNewer : GroupPrefix::kOlder);
+    const std::string otherPrefix = host::toUtf8(others.prefix);
+    Inspection result;
+    result.prefix = host::toUtf8(prefix);
+    for (const Space& space : spaces) {
+        const Reading reading = readSpace(space.block, names, others);
+        Judge(reading, space.name, otherPrefix, extentsOf, result).run();
+    }
+    return result;
+}
+
+const char* nameOf(State state) {
+    constexpr const char* kNames[] = {"whole", "short", "over", "empty", "broken"};
+    return kNames[static_cast<int>(state)];
+}
+
+}  // namespace inspection

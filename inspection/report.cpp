@@ -1,0 +1,147 @@
+// Words and JSON for an inspection.
+#include "inspection/report.h"
+
+#include <cmath>
+#include <map>
+#include <nlohmann/json.hpp>
+
+namespace inspection {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Census = std::map<std::string, int>;
+
+Census census(const Group& group, std::string Entity::*property) {
+    Census counts;
+    for (const Entity& member : group.members)
+        ++counts[member.*property];
+    return counts;
+}
+
+/// "20 LINE, 12 ARC", the most frequent first.
+std::string listed(const Census& counts) {
+    std::multimap<int, std::string, std::greater<int>> byCount;
+    for (const auto& [name, count] : counts)
+        byCount.emplace(count, name);
+    std::string text;
+    for (const auto& [count, name] : byCount)
+        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + name;
+    return text;
+}
+
+std::string number(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.6g", value);
+    return text;
+}
+
+std::string line(const Group& group) {
+    std::string text = "group " + group.begin + " to " + group.end + " in " + group.space + ": " +
+                       nameOf(group.state) + ", counts " + std::to_string(group.count);
+    if (!group.members.empty()) {
+        text += "; holds " + listed(census(group, &Entity::type));
+        text += " on layers " + listed(census(group, &Entity::layer));
+    }
+    if (group.extents) {
+        const Extents& box = *group.extents;
+        text += "; from " + number(box[0]) + "," + number(box[1]) + " to " + number(box[2]) + "," +
+                number(box[3]);
+    }
+    long without = 0;
+    for (const Entity& member : group.members)
+        without += member.hasRecord ? 0 : 1;
+    if (without > 0) text += "; " + std::to_string(without) + " without a group record";
+    if (!group.reason.empty()) text += "; " + group.reason + "; " + group.outlook;
+    return text;
+}
+
+Json handles(const Group& group, bool onlyWithoutRecord) {
+    Json list = Json::array();
+    for (const Entity& member : group.members) {
+        if (!onlyWithoutRecord || !member.hasRecord) list.push_back(member.handle);
+    }
+    return list;
+}
+
+Json json(const Group& group) {
+    Json object = {{"begin", group.begin},
+                   {"end", group.end},
+                   {"space", group.space},
+                   {"count", group.count},
+                   {"members", handles(group, false)},
+                   {"withoutRecord", handles(group, true)},
+                   {"types", census(group, &Entity::type)},
+                   {"layers", census(group, &Entity::layer)}};
+    object["extents"] = group.extents ? Json(*group.extents) : Json();
+    object["state"] = nameOf(group.state);
+    object["reason"] = group.reason;
+    object["atSave"] = group.outlook;
+    return object;
+}
+
+Json json(const NamedInspection& drawing) {
+    const Inspection& found = drawing.inspection;
+    Json groups = Json::array();
+    for (const Group& group : found.groups)
+        groups.push_back(json(group));
+    Json strays = Json::array();
+    for (const Stray& stray : found.strays) {
+        strays.push_back(Json{{"handle", stray.handle},
+                              {"type", stray.type},
+                              {"what", stray.what},
+                              {"space", stray.space},
+                              {"reason", stray.reason}});
+    }
+    return {{"file", drawing.file},
+            {"prefix", found.prefix},
+            {"whole", found.whole()},
+            {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
+            {"groups", std::move(groups)},
+            {"strays", std::move(strays)}};
+}
+
+}  // namespace
+
+std::string listText(const std::string& head, const Inspection& found) {
+    std::string text;
+    for (const Group& group : found.groups)
+        text += head + line(group) + "\n";
+    for (const Stray& stray : found.strays) {
+        text += head + "stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " +
+                stray.space + ": " + stray.reason + "\n";
+    }
+    if (found.groups.empty() && found.strays.empty()) return head + "no groups\n";
+    const long whole = found.whole();
+    return text + head + std::to_string(whole) + " whole, " +
+           std::to_string(static_cast<long>(found.groups.size()) - whole) + " not whole, " +
+           std::to_string(found.strays.size()) + " stray\n";
+}
+
+std::string listJson(const std::vector<NamedInspection>& drawings) {
+    Json document = Json::array();
+    for (const NamedInspection& drawing : drawings)
+        document.push_back(json(drawing));
+    // Names that are no sound UTF-8 must not end the program.
+    return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::vector<std::string> changes(const Inspection& before, const Inspection& after) {
+    std::map<std::string, const Group*> left;
+    for (const Group& group : after.groups)
+        left.emplace(group.begin, &group);
+    std::vector<std::string> lines;
+    for (const Group& group : before.groups) {
+        const auto found = left.find(group.begin);
+        const std::string name = "group " + group.begin + " in " + group.space;
+        if (found == left.end()) {
+            lines.push_back("the save dissolved " + name + ": " + group.reason);
+        } else if (found->second->count < group.count) {
+            lines.push_back("the save lowered the count of " + name + " from " +
+                            std::to_string(group.count) + " to " +
+                            std::to_string(found->second->count));
+        }
+    }
+    return lines;
+}
+
+}  // namespace inspection

@@ -1,0 +1,248 @@
+// One entity: its strokes, areas, words and frames, with a title that names it.
+#include "picture/entity_writer.h"
+
+#include <cmath>
+
+#include "picture/plain_text.h"
+
+namespace picture {
+namespace {
+
+using host::Outline;
+using host::OutlineMark;
+using host::OutlinePart;
+using host::Vec;
+using host::Writing;
+
+/// Height of capitals and mean width of a character, as parts of the size of common fonts.
+constexpr double kCapital = 0.72, kCharacter = 0.55;
+constexpr double kLineDistance = 5.0 / 3;
+/// References with more parts than this are looked at when a picture grows large.
+constexpr std::size_t kSimple = 8;
+
+double flatLength(const Vec& v) { return std::hypot(v.x, v.y); }
+
+void open(std::string& svg, const char* element, const std::string& style) {
+    svg += '<';
+    svg += element;
+    if (style.empty()) return;
+    svg += " class=\"";
+    svg += style;
+    svg += '"';
+}
+
+void addPath(std::string& svg, const std::string& data, const std::string& style) {
+    if (data.empty()) return;
+    open(svg, "path", style);
+    svg += " d=\"";
+    svg += data;
+    svg += "\"/>";
+}
+
+std::string joined(const std::string& a, const std::string& b) {
+    return a.empty() ? b : b.empty() ? a : a + ' ' + b;
+}
+
+bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMark& end,
+               std::size_t area) {
+    for (std::size_t i = from.writings; i < end.writings; ++i) {
+        if (outline.writings[i].area == area) return true;
+    }
+    return false;
+}
+
+/// "matrix(...)" or, for upright words, " x= y=".
+std::string placed(const Spot& at, const Vec& along, const Vec& up) {
+    std::string text;
+    const Vec a = along * (1 / flatLength(along)), b = up * (1 / flatLength(up));
+    constexpr double kStraight = 1e-4;
+    if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight && a.x > 0 && b.y > 0) {
+        text = " x=\"";
+        addNumber(text, at.x);
+        text += "\" y=\"";
+        addNumber(text, at.y);
+        return text + '"';
+    }
+    char turn[96];
+    std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", a.x, -a.y, -b.x,
+                  b.y);
+    text = turn;
+    addSpot(text, at);
+    return text + ")\"";
+}
+
+}  // namespace
+
+const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
+    const auto [place, isNew] = m_names.try_emplace(name);
+    if (isNew) place->second = xml(store.decode(name));
+    return place->second;
+}
+
+void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
+    const std::size_t start = svg.size();
+    const Look look(*shown.entity);
+    svg += role == Role::Plain
+               ? "<g>"
+               : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
+    writeTitle(svg, shown, look, note);
+    const std::size_t empty = svg.size();
+    if (shown.lastPart - shown.firstPart > kSimple && svg.size() > m_mostBytes) {
+        const host::Box& box = shown.bounds;
+        writeFrame(svg,
+                   {{box.left, box.bottom, 0},
+                    {box.right, box.bottom, 0},
+                    {box.right, box.top, 0},
+                    {box.left, box.top, 0}},
+                   "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
+        ++m_framed;
+    } else {
+        writeParts(svg, shown, look, role);
+    }
+    if (svg.size() == empty)
+        svg.resize(start);
+    else
+        svg += "</g>\n";
+}
+
+void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
+                              const std::string& note) {
+    const std::string_view type = host::trimmed(shown.entity->type());
+    svg += "<title>";
+    svg += m_names.of(m_store, type);
+    svg += ' ';
+    svg += host::formatHandle(shown.entity->handle);
+    if (type == "INSERT") {
+        const auto block = host::findTag(shown.entity->tags(), 2);
+        svg += ", block ";
+        svg += m_names.of(m_store, block ? host::trimmed(block->value) : "");
+    }
+    svg += ", layer ";
+    svg += m_names.of(m_store, look.layer);
+    svg += note;
+    svg += "</title>";
+}
+
+void EntityWriter::flush(std::string& svg, const std::string& style, std::string* wide) {
+    addPath(svg, m_strokes.data(), style);
+    addPath(svg, m_areas.data(), m_areas.data().empty() ? style : joined("f", style));
+    if (wide != nullptr) *wide += m_strokes.data() + m_areas.data();
+    m_strokes.clear();
+    m_areas.clear();
+}
+
+void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& look, Role role) {
+    const Outline& outline = m_scene.outline;
+    const std::size_t start = svg.size();
+    std::string style;  // of what is collected
+    std::string all;    // of it once more, to point at
+    std::string* const wide = role == Role::WideMember ? &all : nullptr;
+    for (std::size_t i = shown.firstPart; i < shown.lastPart; ++i) {
+        const OutlinePart& part = m_scene.parts[i];
+        const OutlineMark& from = part.from;
+        const OutlineMark end = m_scene.endOf(i);
+        if (!host::hasForm(host::trimmed(part.source->type()))) continue;
+        std::string own = styleOf(shown, part, look, role);
+        if (own != style) flush(svg, style, wide);
+        style.swap(own);
+        for (std::size_t k = from.lines; k < end.lines; ++k)
+            m_strokes.line(outline.lines[k]);
+        for (std::size_t k = from.arcs; k < end.arcs; ++k)
+            m_strokes.arc(outline.arcs[k]);
+        for (std::size_t k = from.areas; k < end.areas; ++k) {
+            if (!isWriting(outline, from, end, k)) m_areas.area(outline.areas[k]);
+        }
+        if (from.writings != end.writings) flush(svg, style, wide);
+        for (std::size_t k = from.writings; k < end.writings; ++k)
+            writeWriting(svg, outline.writings[k], style);
+    }
+    flush(svg, style, wide);
+    for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
+        const Frame& frame = m_scene.frames[i];
+        const Look inner(*frame.source);
+        writeFrame(svg, frame.corners, std::string(host::trimmed(frame.source->type())),
+                   role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
+    }
+    if (!all.empty()) svg.insert(start, "<path class=\"hit\" d=\"" + all + "\"/>");
+}
+
+std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, const Look& look,
+                                  Role role) {
+    const bool isMain = part.source == shown.entity;
+    const Look inner = isMain ? look : Look(*part.source);
+    std::string style = m_inks.weightClass(inner, part.layer);
+    if (role == Role::Plain)
+        style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
+    const std::string_view type = host::trimmed(part.source->type());
+    if (type == "HATCH") return joined("h", style);
+    return type == "POINT" ? joined("p", style) : style;
+}
+
+void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
+                                const std::string& style) const {
+    const std::vector<Vec>& box = m_scene.outline.areas[writing.area];
+    const Vec along = box[1] - box[0], up = box[3] - box[0];
+    const double width = flatLength(along), tall = flatLength(up);
+    if (!(width > 0) || !(tall > 0)) return;
+    const double line = tall * writing.line;
+    std::vector<std::wstring> lines;
+    if (writing.isParagraph) {
+        const double characters = std::min(1e6, width / (kCharacter * line));
+        lines = linesOfParagraphs(writing.words, static_cast<std::size_t>(characters) + 1);
+    } else {
+        lines = {singleLine(writing.words)};
+    }
+    const double size = line * m_view.scale;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
+        const double below = line * (1 + static_cast<double>(i) * kLineDistance);
+        const Vec base = writing.isParagraph ? box[3] - up * (below / tall) : box[0];
+        open(svg, "text", style);
+        svg += placed(m_view.spot(base + along * writing.anchor), along, up) + " font-size=\"";
+        addNumber(svg, std::max(size / kCapital, 0.01));
+        svg += '"';
+        if (writing.anchor > 0)
+            svg += writing.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
+        if (writing.fitted) {
+            svg += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
+            addNumber(svg, width * m_view.scale);
+            svg += '"';
+        }
+        svg += '>' + xml(lines[i]) + "</text>";
+    }
+}
+
+void EntityWriter::writeFrame(std::string& svg, const std::vector<Vec>& corners,
+                              const std::string& name, const std::string& style) const {
+    constexpr double kLeast = 12;  // picture units that a frame measures at least
+    constexpr double kNameSize = 9;
+    Spot low = m_view.spot(corners[0]), high = low;
+    for (const Vec& corner : corners) {
+        const Spot spot = m_view.spot(corner);
+        low = {std::min(low.x, spot.x), std::min(low.y, spot.y)};
+        high = {std::max(high.x, spot.x), std::max(high.y, spot.y)};
+    }
+    std::string data = "M";
+    if (high.x - low.x < kLeast && high.y - low.y < kLeast) {
+        const Spot middle{(low.x + high.x) / 2, (low.y + high.y) / 2};
+        addSpot(data, {middle.x - kLeast / 2, middle.y - kLeast / 2});
+        data += "h12v12h-12z";
+    } else {
+        for (const Vec& corner : corners) {
+            if (data.size() > 1) data += 'L';
+            addSpot(data, m_view.spot(corner));
+        }
+        data += 'z';
+    }
+    addPath(svg, data, joined("fr", style));
+    if (name.empty() || high.x - low.x < kNameSize * kCharacter * static_cast<double>(name.size()))
+        return;
+    open(svg, "text", joined("note", style));
+    svg += " text-anchor=\"middle\" x=\"";
+    addNumber(svg, (low.x + high.x) / 2);
+    svg += "\" y=\"";
+    addNumber(svg, (low.y + high.y) / 2 + kNameSize / 3);
+    svg += "\">" + xml(name) + "</text>";
+}
+
+}  // namespace picture

@@ -1,0 +1,135 @@
+// Hulls, labels and the legend.
+#include "picture/group_frames.h"
+
+#include <algorithm>
+
+#include "picture/plain_text.h"
+#include "picture/style.h"
+
+namespace picture {
+namespace {
+
+constexpr double kRowHeight = 20, kReasonHeight = 15, kLabelHeight = 18;
+constexpr double kCharacter = 6.9;  ///< mean width in a text of 12 units
+/// With more groups than these, labels of whole groups carry the number alone, or are left out.
+constexpr std::size_t kFullLabels = 40, kAnyLabels = 400;
+
+std::string membersOf(const inspection::Group& group) {
+    const std::size_t count = group.members.size();
+    return std::to_string(count) + (count == 1 ? " member" : " members");
+}
+
+bool isWhole(const inspection::Group& group) { return group.state == inspection::State::Whole; }
+
+std::string styleOf(std::size_t number, const inspection::Group& group) {
+    return "q" + std::to_string((number - 1) % kGroupColours) + (isWhole(group) ? "" : " bad");
+}
+
+std::string at(const char* name, double value) {
+    std::string text = std::string(" ") + name + "=\"";
+    addNumber(text, value);
+    return text + '"';
+}
+
+std::string words(const char* style, double x, double y, const std::string& text) {
+    return std::string("<text class=\"") + style + '"' + at("x", x) + at("y", y) + '>' + xml(text) +
+           "</text>";
+}
+
+bool overlap(const Area& a, const Area& b) {
+    return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+/// Lines of at most so many characters.
+std::vector<std::string> wrapped(const std::string& text, std::size_t width) {
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    while (text.size() - begin > width) {
+        std::size_t cut = text.rfind(' ', begin + width);
+        if (cut == std::string::npos || cut <= begin) break;
+        lines.push_back(text.substr(begin, cut - begin));
+        begin = cut + 1;
+    }
+    lines.push_back(text.substr(begin));
+    return lines;
+}
+
+}  // namespace
+
+std::string GroupFrames::open(std::size_t number, const inspection::Group& group,
+                              const std::vector<Spot>& spots) {
+    std::string svg = "<g class=\"g " + styleOf(number, group) + "\" id=\"group" +
+                      std::to_string(number) + "\">\n";
+    const std::vector<Spot> corners = hull(spots);
+    m_hasHull = !corners.empty();
+    if (!m_hasHull) return svg;
+    m_top = *std::min_element(corners.begin(), corners.end(),
+                              [](const Spot& p, const Spot& q) { return p.y < q.y; });
+    std::string data = "M";
+    for (const Spot& corner : corners) {
+        if (data.size() > 1) data += 'L';
+        addSpot(data, corner);
+    }
+    data += 'z';
+    svg += "<path class=\"hull\" d=\"" + data + "\"/>";
+    if (!isWhole(group)) svg += "<path class=\"rim\" d=\"" + data + "\"/>";
+    return svg + "\n";
+}
+
+std::string GroupFrames::close(std::size_t number, const inspection::Group& group) {
+    m_labels += label(number, group);
+    return legendRow(number, group) + "</g>\n";
+}
+
+std::string GroupFrames::label(std::size_t number, const inspection::Group& group) {
+    if (!m_hasHull || (isWhole(group) && m_groups > kAnyLabels)) return {};
+    std::string text = std::to_string(number);
+    if (m_groups <= kFullLabels || !isWhole(group)) text += " \u00b7 " + membersOf(group);
+    if (!isWhole(group)) text += std::string(", ") + nameOf(group.state);
+    const double width = kCharacter * static_cast<double>(text.size()) + 12;
+    constexpr double kAbove = 15;
+    Area area{std::clamp(m_top.x - width / 2, m_canvas.left,
+                         std::max(m_canvas.left, m_canvas.right - width)),
+              std::max(m_top.y - kAbove - kLabelHeight / 2, m_canvas.top), 0, 0};
+    area.right = area.left + width;
+    area.bottom = area.top + kLabelHeight;
+    for (std::size_t i = 0, moves = 0; i < m_taken.size() && moves < 40; ++i) {
+        if (!overlap(area, m_taken[i])) continue;
+        const double down = m_taken[i].bottom + 2 - area.top;
+        area.top += down;
+        area.bottom += down;
+        i = static_cast<std::size_t>(-1);
+        ++moves;
+    }
+    m_taken.push_back(area);
+    return "<g class=\"tag " + styleOf(number, group) + "\"><rect" + at("x", area.left) +
+           at("y", area.top) + at("width", width) + at("height", kLabelHeight) + " rx=\"9\"/>" +
+           words("", area.left + 6, area.top + 13, text) + "</g>\n";
+}
+
+std::string GroupFrames::legendRow(std::size_t number, const inspection::Group& group) {
+    std::vector<std::string> reason;
+    constexpr std::size_t kReasonWidth = 42;
+    if (!isWhole(group)) reason = wrapped(group.reason + "; " + group.outlook, kReasonWidth);
+    const double height = kRowHeight + kReasonHeight * static_cast<double>(reason.size());
+    if (m_row + height > m_legend.bottom) {
+        ++m_unlisted;
+        return {};
+    }
+    const double top = m_row;
+    m_row += height;
+    const double text = m_legend.left + 26;
+    std::string svg = "<g class=\"row\"><rect" + at("x", m_legend.left) + at("y", top) +
+                      at("width", m_legend.right - m_legend.left) + at("height", height) +
+                      " rx=\"4\"/><circle class=\"dot\"" + at("cx", m_legend.left + 13) +
+                      at("cy", top + 10) + " r=\"5\"/>";
+    const std::string name = std::to_string(number) + " \u00b7 " + membersOf(group);
+    svg += words("", text, top + 14, name);
+    svg += words("small", text + kCharacter * static_cast<double>(name.size()) + 4, top + 14,
+                 std::string(nameOf(group.state)) + ", " + group.begin + " to " + group.end);
+    for (std::size_t i = 0; i < reason.size(); ++i)
+        svg += words("why", text, top + 14 + kReasonHeight * static_cast<double>(i + 1), reason[i]);
+    return svg + "</g>\n";
+}
+
+}  // namespace picture

@@ -1,0 +1,172 @@
+// Colour indexes, contrast, and the style classes of colours and line weights.
+#include "picture/inks.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace picture {
+namespace {
+
+constexpr int kByBlock = 0, kByLayer = 256;
+constexpr Rgb kInk = 0x1000000;  ///< no colour of its own: black on light paper, white on dark
+constexpr int kUsualWeight = 25;
+constexpr Rgb kLightPaper = 0xfcfcfa, kDarkPaper = 0x17191d;
+constexpr double kContrast = 3.5;
+constexpr double kCalm = 0.22;  ///< how far colours go towards the grey that is as light
+
+Rgb mixed(double red, double green, double blue) {
+    const auto byte = [](double value) {
+        return static_cast<Rgb>(std::lround(std::clamp(value, 0.0, 255.0)));
+    };
+    return byte(red) << 16 | byte(green) << 8 | byte(blue);
+}
+
+double part(Rgb colour, int shift) { return static_cast<double>(colour >> shift & 0xff); }
+
+double luminance(Rgb colour) {
+    const auto linear = [](double value) {
+        value /= 255;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(part(colour, 16)) + 0.7152 * linear(part(colour, 8)) +
+           0.0722 * linear(part(colour, 0));
+}
+
+double contrast(Rgb a, Rgb b) {
+    const double one = luminance(a) + 0.05, other = luminance(b) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+/// Goes from the colour towards `goal` in steps until it stands out.
+Rgb readable(Rgb colour, Rgb paper, Rgb goal) {
+    constexpr int kSteps = 20;
+    Rgb result = colour;
+    for (int i = 1; i <= kSteps && contrast(result, paper) < kContrast; ++i) {
+        const double t = static_cast<double>(i) / kSteps;
+        const auto between = [&](int shift) {
+            return part(colour, shift) * (1 - t) + part(goal, shift) * t;
+        };
+        result = mixed(between(16), between(8), between(0));
+    }
+    return result;
+}
+
+Rgb calm(Rgb colour) {
+    const double grey = 0.3 * part(colour, 16) + 0.59 * part(colour, 8) + 0.11 * part(colour, 0);
+    const auto calmer = [&](int shift) { return part(colour, shift) * (1 - kCalm) + grey * kCalm; };
+    return mixed(calmer(16), calmer(8), calmer(0));
+}
+
+std::string hex(Rgb colour) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(colour & 0xffffff));
+    return text;
+}
+
+}  // namespace
+
+Rgb colourOfIndex(int index) {
+    constexpr Rgb kFirst[] = {kInk,     0xff0000, 0xffff00, 0x00ff00, 0x00ffff,
+                              0x0000ff, 0xff00ff, kInk,     0x808080, 0xc0c0c0};
+    constexpr Rgb kGreys[] = {0x333333, 0x505050, 0x696969, 0x828282, 0xbebebe, 0xffffff};
+    if (index < 10 || index > 255) return kFirst[index > 0 && index < 10 ? index : 0];
+    if (index >= 250) return kGreys[index - 250];
+    // Tens turn the hue, even units darken, odd ones are half as saturated.
+    constexpr double kValues[] = {255, 165, 127, 76, 38};
+    const double value = kValues[index % 10 / 2];
+    const double low = index % 2 != 0 ? value / 2 : 0;
+    const double sector = (index / 10 - 1) / 4.0;
+    const double within = sector - std::floor(sector);
+    const double rising = low + (value - low) * within,
+                 falling = low + (value - low) * (1 - within);
+    switch (static_cast<int>(sector)) {
+        case 0:
+            return mixed(value, rising, low);
+        case 1:
+            return mixed(falling, value, low);
+        case 2:
+            return mixed(low, value, rising);
+        case 3:
+            return mixed(low, falling, value);
+        case 4:
+            return mixed(rising, low, value);
+        default:
+            return mixed(value, low, falling);
+    }
+}
+
+Rgb readableOnLight(Rgb colour) {
+    return colour == kInk ? 0x30343a : readable(calm(colour), kLightPaper, 0x000000);
+}
+
+Rgb readableOnDark(Rgb colour) {
+    return colour == kInk ? 0xd9dce1 : readable(calm(colour), kDarkPaper, 0xffffff);
+}
+
+Look::Look(const host::ObjectBody& entity) {
+    host::TagWalk tags(entity.tags());
+    // The head ends with the marker of the entity's own class.
+    for (int classes = 0; classes < 2 && tags.nextOwn();) {
+        const host::Tag& tag = tags.tag();
+        if (tag.code == 100) ++classes;
+        if (tag.code == 8) layer = host::trimmed(tag.value);
+        if (tag.code == 62) colour = host::integerOf(tag.value, colour);
+        if (tag.code == 420) trueColour = host::integerOf(tag.value, trueColour);
+        if (tag.code == 370) weight = host::integerOf(tag.value, weight);
+    }
+}
+
+const Inks::Layer& Inks::layerOf(std::string_view name) {
+    const auto [place, isNew] = m_layers.try_emplace(name, Layer{kInk, -3});
+    const host::ObjectBody* record =
+        isNew ? m_store.symbol("LAYER", m_store.decode(name)) : nullptr;
+    if (record == nullptr) return place->second;
+    const host::OwnTags tags(record->tags());
+    const int trueColour = tags.integer(420, -1);
+    place->second.colour = trueColour >= 0 ? static_cast<Rgb>(trueColour) & 0xffffff
+                                           : colourOfIndex(std::abs(tags.integer(62, 7)));
+    place->second.weight = tags.integer(370, -3);
+    return place->second;
+}
+
+const std::string& Inks::colourClass(const Look& look, std::string_view layer,
+                                     const Look& reference) {
+    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
+    if (inherits) return colourClass(reference, reference.layer, reference);
+    Rgb colour = kInk;
+    if (look.trueColour >= 0)
+        colour = static_cast<Rgb>(look.trueColour) & 0xffffff;
+    else
+        colour = look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
+    const auto [place, isNew] = m_colours.try_emplace(colour);
+    if (isNew) place->second = "k" + std::to_string(m_colours.size() - 1);
+    return place->second;
+}
+
+std::string Inks::weightClass(const Look& look, std::string_view layer) {
+    constexpr int kLayersOwn = -1, kHeaviest = 211;
+    int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
+    if (weight < 0 || weight == kUsualWeight) return {};
+    weight = std::min(weight, kHeaviest);
+    m_weights.try_emplace(weight, weight);
+    return "w" + std::to_string(weight);
+}
+
+std::string Inks::style() const {
+    std::string light, dark;
+    for (const auto& [colour, name] : m_colours) {
+        const std::string rule = "." + name + "{--c:";
+        light += rule + hex(readableOnLight(colour)) + "}";
+        dark += rule + hex(readableOnDark(colour)) + "}";
+    }
+    std::string weights;
+    for (const auto& [weight, same] : m_weights) {
+        char rule[48];
+        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, 0.7 + 0.022 * weight);
+        weights += rule;
+    }
+    return light + "\n" + weights + "\n@media(prefers-color-scheme:dark){" + dark + "}\n";
+}
+
+}  // namespace picture

@@ -1,0 +1,62 @@
+// Colours of a picture: those of layers and entities, made readable on light and on dark paper.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "host/store/store.h"
+#include "host/tags/tag_view.h"
+#include "host/tags/tag_walk.h"
+
+namespace picture {
+
+/// Red, green and blue from the high byte on.
+using Rgb = std::uint32_t;
+
+/// The colour of an index from 1 to 255; 7 is the ink of the paper.
+Rgb colourOfIndex(int index);
+/// The colour, a little calmer, and darker or lighter as far as it has to be to stand out from the
+/// paper.
+Rgb readableOnLight(Rgb colour);
+Rgb readableOnDark(Rgb colour);
+
+/// What the head of an entity's tags says about its look. Views borrow the drawing's text.
+struct Look {
+    explicit Look(const host::ObjectBody& entity);
+
+    std::string_view layer = "0";
+    int colour = 256;  ///< index; 0 takes the reference's, 256 the layer's
+    int trueColour = -1;
+    int weight = -1;  ///< hundredths of a millimetre; -1 takes the layer's
+};
+
+/// Finds colour and line weight of entities, and names them by style classes.
+class Inks {
+  public:
+    explicit Inks(const host::Store& store) : m_store(store) {}
+
+    /// Class of a colour ("k3") on a layer; `reference` is the look of the entity whose colour
+    /// counts where a part of its block takes that.
+    const std::string& colourClass(const Look& look, std::string_view layer, const Look& reference);
+    /// Class of a line weight ("w50"), empty for the usual weight.
+    std::string weightClass(const Look& look, std::string_view layer);
+    /// Rules of all classes given out.
+    std::string style() const;
+
+  private:
+    struct Layer {
+        Rgb colour = 0;
+        int weight = -3;
+    };
+    const Layer& layerOf(std::string_view name);
+
+    const host::Store& m_store;
+    std::unordered_map<std::string_view, Layer> m_layers;  ///< names borrowed from the drawing
+    std::map<Rgb, std::string> m_colours;                  ///< with their classes
+    std::map<int, int> m_weights;  ///< hundredths of a millimetre that are in use
+};
+
+}  // namespace picture

@@ -1,0 +1,132 @@
+// Takes the formatting codes out of texts.
+#include "picture/plain_text.h"
+
+#include <cwctype>
+
+#include "host/text/text_codec.h"
+
+namespace picture {
+namespace {
+
+/// Reads the codes of a paragraph text one after the other.
+class Paragraphs {
+  public:
+    explicit Paragraphs(std::wstring_view text) : m_text(text) {}
+
+    std::vector<std::wstring> read() {
+        while (m_at < m_text.size())
+            step();
+        return std::move(m_lines);
+    }
+
+  private:
+    void step() {
+        const wchar_t c = m_text[m_at++];
+        if (c == L'\\' && m_at < m_text.size())
+            code(m_text[m_at++]);
+        else if (c == L'^' && m_at < m_text.size() && m_text[m_at] == L'J')
+            ++m_at, m_lines.emplace_back();
+        else if (c != L'{' && c != L'}')
+            m_lines.back() += c;
+    }
+
+    void code(wchar_t c) {
+        const std::wstring_view switches = L"LlOoKk";
+        const std::wstring_view withValue = L"ACcfFHQTWp";
+        if (c == L'P' || c == L'n' || c == L'N' || c == L'X')
+            m_lines.emplace_back();
+        else if (c == L'~')
+            m_lines.back() += L'\u00a0';
+        else if (c == L'S')
+            stack(value());
+        else if (withValue.find(c) != std::wstring_view::npos)
+            value();
+        else if (switches.find(c) == std::wstring_view::npos)
+            m_lines.back() += c;
+    }
+
+    /// What stands up to the semicolon, which is read too.
+    std::wstring value() {
+        const std::size_t end = std::min(m_text.find(L';', m_at), m_text.size());
+        std::wstring text(m_text.substr(m_at, end - m_at));
+        m_at = std::min(end + 1, m_text.size());
+        return text;
+    }
+
+    void stack(std::wstring fraction) {
+        for (wchar_t& c : fraction) {
+            if (c == L'#' || c == L'^') c = L'/';
+        }
+        m_lines.back() += fraction;
+    }
+
+    std::wstring_view m_text;
+    std::size_t m_at = 0;
+    std::vector<std::wstring> m_lines{1};
+};
+
+/// Breaks a line between words where it grows over a width.
+void wrap(std::wstring_view line, std::size_t width, std::vector<std::wstring>& lines) {
+    while (width > 0 && line.size() > width) {
+        std::size_t cut = line.rfind(L' ', width);
+        if (cut == std::wstring_view::npos || cut == 0) cut = line.find(L' ', width);
+        if (cut == std::wstring_view::npos) break;
+        lines.emplace_back(line.substr(0, cut));
+        line.remove_prefix(cut + 1);
+    }
+    lines.emplace_back(line);
+}
+
+}  // namespace
+
+std::vector<std::wstring> linesOfParagraphs(std::wstring_view text, std::size_t width) {
+    std::vector<std::wstring> lines;
+    for (const std::wstring& paragraph : Paragraphs(text).read())
+        wrap(singleLine(paragraph), width, lines);
+    return lines;
+}
+
+std::wstring singleLine(std::wstring_view text) {
+    std::wstring plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text.substr(i, 2) != L"%%" || i + 2 >= text.size()) {
+            plain += text[i];
+            continue;
+        }
+        const wchar_t code = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(text[i + 2])));
+        i += 2;
+        if (code == L'c')
+            plain += L'\u2300';
+        else if (code == L'd')
+            plain += L'\u00b0';
+        else if (code == L'p')
+            plain += L'\u00b1';
+        else if (code == L'%')
+            plain += L'%';
+        else if (code != L'u' && code != L'o' && code != L'k')
+            plain += text.substr(i - 2, 3);
+    }
+    return plain;
+}
+
+std::string xml(std::wstring_view text) { return xml(std::string_view(host::toUtf8(text))); }
+
+std::string xml(std::string_view text) {
+    std::string safe;
+    safe.reserve(text.size());
+    for (const char c : text) {
+        if (c == '&')
+            safe += "&amp;";
+        else if (c == '<')
+            safe += "&lt;";
+        else if (c == '>')
+            safe += "&gt;";
+        else if (c == '"')
+            safe += "&quot;";
+        else if (static_cast<unsigned char>(c) >= ' ' || c == '\n')
+            safe += c;
+    }
+    return safe;
+}
+
+}  // namespace picture

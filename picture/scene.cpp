@@ -1,0 +1,133 @@
+// Collects outlines, and frames for what has none.
+#include "picture/scene.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace picture {
+namespace {
+
+using host::OutlinePart;
+using host::OwnTags;
+using host::Vec;
+
+/// Numbers beyond this are damage, not a place in a drawing.
+constexpr double kFarthest = 1e15;
+
+bool sane(const host::Box& box) {
+    return box.left > -kFarthest && box.bottom > -kFarthest && box.right < kFarthest &&
+           box.top < kFarthest;
+}
+
+host::Box united(const host::Box& a, const host::Box& b) {
+    return {std::min(a.left, b.left), std::min(a.bottom, b.bottom), std::max(a.right, b.right),
+            std::max(a.top, b.top)};
+}
+
+std::vector<Vec> rectangle(double left, double bottom, double right, double top) {
+    return {{left, bottom, 0}, {right, bottom, 0}, {right, top, 0}, {left, top, 0}};
+}
+
+/// Corners of a picture-like entity by its own tags; empty for other kinds.
+std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
+    const Vec at = host::pointOf(tags, 10);
+    if (type == "IMAGE" || type == "WIPEOUT") {
+        const Vec across = host::pointOf(tags, 11) * tags.real(13, 1);
+        const Vec up = host::pointOf(tags, 12) * tags.real(23, 1);
+        return {at, at + across, at + across + up, at + up};
+    }
+    if (type == "VIEWPORT") {
+        const double x = tags.real(40, 0) / 2, y = tags.real(41, 0) / 2;
+        return rectangle(at.x - x, at.y - y, at.x + x, at.y + y);
+    }
+    if (type == "OLE2FRAME") {
+        const Vec other = host::pointOf(tags, 11, at);
+        return rectangle(std::min(at.x, other.x), std::min(at.y, other.y), std::max(at.x, other.x),
+                         std::max(at.y, other.y));
+    }
+    return {};
+}
+
+/// The frame of a part that the outline shows by its points alone.
+std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
+    const OutlinePart& part = scene.parts[index];
+    if (isMain) {
+        const std::string_view type = host::trimmed(part.source->type());
+        const std::vector<Vec> own = ownFrame(type, OwnTags(part.source->tags()));
+        if (!own.empty()) return own;
+    }
+    const std::size_t end = scene.endOf(index).lines;
+    if (part.from.lines >= end) return {};
+    host::Box box{kFarthest, kFarthest, -kFarthest, -kFarthest};
+    for (std::size_t i = part.from.lines; i < end; ++i) {
+        const Vec& p = scene.outline.lines[i].a;
+        box = united(box, {p.x, p.y, p.x, p.y});
+    }
+    return rectangle(box.left, box.bottom, box.right, box.top);
+}
+
+/// The sheet of a layout is a viewport too.
+bool isSheet(const host::ObjectBody& entity) {
+    return host::trimmed(entity.type()) == "VIEWPORT" && OwnTags(entity.tags()).integer(69, 0) == 1;
+}
+
+void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
+    for (std::size_t i = firstPart; i < scene.parts.size(); ++i) {
+        const host::ObjectBody& source = *scene.parts[i].source;
+        const std::string_view type = host::trimmed(source.type());
+        if (host::hasForm(type)) continue;
+        std::vector<Vec> corners = frameOf(scene, i, &source == &entity);
+        if (!corners.empty())
+            scene.frames.push_back({std::move(corners), &source});
+        else if (&source == &entity)
+            ++scene.shapeless[std::string(type)];
+    }
+}
+
+void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity) {
+    const host::OutlineMark from = scene.outline.mark();
+    const std::size_t firstPart = scene.parts.size(), firstFrame = scene.frames.size();
+    maker.addOutline(entity, scene.outline, scene.parts);
+    addFrames(scene, entity, firstPart);
+    std::optional<host::Box> bounds = scene.outline.bounds(from);
+    for (std::size_t i = firstFrame; i < scene.frames.size(); ++i) {
+        host::Outline frame;
+        frame.areas.push_back(scene.frames[i].corners);
+        bounds = bounds ? united(*bounds, *frame.bounds()) : *frame.bounds();
+    }
+    if (!bounds || !sane(*bounds)) return;
+    scene.bounds = scene.bounds ? united(*scene.bounds, *bounds) : *bounds;
+    scene.shown.push_back(
+        {&entity, firstPart, scene.parts.size(), firstFrame, scene.frames.size(), *bounds});
+}
+
+}  // namespace
+
+std::vector<Vec> Scene::cornersOf(const Shown& one) const {
+    constexpr std::size_t kFew = 16;
+    const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
+    const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
+                          one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
+    const host::Box& box = one.bounds;
+    if (!straight) return rectangle(box.left, box.bottom, box.right, box.top);
+    std::vector<Vec> ends;
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        ends.insert(ends.end(), {outline.lines[i].a, outline.lines[i].b});
+    return ends;
+}
+
+Scene readScene(const host::Store& store, host::Index space) {
+    Scene scene;
+    // Pages that nothing comes to cost nothing; growing would copy what stands there already.
+    scene.shown.reserve(store.count());
+    scene.parts.reserve(store.count());
+    scene.outline.lines.reserve(store.count());
+    host::OutlineMaker maker(store);
+    for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
+         i != host::kNoIndex; i = store.nextLive(store.at(i))) {
+        if (!isSheet(store.at(i))) add(scene, maker, store.at(i));
+    }
+    return scene;
+}
+
+}  // namespace picture

@@ -1,0 +1,66 @@
+// Style rules: calm paper, thin strokes, groups in colours of their own, and what pointing lights.
+#include "picture/style.h"
+
+namespace picture {
+namespace {
+
+struct GroupColour {
+    const char* light;
+    const char* dark;
+};
+
+/// Told apart from each other, from both papers, and from the red of what is broken.
+constexpr GroupColour kColours[kGroupColours] = {
+    {"#1d5fd1", "#7fb0ff"}, {"#b45309", "#f2a65a"}, {"#15803d", "#63d297"}, {"#7c3aed", "#bda1ff"},
+    {"#0e7490", "#5cc8de"}, {"#a3256f", "#f39ac7"}, {"#5b6b12", "#c1cf5f"}, {"#7a4b2a", "#d8a988"},
+};
+
+constexpr const char* kCommon = R"css(
+svg{--paper:#fcfcfa;--ink:#30343a;--soft:#74797f;--line:#dcdcd6;--bad:#c62828;background:var(--paper);font-family:system-ui,"Segoe UI","DejaVu Sans",sans-serif}
+.paper{fill:var(--paper)}
+path{fill:none;stroke:var(--c,var(--ink));stroke-width:var(--w,1.25px);stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
+text{fill:var(--c,var(--ink));white-space:pre}
+.f{fill:var(--c,var(--ink));fill-opacity:.8;stroke-width:.4px}
+.h{--w:.8px;fill:var(--c,var(--ink));fill-opacity:.1;fill-rule:evenodd}
+.p{--w:3px}
+.fr{stroke-dasharray:4 3;--w:.9px;stroke-opacity:.8}
+.note{font-size:9px;fill-opacity:.8}
+.hit{stroke:transparent;stroke-width:11px;pointer-events:stroke}
+.hull{fill:var(--c);stroke:var(--c);stroke-width:18px;opacity:.1;pointer-events:none;transition:opacity .12s}
+.bad .rim{stroke:var(--bad);--w:1.3px;stroke-dasharray:7 4;pointer-events:none}
+.g{cursor:default}
+.g:hover .hull{opacity:.24}
+.g:hover .m{--lit:1.9px}
+.m path{stroke-width:calc(var(--w,1.25px) + var(--lit,0px))}
+.m .hit{stroke-width:11px}
+.g:hover .m text{font-weight:700}
+.tag rect{fill:var(--paper);stroke:var(--c);stroke-width:1px}
+.tag{pointer-events:none}
+.tag.bad rect{stroke:var(--bad)}
+.tag text,.row text{font-size:12px;fill:var(--ink)}
+.tag text{font-weight:600;fill:var(--c)}
+.tag.bad text,.row .why{fill:var(--bad)}
+.row rect{fill:transparent}
+.g:hover .row rect{fill:var(--c);fill-opacity:.14}
+.row .dot{fill:var(--c)}
+.row .small,.small{font-size:11px;fill:var(--soft)}
+.row .why{font-size:11px}
+.head{font-size:15px;font-weight:600;fill:var(--ink)}
+.rule{stroke:var(--line);--w:1px}
+)css";
+
+}  // namespace
+
+std::string commonStyle() {
+    std::string
+        light = kCommon,
+        dark = "svg{--paper:#17191d;--ink:#d9dce1;--soft:#969ca5;--line:#33373e;--bad:#ff8a80}";
+    for (int i = 0; i < kGroupColours; ++i) {
+        const std::string rule = ".q" + std::to_string(i) + "{--c:";
+        light += rule + kColours[i].light + "}";
+        dark += rule + kColours[i].dark + "}";
+    }
+    return light + "\n@media(prefers-color-scheme:dark){" + dark + "}\n";
+}
+
+}  // namespace picture

@@ -1,0 +1,77 @@
+# A picture of a grouped drawing in a browser: pointing at a member lights its group and no other.
+#
+# usage: picture.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER [LAUNCHER...]
+import os
+import subprocess
+import sys
+import tempfile
+
+from selenium import webdriver
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.by import By
+
+OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
+           " --disable-background-networking --disable-component-update --window-size=1500,950")
+GROUPS = "VelmoGROUPMAKE W 7,0 10,8\n\nVelmoGROUPMAKE W -2.9,-3 3,6\n\n"
+
+
+def make_picture(host, samples, work):
+    os.makedirs(work, exist_ok=True)
+    grouped, picture = os.path.join(work, "grouped.dxf"), os.path.join(work, "grouped.svg")
+    plan = os.path.join(samples, "plan.dxf")
+    launch = [*sys.argv[4:], host]
+    subprocess.run([*launch, "--script", "-", plan], input=f"{GROUPS}SAVEAS {grouped}\n", text=True,
+                   check=True, stdout=subprocess.DEVNULL)
+    subprocess.run([*launch, "--picture", picture, grouped], check=True)
+    return picture
+
+
+def browse(profile):
+    options = webdriver.ChromeOptions()
+    for option in OPTIONS.split() + [f"--user-data-dir={profile}"]:
+        options.add_argument(option)
+    return webdriver.Chrome(options=options)
+
+
+def widths(browser, group):
+    """Stroke widths of the strokes that are seen of a group's members."""
+    strokes = browser.find_elements(By.CSS_SELECTOR, f"#{group} .m path:not(.hit)")
+    return {stroke.value_of_css_property("stroke-width") for stroke in strokes}
+
+
+def main(browser, picture):
+    browser.get("file://" + os.path.abspath(picture))
+    members = browser.find_elements(By.CSS_SELECTOR, "#group1 .m")
+    calm = widths(browser, "group1"), widths(browser, "group2")
+    line = next(m for m in members if m.find_element(By.TAG_NAME, "title")
+                .get_attribute("textContent").startswith("LINE "))
+    title = line.find_element(By.TAG_NAME, "title").get_attribute("textContent")
+    ActionChains(browser).move_to_element(line.find_element(By.CSS_SELECTOR, ".hit")).perform()
+    lit = widths(browser, "group1"), widths(browser, "group2")
+    row = browser.find_element(By.CSS_SELECTOR, "#group2 .row")
+    ActionChains(browser).move_to_element(row).perform()
+    by_legend = widths(browser, "group1"), widths(browser, "group2")
+    handle = line.get_attribute("id")[1:]
+    checks = {
+        f"{len(members)} members of the first group": len(members) == 6,
+        f"a calm picture: {calm}": calm[0] == calm[1] and len(calm[0]) == 1,
+        f"the title {title!r}": f"LINE {handle}, layer " in title,
+        f"all members lit by one: {lit}": lit[0] != calm[0] and len(lit[0]) == 1,
+        f"the other group as before: {lit}": lit[1] == calm[1],
+        f"the other one lit by its line in the legend: {by_legend}":
+            by_legend == (calm[0], lit[0]),
+    }
+    failed = [what for what, holds in checks.items() if not holds]
+    for what in failed:
+        print(f"failed: {what}")
+    return 1 if failed else 0
+
+
+with tempfile.TemporaryDirectory() as folder:
+    drawn = make_picture(*sys.argv[1:4])
+    window = browse(folder)
+    try:
+        status = main(window, drawn)
+    finally:
+        window.quit()
+sys.exit(status)
