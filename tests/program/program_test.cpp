@@ -120,7 +120,7 @@ TEST_F(ProgramTest, FilesThatCannotBeRead) {
 TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     script("LINE 0,0 1,1\n\nSAVEAS good.dxf\n");
     std::string text = contentOf("good.dxf");
-    const std::size_t layer = text.rfind("\n  8\n0\n", text.find("AcDbLine"));
+    const std::size_t layer = text.rfind("\n  8\n0\n", text.find("AcDbLine\n"));
     ASSERT_NE(layer, std::string::npos);
     const std::size_t names = text.find("  0\nTABLE\n  2\nAPPID\n");
     const std::size_t behind = text.find("  0\nTABLE\n", names + 1);
