@@ -52,27 +52,6 @@ TEST_F(ProgramTest, AScriptDrawsAndSaves) {
     EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
 }
 
-TEST_F(ProgramTest, CommandsThatGoWrong) {
-    const struct {
-        const char* script;
-        int status;
-        const char* complaint;
-    } cases[] = {
-        {"NONSENSE\n", 1, ":1: unknown command \"NONSENSE\"; drafthost --help lists the commands"},
-        {"\nLINE 0,0", 1, ":2: LINE was cancelled: the input ended inside the command"},
-        {"(handent \"FFFF\")\n", 1, ":1: no object has the handle FFFF in this drawing"},
-        {"SAVEAS x.dwg\n", 4,
-         ":1: SAVEAS failed: x.dwg: only DXF can be written; name the file .dxf"},
-    };
-    for (const auto& each : cases) {
-        const Result run = script(each.script);
-        EXPECT_EQ(run.status, each.status) << each.script;
-        EXPECT_EQ(run.errors, "drafthost: standard input" + std::string(each.complaint) + "\n");
-    }
-    EXPECT_EQ(script("OPEN nowhere.dxf\n").status, 3);
-    EXPECT_EQ(script("SAVEAS nowhere/a.dxf\n").status, 4);
-}
-
 TEST_F(ProgramTest, FilesThatCannotBeRead) {
     EXPECT_EQ(drafthost("--no-module nowhere.dxf").status, 3);
     EXPECT_EQ(drafthost("--no-module nowhere.dxf").errors.rfind("drafthost: nowhere.dxf: ", 0), 0u);
