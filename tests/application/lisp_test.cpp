@@ -70,11 +70,4 @@ TEST_F(LispTest, OutsideACallThereIsNothingToAskFor) {
     EXPECT_EQ(acedRegFunc([] { return 1; }, 77), RTERROR);
 }
 
-TEST_F(LispTest, LeaksAreReported) {
-    call(L"(ProbeLeaks)");
-    EXPECT_EQ(faults().rfind("after (ProbeLeaks): 1 result buffer(s) not released", 0), 0u);
-    session.reset();
-    EXPECT_NE(faults(), "");
-}
-
 }  // namespace

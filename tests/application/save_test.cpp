@@ -2,23 +2,18 @@
 #include "session_fixture.h"
 
 #include "host/dxf/check/drawing_check.h"
-#include "host/dxf/file/file_access.h"
 #include "host/objectarx/editor.h"
 
 namespace {
 
 class SaveTest : public SessionTest {
   protected:
-    ~SaveTest() override { setFileFault(0); }
     SaveTest() {
         session->newDrawing();
         session->runScript(L"LINE 0,0 1,1\n\n");
     }
     std::wstring quoted(const std::string& name) const {
         return L"\"" + fromUtf8(file(name)) + L"\"";
-    }
-    std::ptrdiff_t fileCount() const {
-        return std::distance(std::filesystem::directory_iterator(file("")), {});
     }
     std::string name() const { return toUtf8(acDocManager->curDocument()->fileName()); }
 };
@@ -58,28 +53,6 @@ TEST_F(SaveTest, ChangesInBeginSaveAreInTheFile) {
     editor->removeReactor(&change);
     EXPECT_EQ(change.heard, file("a.dxf"));
     EXPECT_NE(contentOf(file("a.dxf")).find("$USERI1\n 70\n4711"), std::string::npos);
-}
-
-TEST_F(SaveTest, AFullDiskIsOneLineAndAnExitStatusWhereverItStrikes) {
-    session->runScript(L"SAVEAS " + quoted("a.dxf") + L"\nPOINT 0,0\n");
-    const std::string before = contentOf(file("a.dxf"));
-    for (long failAt = 1; failAt <= 8; ++failAt) {
-        SCOPED_TRACE(failAt);
-        setFileFault(failAt);
-        EXPECT_EQ(problemsOf(L"QSAVE\n"),
-                  "plan.scr:1: QSAVE failed: " + file("a.dxf") +
-                      ": cannot be written: No space left on device; nothing was changed, save "
-                      "elsewhere\n");
-        EXPECT_EQ(session->exitStatus(), 4);
-        EXPECT_EQ(contentOf(file("a.dxf")), before);
-        const bool hasBackup = failAt == 8;  // all but the last renaming is done
-        EXPECT_EQ(fileCount(), hasBackup ? 2 : 1);
-        EXPECT_EQ(contentOf(file("a.bak")), hasBackup ? before : "");
-    }
-    setFileFault(0);
-    EXPECT_EQ(problemsOf(L"QSAVE\n"), "");
-    EXPECT_NE(contentOf(file("a.dxf")), before);
-    EXPECT_EQ(contentOf(file("a.bak")), before);
 }
 
 TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {

@@ -15,6 +15,7 @@
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
+#include "host/dxf/file/file_access.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/store/store.h"
@@ -30,7 +31,7 @@ class SessionTest : public testing::Test {
     SessionTest() {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
         m_folder = std::filesystem::temp_directory_path() /
-                   (std::string("velmo_") + info->test_suite_name() + "_" + info->name());
+                   ("velmo_" + std::to_string(processNumber()) + "_" + info->name());
         std::filesystem::remove_all(m_folder);
         std::filesystem::create_directories(m_folder);
         setVariable("PROBE", nullptr);

@@ -43,16 +43,6 @@ class EditingTest : public CommandsTest {
     }
 };
 
-TEST_F(EditingTest, CopyMakesOneForEachPointInTheOrderOfSelection) {
-    EXPECT_EQ(run(L"COPY ALL\n\n0,0 100,0 @0,50\n\n"), CommandStatus::Done);
-    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE LINE CIRCLE");
-    EXPECT_EQ(groups(entity("LINE", 1), {10, 20, 11}), "100.0 0.0 110.0");
-    EXPECT_EQ(groups(entity("CIRCLE", 2), {10, 20}), "5.0 55.0");
-    EXPECT_EQ(run(L"COPY L\n\nD 1,2\nCOPY L\n\n7,8\n\n"), CommandStatus::Done);
-    EXPECT_EQ(groups(entity("CIRCLE", 3), {10, 20}), "6.0 57.0");
-    EXPECT_EQ(groups(entity("CIRCLE", 4), {10, 20}), "13.0 65.0");
-}
-
 TEST_F(EditingTest, CopiesStandInDrawingOrderOrBySwitchInTheOrderOfSelection) {
     const std::wstring selected = L"5,6 0,0\n\n";  // the circle first
     run(L"COPY " + selected + L"D 9,9\n");
@@ -69,16 +59,6 @@ TEST_F(EditingTest, TheClipboardHoldsWhatIsSelectedFirst) {
     point.setTags(std::string(point.tags()) + "340\n" + formatHandle(entity("TEXT").handle) + "\n");
     run(L"COPYCLIP 7,7 8,8\n\nNEW\nPASTECLIP 0,0\n");
     EXPECT_EQ(entities(), "POINT POINT TEXT");
-}
-
-TEST_F(EditingTest, MirrorKeepsOrReplacesTheSources) {
-    run(L"MIRROR ALL\n\n0,0 0,1\n\n");
-    EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE");
-    EXPECT_EQ(groups(entity("LINE", 1), {11}), "-10.0");
-    const Index count = store().count();
-    run(L"MIRROR ALL\n\n0,0 0,1 y\n");
-    EXPECT_EQ(groups(entity("LINE", 0), {11}), "-10.0");
-    EXPECT_EQ(store().count(), count);
 }
 
 /// Cancelled at whatever prompt, a command leaves the drawing as it was; COPY leaves its copies.

@@ -126,25 +126,6 @@ TEST(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     EXPECT_FALSE(outer.erased || inner.erased);
 }
 
-TEST(StoreOrder, TypesInWrongPlacesKeepTheirList) {
-    Drawing drawing;
-    host::Store& store = drawing.store();
-    const Index layers = store.table("LAYER");
-    host::ObjectBody& layer = drawing.addObject("0 LAYER|2 stray", drawing.model());
-    host::ObjectBody& record = drawing.make("0 XRECORD|2 stray", store.at(layers), false);
-    store.appendChild(layers, record);
-    host::ObjectBody& end = drawing.add("0 SEQEND|8 0");
-    host::ObjectBody& line = drawing.add("0 LINE|8 0");
-    EXPECT_EQ(store.nextLive(end), line.self);
-    for (const bool erased : {true, false}) {
-        for (host::ObjectBody* body : {&layer, &record, &end})
-            store.setErased(*body, erased);
-        EXPECT_EQ(store.lastLive(store.objectsList()) == layer.self, !erased);
-        EXPECT_EQ(store.lastLive(layers) == record.self, !erased);
-        EXPECT_EQ(store.firstLive(store.modelSpace()) == end.self, !erased);
-    }
-}
-
 TEST(HandleIndex, FindsEveryHandleAndRefusesTakenOnes) {
     host::Store store;
     std::mt19937_64 random(7);
@@ -166,20 +147,4 @@ TEST(HandleIndex, FindsEveryHandleAndRefusesTakenOnes) {
     host::ObjectBody& made = store.duplicate(pattern, kNoIndex);
     EXPECT_FALSE(std::binary_search(handles.begin(), handles.end(), made.handle));
     EXPECT_EQ(store.byHandle(made.handle), &made);
-}
-
-TEST(MissingHandles, AreGivenInTheRightGroup) {
-    host::Store store;
-    const auto create = [&](const char* literal, std::uint64_t handle) -> host::ObjectBody& {
-        const auto kept = store.keep(entities::storedGroups(literal));
-        return *store.create(host::Kind::Entity, kept, handle);
-    };
-    host::ObjectBody& line = create("0 LINE|8 0", 0);
-    host::ObjectBody& style = create("0 DIMSTYLE|2 Standard|5 arrow", 0);
-    create("0 POINT|5 20|8 0", 0x20);
-    store.assignMissingHandles();
-    EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
-    EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
-    EXPECT_EQ(store.byHandle(0x22), &style);
-    EXPECT_EQ(store.handleSeed(), 0x23u);
 }

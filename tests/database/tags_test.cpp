@@ -95,14 +95,5 @@ TEST(Tags, DataOfAnXrecordHasNoBracketsAndNoMarkers) {
               "0Ht 102H(1 102H)1 330Ho 100D| 280D 102D 102D 100D 101D 5D 1001X");
 }
 
-TEST(Tags, ReadingStopsAtTheEndOfCutText) {
-    Tag tag;
-    for (const char* text : {"  0", "  0\n", "  0\nLI", "\n", "x"}) {
-        TagReader reader(text);
-        ASSERT_TRUE(reader.next(tag)) << text;
-        EXPECT_FALSE(reader.next(tag)) << text;
-    }
-}
-
 }  // namespace
 }  // namespace host

@@ -62,46 +62,6 @@ class Pickfirst : public EditorTest {
     Watcher watcher;
 };
 
-TEST_F(Pickfirst, ClicksAddAndShiftRemoves) {
-    for (const wchar_t* mode : {L"1", L"2"}) {
-        set(L"PICKADD", mode);
-        host::pick(ids("ba"));
-        EXPECT_EQ(look(), "ba 1");
-        host::pick(ids("acb"));
-        EXPECT_EQ(look(), "bac 1") << "those in the set stay in place";
-        host::pick(ids("a"));
-        EXPECT_EQ(look(), "bac 0");
-        host::unpick(ids("ad"));
-        EXPECT_EQ(look(), "bc 1");
-        host::pick({});
-        EXPECT_EQ(look(), "bc 0");
-        host::pickNothing();
-        EXPECT_EQ(look(), " 1");
-        host::pickNothing();
-        EXPECT_EQ(look(), " 0");
-    }
-}
-
-TEST_F(Pickfirst, PickAdd0Replaces) {
-    set(L"PICKADD", L"0");
-    host::pick(ids("ab"));
-    EXPECT_EQ(look(), "ab 1");
-    host::pick(ids("bc"));
-    EXPECT_EQ(look(), "bc 1");
-    host::unpick(ids("bd"));
-    EXPECT_EQ(look(), "cd 1") << "Shift takes out what is in and adds what is not";
-    host::pick(ids("cd"));
-    EXPECT_EQ(look(), "cd 0");
-}
-
-TEST_F(Pickfirst, PickFirst0SelectsNothingButNotifies) {
-    set(L"PICKFIRST", L"0");
-    host::pick(ids("a"));
-    EXPECT_EQ(look(), " 1");
-    host::unpick(ids("a"));
-    EXPECT_EQ(look(), " 1");
-}
-
 TEST_F(Pickfirst, ErasedEntitiesDropOut) {
     host::pick(ids("abc"));
     erase(entities[1]);
@@ -143,25 +103,6 @@ TEST_F(Pickfirst, NotificationMayWaitForIdle) {
     EXPECT_EQ(look(), "a 1");
     host::idle();
     EXPECT_EQ(look(), "a 0");
-}
-
-TEST_F(Pickfirst, AHandlerMayWidenTheSetInEitherMode) {
-    for (bool inside : {true, false}) {
-        host::switches().pickfirstNotifiedInside = inside;
-        bool guard = true;
-        watcher.onPickfirst = [&] {
-            if (!guard) return;
-            guard = false;
-            EXPECT_EQ(getFirst(), "a");
-            EXPECT_EQ(setFirst("eab"), RTNORM);
-        };
-        editor->addReactor(&watcher);
-        host::pick(ids("a"));
-        EXPECT_EQ(look(), "eab 2");
-        editor->removeReactor(&watcher);
-        host::pickNothing();
-        look();
-    }
 }
 
 TEST_F(Pickfirst, EndlessHandlersAreStopped) {

@@ -3,7 +3,6 @@
 
 #include "editor/editor_fixture.h"
 #include "host/control/accounting.h"
-#include "host/control/faults.h"
 
 namespace tests {
 namespace {
@@ -92,25 +91,6 @@ TEST_F(SelectionSets, BelongToTheirDrawing) {
     ads_name none;
     EXPECT_EQ(acedSSAdd(nullptr, nullptr, none), RTERROR) << "no drawing is open";
     EXPECT_EQ(acedSSFree(set), RTNORM) << "freeing works from anywhere";
-}
-
-TEST_F(SelectionSets, AreReportedWhenLeftOpen) {
-    const host::HeldCounts before = host::heldNow();
-    ads_name leaked;
-    acedSSAdd(names[1], nullptr, leaked);
-    host::checkNothingLeaked(before, "test");
-    EXPECT_EQ(takeFaults().size(), 1u);
-    acedSSFree(leaked);
-}
-
-TEST_F(SelectionSets, AFailingCallHasNoEffect) {
-    host::FaultPlan plan;
-    plan.failAt = 1;
-    plan.onlyCalls = "acedSSAdd";
-    host::setFaultPlan(plan);
-    EXPECT_EQ(acedSSAdd(names[1], set, set), RTERROR);
-    EXPECT_EQ(members(set), "a");
-    EXPECT_EQ(acedSSAdd(names[1], set, set), RTNORM);
 }
 
 }  // namespace

@@ -18,22 +18,6 @@ TEST(Copies, ACopyOfAWidenedSelectionIsAGroupOfItsOwn) {
               "begin(2) line* line* end line line");
 }
 
-TEST(Copies, ASelectionThatWasNotWidenedIsCopiedAsItStands) {
-    Scene scene("(line line)");
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"COPY #1 #2 #3 #4\n\n0,0 50,0\n\n");
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end begin(2)? line* line* end?");
-}
-
-TEST(Copies, ASecondCopyWithoutANewPickIsNotTracked) {
-    Scene scene("(line)");
-    scene.click({2});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    ASSERT_EQ(scene.order(), "begin(1) line* end begin(1) line* end");
-    scene.after(L"COPY #1 #2 #3\n\n0,0 90,0\n\n");
-    EXPECT_EQ(scene.order(), "begin(1) line* end begin(1) line* end begin(1)? line* end?");
-}
-
 TEST(Copies, GroupsCopiedTogetherAreLinkedPairwise) {
     Scene scene("(line) (circle)");
     scene.click({2});
@@ -61,6 +45,8 @@ TEST(Copies, EveryPasteOfTheSameClipboardIsAGroup) {
               std::string(kTwoGroups) + " |  | \nSpecify insertion point: \n2 Groups Updated. ");
     scene.after(L"PASTECLIP 90,0\n");
     EXPECT_EQ(scene.order(), std::string(kTwoGroups) + " begin(2) line* line* end");
+    scene.click({3});
+    EXPECT_EQ(scene.picked(), "1 3 2 4");
 }
 
 TEST(Copies, ACutGroupComesBackWithAPaste) {

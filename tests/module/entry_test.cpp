@@ -6,7 +6,6 @@
 #include "host/control/effects.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/run/command_stack.h"
-#include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
 
 namespace {
@@ -46,25 +45,6 @@ TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
     EXPECT_EQ(host::editorReactorCount(), 1);
 }
 
-TEST(Entry, GreysTheItemOfTheFirstMenuGroupThatIsLoaded) {
-    const std::pair<Texts, Texts> cases[] = {
-        {{}, {}},
-        {{L"Morvanta"}, {L"GMorvanta.ID_GRP_ON=~"}},
-        {{L"Pelltrix"}, {L"GPelltrix.ID_GRP_ON=~"}},
-        {{L"Pelltrix", L"Morvanta"}, {L"GMorvanta.ID_GRP_ON=~"}},
-    };
-    for (const auto& [groups, expected] : cases) {
-        Drafting drafting;
-        drafting.session().unloadModule(kModule);
-        for (const std::wstring& group : groups) {
-            host::setMenuGroupLoaded(group, true);
-        }
-        host::clearEffects();
-        drafting.session().loadModule(tests::modulePath());
-        EXPECT_EQ(effectTexts(EffectKind::MenuCommand), expected);
-    }
-}
-
 TEST(Entry, VersionFunctionPrintsTheMomentOfTheBuildInEveryDrawing) {
     Drafting drafting;
     drafting.session().newDrawing();
@@ -99,6 +79,7 @@ TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {
 
 TEST(Entry, EachDrawingMetGreysTheMenuItemAnew) {
     Drafting drafting("", L"Morvanta");
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
     drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
     EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
     drafting.run(L"VelmoGROUPMAKE ALL\n\n");

@@ -12,42 +12,27 @@ using tests::underEachSetting;
 
 const std::string kGroup = "begin(2) line* line* end | ";
 
-struct MenuCase {
-    std::vector<std::wstring> loaded;
-    std::string firstOff;  ///< in a drawing that the module has not met before
-    std::string on;
-    std::string off;
-};
-
 TEST(GroupingMode, MenuItemsOfTheFirstMenuGroupFollow) {
-    const MenuCase cases[] = {
-        {{}, "", "", ""},
-        {{L"Morvanta"},
-         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON=",
-         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=",
-         "GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON="},
-        {{L"Pelltrix"},
-         "GPelltrix.ID_GRP_ON=~, GPelltrix.ID_GRP_OFF=~, GPelltrix.ID_GRP_ON=",
-         "GPelltrix.ID_GRP_ON=~, GPelltrix.ID_GRP_OFF=",
-         "GPelltrix.ID_GRP_OFF=~, GPelltrix.ID_GRP_ON="},
-        {{L"Pelltrix", L"Morvanta"},
-         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON=",
-         "GMorvanta.ID_GRP_ON=~, GMorvanta.ID_GRP_OFF=",
-         "GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON="},
-        {{L"Other"}, "", "", ""},
-    };
-    const auto shown = [](const std::string& menu) {
-        return menu.empty() ? " |  | " : " |  |  | " + menu;
-    };
-    for (const MenuCase& each : cases) {
+    const std::pair<std::vector<std::wstring>, std::string> cases[] = {
+        {{}, ""},
+        {{L"Other"}, ""},
+        {{L"Morvanta"}, "Morvanta"},
+        {{L"Pelltrix"}, "Pelltrix"},
+        {{L"Pelltrix", L"Morvanta"}, "Morvanta"}};
+    for (const auto& [loaded, group] : cases) {
         Scene scene("");
-        for (const std::wstring& group : each.loaded) {
-            host::setMenuGroupLoaded(group, true);
-        }
-        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(each.firstOff));
-        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(each.on));
-        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(each.on));
-        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(each.off));
+        for (const std::wstring& each : loaded)
+            host::setMenuGroupLoaded(each, true);
+        const std::string item = "G" + group + ".ID_GRP_";
+        const auto shown = [&](const std::string& menu) {
+            return group.empty() ? " |  | " : " |  |  | " + menu;
+        };
+        const std::string on = item + "ON=~, " + item + "OFF=";
+        const std::string off = item + "OFF=~, " + item + "ON=";
+        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(item + "ON=~, " + off));
+        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(on));
+        EXPECT_EQ(scene.after(L"VelmoGROUPACTIVE\n"), shown(on));
+        EXPECT_EQ(scene.after(L"VelmoGROUPNOTACTIVE\n"), shown(off));
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include "common/drafting.h"
 #include "gtest/gtest.h"
-#include "host/control/effects.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -31,17 +30,6 @@ TEST(Samples, EveryScriptRunsWithoutAFailedCommand) {
 TEST(Samples, TheDrawingIsSound) {
     tests::Drafting drafting(std::string(SAMPLES_FOLDER) + "/plan.dxf");  // checked at its end
     EXPECT_GT(drafting.order().size(), 100u);
-}
-
-TEST(Samples, TheTourSaysWhatThePageSays) {
-    tests::Drafting drafting;
-    const std::wstring said =
-        drafting.run(textOf(std::filesystem::path(SAMPLES_FOLDER) / "try_groups.scr"));
-    for (const wchar_t* line :
-         {L"Select entities to form an VelmoGroup:", L"Entity Removed, 3 still in the Group.",
-          L"Nothing selected", L"3 Entities Ungrouped.", L"GroupCommands : "}) {
-        EXPECT_NE(said.find(line), std::wstring::npos) << host::toUtf8(line);
-    }
 }
 
 }  // namespace

@@ -1,10 +1,7 @@
-// Which notifications change what the module remembers of a drawing, shown by what follows them,
-// and when around a command the module acts.
+// Which notifications change what the module remembers of a drawing, shown by what follows them.
 #include "common/scene.h"
 #include "gtest/gtest.h"
-#include "host/control/faults.h"
 #include "host/editor/state/notify.h"
-#include "host/objectarx/editor.h"
 
 namespace {
 
@@ -102,59 +99,6 @@ TEST(Tracking, TheChangeOfSelectionByAClipboardCommandIsIgnored) {
         // By position over the changing list: 2, 5, 2 and 5 once more come to its end.
         EXPECT_EQ(scene.picked(), "1 3 6 4 2 5") << "that after a mirrored selection is";
     }
-}
-
-/// Writes down what happens and what the drawing holds then.
-class Recorder : public AcEditorReactor {
-  public:
-    explicit Recorder(const Scene& scene) : m_scene(scene) { editor()->addReactor(this); }
-    ~Recorder() override { editor()->removeReactor(this); }
-    void commandWillStart(const ACHAR* name) override { note("start", name); }
-    void commandEnded(const ACHAR* name) override { note("end", name); }
-    void commandCancelled(const ACHAR* name) override { note("cancel", name); }
-    void beginSave(AcDbDatabase*, const ACHAR*) override { note("save", L""); }
-
-    /// Everything since the last call.
-    std::string take() { return std::exchange(m_text, ""); }
-
-  private:
-    static AcEditor* editor() { return static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor")); }
-    void note(const std::string& what, const std::wstring& name) {
-        m_text += what + " " + host::toUtf8(name) + ": " + m_scene.order() + "\n";
-    }
-
-    const Scene& m_scene;
-    std::string m_text;
-};
-
-// The recorder is attached behind the module, so it sees what the module has done.
-TEST(Tracking, TheModuleActsAtTheStartOrTheEndOfACommand) {
-    Scene scene("(line)");
-    Recorder recorder(scene);
-    scene.click({2});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    EXPECT_EQ(recorder.take(),
-              std::string("start COPY: begin(1) line* end\nend COPY: ") + kTracked + "\n");
-    scene.click({2});
-    scene.after(L"CUTCLIP\nPASTECLIP 7,7\n");
-    EXPECT_EQ(recorder.take(), std::string("start CUTCLIP: ") + kTracked +
-                                   "\nend CUTCLIP: begin(1) line* end"
-                                   "\nstart PASTECLIP: begin(1) line* end\nend PASTECLIP: " +
-                                   kTracked + "\n");
-    scene.click({2});
-    scene.after(L"MIRROR 0,9 1,9 Y\n");
-    EXPECT_EQ(recorder.take(),
-              std::string("start MIRROR: ") + kTracked + "\nend MIRROR: " + kTracked + "\n");
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #2\n\n");
-    recorder.take();
-    scene.after(L"REGEN\n");
-    EXPECT_EQ(recorder.take(), "start REGEN: begin(1) line* end\nend REGEN: begin(1) line* end\n");
-    scene.after(L"ERASE #2\n\n");
-    recorder.take();
-    const std::string file = tests::scratchFolder() + "/saved.dxf";
-    scene.after(L"SAVEAS \"" + host::fromUtf8(file) + L"\"\n");
-    EXPECT_EQ(recorder.take(), "start SAVEAS: begin(1) end\nsave : \nend SAVEAS: \n");
 }
 
 }  // namespace

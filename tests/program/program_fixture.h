@@ -9,6 +9,7 @@
 #include <string>
 
 #include "common/process.h"
+#include "host/dxf/file/file_access.h"
 
 /// What one run gave.
 struct Result {
@@ -23,7 +24,7 @@ class ProgramTest : public testing::Test {
     ProgramTest() : m_home(std::filesystem::current_path()) {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
         m_folder = std::filesystem::temp_directory_path() /
-                   (std::string("velmo_") + info->test_suite_name() + "_" + info->name());
+                   ("velmo_" + std::to_string(host::processNumber()) + "_" + info->name());
         std::filesystem::remove_all(m_folder);
         std::filesystem::create_directories(m_folder);
         std::filesystem::current_path(m_folder);

@@ -21,9 +21,9 @@ TEST_F(ProgramTest, WrongUse) {
         {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
         {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
-        {"--groups", "--groups needs a drawing"},
+        {"--groups", "--groups needs at least one file"},
         {"--json a.dxf", "--json belongs to --groups"},
-        {"--picture a.svg a.dxf b.dxf", "--picture draws one drawing, not also \"b.dxf\""},
+        {"--picture a.svg --check a.dxf", "--check, --groups and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
         const Result run = drafthost(each.arguments);
@@ -53,27 +53,6 @@ TEST_F(ProgramTest, AScriptDrawsAndSaves) {
     EXPECT_EQ(drafthost("--check \"a b.dxf\"").output, "a b.dxf: sound\n");
     const Result list = drafthost("--no-module -s - /i \"a b.dxf\"", "PICK 0.5,0\nPICKED\n");
     EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
-}
-
-TEST_F(ProgramTest, CommandsThatGoWrong) {
-    const struct {
-        const char* script;
-        int status;
-        const char* complaint;
-    } cases[] = {
-        {"NONSENSE\n", 1, ":1: unknown command \"NONSENSE\"; drafthost --help lists the commands"},
-        {"\nLINE 0,0", 1, ":2: LINE was cancelled: the input ended inside the command"},
-        {"(handent \"FFFF\")\n", 1, ":1: no object has the handle FFFF in this drawing"},
-        {"SAVEAS x.dwg\n", 4,
-         ":1: SAVEAS failed: x.dwg: only DXF can be written; name the file .dxf"},
-    };
-    for (const auto& each : cases) {
-        const Result run = script(each.script);
-        EXPECT_EQ(run.status, each.status) << each.script;
-        EXPECT_EQ(run.errors, "drafthost: standard input" + std::string(each.complaint) + "\n");
-    }
-    EXPECT_EQ(script("OPEN nowhere.dxf\n").status, 3);
-    EXPECT_EQ(script("SAVEAS nowhere/a.dxf\n").status, 4);
 }
 
 TEST_F(ProgramTest, GroupsAreListedAndDrawn) {

@@ -14,19 +14,6 @@ namespace {
 using Lines = std::vector<std::wstring>;
 const std::wstring kFolderFailed = L"KestFile::RecursiveCreateDirectory(sDirectory)";
 
-TEST_F(Support, ANewLogBeginsWithTheHeader) {
-    start(1, 0);
-    diagnosticsOutput(L"one");
-    diagnosticsOutput(L"two");
-    const Lines lines = linesOf(decodeLog(readFile(workingLog())));
-    ASSERT_GT(lines.size(), 4u);
-    EXPECT_EQ(lines[0].substr(0, 21), L"Diagnostics started: ");
-    EXPECT_GT(lines[0].size(), 30u) << "date and time";
-    EXPECT_EQ(lines[1].substr(0, 11), L"::HostName=");
-    EXPECT_GT(lines[1].size(), 11u);
-    EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] one", L"[16:19:18] two"}));
-}
-
 TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
     start(1, 0);
     diagnosticsOutput(L"\x00E9 \x20AC \U0001D11E");
