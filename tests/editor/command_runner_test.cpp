@@ -169,18 +169,6 @@ TEST_F(CommandRunner, OneCommandAtATime) {
     EXPECT_EQ(host::activeCommand(), L"");
 }
 
-TEST_F(CommandRunner, LeaksAreNamed) {
-    addCommand(L"G", L"LEAK");
-    ads_name set;
-    body = [&] { acedSSGet(L"X", nullptr, nullptr, nullptr, set); };
-    runCommand(L"LEAK");
-    const std::vector<std::string> faults = takeFaults();
-    ASSERT_EQ(faults.size(), 1u);
-    EXPECT_EQ(faults[0].find("after command LEAK: 1 selection set(s) not freed"), 0u);
-    EXPECT_NE(faults[0].find("of 3 entities"), std::string::npos);
-    acedSSFree(set);
-}
-
 TEST_F(CommandRunner, TheHostsOwnCommandsRunWithoutADrawing) {
     static const host::BuiltinCommand own[] = {{L"OWN", ACRX_CMD_MODAL, &builtin, L"test"}};
     host::registerBuiltins(own, 1);

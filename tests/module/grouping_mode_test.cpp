@@ -46,17 +46,6 @@ TEST(GroupingMode, OnlySwitchingOnTouchesPickfirst) {
     EXPECT_EQ(written(L"VelmoGROUPNOTACTIVE\n"), L"");
 }
 
-TEST(GroupingMode, APickIsWidenedOnlyWhileGroupingIsOn) {
-    underEachSetting([](const Switches& settings) {
-        Scene scene("(line line)", settings);
-        scene.after(L"VelmoGROUPNOTACTIVE\n");
-        EXPECT_EQ(scene.click({3}), kGroup + "3 | ");
-        EXPECT_EQ(scene.click({2}), kGroup + "3 2 | ");
-        scene.after(L"PICK NONE\nVelmoGROUPACTIVE\n");
-        EXPECT_EQ(scene.click({3}), kGroup + "1 3 2 4 | " + kGathering);
-    });
-}
-
 TEST(GroupingMode, SwitchingOnBringsPickfirstBack) {
     Scene scene("(line line)");
     scene.after(L"SETVAR PICKFIRST 0\n");

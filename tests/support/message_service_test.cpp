@@ -49,16 +49,6 @@ TEST_F(Support, MessagesHaveOneNewline) {
     }
 }
 
-TEST_F(Support, MessagesAreFormatted) {
-    messageService(L"%s has %d of %c, %S\n",
-                   L"w\x00EF"
-                   L"de",
-                   7, L'\x20AC', "narrow");
-    EXPECT_EQ(host::effectText(EffectKind::CommandLine),
-              L"w\x00EF"
-              L"de has 7 of \x20AC, narrow\n");
-}
-
 TEST_F(Support, TheLogGetsMessagesWithDebugStartup) {
     start(1, 0);
     messageService(L"text\n");
