@@ -57,7 +57,9 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
         if (!holds(flipped, "byte " + std::to_string(at))) break;
     }
     EXPECT_GT(outcomes().refused, 100);
-    if (GetParam() < 128) EXPECT_GT(outcomes().damaged + outcomes().clean, 100);
+    if (GetParam() < 128) {
+        EXPECT_GT(outcomes().damaged + outcomes().clean, 100);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Masks, FlippedByte, testing::Values(1, 4, 32, 64, 128));

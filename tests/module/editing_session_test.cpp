@@ -25,7 +25,9 @@ class EditingSession {
   public:
     EditingSession(unsigned seed, const std::string& words, const std::string& drawing = "")
         : m_random(seed), m_scene(words) {
-        if (!drawing.empty()) EXPECT_TRUE(m_scene.session().openDrawing(drawing));
+        if (!drawing.empty()) {
+            EXPECT_TRUE(m_scene.session().openDrawing(drawing));
+        }
         m_census = censusOf(m_scene);
     }
 
