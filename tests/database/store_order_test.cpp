@@ -148,3 +148,19 @@ TEST(HandleIndex, FindsEveryHandleAndRefusesTakenOnes) {
     EXPECT_FALSE(std::binary_search(handles.begin(), handles.end(), made.handle));
     EXPECT_EQ(store.byHandle(made.handle), &made);
 }
+
+TEST(MissingHandles, AreGivenInTheRightGroup) {
+    host::Store store;
+    const auto create = [&](const char* literal, std::uint64_t handle) -> host::ObjectBody& {
+        const auto kept = store.keep(entities::storedGroups(literal));
+        return *store.create(host::Kind::Entity, kept, handle);
+    };
+    host::ObjectBody& line = create("0 LINE|8 0", 0);
+    host::ObjectBody& style = create("0 DIMSTYLE|2 Standard|5 arrow", 0);
+    create("0 POINT|5 20|8 0", 0x20);
+    store.assignMissingHandles();
+    EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
+    EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(store.byHandle(0x22), &style);
+    EXPECT_EQ(store.handleSeed(), 0x23u);
+}

@@ -82,6 +82,28 @@ TEST_F(Dialogue, WrongAnswersAreExplained) {
     EXPECT_EQ(status, PromptStatus::None);
 }
 
+TEST_F(Dialogue, AWrongAnswerFailsAScriptsCommand) {
+    static const host::BuiltinCommand own[] = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
+                                                [] {
+                                                    std::vector<AcDbObjectId> ids;
+                                                    host::promptSelection(L"", true, ids);
+                                                    return host::CommandStatus::Done;
+                                                },
+                                                L"test"}};
+    host::registerBuiltins(own, 1);
+    answers.left = {L"nonsense", L"0,1", L""};
+    EXPECT_EQ(host::runCommand(L"CHOOSE"), host::CommandStatus::Failed);
+    answers.person = true;
+    answers.left = {L"nonsense", L"0,1", L""};
+    EXPECT_EQ(host::runCommand(L"CHOOSE"), host::CommandStatus::Done);
+    host::pick({entities[2], entities[0]});
+    host::clearEffects();
+    EXPECT_EQ(host::runCommand(L"CHOOSE"), host::CommandStatus::Done);
+    EXPECT_EQ(host::effectText(host::EffectKind::CommandLine), L"\n2 found");
+    EXPECT_EQ(letters(state.previous), "ca");
+    EXPECT_TRUE(host::pickfirst().empty());
+}
+
 TEST_F(Dialogue, ModulesAskWithFilters) {
     add("CIRCLE;10 0;20 0;40 1");
     resbuf* filter = acutBuildList(RTDXF0, L"CIRCLE", RTNONE);
@@ -147,6 +169,22 @@ TEST_F(Dialogue, GetPointAndItsOptions) {
     EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTCAN) << "nothing to be relative to";
     EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTCAN);
     EXPECT_EQ(acedInitGet(0, L"Yes No"), RTERROR);
+}
+
+TEST_F(Dialogue, SelectionsInOneGo) {
+    std::wstring why;
+    const auto parse = [&](std::vector<std::wstring> words) {
+        return host::parseSelection(words, selection, why) ? letters(selection) : "wrong";
+    };
+    EXPECT_EQ(parse({L"0,3"}), "a");
+    EXPECT_EQ(parse({L"300,3"}), "");
+    EXPECT_EQ(parse({L"w", L"5,-1", L"@50,50"}), "cb");
+    EXPECT_EQ(parse({L"(handent", L"\"" + handent(entities[1]).substr(10)}), "b");
+    EXPECT_EQ(parse({L"ALL"}), "cba");
+    EXPECT_EQ(parse({L"W", L"1,1"}), "wrong");
+    EXPECT_EQ(why, L"a window takes two corners, for example W 0,0 10,10");
+    EXPECT_EQ(parse({L"LINE"}), "wrong");
+    EXPECT_EQ(parse({}), "wrong");
 }
 
 }  // namespace
