@@ -1,6 +1,8 @@
 // The steps of cloning: copying bodies and entities, translating references.
 #include "host/clone/clone_map.h"
 
+#include <algorithm>
+
 #include "host/store/data_records.h"
 #include "host/store/fields.h"
 #include "host/store/store.h"
@@ -9,14 +11,26 @@ namespace host {
 
 void CloneMap::add(const ObjectBody& source, const ObjectBody& clone) {
     m_pairs.push_back({&source, clone.self});
-    if (m_clones.empty()) m_first = source.self;
-    if (source.self < m_first) {
-        m_clones.insert(m_clones.begin(), m_first - source.self, kNoIndex);
-        m_first = source.self;
+    std::size_t number = m_pairs.size();
+    if (2 * number > m_places.size()) {
+        m_places.assign(std::max<std::size_t>(64, m_places.size() * 2), 0);
+        number = 1;
     }
-    const Index at = source.self - m_first;
-    if (at >= m_clones.size()) m_clones.resize(at + 1, kNoIndex);
-    m_clones[at] = clone.self;
+    for (; number <= m_pairs.size(); ++number)
+        m_places[placeOf(*m_pairs[number - 1].source)] = static_cast<std::uint32_t>(number);
+}
+
+Index CloneMap::cloneOf(const ObjectBody& source) const {
+    const std::uint32_t number = m_places.empty() ? 0 : m_places[placeOf(source)];
+    return number != 0 ? m_pairs[number - 1].clone : kNoIndex;
+}
+
+std::size_t CloneMap::placeOf(const ObjectBody& source) const {
+    const std::size_t last = m_places.size() - 1;
+    std::size_t place = source.self * std::size_t{0x9E3779B1u} >> 8 & last;
+    while (m_places[place] != 0 && m_pairs[m_places[place] - 1].source != &source)
+        place = (place + 1) & last;
+    return place;
 }
 
 ObjectBody& cloneBody(const ObjectBody& source, Store& to, Index owner, CloneMap& map) {

@@ -1,7 +1,6 @@
 // Sources and clones of one cloning, and the steps that all cloning is made of.
 #pragma once
 
-#include <deque>
 #include <vector>
 
 #include "host/store/object_body.h"
@@ -22,17 +21,18 @@ class CloneMap {
     /// Adds a pair; a source has one clone at most.
     void add(const ObjectBody& source, const ObjectBody& clone);
     /// Index of the clone in the target store, or kNoIndex.
-    Index cloneOf(const ObjectBody& source) const {
-        const Index at = source.self - m_first;
-        return at < m_clones.size() ? m_clones[at] : kNoIndex;
-    }
+    Index cloneOf(const ObjectBody& source) const;
     /// In the order in which they were added.
     const std::vector<Pair>& pairs() const { return m_pairs; }
 
   private:
+    /// Where the number of a source's pair stands, or the free place where it belongs.
+    std::size_t placeOf(const ObjectBody& source) const;
+
     std::vector<Pair> m_pairs;
-    Index m_first = 0;           ///< lowest slot of a source
-    std::deque<Index> m_clones;  ///< by the slot of the source, from the lowest to the highest
+    /// Open addressing; numbers of pairs from 1, 0 is free. (A vector by slot was slower: a map of
+    /// few clones has to be cheap in a large drawing too.)
+    std::vector<std::uint32_t> m_places;
 };
 
 /// A copy under another owner, in `to`; noted in the map, appended to no list.

@@ -67,7 +67,7 @@ ObjectBody& copyPicture(Store& store, ObjectBody& entity) {
     std::string text(entity.tags());
     setFieldValue(text, blockPlace(entity), store.encode(symbolName(made)));
     if (isTable(entity)) setFieldValue(text, kRecordOfTable, formatHandle(made.handle));
-    entity.setTags(std::move(text));
+    entity.setTags(text);
     return made;
 }
 

@@ -196,7 +196,7 @@ void renameBlock(const Store& from, const Store& to, const CloneMap& map, Object
     if (made == kNoIndex || foldCase(symbolName(to.at(made))) == foldCase(former)) return;
     std::string text(clone.tags());
     replaceValue(text, tag.place(), to.encode(symbolName(to.at(made))));
-    clone.setTags(std::move(text));
+    clone.setTags(text);
 }
 
 }  // namespace

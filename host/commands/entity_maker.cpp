@@ -27,7 +27,7 @@ AcDbObjectId addEntity(Store& store, std::string_view type, const std::string& t
     addTag(text, 8, currentLayer(store));
     text += tags;
     const Kind kind = kindOf(type, text, true);
-    AcDbObject* entity = makeView(*freshBody(kind, std::move(text)));
+    AcDbObject* entity = makeView(*freshBody(kind, text));
     if (makeResident(*entity, store, space) != Acad::eOk) {
         delete entity;
         return {};

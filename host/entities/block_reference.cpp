@@ -41,7 +41,7 @@ void addSequenceEnd(ObjectBody& reference) {
     addTag(text, 8, "0");
     ObjectBody pattern;
     pattern.kind = Kind::SequenceEnd;
-    pattern.setTags(std::move(text));
+    pattern.setTags(text);
     Store& store = *reference.store;
     ObjectBody& end = store.duplicate(pattern, reference.self);
     copyField(reference, end, field::paperSpace.place);

@@ -1,7 +1,9 @@
 // The database classes: their descriptors, and which class a stored object is viewed through.
-#include "host/objects/class_table.h"
+#include <iterator>
+
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
+#include "host/objects/class_table.h"
 
 /// The run-time class members of one class. Descriptors are made on first use, parents first.
 #define HOST_DEFINE_CLASS(CLASS, PARENT)                             \
@@ -59,53 +61,35 @@ constexpr ViewClass viewClass() {
     return {&makeViewOf<View>, &View::desc};
 }
 
-ViewClass classFor(Kind kind) {
-    switch (kind) {
-        case Kind::Object:
-        case Kind::BlockBegin:
-        case Kind::BlockEnd:
-            return viewClass<PlainObject>();
-        case Kind::Dictionary:
-            return viewClass<AcDbDictionary>();
-        case Kind::Xrecord:
-            return viewClass<AcDbXrecord>();
-        case Kind::BlockTable:
-            return viewClass<AcDbBlockTable>();
-        case Kind::LayerTable:
-            return viewClass<AcDbLayerTable>();
-        case Kind::LinetypeTable:
-            return viewClass<AcDbLinetypeTable>();
-        case Kind::OtherTable:
-            return viewClass<AcDbSymbolTable>();
-        case Kind::BlockRecord:
-            return viewClass<AcDbBlockTableRecord>();
-        case Kind::LayerRecord:
-            return viewClass<AcDbLayerTableRecord>();
-        case Kind::LinetypeRecord:
-            return viewClass<AcDbLinetypeTableRecord>();
-        case Kind::OtherRecord:
-            return viewClass<AcDbSymbolTableRecord>();
-        case Kind::Entity:
-        case Kind::OtherPolyline:
-        case Kind::Vertex:
-            return viewClass<AcDbEntity>();
-        case Kind::BlockReference:
-            return viewClass<AcDbBlockReference>();
-        case Kind::Attribute:
-            return viewClass<AcDbAttribute>();
-        case Kind::AttributeDefinition:
-            return viewClass<AcDbAttributeDefinition>();
-        case Kind::Text:
-            return viewClass<AcDbText>();
-        case Kind::Polyline2d:
-            return viewClass<AcDb2dPolyline>();
-        case Kind::Polyline3d:
-            return viewClass<AcDb3dPolyline>();
-        case Kind::SequenceEnd:
-            return viewClass<AcDbSequenceEnd>();
-    }
-    return viewClass<PlainObject>();
-}
+/// By kind, in the order of the kinds.
+constexpr ViewClass kClasses[] = {
+    viewClass<PlainObject>(),              // Object
+    viewClass<AcDbDictionary>(),           // Dictionary
+    viewClass<AcDbXrecord>(),              // Xrecord
+    viewClass<AcDbBlockTable>(),           // BlockTable
+    viewClass<AcDbLayerTable>(),           // LayerTable
+    viewClass<AcDbLinetypeTable>(),        // LinetypeTable
+    viewClass<AcDbSymbolTable>(),          // OtherTable
+    viewClass<AcDbBlockTableRecord>(),     // BlockRecord
+    viewClass<AcDbLayerTableRecord>(),     // LayerRecord
+    viewClass<AcDbLinetypeTableRecord>(),  // LinetypeRecord
+    viewClass<AcDbSymbolTableRecord>(),    // OtherRecord
+    viewClass<PlainObject>(),              // BlockBegin
+    viewClass<PlainObject>(),              // BlockEnd
+    viewClass<AcDbEntity>(),               // Entity
+    viewClass<AcDbBlockReference>(),       // BlockReference
+    viewClass<AcDbAttribute>(),            // Attribute
+    viewClass<AcDbAttributeDefinition>(),  // AttributeDefinition
+    viewClass<AcDbText>(),                 // Text
+    viewClass<AcDb2dPolyline>(),           // Polyline2d
+    viewClass<AcDb3dPolyline>(),           // Polyline3d
+    viewClass<AcDbEntity>(),               // OtherPolyline
+    viewClass<AcDbEntity>(),               // Vertex
+    viewClass<AcDbSequenceEnd>(),          // SequenceEnd
+};
+static_assert(std::size(kClasses) == static_cast<std::size_t>(Kind::SequenceEnd) + 1);
+
+const ViewClass& classFor(Kind kind) { return kClasses[static_cast<std::size_t>(kind)]; }
 
 }  // namespace
 

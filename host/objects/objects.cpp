@@ -52,7 +52,7 @@ Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
     store.appendChild(store.objectsList(), dictionary);
     std::string text(content.tags());
     host::setExtensionDictionary(text, dictionary.handle);
-    content.setTags(std::move(text));
+    content.setTags(text);
     return Acad::eOk;
 }
 
@@ -72,7 +72,7 @@ Acad::ErrorStatus AcDbObject::releaseExtensionDictionary() {
     }
     std::string text(content.tags());
     host::setExtensionDictionary(text, 0);
-    content.setTags(std::move(text));
+    content.setTags(text);
     content.releasedLater = false;
     if (dictionary != nullptr && dictionary->owner == content.self)
         host::eraseWithOwned(*dictionary, true);

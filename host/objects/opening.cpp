@@ -129,7 +129,7 @@ std::string describe(const ObjectBody& body) {
     return body.handle != 0 ? text + " " + formatHandle(body.handle) : text;
 }
 
-ObjectBody* freshBody(Kind kind, std::string text) {
+ObjectBody* freshBody(Kind kind, const std::string& text) {
     auto body = std::make_unique<ObjectBody>();
     body->kind = kind;
     body->openForWrite = true;

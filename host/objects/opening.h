@@ -28,7 +28,7 @@ Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode
 
 /// Fresh body on the heap for an object made with `new`: its first tags, in UTF-8, without
 /// handle and owner.
-ObjectBody* freshBody(Kind kind, std::string text);
+ObjectBody* freshBody(Kind kind, const std::string& text);
 /// Makes a new object a resident of `store` under `owner`: slot, handle, tags 5 and 330. Its view
 /// stays open for write. eAlreadyInDb when it is resident.
 Acad::ErrorStatus makeResident(AcDbObject& object, Store& store, Index owner);

@@ -101,7 +101,7 @@ AcDbXrecord::AcDbXrecord()
           host::addTag(text, 0, "XRECORD");
           host::addTag(text, 100, "AcDbXrecord");
           host::addTag(text, 280, 1);
-          return host::freshBody(host::Kind::Xrecord, std::move(text));
+          return host::freshBody(host::Kind::Xrecord, text);
       }()) {}
 
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*) {
@@ -116,7 +116,7 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
     std::string text(content.tags());
     const DataPlace place = dataPlace(text);
     text.replace(place.begin, place.end - place.begin, data);
-    content.setTags(std::move(text));
+    content.setTags(text);
     return Acad::eOk;
 }
 

@@ -50,7 +50,7 @@ bool removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
         if (entry.handle != handle) continue;
         std::string text(dictionary.tags());
         text.erase(entry.begin, entry.end - entry.begin);
-        dictionary.setTags(std::move(text));
+        dictionary.setTags(text);
         return true;
     }
     return false;
@@ -71,7 +71,7 @@ void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handl
         if (inPart) place = walk.end();
     }
     text.insert(place, entry);
-    dictionary.setTags(std::move(text));
+    dictionary.setTags(text);
 }
 
 std::string newDictionaryText(bool hard) {

@@ -81,7 +81,7 @@ void storeValue(ObjectBody& body, const FieldPlace& place, std::string_view valu
     } else {
         setFieldValue(text, place, value);
     }
-    body.setTags(std::move(text));
+    body.setTags(text);
 }
 
 FieldPlace shifted(FieldPlace place, int codes) {
@@ -172,7 +172,7 @@ void setField(ObjectBody& body, const PointField& field, const AcGePoint3d& poin
     std::string tags;
     addPointTag(tags, field.place.code, point.x, point.y, point.z);
     text.insert(at, tags);
-    if (text != body.tags()) body.setTags(std::move(text));
+    if (text != body.tags()) body.setTags(text);
 }
 
 void setField(ObjectBody& body, const TextField& field, std::wstring_view value) {

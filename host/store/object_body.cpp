@@ -99,7 +99,7 @@ ObjectBody::~ObjectBody() {
     if (ownsData) delete[] data;
 }
 
-void ObjectBody::setTags(std::string text) {
+void ObjectBody::setTags(const std::string& text) {
     if (store != nullptr) store->journal().textChanges(*this);
     placeText(*this, text);
     if (store == nullptr) return;

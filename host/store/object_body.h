@@ -94,7 +94,7 @@ struct ObjectBody {
 
     std::string_view tags() const { return {data, size}; }
     /// Replaces the tags. Every change of content of any object goes through here.
-    void setTags(std::string tags);
+    void setTags(const std::string& tags);
     /// Type name: the value of tag 0, for example "LINE".
     std::string_view type() const;
 };

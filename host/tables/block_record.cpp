@@ -35,7 +35,7 @@ void noteAttributeDefinition(ObjectBody& record, const ObjectBody& definition) {
     if ((flags & kBlockHasAttributes) != 0) return;
     std::string text(block.tags());
     setTag(text, 70, flags | kBlockHasAttributes);
-    block.setTags(std::move(text));
+    block.setTags(text);
 }
 
 std::unordered_set<const AcDbBlockTableRecordIterator*>& iterators() {
@@ -117,7 +117,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     host::setTag(text, 10, host::formatReal(origin.x));
     host::setTag(text, 20, host::formatReal(origin.y));
     host::setTag(text, 30, host::formatReal(origin.z));
-    holder.setTags(std::move(text));
+    holder.setTags(text);
     return Acad::eOk;
 }
 

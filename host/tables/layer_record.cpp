@@ -17,7 +17,7 @@ int storedColor(const host::ObjectBody& layer) {
 void setInteger(host::ObjectBody& layer, int code, int value) {
     std::string text(layer.tags());
     host::setTag(text, code, value);
-    layer.setTags(std::move(text));
+    layer.setTags(text);
 }
 
 bool isCurrent(const host::ObjectBody& layer) {
@@ -34,7 +34,7 @@ AcDbLayerTableRecord::AcDbLayerTableRecord()
           std::string text = host::newRecordText("LAYER", "AcDbLayerTableRecord");
           host::addTag(text, 62, 7);
           host::addTag(text, 6, "CONTINUOUS");
-          return host::freshBody(host::Kind::LayerRecord, std::move(text));
+          return host::freshBody(host::Kind::LayerRecord, text);
       }()) {}
 
 AcCmColor AcDbLayerTableRecord::color() const {
@@ -67,7 +67,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     std::string text(content.tags());
     host::setTag(text, 6,
                  content.store != nullptr ? content.store->encode(name) : host::toUtf8(name));
-    content.setTags(std::move(text));
+    content.setTags(text);
     return Acad::eOk;
 }
 

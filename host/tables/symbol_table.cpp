@@ -19,7 +19,7 @@ void addPlotting(const Store& store, ObjectBody& layer) {
     std::string text(layer.tags());
     for (const int code : {370, 390})
         if (const auto place = findTag(model->tags(), code)) setTag(text, code, place->value);
-    layer.setTags(std::move(text));
+    layer.setTags(text);
 }
 
 /// Kind of the records that a table takes.
@@ -56,7 +56,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     if (content.store != nullptr) return Acad::eNotApplicable;
     std::string text(content.tags());
     host::setTag(text, 2, host::toUtf8(name));
-    content.setTags(std::move(text));
+    content.setTags(text);
     return Acad::eOk;
 }
 

@@ -2,50 +2,10 @@
 #include "host/tags/tags.h"
 
 #include <charconv>
-#include <cmath>
-#include <cstring>
 
 #include "host/tags/tag_walk.h"
 
 namespace host {
-namespace {
-
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
-/// Code of a tag: a short decimal number, blanks before it; `at` moves behind it. The text was
-/// checked when it was loaded or made, so anything else only has to be harmless.
-int readCode(const char*& at, const char* end) {
-    while (at != end && isBlank(*at))
-        ++at;
-    const bool negative = at != end && *at == '-';
-    if (negative) ++at;
-    int code = 0;
-    for (; at != end && *at >= '0' && *at <= '9' && code < 100000; ++at)
-        code = code * 10 + *at - '0';
-    return negative ? -code : code;
-}
-
-std::size_t lineEnd(std::string_view text, std::size_t from) {
-    if (from >= text.size()) return text.size();
-    if (text[from] == '\n') return from;  // behind a code, nearly always
-    const void* found = std::memchr(text.data() + from, '\n', text.size() - from);
-    return found == nullptr ? text.size() : static_cast<const char*>(found) - text.data();
-}
-
-}  // namespace
-
-bool TagReader::next(Tag& tag) {
-    m_begin = m_end;
-    if (m_begin >= m_text.size()) return false;
-    const char* at = m_text.data() + m_begin;
-    tag.code = readCode(at, m_text.data() + m_text.size());
-    const std::size_t codeEnd = lineEnd(m_text, static_cast<std::size_t>(at - m_text.data()));
-    const std::size_t valueBegin = codeEnd < m_text.size() ? codeEnd + 1 : codeEnd;
-    const std::size_t valueEnd = lineEnd(m_text, valueBegin);
-    tag.value = m_text.substr(valueBegin, valueEnd - valueBegin);
-    m_end = valueEnd < m_text.size() ? valueEnd + 1 : valueEnd;
-    return true;
-}
 
 void addTag(std::string& text, int code, std::string_view value) {
     char digits[16];
@@ -95,7 +55,7 @@ std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence)
 }
 
 void replaceValue(std::string& text, const TagPlace& place, std::string_view value) {
-    const std::size_t codeEnd = lineEnd(text, place.begin);
+    const std::size_t codeEnd = text.find('\n', place.begin);
     // The value may be a part of the text that is being changed.
     const std::string copy(value);
     text.replace(codeEnd + 1, place.end - codeEnd - 1, copy + '\n');

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,13 +25,44 @@ struct Tag {
 class TagReader {
   public:
     explicit TagReader(std::string_view text) : m_text(text) {}
-    /// Reads the next tag; false at the end.
-    bool next(Tag& tag);
+    /// Reads the next tag; false at the end. (Here, because everything that reads calls it.)
+    bool next(Tag& tag) {
+        m_begin = m_end;
+        if (m_begin >= m_text.size()) return false;
+        std::size_t at = m_begin;
+        tag.code = readCode(at);
+        const std::size_t codeEnd = lineEnd(at);
+        const std::size_t valueBegin = codeEnd < m_text.size() ? codeEnd + 1 : codeEnd;
+        const std::size_t valueEnd = lineEnd(valueBegin);
+        tag.value = m_text.substr(valueBegin, valueEnd - valueBegin);
+        m_end = valueEnd < m_text.size() ? valueEnd + 1 : valueEnd;
+        return true;
+    }
     /// Offset at which the tag last read begins, and at which the next one begins.
     std::size_t begin() const { return m_begin; }
     std::size_t end() const { return m_end; }
 
   private:
+    /// Code of a tag: a short decimal number, blanks before it; `at` moves behind it. The text was
+    /// checked when it was loaded or made, so anything else only has to be harmless.
+    int readCode(std::size_t& at) const {
+        const std::size_t end = m_text.size();
+        while (at != end && (m_text[at] == ' ' || m_text[at] == '\t'))
+            ++at;
+        const bool negative = at != end && m_text[at] == '-';
+        if (negative) ++at;
+        int code = 0;
+        for (; at != end && m_text[at] >= '0' && m_text[at] <= '9' && code < 100000; ++at)
+            code = code * 10 + m_text[at] - '0';
+        return negative ? -code : code;
+    }
+    std::size_t lineEnd(std::size_t from) const {
+        if (from >= m_text.size()) return m_text.size();
+        if (m_text[from] == '\n') return from;  // behind a code, nearly always
+        const void* found = std::memchr(m_text.data() + from, '\n', m_text.size() - from);
+        return found == nullptr ? m_text.size() : static_cast<const char*>(found) - m_text.data();
+    }
+
     std::string_view m_text;
     std::size_t m_begin = 0;
     std::size_t m_end = 0;

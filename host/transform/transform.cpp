@@ -173,7 +173,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
     }
     for (auto& [index, text] : texts) {
         ObjectBody& body = store.at(index);
-        if (text != body.tags()) body.setTags(std::move(text));
+        if (text != body.tags()) body.setTags(text);
     }
 }
 

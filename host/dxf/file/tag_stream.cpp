@@ -59,7 +59,7 @@ std::string shown(std::string_view text) {
 TagStream::TagStream(InputFile& file, DxfError& error, const ProgressFunction& progress)
     : m_file(file), m_error(error), m_progress(progress) {}
 
-bool TagStream::fail(long line, std::string text) {
+bool TagStream::fail(long line, const std::string& text) {
     if (!m_failed) {
         m_error.line = line;
         m_error.text = oneLine(fromUtf8(text));

@@ -43,7 +43,7 @@ class TagStream {
     bool setEncoding(const Encoding& encoding);
 
     /// Notes an error at a line; always false.
-    bool fail(long line, std::string text);
+    bool fail(long line, const std::string& text);
 
   private:
     struct LateCheck {
