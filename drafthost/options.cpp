@@ -105,6 +105,7 @@ std::string contradiction(const Options& options) {
 bool parseOptions(std::vector<std::string> arguments, Options& options, std::string& error) {
     CLI::App app("A headless host for drawings. Without a drawing it opens a new, empty one.",
                  "drafthost");
+    app.allow_windows_style_options(false);  // a path may begin with a slash
     declare(app, options);
     if (!replaceSlashForms(arguments)) {
         error = "/i needs a drawing";
