@@ -3,7 +3,6 @@
 
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "host/dxf/load/object_reader.h"
@@ -58,7 +57,7 @@ class DrawingBuilder {
     bool readObjects();
     ObjectBody* add(Kind kind);
     bool failUnended(const std::string& what, long line, const char* end);
-    bool fail(long line, std::string text) { return m_reader.stream().fail(line, std::move(text)); }
+    bool fail(long line, const std::string& text) { return m_reader.stream().fail(line, text); }
 
     Store& m_store;
     ObjectReader m_reader;
