@@ -67,27 +67,6 @@ TEST_P(RandomOrder, EveryWalkAgreesWithAPlainList) {
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
 
-TEST(StoreOrder, RestoringARunInEitherOrderTakesNoLongWalks) {
-    Drawing drawing;
-    host::Store& store = drawing.store();
-    constexpr Index kCount = 200'000;
-    const Index first = drawing.add("0 LINE|8 0").self;
-    for (Index added = 1; added < kCount; ++added)
-        drawing.add("0 LINE|8 0");
-    // Quadratic walks would take minutes here; the ends stay live so that neither is a shortcut.
-    for (const bool backwards : {false, true}) {
-        for (Index at = 1; at + 1 < kCount; ++at)
-            store.setErased(store.at(first + at), true);
-        EXPECT_EQ(store.nextLive(store.at(first + kCount / 2)), first + kCount - 1);
-        for (Index at = 1; at + 1 < kCount; ++at)
-            store.setErased(store.at(first + (backwards ? kCount - 1 - at : at)), false);
-    }
-    Index walked = first;
-    while (store.nextLive(store.at(walked)) == walked + 1)
-        ++walked;
-    EXPECT_EQ(walked, first + kCount - 1);
-}
-
 TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
     Drawing drawing;
     host::Store& store = drawing.store();

@@ -1,13 +1,8 @@
-// The watch over real Windows.
-#include "common/windows_watch.h"
-
+// Watching real Windows: no message box stays open, each becomes a recorded effect.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <atomic>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <thread>
 
@@ -64,52 +59,10 @@ BOOL CALLBACK findBox(HWND window, LPARAM found) {
     return FALSE;
 }
 
-/// Standard output of the process, in a file while a test runs.
-class CapturedOutput {
-  public:
-    void begin() {
-        m_path = std::filesystem::path(testing::TempDir()) /
-                 ("velmo-output-" + std::to_string(GetCurrentProcessId()));
-        m_file = CreateFileW(m_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
-                             0, nullptr);
-        m_former = GetStdHandle(STD_OUTPUT_HANDLE);
-        SetStdHandle(STD_OUTPUT_HANDLE, m_file);
-        m_seen = 0;
-    }
-    void end() {
-        SetStdHandle(STD_OUTPUT_HANDLE, m_former);
-        CloseHandle(m_file);
-        DeleteFileW(m_path.c_str());
-        m_file = nullptr;
-    }
-    /// Records what was written since the last call.
-    void collect() {
-        if (m_file == nullptr) return;
-        std::ifstream stream(m_path, std::ios::binary);
-        stream.seekg(static_cast<std::streamoff>(m_seen));
-        const std::string bytes(std::istreambuf_iterator<char>(stream), {});
-        m_seen += bytes.size();
-        if (bytes.empty()) return;
-        const int size = static_cast<int>(bytes.size());
-        std::wstring text(bytes.size(), L'\0');
-        const int length = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, &text[0], size);
-        text.resize(static_cast<std::size_t>(length));
-        host::recordEffect(host::EffectKind::StandardOutput, text);
-    }
-
-  private:
-    std::filesystem::path m_path;
-    HANDLE m_file = nullptr;
-    HANDLE m_former = nullptr;
-    std::size_t m_seen = 0;
-};
-
-CapturedOutput output;
-
-/// Records each message box and closes it. The test's own thread waits in the box meanwhile.
-class BoxCloser {
-  public:
-    void begin() {
+/// Records each message box of this process and closes it, on a thread of its own. The test's own
+/// thread waits in the box meanwhile.
+class BoxWatch : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
         m_end = false;
         m_thread = std::thread([this] {
             while (!m_end) {
@@ -120,14 +73,11 @@ class BoxCloser {
             }
         });
     }
-    void end() {
+    void OnTestEnd(const testing::TestInfo&) override {
         m_end = true;
         m_thread.join();
     }
-
-  private:
     static void close(HWND box) {
-        collectOutput();
         host::recordEffect(host::EffectKind::AlertBox, effectOf(box));
         PostMessageW(box, WM_COMMAND, IDOK, 0);
         while (IsWindow(box))
@@ -138,16 +88,9 @@ class BoxCloser {
     std::atomic<bool> m_end{false};
 };
 
-BoxCloser closer;
+const bool watching = [] {
+    testing::UnitTest::GetInstance()->listeners().Append(new BoxWatch);
+    return true;
+}();
 
 }  // namespace
-
-void watchBoxes() { closer.begin(); }
-
-void endWatch() { closer.end(); }
-
-void captureOutput() { output.begin(); }
-
-void collectOutput() { output.collect(); }
-
-void endCapture() { output.end(); }
