@@ -7,6 +7,7 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
@@ -132,6 +133,16 @@ class Opened {
   private:
     T* m_object = nullptr;
 };
+
+/// The values of a list; appends its codes, each with a blank.
+inline std::vector<const ads_u_val*> valuesOf(const resbuf* list, std::string& codes) {
+    std::vector<const ads_u_val*> values;
+    for (; list != nullptr; list = list->rbnext) {
+        codes += std::to_string(list->restype) + " ";
+        values.push_back(&list->resval);
+    }
+    return values;
+}
 
 inline std::wstring owned(ACHAR* text) {
     std::wstring copy(text);

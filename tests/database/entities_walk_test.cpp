@@ -150,25 +150,13 @@ TEST(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
     acdbGetAdsName(name, drawing.id(line));
     resbuf* const list = acdbEntGet(name);
     std::string codes;
-    for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
-        codes += std::to_string(at->restype) + " ";
-        if (at->restype == 5) {
-            EXPECT_EQ(at->resval.rstring, host::fromUtf8(drawing.handle(line)));
-        }
-        if (at->restype == 11) {
-            EXPECT_EQ(asPnt3d(at->resval.rpoint).distanceTo({4, 5, 6}), 0.0);
-        }
-        if (at->restype == 62) {
-            EXPECT_EQ(at->resval.rint, -3);
-        }
-        if (at->restype == 1) {
-            EXPECT_STREQ(at->resval.rstring, L"\x3A9");
-        }
-        if (at->restype == 330) {
-            EXPECT_EQ(at->resval.rlname[0], Adesk::IntPtr(drawing.id(drawing.model()).asWord()));
-        }
-    }
-    EXPECT_EQ(codes, "-1 0 330 5 100 8 100 10 11 62 390 1 ");
+    const std::vector<const ads_u_val*> values = valuesOf(list, codes);
+    ASSERT_EQ(codes, "-1 0 330 5 100 8 100 10 11 62 390 1 ");
+    EXPECT_EQ(values[2]->rlname[0], Adesk::IntPtr(drawing.id(drawing.model()).asWord()));
+    EXPECT_EQ(values[3]->rstring, host::fromUtf8(drawing.handle(line)));
+    EXPECT_EQ(asPnt3d(values[8]->rpoint).distanceTo({4, 5, 6}), 0.0);
+    EXPECT_EQ(values[9]->rint, -3);
+    EXPECT_STREQ(values[11]->rstring, L"\x3A9");
     acutRelRb(list);
     drawing.store().setErased(line, true);
     EXPECT_EQ(acdbEntGet(name), nullptr);
