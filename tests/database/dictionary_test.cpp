@@ -26,8 +26,11 @@ AcDbObjectId extensionOf(Drawing& drawing, host::ObjectBody& body) {
 
 }  // namespace
 
-TEST(Dictionary, EntriesComeAndGo) {
-    Drawing drawing;
+using Dictionary = entities::DrawingTest;
+using ExtensionDictionary = entities::DrawingTest;
+using Xrecord = entities::DrawingTest;
+
+TEST_F(Dictionary, EntriesComeAndGo) {
     Opened<AcDbDictionary> root(drawing.store().idOf(drawing.store().rootDictionary()),
                                 AcDb::kForWrite);
     const std::string before(root->body().tags());
@@ -53,8 +56,7 @@ TEST(Dictionary, EntriesComeAndGo) {
     EXPECT_EQ(root->body().tags(), before);
 }
 
-TEST(Dictionary, AnErasedEntryLeavesForGoodAndAnErasedDictionaryTakesItsEntriesAlong) {
-    Drawing drawing;
+TEST_F(Dictionary, AnErasedEntryLeavesForGoodAndAnErasedDictionaryTakesItsEntriesAlong) {
     const AcDbObjectId id = extensionOf(drawing, drawing.add("0 LINE|8 0"));
     AcDbObjectId first, second;
     Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
@@ -76,8 +78,7 @@ TEST(Dictionary, AnErasedEntryLeavesForGoodAndAnErasedDictionaryTakesItsEntriesA
     EXPECT_TRUE(dictionary->has(L"SECOND"));
 }
 
-TEST(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
-    Drawing drawing;
+TEST_F(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
     host::ObjectBody& body = drawing.addObject(
         "0 ACDBDICTIONARYWDFLT|100 AcDbDictionary|280 1|281 1|3 Old|360 F|"
         "100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail",
@@ -92,8 +93,7 @@ TEST(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
               std::string::npos);
 }
 
-TEST(ExtensionDictionary, CreateAndRelease) {
-    Drawing drawing;
+TEST_F(ExtensionDictionary, CreateAndRelease) {
     host::ObjectBody& line = drawing.add("0 LINE|100 AcDbEntity|8 0");
     const std::string before = entities::render(line.tags());
     Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
@@ -120,8 +120,7 @@ TEST(ExtensionDictionary, CreateAndRelease) {
     EXPECT_NE(object->extensionDictionary(), id);
 }
 
-TEST(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
-    Drawing drawing;
+TEST_F(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
     host::ObjectBody& line = drawing.add("0 LINE|8 0");
     const AcDbObjectId id = extensionOf(drawing, line);
     Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
@@ -145,8 +144,7 @@ TEST(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
     EXPECT_FALSE(id.isErased());
 }
 
-TEST(Xrecord, GivesBackEveryKindOfValue) {
-    Drawing drawing;
+TEST_F(Xrecord, GivesBackEveryKindOfValue) {
     const std::string empty = "0 XRECORD|100 AcDbXrecord|280 1";
     Opened<AcDbXrecord> first(drawing.id(drawing.addObject(empty, drawing.model())),
                               AcDb::kForWrite);
@@ -182,8 +180,7 @@ TEST(Xrecord, GivesBackEveryKindOfValue) {
     }
 }
 
-TEST(Xrecord, RefusesABadChainAsAWholeAndReplacesTheFormerContent) {
-    Drawing drawing;
+TEST_F(Xrecord, RefusesABadChainAsAWholeAndReplacesTheFormerContent) {
     host::ObjectBody& body = drawing.addObject(
         "0 XRECORD|100 AcDbXrecord|280 1|1 old|280 5|1001 ACAD|1070 9", drawing.model());
     Opened<AcDbXrecord> record(drawing.id(body), AcDb::kForWrite);

@@ -41,8 +41,9 @@ ObjectBody& addRecord(Drawing& drawing, ObjectBody& entity, ObjectBody& other) {
 
 }  // namespace
 
-TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
-    Drawing drawing;
+using DeepClone = entities::DrawingTest;
+
+TEST_F(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
     ObjectBody& other = drawing.add(kLine);
     ObjectBody& line = drawing.add(kLine + "|1001 APP");
     drawing.replaceText(line, "1001 APP", "1001 APP|1005 " + drawing.handle(line));
@@ -68,8 +69,7 @@ TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
     EXPECT_EQ(drawing.walk(), "LINE LINE LINE");
 }
 
-TEST(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
-    Drawing drawing;
+TEST_F(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
     ObjectBody& line = drawing.add(kLine);
     const std::string self = drawing.handle(line);
     ObjectBody& table = drawing.addObject(
@@ -84,8 +84,7 @@ TEST(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
         << render(cloning.of(drawing, table).tags());
 }
 
-TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
-    Drawing drawing;
+TEST_F(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     ObjectBody& poly = drawing.addPolyline();
     ObjectBody& line = drawing.add(kLine);
     const std::vector<AcDbObjectId> ids = {drawing.id(line), drawing.id(poly), drawing.id(line)};
@@ -106,8 +105,7 @@ TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
 }
 
-TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
-    Drawing drawing;
+TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& record = addRecord(drawing, line, line);
     ObjectBody& dictionary = drawing.store().at(record.owner);
@@ -125,8 +123,7 @@ TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     EXPECT_NE(host::extensionDictionaryHandle(line.tags()), 0u);
 }
 
-TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
-    Drawing drawing;
+TEST_F(DeepClone, DeferredTranslationJoinsSeveralCalls) {
     ObjectBody& a = drawing.add(kLine);
     ObjectBody& b = drawing.add(kLine + "|340 " + drawing.handle(a), drawing.paper());
     drawing.replaceText(a, "|330 ", "|102 {ACAD_REACTORS|330 " + drawing.handle(b) + "|102 }|330 ");
@@ -144,8 +141,7 @@ TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
     EXPECT_EQ(host::findTag(target.tags(), 340)->value, drawing.handle(clone));
 }
 
-TEST(DeepClone, RefusesWrongCallsWithoutCloning) {
-    Drawing drawing;
+TEST_F(DeepClone, RefusesWrongCallsWithoutCloning) {
     AcDbDatabase foreign(host::newDrawing());
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& erased = drawing.add(kLine);

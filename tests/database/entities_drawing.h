@@ -116,6 +116,11 @@ class Drawing {
     host::HeldCounts m_before = host::heldNow();
 };
 
+class DrawingTest : public testing::Test {
+  protected:
+    Drawing drawing;
+};
+
 /// Opens an object for the length of a scope.
 template <typename T>
 class Opened {

@@ -6,8 +6,10 @@
 
 using namespace entities;
 
-TEST(ResultBuffers, ListTakesCopiesByTypeCode) {
-    Drawing drawing;
+using ResultBuffers = entities::DrawingTest;
+using EntityCalls = entities::DrawingTest;
+
+TEST_F(ResultBuffers, ListTakesCopiesByTypeCode) {
     std::wstring text = L"INSERT";
     const ads_point point = {1.0, 2.0, 3.0};
     const ads_name name = {77, 0};
@@ -27,8 +29,7 @@ TEST(ResultBuffers, ListTakesCopiesByTypeCode) {
     EXPECT_EQ(acutRelRb(list), RTNORM);
 }
 
-TEST(ResultBuffers, NoListFromNothingOrWrongArguments) {
-    Drawing drawing;
+TEST_F(ResultBuffers, NoListFromNothingOrWrongArguments) {
     EXPECT_EQ(acutBuildList(RTNONE), nullptr);
     EXPECT_EQ(acutBuildList(0, L"INSERT", 0), nullptr);  // group code 0 has to be RTDXF0
     EXPECT_EQ(acutBuildList(1, L"a", 85, 1, 0), nullptr);
@@ -36,8 +37,7 @@ TEST(ResultBuffers, NoListFromNothingOrWrongArguments) {
     EXPECT_EQ(acutRelRb(nullptr), RTNORM);
 }
 
-TEST(ResultBuffers, AreReleasedOnceAndByTheirOwner) {
-    Drawing drawing;
+TEST_F(ResultBuffers, AreReleasedOnceAndByTheirOwner) {
     host::ResultList builder;
     builder.addText(RTSTR, L"argument");
     resbuf* list = builder.release();
@@ -63,8 +63,7 @@ TEST(ResultBuffers, AreReleasedOnceAndByTheirOwner) {
     host::clearModuleFaults();
 }
 
-TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
-    Drawing drawing;
+TEST_F(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
     auto& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B");
     drawing.add("0 LINE|100 AcDbEntity|8 0");
     Opened<AcDbBlockReference> open(drawing.id(insert), AcDb::kForWrite);

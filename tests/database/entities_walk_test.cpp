@@ -29,8 +29,11 @@ std::string namesIn(AcDbObjectIterator& walk, bool skipDeleted) {
 
 }  // namespace
 
-TEST(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
-    Drawing drawing;
+using EntityWalk = entities::DrawingTest;
+using BlockReference = entities::DrawingTest;
+using EntityData = entities::DrawingTest;
+
+TEST_F(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
     ObjectBody& first = drawing.add(kLine);
     ObjectBody& insert = drawing.add(kInsert);
     ObjectBody& poly = drawing.addPolyline();
@@ -56,8 +59,7 @@ TEST(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
     EXPECT_EQ(drawing.walk(drawing.id(last)), "");
 }
 
-TEST(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
-    Drawing drawing;
+TEST_F(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     ObjectBody& point = drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
     drawing.add("0 ARC|100 AcDbEntity|8 0", drawing.paper());
     ads_name name = {42, 0};
@@ -72,8 +74,7 @@ TEST(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     EXPECT_EQ(name[0], 42);
 }
 
-TEST(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
-    Drawing drawing;
+TEST_F(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
     drawing.add(kLine);
     ObjectBody& poly = drawing.addPolyline();
     ObjectBody& circle = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
@@ -87,8 +88,7 @@ TEST(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
     EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(circle).asWord()));
 }
 
-TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
-    Drawing drawing;
+TEST_F(BlockReference, FirstAttributeBringsTheSequenceEnd) {
     ObjectBody& insert = drawing.add(kInsert, drawing.paper());
     drawing.replaceText(insert, "8 0", "67 1|8 WALLS");
     Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
@@ -108,8 +108,7 @@ TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
     EXPECT_EQ(reference->appendAttribute(nullptr), Acad::eNullObjectPointer);
 }
 
-TEST(BlockReference, IteratesOverItsAttributes) {
-    Drawing drawing;
+TEST_F(BlockReference, IteratesOverItsAttributes) {
     ObjectBody& insert = drawing.add(kInsert);
     ObjectBody& other = drawing.add(kInsert);
     Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
@@ -132,8 +131,7 @@ TEST(BlockReference, IteratesOverItsAttributes) {
     EXPECT_EQ(attribute, nullptr);
 }
 
-TEST(BlockReference, NamesItsBlockById) {
-    Drawing drawing;
+TEST_F(BlockReference, NamesItsBlockById) {
     AcDbBlockReference reference({1, 2, 3}, drawing.id(drawing.paper()));
     EXPECT_EQ(reference.blockTableRecord(), drawing.id(drawing.paper()));
     EXPECT_TRUE(reference.position() == AcGePoint3d(1, 2, 3));
@@ -143,8 +141,7 @@ TEST(BlockReference, NamesItsBlockById) {
               "10 1.0|20 2.0|30 3.0|41 2.0|43 3.0");
 }
 
-TEST(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
-    Drawing drawing;
+TEST_F(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
     ObjectBody& line = drawing.add(kLine + "|62 -3|390 0|1 Ω|1001 APP|1070 5");
     ads_name name;
     acdbGetAdsName(name, drawing.id(line));

@@ -67,8 +67,9 @@ TEST_P(RandomOrder, EveryWalkAgreesWithAPlainList) {
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
 
-TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
-    Drawing drawing;
+using EraseWithOwned = entities::DrawingTest;
+
+TEST_F(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
     host::Store& store = drawing.store();
     host::ObjectBody& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference");
     host::ObjectBody& first = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
@@ -87,8 +88,7 @@ TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
     EXPECT_EQ(store.nextLive(first), second.self);
 }
 
-TEST(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
-    Drawing drawing;
+TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     host::Store& store = drawing.store();
     host::ObjectBody& outer = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", drawing.model());
     host::ObjectBody& inner = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", outer);
