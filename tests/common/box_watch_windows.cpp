@@ -23,31 +23,18 @@ std::wstring classOf(HWND window) {
     return name;
 }
 
-/// What is seen of a message box: title, style and text, as the effect has them.
-struct Box {
-    std::wstring text;
-    HICON icon = nullptr;
-    int buttons = 0;
-};
-
-BOOL CALLBACK lookAtPart(HWND part, LPARAM box) {
-    Box& seen = *reinterpret_cast<Box*>(box);
-    if (!IsWindowVisible(part)) return TRUE;
+BOOL CALLBACK readPart(HWND part, LPARAM text) {
     const bool icon = (GetWindowLongPtrW(part, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
-    if (classOf(part) == L"Button") ++seen.buttons;
-    if (classOf(part) == L"Static" && icon)
-        seen.icon = reinterpret_cast<HICON>(SendMessageW(part, STM_GETICON, 0, 0));
-    if (classOf(part) == L"Static" && !icon) seen.text = textOf(part);
+    if (classOf(part) == L"Static" && IsWindowVisible(part) && !icon)
+        *reinterpret_cast<std::wstring*>(text) = textOf(part);
     return TRUE;
 }
 
+/// Title, style and text, as the effect has them; the style is not looked at.
 std::wstring effectOf(HWND window) {
-    Box box;
-    EnumChildWindows(window, lookAtPart, reinterpret_cast<LPARAM>(&box));
-    unsigned style = box.buttons == 1 ? MB_OK : MB_OKCANCEL;
-    if (box.icon != nullptr && box.icon == LoadIconW(nullptr, MAKEINTRESOURCEW(32513)))
-        style |= MB_ICONERROR;
-    return textOf(window) + L"\n" + std::to_wstring(style) + L"\n" + box.text;
+    std::wstring text;
+    EnumChildWindows(window, readPart, reinterpret_cast<LPARAM>(&text));
+    return textOf(window) + L"\n" + L"?\n" + text;
 }
 
 BOOL CALLBACK findBox(HWND window, LPARAM found) {

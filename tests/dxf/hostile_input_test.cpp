@@ -67,9 +67,8 @@ TEST_F(HostileInput, FormerFindingsStayMended) {
     for (const char* folder : {"/fuzz/regressions/dxf", "/fuzz/corpus/dxf"}) {
         for (const auto& entry :
              std::filesystem::directory_iterator(TESTS_FOLDER + std::string(folder))) {
-            std::ostringstream text;
-            text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
-            const trial::Trial outcome = trial::tryDrawing(text.str(), path("."));
+            const std::string text = tests::contentOf(entry.path().string());
+            const trial::Trial outcome = trial::tryDrawing(text, path("."));
             EXPECT_EQ(outcome.fault, "") << entry.path();
             ++tried;
         }
