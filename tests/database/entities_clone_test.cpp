@@ -123,24 +123,6 @@ TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     EXPECT_NE(host::extensionDictionaryHandle(line.tags()), 0u);
 }
 
-TEST_F(DeepClone, DeferredTranslationJoinsSeveralCalls) {
-    ObjectBody& a = drawing.add(kLine);
-    ObjectBody& b = drawing.add(kLine + "|340 " + drawing.handle(a), drawing.paper());
-    drawing.replaceText(a, "|330 ", "|102 {ACAD_REACTORS|330 " + drawing.handle(b) + "|102 }|330 ");
-    AcDbIdMapping map;
-    AcDbObjectId model = drawing.id(drawing.model());
-    AcDbObjectIdArray first, second;
-    first.append(drawing.id(a));
-    second.append(drawing.id(b));
-    EXPECT_EQ(drawing.database().deepCloneObjects(first, model, map, true), Acad::eOk);
-    EXPECT_EQ(drawing.database().deepCloneObjects(second, model, map), Acad::eOk);
-    const ObjectBody& clone = *host::Store::resolve(map.cloneOf(drawing.id(a)));
-    const ObjectBody& target = *host::Store::resolve(map.cloneOf(drawing.id(b)));
-    EXPECT_NE(render(clone.tags()).find("{ACAD_REACTORS|330 " + drawing.handle(target) + "|102 }"),
-              std::string::npos);
-    EXPECT_EQ(host::findTag(target.tags(), 340)->value, drawing.handle(clone));
-}
-
 TEST_F(DeepClone, RefusesWrongCallsWithoutCloning) {
     AcDbDatabase foreign(host::newDrawing());
     ObjectBody& line = drawing.add(kLine);

@@ -60,18 +60,6 @@ TEST_F(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
     EXPECT_NE(tags.find("|70 1|74 3|73 25"), std::string::npos) << tags;
 }
 
-TEST_F(EntityText, EachKindHasItsOwnVerticalMode) {
-    for (const char* kind : {"AcDbAttribute", "AcDbAttributeDefinition"}) {
-        const bool isDefinition = std::string(kind) == "AcDbAttributeDefinition";
-        ObjectBody& body =
-            drawing.add((isDefinition ? "0 ATTDEF|" : "0 ATTRIB|") + kHead +
-                        "100 AcDbText|72 1|100 " + kind + "|280 0|2 T|70 0|73 25|74 3");
-        Opened<AcDbText> text(drawing.id(body), AcDb::kForWrite);
-        text->setVerticalMode(AcDb::kTextBottom);
-        EXPECT_NE(content(body).find("73 25|74 1"), std::string::npos);
-    }
-}
-
 TEST_F(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
     AcDbAttributeDefinition definition;
     EXPECT_EQ(definition.height(), 0.0);

@@ -33,32 +33,6 @@ using EntityWalk = entities::DrawingTest;
 using BlockReference = entities::DrawingTest;
 using EntityData = entities::DrawingTest;
 
-TEST_F(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
-    ObjectBody& first = drawing.add(kLine);
-    ObjectBody& insert = drawing.add(kInsert);
-    ObjectBody& poly = drawing.addPolyline();
-    ObjectBody& last = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
-    drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
-    {
-        Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
-        append(*reference, L"A");
-    }
-    EXPECT_EQ(drawing.walk(), "LINE INSERT ATTRIB SEQEND POLYLINE VERTEX VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(poly.firstChild))),
-              "VERTEX SEQEND CIRCLE");
-    drawing.store().setErased(drawing.store().at(poly.firstChild), true);
-    Opened<AcDbEntity>(drawing.id(insert), AcDb::kForWrite)->erase();
-    EXPECT_EQ(drawing.walk(), "LINE POLYLINE VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(insert)), "POLYLINE VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(insert.sequenceEnd))),
-              "POLYLINE VERTEX SEQEND CIRCLE");
-    for (ObjectBody* body : {&first, &last}) {
-        Opened<AcDbEntity>(drawing.id(*body), AcDb::kForWrite)->erase();
-    }
-    EXPECT_EQ(drawing.walk(), "POLYLINE VERTEX SEQEND");
-    EXPECT_EQ(drawing.walk(drawing.id(last)), "");
-}
-
 TEST_F(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     ObjectBody& point = drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
     drawing.add("0 ARC|100 AcDbEntity|8 0", drawing.paper());
@@ -72,20 +46,6 @@ TEST_F(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     EXPECT_EQ(acdbEntNext(bad, name), RTERROR);
     EXPECT_EQ(acdbEntNext(table, name), RTERROR);
     EXPECT_EQ(name[0], 42);
-}
-
-TEST_F(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
-    drawing.add(kLine);
-    ObjectBody& poly = drawing.addPolyline();
-    ObjectBody& circle = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
-    ads_name last;
-    drawing.store().setErased(circle, true);
-    ASSERT_EQ(acdbEntLast(last), RTNORM);
-    EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(poly).asWord()));
-    EXPECT_EQ(drawing.walk(drawing.id(poly)), "VERTEX VERTEX SEQEND");
-    drawing.store().setErased(circle, false);
-    acdbEntLast(last);
-    EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(circle).asWord()));
 }
 
 TEST_F(BlockReference, FirstAttributeBringsTheSequenceEnd) {

@@ -140,6 +140,12 @@ TEST_F(Support, ShutDownMakesTheFinalLog) {
     const std::string log = readFile(workingLog());
     shutDownLibrary();
     EXPECT_EQ(readFile(finalLog()), log);
+    std::wstring written;
+    for (const std::wstring& path : effectTexts(host::EffectKind::FileWrite))
+        written += path.substr(path.find_last_of(L"\\/") + 1) + L'\n';
+    const std::wstring working = wide(workingLog().filename()) + L'\n',
+                       last = L"VelmoGroup.arx.log\n";
+    EXPECT_EQ(written, working + working + last + last);
     EXPECT_FALSE(exists(workingLog()));
     EXPECT_TRUE(reportedExpressions().empty());
     EXPECT_FALSE(G_diagnostics.logFileEnabled);
