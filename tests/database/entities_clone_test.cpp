@@ -43,32 +43,6 @@ ObjectBody& addRecord(Drawing& drawing, ObjectBody& entity, ObjectBody& other) {
 
 using DeepClone = entities::DrawingTest;
 
-TEST_F(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
-    ObjectBody& other = drawing.add(kLine);
-    ObjectBody& line = drawing.add(kLine + "|1001 APP");
-    drawing.replaceText(line, "1001 APP", "1001 APP|1005 " + drawing.handle(line));
-    addRecord(drawing, line, other);
-    Cloning cloning(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
-    ASSERT_EQ(cloning.status, Acad::eOk);
-    const ObjectBody& clone = cloning.of(drawing, line);
-    const std::string self = host::formatHandle(clone.handle);
-    const std::string dictionary = host::formatHandle(clone.handle + 1);
-    const std::string record = host::formatHandle(clone.handle + 2);
-    const std::string model = drawing.handle(drawing.model());
-    EXPECT_EQ(render(clone.tags()), "0 LINE|5 " + self + "|102 {ACAD_XDICTIONARY|360 " +
-                                        dictionary + "|102 }|330 " + model + kLine.substr(6) +
-                                        "|1001 APP|1005 " + self);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 1)->tags()),
-              "0 DICTIONARY|5 " + dictionary + "|330 " + self +
-                  "|100 AcDbDictionary|280 1|3 KEY|360 " + record);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 2)->tags()),
-              "0 XRECORD|5 " + record + "|330 " + dictionary +
-                  "|100 AcDbXrecord|280 1|"
-                  "102 {ACAD_REACTORS|330 " +
-                  self + "|340 " + drawing.handle(other) + "|102 }|1 " + drawing.handle(line));
-    EXPECT_EQ(drawing.walk(), "LINE LINE LINE");
-}
-
 TEST_F(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
     ObjectBody& line = drawing.add(kLine);
     const std::string self = drawing.handle(line);
