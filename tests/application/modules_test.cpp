@@ -139,8 +139,7 @@ TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
     EXPECT_EQ(session->runScript(L"PROBETHROW\n"), CommandStatus::Failed);
     EXPECT_EQ(faults(), "command PROBETHROW: an exception left the module\n");
     session->runScript(L"PROBELEAK\n");
-    EXPECT_EQ(faults(),
-              "after command PROBELEAK: 1 object(s) left open (TABLE 1 open for read)\n");
+    EXPECT_EQ(faults(), "after command PROBELEAK: 1 object(s) left open (TABLE 1 open for read)\n");
     session.reset();
     EXPECT_EQ(faults(), "closing the drawing: TABLE 1 open for read; close it before\n");
 }

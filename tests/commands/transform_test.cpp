@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "commands/commands_fixture.h"
+#include "common/groups.h"
 #include "common/library.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/control/switches.h"
@@ -76,11 +77,7 @@ std::string difference(const Store& store, const Numbers& before, const Numbers&
 /// Groups behind the common ones: "code value|code value".
 std::string written(const ObjectBody& body) {
     const std::string_view tags = body.tags();
-    TagReader reader(tags.substr(tags.find("  8\n0\n") + 6));
-    std::string text;
-    for (Tag tag; reader.next(tag);)
-        text += (text.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
-    return text;
+    return render(tags.substr(tags.find("  8\n0\n") + 6));
 }
 
 struct Mapped {
