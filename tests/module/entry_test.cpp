@@ -4,6 +4,7 @@
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
+#include "host/control/faults.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
@@ -66,6 +67,19 @@ TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {
         EXPECT_EQ(drafting.session().sendMessage(kModule, message), 0);
     }
     EXPECT_EQ(effectText(EffectKind::CommandLine), L"");
+}
+
+TEST(Entry, RegistersItsFunctionOnceItIsDefined) {
+    Drafting drafting;
+    const auto calls = [&drafting](long failAt) {
+        host::setFaultPlan({failAt, false, ""});
+        drafting.session().sendMessage(kModule, 3);
+        const long count = host::faultCallCount();
+        host::setFaultPlan({});
+        return count;
+    };
+    EXPECT_EQ(calls(0), 2);
+    EXPECT_EQ(calls(1), 1);
 }
 
 TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {

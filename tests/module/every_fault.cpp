@@ -37,20 +37,6 @@ constexpr const wchar_t* kPointPrompt = L"\nPick insertion point for group marke
 /// then stands in for the marker and is rewritten if it is a block reference.
 constexpr const wchar_t* kNoBlock = L"\nBlock definition ";
 
-/// Groups of an entity without what a clone has of its own: handles, owner, dictionary, reactors.
-std::string contentOf(const host::ObjectBody& entity) {
-    std::string content;
-    bool bracket = false;
-    host::TagReader groups(entity.tags());
-    host::Tag group;
-    while (groups.next(group)) {
-        if (group.code == 102) bracket = group.value[0] == '{';
-        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
-        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
-    }
-    return content;
-}
-
 bool isMarkerReference(const host::ObjectBody& entity) {
     const auto block = host::findTag(entity.tags(), 2, 0);
     if (entity.type() != "INSERT" || !block || block->value.size() < 3) return false;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/census.h"
+#include "common/drawing_order.h"
 #include "common/scene.h"
 
 namespace tests {

@@ -160,7 +160,7 @@ TEST(MakeGroup, AsksForAPointOnlyWhenNoEntityHasOne) {
     EXPECT_NE(drafting.store().symbol("BLOCK_RECORD", L"VELMO_GB"), nullptr);
     EXPECT_TRUE(host::currentDocumentState()->highlighted.empty());
     drafting.expectFault("selection set");  // by design this path keeps its set
-    drafting.run(L"VelmoGROUPMAKE ALL\n\n4,5\n");
+    drafting.run(L"VelmoGROUPMAKE ALL\n\n\n4,5\n");  // empty input is refused
     EXPECT_EQ(drafting.order(), "begin(1) body* end");
     EXPECT_EQ(std::stod(groupOf(drafting.store(), handleOf(drafting.store(), "INSERT"), 20)), 5.0);
 }

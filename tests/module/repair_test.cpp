@@ -2,6 +2,7 @@
 #include "common/scene.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/notify.h"
+#include "handle_text.h"
 #include "marker_damage.h"
 
 namespace {
@@ -73,6 +74,37 @@ TEST(Repair, MarkersWithoutAPartnerArePurgedOnceTheDrawingForgotIt) {
     EXPECT_EQ(afterRegen(scene), "line* end? circle |  | ");
     scene.saveAndReopen();
     EXPECT_EQ(afterRegen(scene), "line* circle |  | ");
+}
+
+TEST(Repair, WhatIsNamedAlmostLikeAMarkerStays) {
+    Scene scene("line");
+    const std::wstring known = handleText(scene.entities()[0]);
+    for (const wchar_t* name : {L"VELMO_GATE", L"VELMO_G", L"VELMO_GX", L"KEST_GB", L"AVELMO_GB"})
+        tests::insertBlock(scene, name, known);
+    // What is named as a marker is and has no marker's tag goes, on purpose.
+    EXPECT_EQ(afterRegen(scene), "line insert insert begin()? begin()? |  | ");
+}
+
+TEST(Repair, TagsAreComparedWithoutRegardToCase) {
+    Scene scene("(line line)");
+    for (const int marker : {0, 1}) {
+        Opened<AcDbAttribute> attribute;
+        openAttribute(scene, marker, 0, attribute);
+        attribute->setTag(marker == 0 ? L"velmo_gb" : L"Velmo_Ge");
+        attribute->setTextString(L"");
+    }
+    ASSERT_EQ(scene.order(), "begin(2)? line* line* end?");
+    // Linked, and then without a tag that would lend its text.
+    EXPECT_EQ(afterRegen(scene), "line* line* |  | \n1 Groups Updated. ");
+}
+
+TEST(Repair, MarkersStayWhereTheyStand) {
+    Scene scene("(line line) (line)");
+    scene.run(L"VelmoGROUPNOTACTIVE\n");
+    scene.after(L"MOVE #4\n\n0,0 5,0\n");
+    scene.after(L"ERASE #2\n\n");
+    afterRegen(scene);
+    EXPECT_EQ(tests::markerPlaces(scene.store()), "1.0(1.0 1.0) 6.0(6.0) 3.0(3.0 3.0) 3.0(3.0)");
 }
 
 TEST(Repair, RunsBeforeTheWorkingDrawingIsSavedAndForNoOther) {

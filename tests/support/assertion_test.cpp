@@ -1,6 +1,8 @@
 // Assertion checks and their reports.
+#include "call_stack.h"
 #include "diagnostics.h"
 #include "library.h"
+#include "platform.h"
 #include "support_fixture.h"
 
 namespace {
@@ -66,6 +68,9 @@ TEST_F(Support, TheBoxEndsWithTheCallStack) {
     EXPECT_NE(frames[0].find(std::wstring(program.begin(), program.end()) + L" + 0x"),
               std::wstring::npos)
         << "the caller's module";
+    void* addresses[62];
+    EXPECT_EQ(linesOf(callStackText()).size(),
+              ::RtlCaptureStackBackTrace(0, 62, addresses, NULL));
 }
 
 TEST_F(Support, DebugStartupReportsEverywhere) {
@@ -78,6 +83,10 @@ TEST_F(Support, DebugStartupReportsEverywhere) {
     EXPECT_EQ(output[1].substr(0, 11), L"[16:19:18] ") << "the call stack";
     EXPECT_EQ(loggedLines(), output);
     EXPECT_TRUE(effectTexts(EffectKind::DebugOutput).empty()) << "no debugger is there";
+    clearEffects();
+    G_diagnostics.logFileEnabled = false;
+    diagnosticsOutput(L"text");
+    EXPECT_EQ(effectText(EffectKind::StandardOutput), L"[16:19:18] text");
 }
 
 TEST_F(Support, ModuleNameComesFromTheHandle) {

@@ -1,4 +1,7 @@
 // What only the stood-in Windows shows: a debugger, injected faults, a clock and names at will.
+#include <unistd.h>
+
+#include <cstring>
 #include <filesystem>
 
 #include "diagnostic_log.h"
@@ -52,23 +55,37 @@ TEST_F(Support, TheDebuggerGetsMessagesWithoutAnySwitch) {
 }
 
 TEST_F(Support, TheHeaderTellsTheMachine) {
-    const wchar_t* const version = L"HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
-    host::setRegistryText(version, L"ProductName", L"Windows 7");
-    host::setRegistryDword(version, L"CurrentVersion", 6);
-    const wchar_t* const processor = L"HKLM\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
-    host::setRegistryDword(processor, L"~MHz", 2400);
-    host::setRegistryText(processor, L"ProcessorNameString", L"Quick");
-    host::setRegistryText(processor, L"Identifier", L"x64");
+    const std::wstring version = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+    const std::wstring shell =
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+    const std::wstring bios = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
+    const std::wstring processor = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
+    host::setRegistryText(L"HKLM\\" + version, L"ProductName", L"Windows 7");
+    host::setRegistryDword(L"HKLM\\" + version, L"CurrentVersion", 6);  // no text
+    host::setRegistryText(L"HKLM\\" + version, L"CurrentBuildNumber", L"7601");
+    host::setRegistryText(L"HKLM\\" + version, L"SystemRoot", L"C:\\Windows");
+    host::setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
+    host::setRegistryText(L"HKCU\\" + shell, L"AppData", L"C:\\Roaming");
+    host::setRegistryText(L"HKLM\\" + bios, L"BIOSVendor", L"Maker");
+    host::setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
+    host::setRegistryDword(L"HKLM\\" + processor, L"~MHz", 2400);
+    host::setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
+    host::setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
-    const Lines lines = linesOf(decodeLog(readFile(workingLog())));
-    ASSERT_EQ(lines.size(), 9u);
-    EXPECT_EQ(lines[0], L"Diagnostics started: Tue Jan 15 16:19:18 2013");
-    EXPECT_EQ(lines[1].substr(0, 11), L"::HostName=");
-    EXPECT_EQ(lines[2], L"Windows::ProductName=Windows 7");
-    EXPECT_EQ(lines[3], L"Hardware::id= 2400 MHz, Quick, x64");
-    EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] one", L"[16:19:18] two"}));
+    char name[256] = {};
+    ::gethostname(name, sizeof name);
+    EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))),
+              (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
+                     L"::HostName=" + std::wstring(name, name + std::strlen(name)),
+                     L"Windows::ProductName=Windows 7", L"Windows::CurrentBuildNumber=7601",
+                     L"ShellFolder::Personal=C:\\Documents", L"ShellFolder::AppData=C:\\Roaming",
+                     L"SystemFolder::SystemRoot=C:\\Windows", L"BIOS::BIOSVendor=Maker",
+                     L"BIOS::BIOSVersion=2.0", L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
+                     L"PathLocation::Diagnostics=" + diagnosticsFolder(),
+                     L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
 }
 
 TEST_F(Support, EveryFailingFileCallIsRetried) {
