@@ -1,6 +1,6 @@
 // Copies of groups: which commands make groups of their own of them, and when.
 #include "gtest/gtest.h"
-#include "marker_damage.h"
+#include "storage_pieces.h"
 
 namespace {
 

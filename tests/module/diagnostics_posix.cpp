@@ -43,7 +43,7 @@ struct Work {
     const char* words;
     const wchar_t* before;
     const wchar_t* script;
-    const char* file = "";    ///< drawing in place of `words`
+    const char* file = "";  ///< drawing in place of `words`
     bool andAllLater = false;
 };
 
@@ -110,14 +110,15 @@ TEST(Diagnostics, EveryTextAndReportIsAsTheListHasIt) {
 std::vector<std::wstring> outside() {
     {
         Scene scene("(line line) circle");
-        scene.run(L"PICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER 1,0\n\nVelmoGROUPDELETE 2,0\n\n"
-                  L"VelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n(VelmoGroupVersion)\n");
+        scene.run(
+            L"PICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER 1,0\n\nVelmoGROUPDELETE 2,0\n\n"
+            L"VelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n(VelmoGroupVersion)\n");
         scene.session().unloadModule("VelmoGroup.arx");
     }
     std::vector<std::wstring> texts;
-    for (const EffectKind kind : {EffectKind::AlertBox, EffectKind::DebugOutput,
-                                  EffectKind::StandardOutput, EffectKind::RegistryWrite,
-                                  EffectKind::FileWrite}) {
+    for (const EffectKind kind :
+         {EffectKind::AlertBox, EffectKind::DebugOutput, EffectKind::StandardOutput,
+          EffectKind::RegistryWrite, EffectKind::FileWrite}) {
         for (const std::wstring& text : effectTexts(kind))
             texts.push_back(text);
     }

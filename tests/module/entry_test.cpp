@@ -18,6 +18,8 @@ using tests::Drafting;
 using Texts = std::vector<std::wstring>;
 
 constexpr const char* kModule = "VelmoGroup.arx";
+const std::wregex kVersionLine(
+    L"GroupCommands : [A-Z][a-z]{2} [ 1-3][0-9] [0-9]{4} [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
 
 TEST(Entry, RegistersItsCommandsInOrderWithTheirFlags) {
     Drafting drafting;
@@ -53,9 +55,7 @@ TEST(Entry, VersionFunctionPrintsTheMomentOfTheBuildInEveryDrawing) {
         drafting.session().activate(index);
         host::clearEffects();
         EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
-        const std::wregex line(
-            L"GroupCommands : [A-Z][a-z]{2} [ 1-3][0-9] [0-9]{4} [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
-        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), line))
+        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), kVersionLine))
             << "drawing " << index;
     }
 }
@@ -80,6 +80,11 @@ TEST(Entry, RegistersItsFunctionOnceItIsDefined) {
     };
     EXPECT_EQ(calls(0), 2);
     EXPECT_EQ(calls(1), 1);
+    // Without the registration the function is called by a message, and gives no value.
+    calls(2);
+    host::clearEffects();
+    drafting.session().callLisp(L"(VelmoGroupVersion)");
+    EXPECT_TRUE(std::regex_match(effectText(EffectKind::CommandLine), kVersionLine));
 }
 
 TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {

@@ -6,8 +6,8 @@
 #include <random>
 
 #include "group_record.h"
-#include "marker_damage.h"
 #include "membership.h"
+#include "storage_pieces.h"
 
 namespace {
 

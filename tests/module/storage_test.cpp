@@ -4,26 +4,14 @@
 #include "group_layer.h"
 #include "group_naming.h"
 #include "group_record.h"
-#include "host_services.h"
-#include "marker.h"
-#include "marker_block.h"
-#include "marker_damage.h"
+#include "storage_pieces.h"
 
 namespace {
 
+using tests::addRecord;
 using tests::groupOf;
 using tests::handleOf;
 using tests::Scene;
-
-/// Adds an empty block or layer of that name.
-template <typename Table, typename Record>
-void add(const wchar_t* name) {
-    Opened<Table> table;
-    ASSERT_EQ(workingDatabase()->getSymbolTable(table.receive(), AcDb::kForWrite), Acad::eOk);
-    const NewObject<Record> record(new Record);
-    record->setName(name);
-    ASSERT_EQ(table->add(record.get()), Acad::eOk);
-}
 
 TEST(Storage, ThePrefixIsThatOfTheDetailingBlocksThenOfTheLayer) {
     const struct {
@@ -40,9 +28,9 @@ TEST(Storage, ThePrefixIsThatOfTheDetailingBlocksThenOfTheLayer) {
     for (const auto& each : cases) {
         Scene scene("");
         for (const wchar_t* name : each.blocks)
-            add<AcDbBlockTable, AcDbBlockTableRecord>(name);
+            addRecord<AcDbBlockTable, AcDbBlockTableRecord>(name);
         for (const wchar_t* name : each.layers)
-            add<AcDbLayerTable, AcDbLayerTableRecord>(name);
+            addRecord<AcDbLayerTable, AcDbLayerTableRecord>(name);
         EXPECT_EQ(groupPrefix(), each.prefix) << &each - cases;
     }
 }
@@ -135,10 +123,13 @@ TEST(Storage, WhatCannotBeTakenAwayIsSaid) {
     EXPECT_TRUE(deleteXrecord(bare));
     EXPECT_TRUE(deleteXrecord(other));
     EXPECT_FALSE(deleteXrecord({}));
-    EXPECT_EQ(Scene::printed(), "\nIn fucntion deleteXrecord Open Dictionary failed."
-                                "\nRemoving entry from the dictionary... failed."
-                                "\nThe dictionary is not empty... failed."
-                                "\nIn fucntion deleteXrecord Open Object failed.");
+    EXPECT_FALSE(createXrecord({}));
+    EXPECT_EQ(Scene::printed(),
+              "\nIn fucntion deleteXrecord Open Dictionary failed."
+              "\nRemoving entry from the dictionary... failed."
+              "\nThe dictionary is not empty... failed."
+              "\nIn fucntion deleteXrecord Open Object failed."
+              "\nIn fucntion createXrecord acdbOpenObject failed.");
     EXPECT_TRUE(createXrecord(bare));
     EXPECT_TRUE(isGroupedEntity(bare));
     host::clearEffects();

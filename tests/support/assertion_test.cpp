@@ -69,8 +69,7 @@ TEST_F(Support, TheBoxEndsWithTheCallStack) {
               std::wstring::npos)
         << "the caller's module";
     void* addresses[62];
-    EXPECT_EQ(linesOf(callStackText()).size(),
-              ::RtlCaptureStackBackTrace(0, 62, addresses, NULL));
+    EXPECT_EQ(linesOf(callStackText()).size(), ::RtlCaptureStackBackTrace(0, 62, addresses, NULL));
 }
 
 TEST_F(Support, DebugStartupReportsEverywhere) {

@@ -78,7 +78,8 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     ::gethostname(name, sizeof name);
     EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))),
               (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
-                     L"::HostName=" + std::wstring(name, name + std::strlen(name)),
+                     L"::HostName=" +
+                         std::wstring(name, name + std::min<std::size_t>(std::strlen(name), 15)),
                      L"Windows::ProductName=Windows 7", L"Windows::CurrentBuildNumber=7601",
                      L"ShellFolder::Personal=C:\\Documents", L"ShellFolder::AppData=C:\\Roaming",
                      L"SystemFolder::SystemRoot=C:\\Windows", L"BIOS::BIOSVendor=Maker",

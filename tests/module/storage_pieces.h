@@ -1,4 +1,4 @@
-// Damage to group markers as it comes from outside.
+// Pieces of groups as no command makes them, and damage as it comes from outside.
 #pragma once
 
 #include "common/drawing_order.h"
@@ -6,10 +6,21 @@
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
 #include "host_guards.h"
+#include "host_services.h"
 #include "marker.h"
 #include "marker_block.h"
 
 namespace tests {
+
+/// Adds an empty block or layer of that name.
+template <typename Table, typename Record>
+void addRecord(const wchar_t* name) {
+    Opened<Table> table;
+    ASSERT_EQ(workingDatabase()->getSymbolTable(table.receive(), AcDb::kForWrite), Acad::eOk);
+    const NewObject<Record> record(new Record);
+    record->setName(name);
+    ASSERT_EQ(table->add(record.get()), Acad::eOk);
+}
 
 /// One attribute, from 0, of the n-th block reference, open for write.
 inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAttribute>& opened) {
