@@ -4,6 +4,7 @@
 #include <chrono>
 #include <iostream>
 
+#include "common/drawing_order.h"
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"

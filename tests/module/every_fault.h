@@ -6,7 +6,6 @@
 #include <string>
 
 #include "common/census.h"
-#include "common/drawing_order.h"
 #include "common/scene.h"
 
 namespace tests {
