@@ -53,8 +53,8 @@ TEST(MakeGroup, AnOlderGroupLayerKeepsItsPrefixAndGetsItsColourBack) {
     const host::Store& store = scene.store();
     EXPECT_NE(store.symbol("BLOCK_RECORD", L"KEST_GE"), nullptr);
     EXPECT_EQ(store.symbol("BLOCK_RECORD", L"VELMO_GB"), nullptr);
-    const host::ObjectBody* layer = store.symbol("LAYER", L"KEST_GFRZ");
-    EXPECT_EQ(groupOf(store, host::formatHandle(layer->handle), 6), "Continuous");
+    const std::string layer = host::formatHandle(store.symbol("LAYER", L"KEST_GFRZ")->handle);
+    EXPECT_EQ(groupOf(store, layer, 62) + groupOf(store, layer, 6), "7Continuous");
 }
 
 TEST(MakeGroup, WorksInTheSpaceOfTheUser) {

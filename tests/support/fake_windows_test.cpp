@@ -61,7 +61,7 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     const std::wstring bios = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
     const std::wstring processor = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
     host::setRegistryText(L"HKLM\\" + version, L"ProductName", L"Windows 7");
-    host::setRegistryDword(L"HKLM\\" + version, L"CurrentVersion", 6);  // no text
+    host::setRegistryText(L"HKLM\\" + version, L"CurrentVersion", L"6.1");
     host::setRegistryText(L"HKLM\\" + version, L"CurrentBuildNumber", L"7601");
     host::setRegistryText(L"HKLM\\" + version, L"SystemRoot", L"C:\\Windows");
     host::setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
@@ -80,10 +80,11 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
               (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
                      L"::HostName=" +
                          std::wstring(name, name + std::min<std::size_t>(std::strlen(name), 15)),
-                     L"Windows::ProductName=Windows 7", L"Windows::CurrentBuildNumber=7601",
-                     L"ShellFolder::Personal=C:\\Documents", L"ShellFolder::AppData=C:\\Roaming",
-                     L"SystemFolder::SystemRoot=C:\\Windows", L"BIOS::BIOSVendor=Maker",
-                     L"BIOS::BIOSVersion=2.0", L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"Windows::ProductName=Windows 7", L"Windows::CurrentVersion=6.1",
+                     L"Windows::CurrentBuildNumber=7601", L"ShellFolder::Personal=C:\\Documents",
+                     L"ShellFolder::AppData=C:\\Roaming", L"SystemFolder::SystemRoot=C:\\Windows",
+                     L"BIOS::BIOSVendor=Maker", L"BIOS::BIOSVersion=2.0",
+                     L"Hardware::id= 2400 MHz, Quick, x64",
                      L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
                      L"PathLocation::Diagnostics=" + diagnosticsFolder(),
                      L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
