@@ -89,7 +89,7 @@ TEST_F(Support, DebugStartupReportsEverywhere) {
 }
 
 TEST_F(Support, ModuleNameComesFromTheHandle) {
-    for (const wchar_t* const name : {L"Name.With.Dots", L"Bare"}) {
+    for (const wchar_t* const name : {L"Name#With.Dots", L"Bare"}) {
         const std::wstring text = name;
         const bool bare = text.find(L'.') == text.npos;
         start(0, 1);
