@@ -4,6 +4,7 @@
 
 #include "database/entities_drawing.h"
 #include "host/objects/erasing.h"
+#include "host/store/body_text.h"
 
 using entities::Drawing;
 using host::Index;
@@ -140,6 +141,8 @@ TEST(MissingHandles, AreGivenInTheRightGroup) {
     store.assignMissingHandles();
     EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
     EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(entities::render(host::withIdentity(style.tags(), 0x23, 0x1)).substr(0, 17),
+              "0 DIMSTYLE|105 23");
     EXPECT_EQ(store.byHandle(0x22), &style);
     EXPECT_EQ(store.handleSeed(), 0x23u);
 }

@@ -1,7 +1,9 @@
 // Assertion checks and their reports.
+#include "call_stack.h"
 #include "diagnostics.h"
 #include "host/control/fake_windows.h"
 #include "library.h"
+#include "platform.h"
 #include "support_fixture.h"
 
 namespace {
@@ -62,6 +64,8 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
     EXPECT_NE(frames[0].find(std::wstring(program.begin(), program.end()) + L" + 0x"),
               std::wstring::npos)
         << "the caller's module";
+    void* addresses[62];
+    EXPECT_EQ(linesOf(callStackText()).size(), ::RtlCaptureStackBackTrace(0, 62, addresses, NULL));
 }
 
 TEST_F(Support, DebugStartupReportsEverywhere) {
@@ -82,11 +86,15 @@ TEST_F(Support, DebugStartupReportsEverywhere) {
     failCheck();
     EXPECT_EQ(effectText(EffectKind::DebugOutput), effectText(EffectKind::StandardOutput));
     EXPECT_EQ(host::breakpointsHit(), 1);
+    host::clearEffects();
+    G_diagnostics.logFileEnabled = false;
+    diagnosticsOutput(L"text");
+    EXPECT_EQ(effectText(EffectKind::StandardOutput), L"[16:19:18] text");
 }
 
 TEST_F(Support, ModuleNameComesFromTheHandle) {
     const std::pair<std::wstring, const wchar_t*> cases[] = {
-        {L"/opt/a.b/Name.With.Dots.arx", L"Name.With.Dots"},
+        {L"/opt/a.b/Name#With.Dots.arx", L"Name#With.Dots"},
         {L"/opt/a.b/Bare", L"Bare"},
         {L"/" + std::wstring(3000, L'x') + L"/Long.arx", L"Long"}};
     start(0, 1);

@@ -1,6 +1,9 @@
 // The diagnostic log files: names, encoding, header, locks, folders, the final log.
 #include "diagnostic_log.h"
 
+#include <unistd.h>
+
+#include <cstring>
 #include <filesystem>
 
 #include "diagnostics.h"
@@ -29,23 +32,39 @@ TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
 }
 
 TEST_F(Support, TheHeaderTellsTheMachine) {
-    const wchar_t* const version = L"HKLM\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
-    setRegistryText(version, L"ProductName", L"Windows 7");
-    host::setRegistryDword(version, L"CurrentVersion", 6);
-    const wchar_t* const processor = L"HKLM\\HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
-    host::setRegistryDword(processor, L"~MHz", 2400);
-    setRegistryText(processor, L"ProcessorNameString", L"Quick");
-    setRegistryText(processor, L"Identifier", L"x64");
+    const std::wstring version = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+    const std::wstring shell =
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+    const std::wstring bios = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
+    const std::wstring processor = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
+    setRegistryText(L"HKLM\\" + version, L"ProductName", L"Windows 7");
+    setRegistryText(L"HKLM\\" + version, L"CurrentVersion", L"6.1");
+    setRegistryText(L"HKLM\\" + version, L"CurrentBuildNumber", L"7601");
+    setRegistryText(L"HKLM\\" + version, L"SystemRoot", L"C:\\Windows");
+    setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
+    setRegistryText(L"HKCU\\" + shell, L"AppData", L"C:\\Roaming");
+    setRegistryText(L"HKLM\\" + bios, L"BIOSVendor", L"Maker");
+    setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
+    host::setRegistryDword(L"HKLM\\" + processor, L"~MHz", 2400);
+    setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
+    setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
-    const Lines lines = linesOf(decodeLog(readFile(workingLog())));
-    ASSERT_EQ(lines.size(), 9u);
-    EXPECT_EQ(lines[0], L"Diagnostics started: Tue Jan 15 16:19:18 2013");
-    EXPECT_EQ(lines[1].substr(0, 11), L"::HostName=");
-    EXPECT_EQ(lines[2], L"Windows::ProductName=Windows 7");
-    EXPECT_EQ(lines[3], L"Hardware::id= 2400 MHz, Quick, x64");
-    EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] one", L"[16:19:18] two"}));
+    char name[256] = {};
+    ::gethostname(name, sizeof name);
+    EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))),
+              (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
+                     L"::HostName=" +
+                         std::wstring(name, name + std::min<std::size_t>(std::strlen(name), 15)),
+                     L"Windows::ProductName=Windows 7", L"Windows::CurrentVersion=6.1",
+                     L"Windows::CurrentBuildNumber=7601", L"ShellFolder::Personal=C:\\Documents",
+                     L"ShellFolder::AppData=C:\\Roaming", L"SystemFolder::SystemRoot=C:\\Windows",
+                     L"BIOS::BIOSVendor=Maker", L"BIOS::BIOSVersion=2.0",
+                     L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
+                     L"PathLocation::Diagnostics=" + diagnosticsFolder(),
+                     L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
 }
 
 TEST_F(Support, ALogThatCannotBeWrittenIsTriedTenTimes) {

@@ -42,6 +42,7 @@ TEST_F(Support, MessagesHaveOneNewline) {
         {L"\n \U0001D11E ", L" \U0001D11E \n"},
         {L"\n\n", L"\n"},
         {L"", L"\n"},
+        {L"x", L"x\n"},
         {L"100 %d%s", L"100 %d%s\n"}};
     for (const auto& [text, expected] : cases) {
         pieces(text);
