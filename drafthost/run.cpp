@@ -251,7 +251,7 @@ std::string helpOnCommands() {
         "unknown,\n"
         "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
         "be\n"
-        "written; 5 the check found damage, or --groups a group that is not whole or a stray.\n\n"
+        "written; 5 the check found damage, or --groups a group that is not whole or a stray; 130 Ctrl+C.\n\n"
         "Commands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {
         std::string name = host::toUtf8(command->name);
