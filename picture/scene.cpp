@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/store/paper_viewport.h"
+
 namespace picture {
 namespace {
 
@@ -66,11 +68,6 @@ std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
     return rectangle(box.left, box.bottom, box.right, box.top);
 }
 
-/// The sheet of a layout is a viewport too.
-bool isSheet(const host::ObjectBody& entity) {
-    return host::trimmed(entity.type()) == "VIEWPORT" && OwnTags(entity.tags()).integer(69, 0) == 1;
-}
-
 void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
     for (std::size_t i = firstPart; i < scene.parts.size(); ++i) {
         const host::ObjectBody& source = *scene.parts[i].source;
@@ -125,7 +122,7 @@ Scene readScene(const host::Store& store, host::Index space) {
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        if (!isSheet(store.at(i))) add(scene, maker, store.at(i));
+        if (!host::isPaperViewport(store.at(i))) add(scene, maker, store.at(i));
     }
     return scene;
 }

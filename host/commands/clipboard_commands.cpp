@@ -47,9 +47,10 @@ Vec cornerOf(const Store& store, const std::vector<ObjectBody*>& entities) {
     return box ? Vec{box->left, box->bottom, 0} : Vec{};
 }
 
-bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const char* done) {
+CommandStatus fillClipboard(Store& store, const std::vector<ObjectBody*>& entities,
+                            const char* done) {
     EntityTransform unmoved(displacement({}), done);
-    if (!canTransform(unmoved, entities)) return false;
+    if (!canTransform(unmoved, entities)) return CommandStatus::Failed;
     Clipboard filled;
     filled.drawing = std::make_unique<AcDbDatabase>(newDrawing());
     filled.base = cornerOf(store, entities);
@@ -58,33 +59,25 @@ bool fillClipboard(Store& store, const std::vector<ObjectBody*>& entities, const
     printLine(std::to_wstring(entities.size()) + L" copied to the clipboard, base point X=" +
               fromUtf8(formatReal(filled.base.x)) + L" Y=" + fromUtf8(formatReal(filled.base.y)));
     clipboard() = std::move(filled);
-    return true;
-}
-
-CommandStatus copyToClipboard() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> entities;
-    if (!selectEntities(Locked::Taken, entities)) return CommandStatus::Cancelled;
-    if (entities.empty()) return CommandStatus::Done;
-    return fillClipboard(*store, entities, "copied") ? CommandStatus::Done : CommandStatus::Failed;
+    return CommandStatus::Done;
 }
 
 CommandStatus runCopyClip() {
-    const CommandStatus status = copyToClipboard();
+    const CommandStatus status =
+        editSelection(Locked::Taken, [](Store& store, const std::vector<ObjectBody*>& entities) {
+            return fillClipboard(store, entities, "copied");
+        });
     if (switches().copyClipNotifiesPickfirst) notifyUnchangedPickfirst();
     return status;
 }
 
 CommandStatus runCutClip() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> entities;
-    if (!selectEntities(Locked::LeftOut, entities)) return CommandStatus::Cancelled;
-    if (entities.empty()) return CommandStatus::Done;
-    if (!fillClipboard(*store, entities, "cut")) return CommandStatus::Failed;
-    eraseEntities(entities);
-    return CommandStatus::Done;
+    return editSelection(Locked::LeftOut,
+                         [](Store& store, const std::vector<ObjectBody*>& entities) {
+                             const CommandStatus status = fillClipboard(store, entities, "cut");
+                             if (status == CommandStatus::Done) eraseEntities(entities);
+                             return status;
+                         });
 }
 
 CommandStatus runPasteClip() {

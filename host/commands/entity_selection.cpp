@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/editor/dialogue/input.h"
@@ -15,15 +16,18 @@
 
 namespace host {
 
-bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities) {
+CommandStatus editSelection(Locked locked, const EntityWork& work) {
+    Store* store = drawingOrComplaint();
+    if (store == nullptr) return CommandStatus::Failed;
     std::vector<AcDbObjectId> selection;
     if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel)
-        return false;
+        return CommandStatus::Cancelled;
+    std::vector<ObjectBody*> entities;
     long onLocked = 0;
     for (const AcDbObjectId id : selection) {
         ObjectBody* body = Store::resolve(id);
         if (body == nullptr || body->erased) continue;
-        if (locked == Locked::LeftOut && body->store->onLockedLayer(*body))
+        if (locked == Locked::LeftOut && store->onLockedLayer(*body))
             ++onLocked;
         else
             entities.push_back(body);
@@ -34,7 +38,7 @@ bool selectEntities(Locked locked, std::vector<ObjectBody*>& entities) {
     }
     if (onLocked > 0)
         printLine(std::to_wstring(onLocked) + L" on a locked layer, left as they are.");
-    return true;
+    return entities.empty() ? CommandStatus::Done : work(*store, entities);
 }
 
 void eraseEntities(const std::vector<ObjectBody*>& entities) {

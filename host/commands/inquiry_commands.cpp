@@ -105,8 +105,9 @@ CommandStatus runAudit() {
     long errors = 0;
     const std::vector<Finding> findings = checkDrawing(*store);
     for (const Finding& finding : findings) {
-        errors += finding.severity == Severity::Error ? 1 : 0;
-        printLine(fromUtf8(finding.text));
+        const bool isError = finding.severity == Severity::Error;
+        errors += isError ? 1 : 0;
+        printLine((isError ? L"" : L"note: ") + fromUtf8(finding.text));
     }
     printLine(std::to_wstring(errors) + L" error(s), " +
               std::to_wstring(static_cast<long>(findings.size()) - errors) + L" note(s).");

@@ -13,11 +13,10 @@ namespace host {
 namespace {
 
 CommandStatus runErase() {
-    if (drawingOrComplaint() == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> selection;
-    if (!selectEntities(Locked::LeftOut, selection)) return CommandStatus::Cancelled;
-    eraseEntities(selection);
-    return CommandStatus::Done;
+    return editSelection(Locked::LeftOut, [](Store&, const std::vector<ObjectBody*>& entities) {
+        eraseEntities(entities);
+        return CommandStatus::Done;
+    });
 }
 
 /// Makes a selection the previous one, for "P" of the next command.

@@ -2,7 +2,6 @@
 #include <iterator>
 
 #include "host/clone/deep_clone.h"
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/commands/point_or_word.h"
@@ -41,12 +40,7 @@ PromptStatus promptBase(AcGePoint3d& base, bool& isDisplacement) {
     return given == PromptStatus::Cancel ? given : PromptStatus::Ok;
 }
 
-CommandStatus runMove() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> entities;
-    if (!selectEntities(Locked::LeftOut, entities)) return CommandStatus::Cancelled;
-    if (entities.empty()) return CommandStatus::Done;
+CommandStatus moveEntities(Store& store, const std::vector<ObjectBody*>& entities) {
     AcGePoint3d base, second;
     bool isDisplacement = false;
     if (promptBase(base, isDisplacement) != PromptStatus::Ok) return CommandStatus::Cancelled;
@@ -58,7 +52,7 @@ CommandStatus runMove() {
     }
     EntityTransform move(displacement(by), "moved");
     if (!canTransform(move, entities)) return CommandStatus::Failed;
-    move.apply(*store, indexesOf(entities));
+    move.apply(store, indexesOf(entities));
     return CommandStatus::Done;
 }
 
@@ -103,17 +97,12 @@ CommandStatus copyToPoints(Store& store, const std::vector<ObjectBody*>& entitie
     }
 }
 
-CommandStatus runCopy() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> entities;
-    if (!selectEntities(Locked::Taken, entities)) return CommandStatus::Cancelled;
-    if (entities.empty()) return CommandStatus::Done;
+CommandStatus copyEntities(Store& store, const std::vector<ObjectBody*>& entities) {
     AcGePoint3d base;
     bool isDisplacement = false;
     if (promptBase(base, isDisplacement) != PromptStatus::Ok) return CommandStatus::Cancelled;
-    if (!isDisplacement) return copyToPoints(*store, entities, base);
-    return copyBy(*store, entities, toVec(base)) ? CommandStatus::Done : CommandStatus::Failed;
+    if (!isDisplacement) return copyToPoints(store, entities, base);
+    return copyBy(store, entities, toVec(base)) ? CommandStatus::Done : CommandStatus::Failed;
 }
 
 /// The two points of the mirror line; asked again while they are the same.
@@ -143,30 +132,31 @@ PromptStatus promptErase(bool& erases) {
     }
 }
 
-CommandStatus runMirror() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    std::vector<ObjectBody*> selected;
-    if (!selectEntities(Locked::Taken, selected)) return CommandStatus::Cancelled;
-    if (selected.empty()) return CommandStatus::Done;
+CommandStatus mirrorEntities(Store& store, const std::vector<ObjectBody*>& selected) {
     AcGePoint3d first, second;
     bool erases = false;
     if (promptMirrorLine(first, second) != PromptStatus::Ok) return CommandStatus::Cancelled;
     if (promptErase(erases) != PromptStatus::Ok) return CommandStatus::Cancelled;
     std::vector<ObjectBody*> entities;
     for (ObjectBody* entity : selected)
-        if (!erases || !store->onLockedLayer(*entity)) entities.push_back(entity);
+        if (!erases || !store.onLockedLayer(*entity)) entities.push_back(entity);
     if (entities.size() < selected.size())
         printLine(std::to_wstring(selected.size() - entities.size()) +
                   L" on a locked layer, left as they are.");
     EntityTransform mirror(mirroring(toVec(first), toVec(second)), "mirrored");
     if (!canTransform(mirror, entities)) return CommandStatus::Failed;
     if (erases)
-        mirror.apply(*store, indexesOf(entities));
+        mirror.apply(store, indexesOf(entities));
     else
-        cloneTransformed(*store, entities, mirror);
+        cloneTransformed(store, entities, mirror);
     return CommandStatus::Done;
 }
+
+CommandStatus runMove() { return editSelection(Locked::LeftOut, moveEntities); }
+
+CommandStatus runCopy() { return editSelection(Locked::Taken, copyEntities); }
+
+CommandStatus runMirror() { return editSelection(Locked::Taken, mirrorEntities); }
 
 constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 

@@ -1,5 +1,4 @@
 // Attribute definitions of blocks and attributes of placed block references.
-#include "host/control/switches.h"
 #include "host/entities/entity_support.h"
 #include "host/tags/tags.h"
 
@@ -8,16 +7,7 @@ namespace {
 
 /// Tags of a new attribute or definition: those that readers of drawings expect in every one.
 std::string newAttribute(std::string_view type, std::string_view subclass, bool hasPrompt) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, "AcDbText");
-    const double at = switches().newTextPosition;
-    addPointTag(text, 10, at, at, at);
-    addTag(text, 40, switches().newTextHeight);
-    addTag(text, 1, "");
-    addTag(text, 100, subclass);
+    std::string text = newText(type, subclass);
     addTag(text, 280, 0);  // version of the record
     if (hasPrompt) addTag(text, 3, "");
     addTag(text, 2, "");

@@ -1,6 +1,8 @@
 // What the methods of all entity classes share: access checks, sub-entities, name lookup.
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/objectarx/entities.h"
@@ -37,6 +39,9 @@ const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
                              std::wstring_view name);
 /// Id of that record, or the null id.
 AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wstring_view name);
+
+/// Tags of a new text, attribute or definition without text, up to the marker of its last subclass.
+std::string newText(std::string_view type, std::string_view lastSubclass);
 
 /// A setter of one field: access check, the change.
 template <typename Field, typename Value>

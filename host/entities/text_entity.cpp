@@ -7,21 +7,6 @@
 namespace host {
 namespace {
 
-/// Tags of a new text without text.
-std::string newText() {
-    std::string text;
-    addTag(text, 0, "TEXT");
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, "AcDbText");
-    const double at = switches().newTextPosition;
-    addPointTag(text, 10, at, at, at);
-    addTag(text, 40, switches().newTextHeight);
-    addTag(text, 1, "");
-    addTag(text, 100, "AcDbText");
-    return text;
-}
-
 /// The vertical mode has a place of its own in each of the three kinds of text.
 const IntegerField& verticalModeOf(const ObjectBody& body) {
     switch (body.kind) {
@@ -45,11 +30,26 @@ Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const I
 }
 
 }  // namespace
+
+std::string newText(std::string_view type, std::string_view lastSubclass) {
+    std::string text;
+    addTag(text, 0, type);
+    addTag(text, 100, "AcDbEntity");
+    addTag(text, 8, "0");
+    addTag(text, 100, "AcDbText");
+    const double at = switches().newTextPosition;
+    addPointTag(text, 10, at, at, at);
+    addTag(text, 40, switches().newTextHeight);
+    addTag(text, 1, "");
+    addTag(text, 100, lastSubclass);
+    return text;
+}
+
 }  // namespace host
 
 using namespace host;
 
-AcDbText::AcDbText() : AcDbText(freshBody(Kind::Text, newText())) {}
+AcDbText::AcDbText() : AcDbText(freshBody(Kind::Text, newText("TEXT", "AcDbText"))) {}
 
 AcGePoint3d AcDbText::position() const { return getField(body(), field::textPosition); }
 
