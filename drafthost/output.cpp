@@ -55,12 +55,9 @@ void showStatus(const std::string& line) {
     static std::string shown;
     static const bool terminal = standardErrorIsTerminal();
     if (!terminal || line == shown) return;
-    if (line.empty()) {
-        std::fprintf(stderr, "\r%*s\r", static_cast<int>(shown.size()), "");
-    } else {
-        flushOutput();
-        std::fprintf(stderr, "\r%s", line.c_str());
-    }
+    flushOutput();
+    std::fprintf(stderr, "\r%-*s%s", static_cast<int>(shown.size()), line.c_str(),
+                 line.empty() ? "\r" : "");
     std::fflush(stderr);
     shown = line;
 }
@@ -68,23 +65,17 @@ void showStatus(const std::string& line) {
 bool showProgress(const char* what, int percent) {
     using Clock = std::chrono::steady_clock;
     static Clock::time_point begin;
-    static std::string shown;
+    static std::string task;
     static int last = -1;
-    static const bool terminal = standardErrorIsTerminal();
-    if (!terminal) return !interruptRequested();
-    if (shown != what || percent < last) {
-        shown = what;
+    if (task != what || percent < last) {
+        task = what;
         begin = Clock::now();
-        last = -1;
     }
-    if (percent == last || Clock::now() - begin < std::chrono::seconds(1))
-        return !interruptRequested();
     last = percent;
-    if (percent < 100) {
-        std::fprintf(stderr, "\r%s: %d %%", what, percent);
-    } else {
-        std::fprintf(stderr, "\r%*s\r", static_cast<int>(shown.size()) + 8, "");
-    }
-    std::fflush(stderr);
-    return !interruptRequested();
+    const bool goesOn = !interruptRequested();
+    if (percent >= 100 || !goesOn)
+        showStatus("");
+    else if (Clock::now() - begin >= std::chrono::seconds(1))
+        showStatus(task + ": " + std::to_string(percent) + " %");
+    return goesOn;
 }

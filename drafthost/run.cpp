@@ -149,7 +149,12 @@ int reportFaults(const Job& job, int status) {
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    session.setProgress([&](const char* what, int percent) {
+        const bool stops = terminal->stopRequested();
+        return showProgress(what, stops ? 100 : percent) && !stops;
+    });
     session.runInput(*terminal);
+    session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
 
@@ -251,7 +256,8 @@ std::string helpOnCommands() {
         "unknown,\n"
         "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
         "be\n"
-        "written; 5 the check found damage, or --groups a group that is not whole or a stray; 130 Ctrl+C.\n\n"
+        "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
+        "130 Ctrl+C. With several drawings the highest.\n\n"
         "Commands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {
         std::string name = host::toUtf8(command->name);
