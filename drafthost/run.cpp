@@ -1,22 +1,26 @@
-// A session of the program, and the check of drawings.
+// The sessions of the program, one for each drawing.
 #include "drafthost/run.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <functional>
 #include <memory>
 
+#include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
 #include "drafthost/output.h"
+#include "drafthost/output_folder.h"
+#include "drafthost/process.h"
+#include "drafthost/script_job.h"
 #include "drafthost/terminal.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/windows_setup.h"
-#include "host/dxf/check/drawing_check.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
@@ -112,34 +116,57 @@ bool loadModule(host::Session& session, const Options& options) {
 }
 
 /// Drawing, variables and module; the exit status when that fails, else kDone.
-int start(host::Session& session, const Options& options) {
+int start(host::Session& session, const Options& options, const Job& job) {
     for (const std::string& group : options.menuGroups)
         host::setMenuGroupLoaded(host::fromUtf8(group), true);
     const host::Outcome opened =
-        options.files.empty() ? session.newDrawing() : session.openDrawing(options.files[0]);
+        job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;
     if (!setVariables(options)) return kUsage;
     return loadModule(session, options) ? kDone : kFailed;
 }
 
 /// Exit status of a finished session whose commands ended with `status`.
-int reportFaults(int status) {
+int reportFaults(const Job& job, int status) {
+    const std::string head = job.file.empty() ? "" : job.file + ": ";
     for (const std::string& fault : host::moduleFaults())
-        complain("module fault: " + fault);
+        complain(head + "module fault: " + fault);
     return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
 }
 
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    session.setProgress([&](const char* what, int percent) {
+        const bool stops = terminal->stopRequested();
+        return showProgress(what, stops ? 100 : percent) && !stops;
+    });
     session.runInput(*terminal);
+    session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
 
-void runScript(host::Session& session, const Options& options, const std::string& text) {
-    session.setDiagnostics([](const std::string& line) { complain(line); });
-    const std::string name = options.script == "-" ? "standard input" : options.script;
-    session.runScript(host::fromUtf8(text), false, name);
+int runDrawing(const Options& options, const Job& job) {
+    OwnRegistry registry;
+    if (!registry.set(options)) return kUsage;
+    host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
+    if (!options.quiet)
+        host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    auto session = std::make_unique<host::Session>();
+    session->setProgress(showProgress);
+    registerGroupCommands();
+    auto watch = std::make_unique<SaveWatch>();
+    int status = start(*session, options, job);
+    if (status == kDone && !options.script.empty()) {
+        status = runJob(*session, options, job);
+    } else if (status == kDone && isInteractive()) {
+        runTerminal(*session);
+        status = session->exitStatus();
+    }
+    watch.reset();
+    session.reset();
+    flushOutput();
+    return reportFaults(job, status);
 }
 
 }  // namespace
@@ -147,53 +174,12 @@ void runScript(host::Session& session, const Options& options, const std::string
 int runSession(const Options& options) {
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
-    OwnRegistry registry;
-    if (!registry.set(options)) return kUsage;
-    host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
-    auto session = std::make_unique<host::Session>();
-    session->setProgress(showProgress);
-    registerGroupCommands();
-    auto watch = std::make_unique<SaveWatch>();
-    int status = start(*session, options);
-    if (status == kDone) {
-        if (!options.script.empty()) {
-            runScript(*session, options, script);
-        } else if (isInteractive()) {
-            runTerminal(*session);
-        }
-        status = session->exitStatus();
-    }
-    watch.reset();
-    session.reset();
-    flushOutput();
-    return reportFaults(status);
-}
-
-int checkFiles(const Options& options) {
-    bool unreadable = false;
-    bool damaged = false;
-    for (const std::string& file : options.files) {
-        host::DxfError error;
-        const auto findings = host::checkFile(file, error, [&](double done) {
-            showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
-        });
-        if (!findings) {
-            complain(error.message());
-            unreadable = true;
-            continue;
-        }
-        long errors = 0;
-        for (const host::Finding& finding : *findings) {
-            const bool isError = finding.severity == host::Severity::Error;
-            errors += isError ? 1 : 0;
-            writeOutput(file + (isError ? ": " : ": note: ") + finding.text + "\n");
-        }
-        writeOutput(file + (errors == 0 ? ": sound\n" : ": damaged\n"));
-        damaged = damaged || errors > 0;
-    }
-    if (unreadable) return kUnreadable;
-    return damaged ? kDamaged : kDone;
+    if (const int status = prepareOutputFolder(options); status != kDone) return status;
+    catchInterrupts();
+    if (options.files.empty()) return runDrawing(options, {{}, {}, script});
+    return runBatch(options, [&](const std::string& file) {
+        return runDrawing(options, {file, outputPath(options, file), script});
+    });
 }
 
 std::string helpOnCommands() {
@@ -204,7 +190,8 @@ std::string helpOnCommands() {
         "unknown,\n"
         "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
         "be\n"
-        "written; 5 the check found damage, or --groups a group that is not whole or a stray.\n\n"
+        "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
+        "130 Ctrl+C. With several drawings the highest.\n\n"
         "Commands:\n";
     for (const host::BuiltinCommand* command : host::builtinCommands()) {
         std::string name = host::toUtf8(command->name);
@@ -214,6 +201,7 @@ std::string helpOnCommands() {
     return text +
            "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
            "SWITCH drawing (as Ctrl+Tab: number or name).\n"
-           "A selection is a point, W or C and two points, ALL, L, P or (handent \"2A\").\n"
+           "A selection is a point, W or C and two points, ALL, L, P, (handent \"2A\") or\n"
+           "(ssget \"X\" '((0 . \"LINE\") (8 . \"WALLS*\"))).\n"
            "(Name args) calls a LISP function of a module.";
 }

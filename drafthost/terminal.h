@@ -24,5 +24,7 @@ class Terminal : public host::InputSource {
   public:
     /// Gives command-line text on to standard output.
     virtual void print(const std::wstring& text) = 0;
+    /// True when Ctrl+C was pressed since the last answer: what is being loaded stops.
+    virtual bool stopRequested() const = 0;
 };
 std::unique_ptr<Terminal> openTerminal();

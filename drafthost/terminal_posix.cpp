@@ -60,6 +60,7 @@ class EditedTerminal : public Terminal {
     host::Answer next(const std::wstring& prompt, host::InputUnit unit) override;
     bool interactive() const override { return true; }
     void print(const std::wstring& text) override;
+    bool stopRequested() const override { return interrupted != 0; }
 
   private:
     static char* promptOf(EditLine* editor) {

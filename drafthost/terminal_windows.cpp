@@ -30,6 +30,7 @@ class ConsoleTerminal : public Terminal {
     host::Answer next(const std::wstring&, host::InputUnit unit) override;
     bool interactive() const override { return true; }
     void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
+    bool stopRequested() const override { return interrupted != 0; }
 
   private:
     std::optional<host::ScriptSource> m_line;

@@ -63,7 +63,9 @@ CommandStatus runSaveAs() { return saveUnderName(false); }
 
 CommandStatus runQsave() {
     const HostDocument* document = session().impl().documents.current();
-    if (document != nullptr && document->path().empty()) return saveUnderName(false);
+    // Of a script the next line would become the name, and that line is a command.
+    const bool asks = inputSource() != nullptr && inputSource()->interactive();
+    if (asks && document != nullptr && document->path().empty()) return saveUnderName(false);
     return statusOf(session().saveDrawing({}));
 }
 

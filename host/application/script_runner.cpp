@@ -6,6 +6,7 @@
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
+#include "host/editor/state/active_command.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -64,7 +65,7 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
 }  // namespace
 
 CommandStatus Session::Impl::fail(const Outcome& outcome) {
-    problem = outcome.error;
+    noteProblem(fromUtf8(outcome.error));
     exitStatus = std::max(exitStatus, outcome.status);
     return CommandStatus::Failed;
 }
@@ -81,6 +82,7 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
                                   CommandStatus status) {
     exitStatus = std::max(exitStatus, 1);
     std::string line = where.empty() ? where : where + ": ";
+    const std::string problem = toUtf8(takeProblem());
     const std::string name = toUtf8(command);
     if (!command.empty() && command.front() == L'(') {
         line += problem;
@@ -89,7 +91,7 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
     } else {
         line += toUtf8(foldCase(command));
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
-        line += problem.empty() ? "; the command line says why" : ": " + problem;
+        if (!problem.empty()) line += ": " + problem;
     }
     diagnose(line);
 }
@@ -104,13 +106,13 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
         const Answer answer = answerAtPrompt(input, L"Command: ", InputUnit::Token);
         if (answer.kind == Answer::Kind::Cancel) pickNothing();
         if (answer.kind != Answer::Kind::Text) continue;
-        m_impl->problem.clear();
+        takeProblem();
         const CommandStatus status = runOne(*m_impl, answer.text);
         const bool escaped = status == CommandStatus::Cancelled && source.interactive();
         if (status == CommandStatus::Done || escaped) continue;
         if (result == CommandStatus::Done) result = status;
         if (status == CommandStatus::Cancelled && input.over()) {
-            m_impl->problem = "the input ended inside the command";
+            noteProblem(L"the input ended inside the command");
         }
         m_impl->reportCommand(where ? where() : std::string(), answer.text, status);
         if (stopAtFailure) break;

@@ -7,6 +7,7 @@
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
+#include "host/editor/state/active_command.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
 #include "host/text/text_codec.h"
@@ -30,7 +31,7 @@ CommandStatus runSetvar() {
     const std::wstring name = foldCase(named.text);
     std::wstring value;
     if (!sysvarText(name, value)) {
-        printLine(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
+        printProblem(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
         return CommandStatus::Failed;
     }
     const Answer answer = prompt(L"\nEnter new value for " + name + L" <" + value + L">: ");
@@ -38,7 +39,7 @@ CommandStatus runSetvar() {
     if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
     std::wstring explanation;
     if (setSysvarText(name, answer.text, explanation)) return CommandStatus::Done;
-    printLine(explanation);
+    printProblem(explanation);
     return CommandStatus::Failed;
 }
 
