@@ -6,6 +6,7 @@
 
 #include "common/scene.h"
 #include "host/control/accounting.h"
+#include "host/control/fake_windows.h"
 #include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "host/editor/selection/selection_sets.h"
