@@ -110,7 +110,8 @@ std::vector<std::wstring> outside() {
     {
         Scene scene("(line line) circle");
         scene.run(
-            L"PICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER 1,0\n\nVelmoGROUPDELETE 2,0\n\n"
+            L"VelmoGROUPMAKE 1,0 3.1,0\n\nPICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER "
+            L"1,0\n\nVelmoGROUPDELETE 2,0\n\n"
             L"VelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n(VelmoGroupVersion)\n");
         scene.session().unloadModule("VelmoGroup.arx");
     }
