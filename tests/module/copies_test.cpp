@@ -20,15 +20,6 @@ TEST(Copies, ACopyOfAWidenedSelectionIsAGroupOfItsOwn) {
               "begin(2) line* line* end line line");
 }
 
-TEST(Copies, GroupsCopiedTogetherAreLinkedPairwise) {
-    Scene scene("(line) (circle)");
-    scene.click({2});
-    scene.click({5});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    EXPECT_EQ(scene.order(),
-              "begin(1) line* end begin(1) circle* end begin(1) line* end begin(1) circle* end");
-}
-
 /// Order after a COPY of what the clicks select once the marker at `erased` is gone.
 std::string copiedWithout(const std::wstring& erased, std::vector<int> clicks) {
     Scene scene("(line) (circle)");
@@ -83,15 +74,6 @@ TEST(Copies, EveryPasteOfTheSameClipboardIsAGroup) {
     EXPECT_EQ(scene.order(), std::string(kTwoGroups) + " begin(2) line* line* end");
     scene.click({3});
     EXPECT_EQ(scene.picked(), "1 3 2 4");
-}
-
-TEST(Copies, ACutGroupComesBackWithAPaste) {
-    Scene scene("(line line) circle");
-    scene.click({3});
-    scene.after(L"CUTCLIP\n");
-    ASSERT_EQ(scene.order(), "circle");
-    scene.after(L"PASTECLIP 50,0\n");
-    EXPECT_EQ(scene.order(), "circle begin(2) line* line* end");
 }
 
 /// A window lists the newest first, and the module puts what it adds behind.
@@ -155,16 +137,6 @@ TEST(Copies, APasteIntoAnotherDrawingMakesGroupsOnlyWhereTheClipboardWasFilled) 
     EXPECT_EQ(scene.order(), "begin(2)? line* line* end?");
     scene.after(L"REGEN\n");
     EXPECT_EQ(scene.order(), "begin(2) line* line* end");
-}
-
-TEST(Copies, ACancelledCopyLeavesTheSourceAndTheNextCopyIsTracked) {
-    Scene scene("(line line) circle");
-    scene.click({3});
-    scene.after(L"COPY\n");  // the script ends inside the command: cancelled
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end circle");
-    scene.click({3});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end circle begin(2) line* line* end");
 }
 
 }  // namespace
