@@ -12,13 +12,15 @@ using tests::underEachSetting;
 /// "(line line) line line" when drawn.
 const std::string kGroupAndLines = "begin(2) line* line* end line line | ";
 
-TEST(PickExpansion, WithPickfirstOffGroupingGoesOff) {
+TEST(PickExpansion, WithPickfirstOffGroupingGoesOffAndComesBackWithIt) {
     Scene scene("line (line line)", {}, L"Morvanta");
     const std::string order = "line begin(2) line* line* end | ";
     scene.after(L"SETVAR PICKFIRST 0\n");
     EXPECT_EQ(scene.click({3}), order + " |  | GMorvanta.ID_GRP_OFF=~, GMorvanta.ID_GRP_ON=");
     scene.after(L"SETVAR PICKFIRST 1\n");
     EXPECT_EQ(scene.click({3}), order + "3 | ");
+    scene.after(L"SETVAR PICKFIRST 0\nVelmoGROUPACTIVE\n");
+    EXPECT_EQ(scene.click({4}), order + "2 4 3 5 | " + kGathering);
 }
 
 TEST(PickExpansion, EachDrawingRemembersWhatItGathered) {
