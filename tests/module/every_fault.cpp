@@ -35,20 +35,16 @@ constexpr const wchar_t* kPointPrompt = L"\nPick insertion point for group marke
 /// then stands in for the marker and is rewritten if it is a block reference.
 constexpr const wchar_t* kNoBlock = L"\nBlock definition ";
 
-bool isMarkerReference(const host::ObjectBody& entity) {
-    const auto block = host::findTag(entity.tags(), 2, 0);
-    if (entity.type() != "INSERT" || !block || block->value.size() < 3) return false;
-    const std::string_view suffix = block->value.substr(block->value.size() - 3);
-    return suffix == "_GB" || suffix == "_GE";
-}
-
 /// The user's own entities of model space with their attributes, by content.
-Census contentsOf(const host::Store& store) {
+Census contentsOf(const Drafting& drafting) {
+    const host::Store& store = drafting.store();
+    const std::vector<std::string> words = wordsOf(drafting);
+    auto word = words.begin();
     Census census;
     for (host::Index at = store.firstLive(store.modelSpace()); at != host::kNoIndex;
          at = store.nextLive(store.at(at))) {
         const host::ObjectBody& entity = store.at(at);
-        if (isMarkerReference(entity)) continue;
+        if (isMarker(*word++)) continue;
         std::string content = contentOf(entity);
         for (host::Index part = store.firstLive(entity.self); part != host::kNoIndex;
              part = store.nextLive(store.at(part))) {
@@ -94,7 +90,7 @@ class Trial {
         m_document = acDocManager->curDocument();
         if (scenario.before) scenario.before(m_scene);
         m_types = censusOf(m_scene);
-        m_contents = contentsOf(m_scene.store());
+        m_contents = contentsOf(m_scene);
     }
 
     /// Calls that the scenario made, with the plan's failing.
@@ -155,7 +151,7 @@ class Trial {
         activate(m_document);
         EXPECT_EQ(lost(m_types, censusOf(m_scene)), "") << when << m_scene.order();
         if (!m_scenario.moves && !printed(kNoBlock)) {
-            EXPECT_EQ(lost(m_contents, contentsOf(m_scene.store())), "") << when;
+            EXPECT_EQ(lost(m_contents, contentsOf(m_scene)), "") << when;
         }
         for (std::size_t i = 0; i < session().documentCount(); ++i) {
             const host::Store& store = session().document(i)->database()->store();
