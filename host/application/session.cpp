@@ -50,6 +50,7 @@ Session::Session() : m_impl(std::make_unique<Impl>()) {
     registerHostCommands();
     registerDocumentCommands();
     registerModuleCommands();
+    registerHelpCommand();
     clearEffects();
     clearModuleFaults();
     m_impl->heldAtStart = heldNow();
@@ -114,6 +115,7 @@ Outcome Session::Impl::save(const std::string& path, bool keepName) {
         return {error.message(), 4};
     }
     if (!keepName || document->path().empty()) document->setPath(target);
+    if (document->path() == target) document->noteSaved();
     notifySaveComplete(document->database(), target);
     return {};
 }

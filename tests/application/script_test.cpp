@@ -70,9 +70,10 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
         const char* line;
     } cases[] = {
         {L"; nothing\nNONSENSE\n",
-         "plan.scr:2: unknown command \"NONSENSE\"; drafthost --help lists the commands\n"},
-        {L"STRETCH\n",
-         "plan.scr:1: unknown command \"STRETCH\"; drafthost --help lists the commands\n"},
+         "plan.scr:2: unknown command \"NONSENSE\"; HELP lists the commands\n"},
+        {L"STRETCH\n", "plan.scr:1: unknown command \"STRETCH\"; HELP lists the commands\n"},
+        {L"\nLNIE\n",
+         "plan.scr:2: unknown command \"LNIE\"; nearest is LINE; HELP lists the commands\n"},
         {L"\n(handent \"FFFF\")\n", "plan.scr:2: no object has the handle FFFF in this drawing\n"},
         {L"(Nothing)\n", "plan.scr:1: no LISP function Nothing is defined in this drawing\n"},
         {L"PICK \n",
@@ -87,6 +88,17 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
     for (const auto& each : cases)
         EXPECT_EQ(problemsOf(each.script), each.line);
     EXPECT_EQ(session->exitStatus(), 3);
+}
+
+TEST_F(ScriptTest, ShortFormsVariablesAndEnterThatRepeats) {
+    EXPECT_EQ(problemsOf(L"\nPO 1,1\n\n2,2\nPICK ALL\n\n3,3\n_pickadd 1\n\n0\nE 3,3\n\nVIEWSIZE\n"),
+              "");
+    EXPECT_EQ(drawing(), "POINT POINT");
+    EXPECT_NE(shown().find("\nEnter new value for PICKADD <1>: 0\n"), std::string::npos);
+    EXPECT_EQ(problemsOf(L"?\n"), "");
+    const std::string help = shown();
+    for (const char* line : {"\n  ZOOM ", " L=LINE ", "\n  QUIT ", "PICK selection"})
+        EXPECT_NE(help.find(line), std::string::npos) << line;
 }
 
 TEST_F(ScriptTest, TheFirstFailureIsTheResultAndMayStopTheScript) {
