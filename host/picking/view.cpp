@@ -28,8 +28,11 @@ ViewPlace placeIn(ObjectBody* holder, std::string_view part, int height, int asp
 
 ViewPlace viewPlace(const Store& store) {
     const Index space = store.currentSpace();
-    if (space == store.modelSpace())
-        return placeIn(store.symbol("VPORT", L"*Active"), "AcDbViewportTableRecord", 40, 41);
+    if (space == store.modelSpace()) {
+        ObjectBody* const active = store.symbol("VPORT", L"*Active");
+        if (active == nullptr || active->erased) return {};
+        return placeIn(active, "AcDbViewportTableRecord", 40, 41);
+    }
     for (Index i = store.firstLive(space); i != kNoIndex; i = store.nextLive(store.at(i)))
         if (isPaperViewport(store.at(i))) return placeIn(&store.at(i), "AcDbViewport", 45, 0);
     return {};

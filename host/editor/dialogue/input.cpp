@@ -155,8 +155,9 @@ std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3
     std::vector<double> values = numbersIn(rest, isPolar ? L'<' : L',');
     if (values.size() < 2 || values.size() > (isPolar ? 2 : 3)) return std::nullopt;
     if (isPolar) {
-        const double angle = toRadians(values[1]);
-        values = {values[0] * std::cos(angle), values[0] * std::sin(angle)};
+        const double angle = toRadians(std::fmod(values[1], 360));
+        const auto exact = [](double part) { return std::fabs(part) < 1e-15 ? 0 : part; };
+        values = {values[0] * exact(std::cos(angle)), values[0] * exact(std::sin(angle))};
     }
     values.resize(3);
     return AcGePoint3d(origin.x + values[0], origin.y + values[1], origin.z + values[2]);
