@@ -73,7 +73,9 @@ bool mayReplace(const HostDocument& document, const std::string& path) {
 CommandStatus save(const std::string& path, bool keepName) {
     const Outcome outcome = session().impl().save(path, keepName);
     const HostDocument* document = session().impl().documents.current();
-    if (outcome) printLine(L"Saved as " + (keepName && !path.empty() ? fromUtf8(path) : document->path()) + L".");
+    if (outcome)
+        printLine(L"Saved as " + (keepName && !path.empty() ? fromUtf8(path) : document->path()) +
+                  L".");
     return statusOf(outcome);
 }
 

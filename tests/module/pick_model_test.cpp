@@ -292,6 +292,7 @@ class RandomSession {
     std::string window() {
         const int from = 1 + roll(m_drawn), to = from + roll(6);
         const Ids found = m_model.window(from, to);
+        if (found.empty()) m_model.printed += "\n0 found";
         if (!found.empty()) m_model.click(found);
         return script("PICK W " + std::to_string(from - 0.5) + ",-1 " + std::to_string(to + 0.5) +
                       ",2\n");

@@ -47,14 +47,14 @@ Answer prompt(const std::wstring& prompt, InputUnit unit = InputUnit::Token);
 /// Prints why an answer was not taken. True when it can be asked for again; otherwise the command
 /// in progress counts as failed.
 bool wrongAnswer(const std::wstring& explanation);
-/// Asks until the answer is a point, as readPoint takes it, Enter or cancel; a wrong answer is explained in one line and, when it came from a script, cancels.
+/// Asks until the answer is a point, as readPoint takes it, Enter or cancel; a wrong answer is
+/// explained in one line and, when it came from a script, cancels.
 PromptStatus promptPoint(const std::wstring& prompt, const AcGePoint3d* base, AcGePoint3d& point);
 PromptStatus promptReal(const std::wstring& prompt, double& value);
 /// Asks for one of a few words, each given whole or by its first letter in any case; Enter is the
 /// word at `standard`. Gives its place, or nothing when the prompt was cancelled.
 std::optional<std::size_t> promptWord(const std::wstring& prompt,
-                                      const std::vector<std::wstring>& words,
-                                      std::size_t standard);
+                                      const std::vector<std::wstring>& words, std::size_t standard);
 PromptStatus promptText(const std::wstring& prompt, std::wstring& text);
 
 /// Bit of acedInitGet: an empty answer is not taken.

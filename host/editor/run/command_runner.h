@@ -29,8 +29,8 @@ std::vector<const BuiltinCommand*> builtinCommands();
 std::vector<std::wstring> commandNames();
 
 /// Resolves a typed name (any case; a leading "_", "." or "-" is accepted) against the modules'
-/// groups in registration order, then the host's own and their aliases, and runs the command with its
-/// notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
+/// groups in registration order, then the host's own and their aliases, and runs the command with
+/// its notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
 /// cancelled, failed, then the accounting. A module's command counts as cancelled when a prompt in
 /// it was cancelled, else as ended. All it changes in the drawing that is current at its start,
 /// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is
