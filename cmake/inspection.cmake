@@ -12,7 +12,7 @@ if(WIN32)
   set(json_headers ${CMAKE_BINARY_DIR}/json_headers)
   file(MAKE_DIRECTORY ${json_headers})
   file(CREATE_LINK ${NLOHMANN_JSON}/nlohmann ${json_headers}/nlohmann SYMBOLIC)
-  target_include_directories(inspection SYSTEM PRIVATE ${json_headers})
+  target_include_directories(inspection SYSTEM PUBLIC ${json_headers})
 endif()
 
 # picture: draws a drawing and its groups. It sees the host down to picking.

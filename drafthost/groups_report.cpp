@@ -3,7 +3,9 @@
 
 #include <memory>
 
+#include "drafthost/batch.h"
 #include "drafthost/drawing_inspection.h"
+#include "drafthost/json_text.h"
 #include "drafthost/output.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
@@ -20,14 +22,28 @@ using host::kNoIndex;
 using host::Store;
 
 /// Loads a drawing; null, with a line printed, when it cannot be read.
-std::unique_ptr<AcDbDatabase> load(const std::string& file) {
-    host::DxfError error;
+std::unique_ptr<AcDbDatabase> load(const std::string& file, host::DxfError& error) {
     auto store = host::loadDrawing(file, error, [&](double done) {
-        showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
+        return showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
     });
     if (store != nullptr) return std::make_unique<AcDbDatabase>(std::move(store));
     complain(error.message());
     return nullptr;
+}
+
+int listOne(const Options& options, const std::string& file) {
+    host::DxfError error;
+    const std::unique_ptr<AcDbDatabase> drawing = load(file, error);
+    if (drawing == nullptr) {
+        if (options.json) writeOutput(errorJson(file, error.message()));
+        return kUnreadable;
+    }
+    const inspection::Inspection found = inspectDrawing(*drawing, true);
+    if (!found.good() || !options.quiet) {
+        writeOutput(options.json ? inspection::listJson(file, found)
+                                 : inspection::listText(file + ": ", found));
+    }
+    return found.good() ? kDone : kDamaged;
 }
 
 std::string fileName(const std::string& path) { return path.substr(host::folderPart(path).size()); }
@@ -61,27 +77,12 @@ bool writeFile(const std::string& path, const std::string& text, std::string& wh
 }  // namespace
 
 int listGroups(const Options& options) {
-    int status = kDone;
-    std::vector<inspection::NamedInspection> drawings;
-    for (const std::string& file : options.files) {
-        const std::unique_ptr<AcDbDatabase> drawing = load(file);
-        if (drawing == nullptr) {
-            status = kUnreadable;
-            continue;
-        }
-        inspection::Inspection found = inspectDrawing(*drawing, true);
-        if (!found.good() && status == kDone) status = kDamaged;
-        if (options.json)
-            drawings.push_back({file, std::move(found)});
-        else
-            writeOutput(inspection::listText(file + ": ", found));
-    }
-    if (options.json) writeOutput(inspection::listJson(drawings));
-    return status;
+    return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
 }
 
 int drawFile(const Options& options) {
-    const std::unique_ptr<AcDbDatabase> drawing = load(options.files.front());
+    host::DxfError error;
+    const std::unique_ptr<AcDbDatabase> drawing = load(options.files.front(), error);
     if (drawing == nullptr) return kUnreadable;
     const Store& store = drawing->store();
     const Index space = layoutSpace(store, options.layout);

@@ -2,9 +2,11 @@
 #include <exception>
 #include <new>
 
+#include "drafthost/check_report.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/options.h"
 #include "drafthost/output.h"
+#include "drafthost/process.h"
 #include "drafthost/run.h"
 #include "drafthost/terminal.h"
 
@@ -13,6 +15,8 @@ namespace {
 int act(const Options& options) {
     writeOutput(options.information);
     if (!options.information.empty()) return kDone;
+    const bool reads = options.check || options.groups || !options.picture.empty();
+    if (reads) catchInterrupts();
     if (options.check) return checkFiles(options);
     if (options.groups) return listGroups(options);
     return options.picture.empty() ? runSession(options) : drawFile(options);

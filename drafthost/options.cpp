@@ -40,12 +40,23 @@ bool replaceSlashForms(std::vector<std::string>& arguments) {
 }
 
 void declare(CLI::App& app, Options& options) {
-    app.add_option("drawing.dxf", options.files, "the drawing to open, or those to check")
+    app.add_option("drawing.dxf", options.files, "the drawings to open or to read")
         ->type_name("")
         ->check(notEmpty);
     app.add_option("-s,--script", options.script, "commands from FILE (\"-\": standard input)")
         ->type_name("FILE")
         ->check(notEmpty);
+    app.add_option("--output-dir", options.outputDir,
+                   "after its script each drawing is saved under its name in DIR")
+        ->type_name("DIR")
+        ->check(notEmpty);
+    app.add_flag("--keep-going", options.keepGoing, "go on with a script after a failed command")
+        ->disable_flag_override();
+    app.add_option("-j,--jobs", options.jobs, "so many drawings at a time, from 1 to 64")
+        ->type_name("N")
+        ->check(CLI::Range(1, 64).name(""));
+    app.add_flag("-q,--quiet", options.quiet, "no transcript, and of drawings what is wrong alone")
+        ->disable_flag_override();
     app.add_option("-m,--module", options.module,
                    "module to load at start, else VelmoGroup.arx beside the program")
         ->type_name("FILE")
@@ -66,7 +77,7 @@ void declare(CLI::App& app, Options& options) {
         ->disable_flag_override();
     app.add_flag("--groups", options.groups, "list the groups of the drawings, change nothing")
         ->disable_flag_override();
-    app.add_flag("--json", options.json, "the list of --groups as one JSON document")
+    app.add_flag("--json", options.json, "--check and --groups print one JSON document")
         ->disable_flag_override();
     app.add_option("--picture", options.picture, "draw the drawing and its groups into an SVG file")
         ->type_name("OUT")
@@ -79,6 +90,19 @@ void declare(CLI::App& app, Options& options) {
     app.footer(helpOnCommands);
 }
 
+/// What is missing for a script, or for several drawings.
+std::string scriptProblem(const Options& options, const std::string& reading) {
+    if (!options.script.empty()) {
+        const bool nowhere = !options.outputDir.empty() && options.files.empty();
+        return nowhere ? "--output-dir needs a drawing" : "";
+    }
+    if (!options.outputDir.empty()) return "--output-dir belongs to --script";
+    if (options.keepGoing) return "--keep-going belongs to --script";
+    if (reading.empty() && options.files.size() > 1)
+        return "several drawings need --script, --check or --groups";
+    return {};
+}
+
 /// What no single option can tell; empty when all is well.
 std::string contradiction(const Options& options) {
     const bool draws = !options.picture.empty();
@@ -88,16 +112,17 @@ std::string contradiction(const Options& options) {
                                 : options.groups ? "--groups"
                                 : draws          ? "--picture"
                                                  : "";
-    if (options.json && !options.groups) return "--json belongs to --groups";
+    if (options.json && !options.groups && !options.check)
+        return "--json belongs to --check and --groups";
     if (!options.layout.empty() && !draws) return "--layout belongs to --picture";
     if (!reading.empty() && options.files.empty()) return reading + " needs at least one file";
     if (!reading.empty() && !(options.script.empty() && options.module.empty()))
         return reading + " only reads drawings: it takes no script and no module";
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
-    if (!options.check && !options.groups && options.files.size() > 1)
-        return "only one drawing can be given, not also \"" + options.files[1] + "\"";
-    return {};
+    if (draws && options.files.size() > 1)
+        return "--picture takes one drawing, not also \"" + options.files[1] + "\"";
+    return scriptProblem(options, reading);
 }
 
 }  // namespace

@@ -9,21 +9,26 @@ enum ExitStatus {
     kDone = 0,
     kFailed = 1,  ///< a command failed or was unknown, or the accounting found a fault
     kUsage = 2,
-    kUnreadable = 3,  ///< a drawing cannot be read
-    kUnwritable = 4,  ///< a drawing or picture cannot be written
-    kDamaged = 5,     ///< the check found damage, or a group is not whole
+    kUnreadable = 3,     ///< a drawing cannot be read
+    kUnwritable = 4,     ///< a drawing or picture cannot be written
+    kDamaged = 5,        ///< the check found damage, or a group is not whole
+    kInterrupted = 130,  ///< Ctrl+C, as shells tell it
 };
 
 /// What the command line asks for. All texts are UTF-8.
 struct Options {
     std::string information;         ///< of --help or --version: there is nothing else to do
-    std::vector<std::string> files;  ///< the drawing, if any, or those to read
+    std::vector<std::string> files;  ///< the drawings, if any
     std::string script;              ///< "-" is standard input; empty: none
-    std::string module;              ///< empty: the one beside the program
+    bool keepGoing = false;          ///< with a script after a command that failed
+    std::string outputDir;  ///< gets each drawing after its script; empty: nothing is saved
+    int jobs = 1;           ///< drawings worked on at a time
+    bool quiet = false;     ///< no transcript, nothing about what is as it should be
+    std::string module;     ///< empty: the one beside the program
     bool noModule = false;
     bool check = false;
     bool groups = false;
-    bool json = false;    ///< the list of groups as JSON
+    bool json = false;    ///< the list of findings or groups as JSON
     std::string picture;  ///< file to draw into; empty: nothing is drawn
     std::string layout;   ///< to draw; empty: model space
     std::vector<std::string> menuGroups;

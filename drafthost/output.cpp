@@ -6,12 +6,14 @@
 #include <cstdio>
 #include <cstring>
 
+#include "drafthost/process.h"
 #include "drafthost/terminal.h"
 
 namespace {
 
 bool outputClosed = false;
 bool failed = false;
+std::string* captured = nullptr;
 
 void noteFailure() {
     outputClosed = true;
@@ -22,7 +24,13 @@ void noteFailure() {
 
 }  // namespace
 
+void captureOutput(std::string* text) { captured = text; }
+
 void writeOutput(const std::string& text) {
+    if (captured != nullptr) {
+        captured->append(text);
+        return;
+    }
     if (outputClosed || text.empty()) return;
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
 }
@@ -38,24 +46,36 @@ void complain(const std::string& line) {
     std::fprintf(stderr, "drafthost: %s\n", line.c_str());
 }
 
-void showProgress(const char* what, int percent) {
+void writeErrors(const std::string& lines) {
+    flushOutput();
+    std::fwrite(lines.data(), 1, lines.size(), stderr);
+}
+
+void showStatus(const std::string& line) {
+    static std::string shown;
+    static const bool terminal = standardErrorIsTerminal();
+    if (!terminal || line == shown) return;
+    flushOutput();
+    std::fprintf(stderr, "\r%-*s%s", static_cast<int>(shown.size()), line.c_str(),
+                 line.empty() ? "\r" : "");
+    std::fflush(stderr);
+    shown = line;
+}
+
+bool showProgress(const char* what, int percent) {
     using Clock = std::chrono::steady_clock;
     static Clock::time_point begin;
-    static std::string shown;
+    static std::string task;
     static int last = -1;
-    static const bool terminal = standardErrorIsTerminal();
-    if (!terminal) return;
-    if (shown != what || percent < last) {
-        shown = what;
+    if (task != what || percent < last) {
+        task = what;
         begin = Clock::now();
-        last = -1;
     }
-    if (percent == last || Clock::now() - begin < std::chrono::seconds(1)) return;
     last = percent;
-    if (percent < 100) {
-        std::fprintf(stderr, "\r%s: %d %%", what, percent);
-    } else {
-        std::fprintf(stderr, "\r%*s\r", static_cast<int>(shown.size()) + 8, "");
-    }
-    std::fflush(stderr);
+    const bool goesOn = !interruptRequested();
+    if (percent >= 100 || !goesOn)
+        showStatus("");
+    else if (Clock::now() - begin >= std::chrono::seconds(1))
+        showStatus(task + ": " + std::to_string(percent) + " %");
+    return goesOn;
 }

@@ -1,27 +1,35 @@
-// A session of the program, and the check of drawings.
+// The sessions of the program, one for each drawing.
 #include "drafthost/run.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <functional>
 #include <memory>
 
+#include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
 #include "drafthost/output.h"
+#include "drafthost/output_folder.h"
+#include "drafthost/process.h"
 #include "drafthost/terminal.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/windows_setup.h"
-#include "host/dxf/check/drawing_check.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
+#include "host/scripting/script.h"
+#include "host/store/store.h"
 #include "host/text/numbers.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -112,39 +120,123 @@ bool loadModule(host::Session& session, const Options& options) {
     return false;
 }
 
+/// What one session works on.
+struct Job {
+    std::string file;    ///< as the user has named it; empty: a new drawing
+    std::string target;  ///< where it goes after the script; empty: nowhere
+    std::string script;  ///< text of the script
+};
+
 /// Drawing, variables and module; the exit status when that fails, else kDone.
-int start(host::Session& session, const Options& options) {
+int start(host::Session& session, const Options& options, const Job& job) {
     for (const std::string& group : options.menuGroups)
         host::setMenuGroupLoaded(host::fromUtf8(group), true);
     const host::Outcome opened =
-        options.files.empty() ? session.newDrawing() : session.openDrawing(options.files[0]);
+        job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;
     if (!setVariables(options)) return kUsage;
     return loadModule(session, options) ? kDone : kFailed;
 }
 
 /// Exit status of a finished session whose commands ended with `status`.
-int reportFaults(int status) {
+int reportFaults(const Job& job, int status) {
+    const std::string head = job.file.empty() ? "" : job.file + ": ";
     for (const std::string& fault : host::moduleFaults())
-        complain("module fault: " + fault);
+        complain(head + "module fault: " + fault);
     return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
 }
 
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    session.setProgress([&](const char* what, int percent) {
+        const bool stops = terminal->stopRequested();
+        return showProgress(what, stops ? 100 : percent) && !stops;
+    });
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
     while (!session.leave(*terminal));
+    session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
 
-void runScript(host::Session& session, const Options& options, const std::string& text) {
-    session.setDiagnostics([](const std::string& line) { complain(line); });
+/// A script that is over once Ctrl+C was pressed.
+class InterruptibleScript : public host::ScriptSource {
+  public:
+    using ScriptSource::ScriptSource;
+    host::Answer next(const std::wstring& prompt, host::InputUnit unit) override {
+        if (interruptRequested()) return {host::Answer::Kind::End, {}};
+        return ScriptSource::next(prompt, unit);
+    }
+};
+
+/// Name of the current drawing for messages: as the user has named it, when it is the job's.
+std::string drawingName(const Job& job) {
+    const AcApDocument* document = acDocManagerPtr()->curDocument();
+    if (document == nullptr) return "no drawing";
+    const std::string path = host::toUtf8(document->fileName());
+    const std::string& own = job.target.empty() ? job.file : job.target;
+    return !own.empty() && path == host::absolutePath(own) ? job.file : path;
+}
+
+int runScript(host::Session& session, const Options& options, const Job& job) {
     const std::string name = options.script == "-" ? "standard input" : options.script;
-    session.runScript(host::fromTextFile(text), false, name);
+    InterruptibleScript script(host::fromTextFile(job.script));
+    session.setDiagnostics([](const std::string& line) { complain(line); });
+    session.runInput(script, !options.keepGoing, [&] {
+        return drawingName(job) + ": " + name + ":" + std::to_string(script.line());
+    });
+    if (interruptRequested()) complain(drawingName(job) + ": interrupted");
+    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus();
+}
+
+/// Saves the drawing of the job, whatever the script has opened beside it.
+int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
+    for (std::size_t i = 0; i < session.documentCount(); ++i) {
+        if (session.document(i)->database()->store().serial() != serial) continue;
+        session.activate(i);
+        const host::Outcome saved = session.saveDrawing(job.target);
+        return passed(saved) ? static_cast<int>(kDone) : saved.status;
+    }
+    complain(job.file + ": the script has closed it, so " + job.target + " is not written");
+    return kFailed;
+}
+
+/// The script, and the drawing into its folder when all went well.
+int runJob(host::Session& session, const Options& options, const Job& job) {
+    const std::uint32_t serial = session.database()->store().serial();
+    int status = runScript(session, options, job);
+    if (job.target.empty()) return status;
+    if (status == kDone && !host::moduleFaults().empty()) status = kFailed;
+    if (status == kDone) return saveResult(session, job, serial);
+    // A QSAVE before the failure has written it.
+    if (session.hasSaved(job.target)) host::removeFile(job.target);
+    return status;
+}
+
+int runDrawing(const Options& options, const Job& job) {
+    OwnRegistry registry;
+    if (!registry.set(options)) return kUsage;
+    host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
+    if (!options.quiet)
+        host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    auto session = std::make_unique<host::Session>();
+    session->setProgress(showProgress);
+    registerGroupCommands();
+    auto watch = std::make_unique<SaveWatch>();
+    int status = start(*session, options, job);
+    if (status == kDone && !options.script.empty()) {
+        status = runJob(*session, options, job);
+    } else if (status == kDone && isInteractive()) {
+        runTerminal(*session);
+        status = session->exitStatus();
+    }
+    watch.reset();
+    session.reset();
+    flushOutput();
+    return reportFaults(job, status);
 }
 
 }  // namespace
@@ -152,53 +244,12 @@ void runScript(host::Session& session, const Options& options, const std::string
 int runSession(const Options& options) {
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
-    OwnRegistry registry;
-    if (!registry.set(options)) return kUsage;
-    host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
-    auto session = std::make_unique<host::Session>();
-    session->setProgress(showProgress);
-    registerGroupCommands();
-    auto watch = std::make_unique<SaveWatch>();
-    int status = start(*session, options);
-    if (status == kDone) {
-        if (!options.script.empty()) {
-            runScript(*session, options, script);
-        } else if (isInteractive()) {
-            runTerminal(*session);
-        }
-        status = session->exitStatus();
-    }
-    watch.reset();
-    session.reset();
-    flushOutput();
-    return reportFaults(status);
-}
-
-int checkFiles(const Options& options) {
-    bool unreadable = false;
-    bool damaged = false;
-    for (const std::string& file : options.files) {
-        host::DxfError error;
-        const auto findings = host::checkFile(file, error, [&](double done) {
-            showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
-        });
-        if (!findings) {
-            complain(error.message());
-            unreadable = true;
-            continue;
-        }
-        long errors = 0;
-        for (const host::Finding& finding : *findings) {
-            const bool isError = finding.severity == host::Severity::Error;
-            errors += isError ? 1 : 0;
-            writeOutput(file + (isError ? ": " : ": note: ") + finding.text + "\n");
-        }
-        writeOutput(file + (errors == 0 ? ": sound\n" : ": damaged\n"));
-        damaged = damaged || errors > 0;
-    }
-    if (unreadable) return kUnreadable;
-    return damaged ? kDamaged : kDone;
+    if (const int status = prepareOutputFolder(options); status != kDone) return status;
+    catchInterrupts();
+    if (options.files.empty()) return runDrawing(options, {{}, {}, script});
+    return runBatch(options, [&](const std::string& file) {
+        return runDrawing(options, {file, outputPath(options, file), script});
+    });
 }
 
 std::string helpOnCommands() {
@@ -207,9 +258,8 @@ std::string helpOnCommands() {
     return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "
-           "cannot "
-           "be\n"
-           "written; 5 the check found damage, or --groups a group that is not whole or a "
-           "stray.\n\n" +
+           "cannot be\n"
+           "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
+           "130 Ctrl+C. With several drawings the highest.\n\n" +
            host::toUtf8(host::commandHelp());
 }

@@ -3,9 +3,8 @@
 
 #include "drafthost/options.h"
 
-/// Runs a session: drawing, module, then the script or the terminal. Gives the exit status.
+/// Runs a session for each drawing: drawing, module, then the script or the terminal. Gives the
+/// exit status.
 int runSession(const Options& options);
-/// Checks the files and prints what is found. Gives the exit status.
-int checkFiles(const Options& options);
 /// What --help says of commands and exit statuses.
 std::string helpOnCommands();

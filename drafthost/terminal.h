@@ -28,6 +28,8 @@ class Terminal : public host::InputSource {
     bool interactive() const final { return true; }
     /// Gives command-line text on to standard output.
     virtual void print(const std::wstring& text) = 0;
+    /// True when Ctrl+C was pressed since the last answer: what is being loaded stops.
+    virtual bool stopRequested() const = 0;
 
   protected:
     /// Reads a line behind the prompt; false when there is none, with the answer that stands for

@@ -49,6 +49,7 @@ class EditedTerminal : public Terminal {
     EditedTerminal& operator=(const EditedTerminal&) = delete;
 
     void print(const std::wstring& text) override;
+    bool stopRequested() const override { return interrupted != 0; }
 
   private:
     static EditedTerminal& of(EditLine* editor) {

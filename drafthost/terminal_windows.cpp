@@ -26,6 +26,7 @@ class ConsoleTerminal : public Terminal {
   public:
     ConsoleTerminal() { SetConsoleCtrlHandler(onControl, TRUE); }
     void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
+    bool stopRequested() const override { return interrupted != 0; }
 
   private:
     bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;

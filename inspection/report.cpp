@@ -79,8 +79,7 @@ Json json(const Group& group) {
     return object;
 }
 
-Json json(const NamedInspection& drawing) {
-    const Inspection& found = drawing.inspection;
+Json json(const std::string& file, const Inspection& found) {
     Json groups = Json::array();
     for (const Group& group : found.groups)
         groups.push_back(json(group));
@@ -92,7 +91,7 @@ Json json(const NamedInspection& drawing) {
                               {"space", stray.space},
                               {"reason", stray.reason}});
     }
-    return {{"file", drawing.file},
+    return {{"file", file},
             {"prefix", found.prefix},
             {"whole", found.whole()},
             {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
@@ -117,12 +116,9 @@ std::string listText(const std::string& head, const Inspection& found) {
            std::to_string(found.strays.size()) + " stray\n";
 }
 
-std::string listJson(const std::vector<NamedInspection>& drawings) {
-    Json document = Json::array();
-    for (const NamedInspection& drawing : drawings)
-        document.push_back(json(drawing));
+std::string listJson(const std::string& file, const Inspection& found) {
     // Names that are no sound UTF-8 must not end the program.
-    return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return json(file, found).dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
 std::vector<std::string> changes(const Inspection& before, const Inspection& after) {

@@ -11,13 +11,8 @@ namespace inspection {
 /// One line for each group and stray and one with the totals, each behind `head`; all end in \n.
 std::string listText(const std::string& head, const Inspection& inspection);
 
-/// One drawing of the JSON document.
-struct NamedInspection {
-    std::string file;
-    Inspection inspection;
-};
-/// The whole document, one object a drawing.
-std::string listJson(const std::vector<NamedInspection>& drawings);
+/// One drawing as an object of JSON.
+std::string listJson(const std::string& file, const Inspection& inspection);
 
 /// What a save did to groups, one line each without line end: those that `before` has and `after`
 /// has no more, or with a smaller count.

@@ -99,8 +99,9 @@ CommandStatus saveUnderName(bool keepName) {
 
 CommandStatus saveCurrent() {
     const HostDocument* document = session().impl().documents.current();
-    if (document != nullptr && document->path().empty()) return saveUnderName(false);
-    return save({}, false);
+    // Of a script the next line would become the name, and that line is a command.
+    const bool asks = document != nullptr && document->path().empty() && personAnswers();
+    return asks ? saveUnderName(false) : save({}, false);
 }
 
 /// Asks a person whether the current drawing is to be saved before it goes. Done when it may go.

@@ -6,6 +6,7 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/guarded_call.h"
+#include "host/editor/state/active_command.h"
 #include "host/objectarx/lisp_functions.h"
 #include "host/scripting/lisp_reader.h"
 #include "host/text/text_codec.h"
@@ -56,7 +57,7 @@ int invoke(Session::Impl& session, const LispFunction& function, const std::stri
 }  // namespace
 
 CommandStatus Session::callLisp(const std::wstring& expression) {
-    m_impl->problem.clear();
+    takeProblem();
     const CommandStatus status = m_impl->callLisp(expression);
     if (status != CommandStatus::Done) m_impl->reportCommand({}, expression, status);
     return status;

@@ -7,6 +7,7 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_names.h"
 #include "host/editor/selection/pickfirst.h"
+#include "host/editor/state/active_command.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -69,7 +70,7 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstr
 }  // namespace
 
 CommandStatus Session::Impl::fail(const Outcome& outcome) {
-    problem = outcome.error;
+    noteProblem(fromUtf8(outcome.error));
     exitStatus = std::max(exitStatus, outcome.status);
     return CommandStatus::Failed;
 }
@@ -86,6 +87,7 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
                                   CommandStatus status) {
     exitStatus = std::max(exitStatus, 1);
     std::string line = where.empty() ? where : where + ": ";
+    const std::string problem = toUtf8(takeProblem());
     const std::string name = toUtf8(command);
     if (!command.empty() && command.front() == L'(') {
         line += problem;
@@ -97,7 +99,7 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
     } else {
         line += toUtf8(foldCase(command));
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
-        line += problem.empty() ? "; the command line says why" : ": " + problem;
+        if (!problem.empty()) line += ": " + problem;
     }
     diagnose(line);
 }
@@ -115,13 +117,13 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
         std::wstring text = answer.text;
         if (answer.kind == Answer::Kind::Enter && !last.empty()) print(text = last);
         if (answer.kind != Answer::Kind::Text && text.empty()) continue;
-        m_impl->problem.clear();
+        takeProblem();
         const CommandStatus status = runOne(*m_impl, text, last);
         const bool escaped = status == CommandStatus::Cancelled && source.interactive();
         if (status == CommandStatus::Done || escaped) continue;
         if (result == CommandStatus::Done) result = status;
         if (status == CommandStatus::Cancelled && input.over()) {
-            m_impl->problem = "the input ended inside the command";
+            noteProblem(L"the input ended inside the command");
         }
         m_impl->reportCommand(where ? where() : std::string(), text, status);
         if (stopAtFailure) break;

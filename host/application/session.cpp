@@ -9,6 +9,7 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/switches.h"
+#include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/dxf/save/save_drawing.h"
 #include "host/editor/run/editor_services.h"
@@ -29,7 +30,7 @@ Session* theSession = nullptr;
 ProgressFunction progressOf(const Session::Impl& session, const std::string& what) {
     if (!session.progress) return {};
     return [&session, what](double done) {
-        session.progress(what.c_str(), static_cast<int>(done * 100.0));
+        return session.progress(what.c_str(), static_cast<int>(done * 100.0));
     };
 }
 
@@ -111,13 +112,20 @@ Outcome Session::Impl::save(const std::string& path, bool keepName) {
     DxfError error;
     const std::string file = toUtf8(target);
     const std::string what = "Saving " + file;
-    if (!host::saveDrawing(document->database()->store(), file, error, progressOf(*this, what))) {
+    const FormerFile former = hasSaved(file) ? FormerFile::Replaced : FormerFile::KeptAsBackup;
+    if (!host::saveDrawing(document->database()->store(), file, error, progressOf(*this, what),
+                           former)) {
         return {error.message(), 4};
     }
+    saved.insert(withoutLinks(file));
     if (!keepName || document->path().empty()) document->setPath(target);
     if (document->path() == target) document->noteSaved();
     notifySaveComplete(document->database(), target);
     return {};
+}
+
+bool Session::Impl::hasSaved(const std::string& path) const {
+    return saved.count(withoutLinks(path)) != 0;
 }
 
 void Session::Impl::shutDown() {
@@ -133,7 +141,7 @@ Outcome Session::newDrawing() {
     return m_impl->addDocument(std::make_unique<AcDbDatabase>(host::newDrawing()), {});
 }
 
-Outcome Session::openDrawing(const std::string& path) {
+Outcome Session::openDrawing(const std::string& path, const std::string& target) {
     if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
     const std::wstring file = fromUtf8(absolutePath(path));
     if (m_impl->documents.withPath(file) != nullptr) return {path + ": open already", 3};
@@ -141,10 +149,15 @@ Outcome Session::openDrawing(const std::string& path) {
     std::unique_ptr<Store> store = loadDrawing(path, error, progressOf(*m_impl, "Loading " + path));
     if (store == nullptr) return {error.message(), 3};
     if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
-    return m_impl->addDocument(std::make_unique<AcDbDatabase>(std::move(store)), file);
+    return m_impl->addDocument(std::make_unique<AcDbDatabase>(std::move(store)),
+                               target.empty() ? file : fromUtf8(absolutePath(target)));
 }
 
 Outcome Session::saveDrawing(const std::string& path) { return m_impl->save(path, false); }
+
+bool Session::hasSaved(const std::string& path) const {
+    return m_impl->hasSaved(absolutePath(path));
+}
 
 Outcome Session::closeDrawing() {
     HostDocument* document = m_impl->documents.current();
@@ -196,7 +209,7 @@ int Session::sendMessage(const std::string& name, int message) {
     return answer;
 }
 
-void Session::setProgress(std::function<void(const char*, int)> progress) {
+void Session::setProgress(std::function<bool(const char*, int)> progress) {
     m_impl->progress = std::move(progress);
 }
 

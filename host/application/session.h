@@ -36,11 +36,15 @@ class Session {
     // --- documents ----------------------------------------------------------------------------
     /// Opens a new empty drawing and makes it current.
     Outcome newDrawing();
-    /// Loads a drawing and makes it current. Status 3 when it cannot be read.
-    Outcome openDrawing(const std::string& path);
+    /// Loads a drawing and makes it current. Status 3 when it cannot be read. With a `target` the
+    /// drawing is that file's from then on: QSAVE writes there, and the source stays as it is.
+    Outcome openDrawing(const std::string& path, const std::string& target = {});
     /// Saves the current drawing: beginSave, file, saveComplete. An empty path means its own.
-    /// Status 4 when it cannot be written; the former file is whole then.
+    /// Status 4 when it cannot be written; the former file is whole then. The first save of a file
+    /// in a session keeps the former one as a backup, the later ones leave that backup alone.
     Outcome saveDrawing(const std::string& path);
+    /// True when this session has written the file.
+    bool hasSaved(const std::string& path) const;
     /// Closes the current document without saving: kUnloadDwgMsg, documentToBeDestroyed.
     Outcome closeDrawing();
     /// Makes another open document current, by index in opening order.
@@ -79,8 +83,8 @@ class Session {
     /// Calls a defined LISP function "(Name args)"; prints its value unless it asked for none.
     CommandStatus callLisp(const std::wstring& expression);
 
-    /// Called with 0 to 100 while a drawing is loaded or saved.
-    void setProgress(std::function<void(const char* what, int percent)> progress);
+    /// Called with 0 to 100 while a drawing is loaded or saved; false ends the loading.
+    void setProgress(std::function<bool(const char* what, int percent)> progress);
     /// Receives one line, without line end, for each command that did not end well: where, what and
     /// what to do. Without a receiver the lines appear on the command line.
     void setDiagnostics(std::function<void(const std::string& line)> diagnostics);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "host/application/documents.h"
@@ -20,13 +21,13 @@ struct Session::Impl {
     LispCalls lisp;
     /// The document with the focus; modules may see another one current for a moment.
     HostDocument* active = nullptr;
-    std::function<void(const char*, int)> progress;
+    std::function<bool(const char*, int)> progress;
     std::function<void(const std::string&)> diagnostics;
     HeldCounts heldAtStart = {};  ///< left over by an earlier session of the process
     bool quit = false;
     int exitStatus = 0;
-    /// Why the running command failed, when it said so; becomes part of the one line about it.
-    std::string problem;
+    /// Files that this session has written, links followed: each one's former content is kept once.
+    std::set<std::string> saved;
 
     /// Makes a document current and gives its modules the kLoadDwgMsg that is due.
     void activate(HostDocument& document);
@@ -37,6 +38,7 @@ struct Session::Impl {
     void close(HostDocument& document);
     /// Saves the current drawing; with `keepName` the document stays with its own file.
     Outcome save(const std::string& path, bool keepName);
+    bool hasSaved(const std::string& path) const;
     /// Everything a quitting host does: messages, documents, modules.
     void shutDown();
 

@@ -12,6 +12,7 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/pickfirst.h"
+#include "host/editor/state/active_command.h"
 #include "host/objectarx/database.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
@@ -83,7 +84,7 @@ CommandStatus runPasteClip() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
     if (clipboard().drawing == nullptr) {
-        printLine(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
+        printProblem(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
         return CommandStatus::Failed;
     }
     AcGePoint3d point;

@@ -1,7 +1,7 @@
 // What the host's own commands share.
 #include "host/commands/command_support.h"
 
-#include "host/control/effects.h"
+#include "host/editor/state/active_command.h"
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/database.h"
 
@@ -10,7 +10,7 @@ namespace host {
 Store* drawingOrComplaint() {
     const DocumentState* document = currentDocumentState();
     if (document != nullptr) return &document->database->store();
-    printLine(L"No drawing is open: use NEW or OPEN first.");
+    printProblem(L"No drawing is open: use NEW or OPEN first.");
     return nullptr;
 }
 

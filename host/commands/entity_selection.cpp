@@ -9,6 +9,7 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
+#include "host/editor/state/active_command.h"
 #include "host/objects/erasing.h"
 #include "host/store/store.h"
 #include "host/text/text_codec.h"
@@ -49,7 +50,7 @@ void eraseEntities(const std::vector<ObjectBody*>& entities) {
 bool canTransform(EntityTransform& transform, const std::vector<ObjectBody*>& entities) {
     for (const ObjectBody* entity : entities) {
         if (transform.check(*entity)) continue;
-        printLine(fromUtf8(transform.problem()) + L".");
+        printProblem(fromUtf8(transform.problem()) + L".");
         return false;
     }
     return true;

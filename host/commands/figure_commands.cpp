@@ -5,9 +5,9 @@
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/point_or_word.h"
-#include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
+#include "host/editor/state/active_command.h"
 #include "host/objects/erasing.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
@@ -85,7 +85,7 @@ CommandStatus runCircle() {
         return CommandStatus::Cancelled;
     }
     if (!(radius > 0.0)) {
-        printLine(L"The radius must be greater than zero.");
+        printProblem(L"The radius must be greater than zero.");
         return CommandStatus::Failed;
     }
     std::string tags;
@@ -132,7 +132,7 @@ CommandStatus runText() {
     double rotation = 0.0;
     if (!realOr(L"\nSpecify height", height)) return CommandStatus::Cancelled;
     if (!(height > 0.0)) {
-        printLine(L"The height must be greater than zero.");
+        printProblem(L"The height must be greater than zero.");
         return CommandStatus::Failed;
     }
     if (!realOr(L"\nSpecify rotation angle of text", rotation)) return CommandStatus::Cancelled;

@@ -10,6 +10,7 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/select_objects.h"
+#include "host/editor/state/active_command.h"
 #include "host/store/dictionary_text.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
@@ -110,7 +111,9 @@ CommandStatus runAudit() {
     }
     printLine(std::to_wstring(errors) + L" error(s), " +
               std::to_wstring(static_cast<long>(findings.size()) - errors) + L" note(s).");
-    return errors == 0 ? CommandStatus::Done : CommandStatus::Failed;
+    if (errors == 0) return CommandStatus::Done;
+    noteProblem(L"the drawing is damaged: " + std::to_wstring(errors) + L" error(s)");
+    return CommandStatus::Failed;
 }
 
 const BuiltinCommand kCommands[] = {

@@ -34,7 +34,7 @@ CommandStatus runSetvar() {
     }
     std::wstring value;
     if (!sysvarText(name, value)) {
-        printLine(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
+        printProblem(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
         return CommandStatus::Failed;
     }
     if (isReadOnlySysvar(name)) {
@@ -46,7 +46,7 @@ CommandStatus runSetvar() {
     if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
     std::wstring explanation;
     if (setSysvarText(name, answer.text, explanation)) return CommandStatus::Done;
-    printLine(explanation);
+    printProblem(explanation);
     return CommandStatus::Failed;
 }
 

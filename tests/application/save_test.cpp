@@ -20,7 +20,8 @@ class SaveTest : public SessionTest {
 
 TEST_F(SaveTest, SaveKeepsTheNameAndSaveasTakesTheNewOne) {
     EXPECT_EQ(
-        problemsOf(L"QSAVE " + quoted("a b.dxf") + L"\nSAVE " + quoted("copy") + L"\nQSAVE\n"), "");
+        problemsOf(L"SAVEAS " + quoted("a b.dxf") + L"\nSAVE " + quoted("copy") + L"\nQSAVE\n"),
+        "");
     EXPECT_EQ(name(), file("a b.dxf"));
     EXPECT_EQ(contentOf(file("copy.dxf")), contentOf(file("a b.dxf")));
     EXPECT_EQ(problemsOf(L"SAVEAS " + quoted("c.dxf") + L"\n"), "");
@@ -96,8 +97,17 @@ TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {
     EXPECT_EQ(session->exitStatus(), 4);
     EXPECT_EQ(name(), file("a.dxf"));
     EXPECT_EQ(contentOf(file("a.dxf")), before);
-    EXPECT_EQ(problemsOf(L"QSAVE\n"), "");
+}
+
+TEST_F(SaveTest, OnlyTheFirstSaveOfASessionKeepsTheFormerFile) {
+    session->runScript(L"SAVEAS " + quoted("a.dxf") + L"\nCLOSE\n");
+    const std::string before = contentOf(file("a.dxf"));
+    session = nullptr;
+    session = std::make_unique<Session>();
+    EXPECT_EQ(problemsOf(L"OPEN " + quoted("a.dxf") + L"\nPOINT 0,0\nQSAVE\nPOINT 1,1\nQSAVE\n"),
+              "");
     EXPECT_EQ(contentOf(file("a.bak")), before);
+    EXPECT_EQ(drawing(), "LINE POINT POINT");
 }
 
 }  // namespace

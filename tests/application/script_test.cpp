@@ -80,7 +80,9 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
          "plan.scr:1: PICK failed: a selection is missing: a point, W or C and two "
          "points, ALL, L, P, (handent \"2A\") or NONE\n"},
         {L"LINE 0,0 1,1", "plan.scr:1: LINE was cancelled: the input ended inside the command\n"},
-        {L"LINE\n0,0\nx\n", "plan.scr:3: LINE was cancelled; the command line says why\n"},
+        {L"LINE\n0,0\nx\n",
+         "plan.scr:3: LINE was cancelled: \"x\" is no point; give x,y or distance<angle, with @ "
+         "from the last point\n"},
         {L"\nOPEN nowhere.dxf\n",
          "plan.scr:2: OPEN failed: nowhere.dxf: cannot be read: No such file or "
          "directory; choose a DXF drawing\n"},

@@ -30,6 +30,9 @@ TEST_F(BadInput, MissingFilesFoldersAndPipesAreNotWaitedFor) {
     EXPECT_EQ(host::loadDrawing("/dev/zero", error), nullptr);
     EXPECT_EQ(error.message(),
               "/dev/zero: cannot be read: Is not a regular file; choose a DXF drawing");
+    const std::string sample = SAMPLES_FOLDER "/plan.dxf";
+    EXPECT_EQ(host::loadDrawing(sample, error, [](double) { return false; }), nullptr);
+    EXPECT_EQ(error.text, "loading was interrupted");
 }
 
 TEST_F(BadInput, VersionsThatAreNotServedAreNamed) {

@@ -1,6 +1,7 @@
 // acedSSGet: modes, order and filters.
 #include "editor/editor_fixture.h"
 #include "host/control/switches.h"
+#include "host/editor/selection/select_objects.h"
 #include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/sysvars.h"
 
@@ -122,6 +123,44 @@ TEST_F(SelectionModes, FilterByNumbersAndAllItems) {
     filter = acutBuildList(40, 1.0, RTNONE);
     EXPECT_EQ(get(L"X", filter), "b");
     acutRelRb(filter);
+}
+
+TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
+    const struct {
+        const wchar_t* call;
+        const char* found;
+    } cases[] = {
+        {L"(ssget \"X\")", "fecba"},
+        {L"(SSGET \"_x\" '((0 . \"LINE\") (8 . \"fro*\")))", "c"},
+        {L"(ssget \"X\" '((62 . 1)))", "a"},
+        {L"(ssget \"X\" '((40 . 1)))", "b"},
+        {L"(ssget \"X\" '((-4 . \"<OR\") (0 . \"POINT\") (8 . \"off\") (-4 . \"OR>\")))", "eb"},
+        {L"(ssget \"X\" '((-4 . \"<NOT\") (0 . \"LINE\") (-4 . \"NOT>\") (60 . 0)))", "b"},
+        {L"(ssget \"X\" '((-4 . \"<xor\") (0 . \"LINE\") (8 . \"0\") (-4 . \"xor>\")))", "ec"},
+        {L"(ssget \"X\" '((-4 . \"<AND\") (0 . \"LINE\") (-4 . \"OR>\")))", "wrong"},
+        {L"(ssget \"X\" '((-4 . \"<OR\") (0 . \"LINE\")))", "wrong"},
+        {L"(ssget \"X\" '((-4 . \"<NOT\") (-4 . \"NOT>\")))", "wrong"},
+        {L"(ssget \"X\" '((62 . \"1\")))", "wrong"},
+        {L"(ssget \"X\" '((62 . 99999)))", "wrong"},
+        {L"(ssget \"X\" '((8 \"0\")))", "wrong"},
+        {L"(ssget \"X\" '((8 . \"0\"))", "wrong"},
+        {L"(ssget \"X\" '((10 . 1)))", "wrong"},
+        {L"(ssget \"X\" \"Y\")", "wrong"},
+        {L"(ssget \"P\")", "wrong"},
+        {L"(ssget", "wrong"},
+    };
+    for (const auto& each : cases) {
+        std::vector<AcDbObjectId> selection;
+        std::wstring why;
+        const bool read = host::parseSelection({each.call}, selection, why);
+        EXPECT_EQ(read ? letters(selection) : "wrong", each.found) << host::toUtf8(each.call);
+        EXPECT_EQ(read, why.empty());
+    }
+    std::wstring deep = L"(ssget \"X\" '(";
+    for (int i = 0; i < 100000; ++i)
+        deep += L"(-4 . \"<OR\")";
+    std::vector<AcDbObjectId> selection;
+    EXPECT_FALSE(host::parseSelection({deep + L"))"}, selection, deep));
 }
 
 }  // namespace

@@ -17,12 +17,15 @@ TEST_F(ProgramTest, WrongUse) {
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
         {"/i", "/i needs a drawing"},
         {"--no-module -m a.arx", "--module and --no-module exclude each other"},
-        {"a.dxf b.dxf", "only one drawing can be given, not also \"b.dxf\""},
+        {"a.dxf b.dxf", "several drawings need --script, --check or --groups"},
         {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
         {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
         {"--groups", "--groups needs at least one file"},
-        {"--json a.dxf", "--json belongs to --groups"},
+        {"--json a.dxf", "--json belongs to --check and --groups"},
+        {"--output-dir out a.dxf", "--output-dir belongs to --script"},
+        {"-s a -j 0 a.dxf", "--jobs: Value 0 not in range 1 to 64"},
+        {"--picture a.svg a.dxf b.dxf", "--picture takes one drawing, not also \"b.dxf\""},
         {"--picture a.svg --check a.dxf", "--check, --groups and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
@@ -71,7 +74,7 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     const Result both = drafthost("--groups --json whole.dxf short.dxf");
     EXPECT_EQ(both.status, 5);
     EXPECT_NE(both.output.find("\"state\": \"short\""), std::string::npos) << both.output;
-    EXPECT_EQ(drafthost("--groups nowhere.dxf short.dxf").status, 3);
+    EXPECT_EQ(drafthost("--groups nowhere.dxf short.dxf").status, 5);
     const Result told = drafthost("-s - short.dxf", "QSAVE\nGROUPLIST\nPICTURE a\n");
     EXPECT_NE(told.errors.find("short.dxf: the save lowered the count of group "),
               std::string::npos);
@@ -121,7 +124,7 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     const Result run = drafthost("--check good.dxf bad.dxf");
     EXPECT_EQ(run.status, 5);
     EXPECT_NE(run.output.find("bad.dxf: damaged\n"), std::string::npos);
-    EXPECT_EQ(drafthost("--check nowhere.dxf bad.dxf").status, 3);
+    EXPECT_EQ(drafthost("--check nowhere.dxf bad.dxf").status, 5);
     EXPECT_EQ(contentOf("bad.dxf"), text);
     EXPECT_EQ(script("AUDIT\n", "bad.dxf").status, 1);
 }

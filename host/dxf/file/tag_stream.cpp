@@ -112,7 +112,7 @@ bool TagStream::fill() {
     m_plain = isPlain(m_buffer.data(), m_end);
     if (m_progress && m_file.size() > 0) {
         const double done = static_cast<double>(m_bytesRead) / static_cast<double>(m_file.size());
-        m_progress(done < 1.0 ? done : 1.0);
+        if (!m_progress(done < 1.0 ? done : 1.0)) return fail(0, "loading was interrupted");
     }
     return true;
 }

@@ -65,7 +65,7 @@ bool keepFormer(const std::string& target, std::string& why) {
 }
 
 bool replaceTarget(Store& store, const std::string& target, const ProgressFunction& progress,
-                   std::string& why) {
+                   FormerFile former, std::string& why) {
     const FilePlace place = placeOf(target);
     const bool exists = place == FilePlace::File;
     if (place == FilePlace::Folder) why = "Is a directory";
@@ -75,7 +75,8 @@ bool replaceTarget(Store& store, const std::string& target, const ProgressFuncti
     TemporaryFile temporary;
     temporary.nameBeside(target);
     if (!writeFile(store, temporary.path(), exists ? target : "", progress, why)) return false;
-    if (exists && !keepFormer(target, why)) return false;
+    const bool keeps = exists && former == FormerFile::KeptAsBackup;
+    if (keeps && !keepFormer(target, why)) return false;
     return temporary.moveTo(target, why);
 }
 
@@ -94,13 +95,13 @@ std::string backupPath(const std::string& path) {
 }
 
 bool saveDrawing(Store& store, const std::string& path, DxfError& error,
-                 const ProgressFunction& progress) {
+                 const ProgressFunction& progress, FormerFile former) {
     error = {path, 0, {}};
     try {
         updateHandleSeed(store);
         const std::string target = withoutLinks(path);
         std::string why;
-        if (!replaceTarget(store, target, progress, why)) {
+        if (!replaceTarget(store, target, progress, former, why)) {
             error.text = "cannot be written: " + why + "; nothing was changed, save elsewhere";
             return false;
         }

@@ -9,6 +9,9 @@
 
 namespace host {
 
+/// What becomes of the file that a save replaces.
+enum class FormerFile { KeptAsBackup, Replaced };
+
 /// Writes the drawing in the version, encoding and line ending it was loaded with; false, with one
 /// clear line in `error` and the target untouched, when that fails.
 ///
@@ -17,12 +20,14 @@ namespace host {
 /// drawing itself is not changed but for $HANDSEED, which is raised to the next free handle.
 ///
 /// A temporary file beside the target is written, flushed to the disk and renamed, so that under
-/// the target's name the old drawing or the new one stands whole at any moment. The former file is
-/// kept as NAME.bak: "plan.dxf" as "plan.bak", replacing an older one (a target that ends in ".bak"
-/// itself gets a second ".bak" behind it). Permissions of an existing target stay, a symbolic link
-/// is followed. A kill while writing can leave a file ".dxf-<number>.tmp" behind.
+/// the target's name the old drawing or the new one stands whole at any moment. Unless it is just
+/// `Replaced`, the former file is kept as NAME.bak: "plan.dxf" as "plan.bak", replacing an older
+/// one (a target that ends in ".bak" itself gets a second ".bak" behind it). Permissions of an
+/// existing target stay, a symbolic link is followed. A kill while writing can leave a file
+/// ".dxf-<number>.tmp" behind.
 bool saveDrawing(Store& store, const std::string& path, DxfError& error,
-                 const ProgressFunction& progress = {});
+                 const ProgressFunction& progress = {},
+                 FormerFile former = FormerFile::KeptAsBackup);
 
 /// Path under which a save to `path` keeps the former file.
 std::string backupPath(const std::string& path);

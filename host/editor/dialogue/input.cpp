@@ -81,6 +81,7 @@ bool wrongAnswer(const std::wstring& explanation) {
     printLine(explanation + L".");
     if (source != nullptr && source->interactive()) return true;
     noteWrongAnswer();
+    noteProblem(explanation);
     return false;
 }
 

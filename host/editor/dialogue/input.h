@@ -64,7 +64,7 @@ int takeInputOptions();
 
 /// What is wrong with an answer that is no point, behind the answer itself.
 constexpr const wchar_t* kNoPoint =
-    L"no point; give x,y or x,y,z or distance<angle, with @ before it from the last point";
+    L"no point; give x,y or distance<angle, with @ from the last point";
 /// Takes an answer for a point: as parsePoint, but @ without a base counts from the point that was
 /// given last in this drawing, at first the origin. Nothing when it is no point.
 std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d* base);

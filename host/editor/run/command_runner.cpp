@@ -57,7 +57,10 @@ bool resolve(std::wstring name, Resolved& resolved) {
 
 CommandStatus runModuleFunction(AcRxFunctionPtr function, const ActiveCommand& now) {
     const std::string where = "command " + toUtf8(now.name);
-    if (!guardedCall(where, function)) return CommandStatus::Failed;
+    if (!guardedCall(where, function)) {
+        noteProblem(L"an exception left the module");
+        return CommandStatus::Failed;
+    }
     return now.cancelled ? CommandStatus::Cancelled : CommandStatus::Done;
 }
 
@@ -66,6 +69,7 @@ CommandStatus runBuiltin(const BuiltinCommand& command) {
         return command.run();
     } catch (const std::exception& error) {
         printLine(std::wstring(command.name) + L" failed: " + fromUtf8(error.what()));
+        noteProblem(fromUtf8(error.what()));
     } catch (...) {
         printLine(std::wstring(command.name) + L" failed");
     }
@@ -131,11 +135,11 @@ CommandStatus runCommand(const std::wstring& typedName) {
     Resolved command;
     if (!resolve(typedName, command)) return CommandStatus::Unknown;
     if (const std::wstring running = activeCommand(); !running.empty()) {
-        printLine(command.name + L" cannot start while " + running + L" runs.");
+        printProblem(command.name + L" cannot start while " + running + L" runs.");
         return CommandStatus::Failed;
     }
     if (command.builtin == nullptr && currentStore() == nullptr) {
-        printLine(command.name + L" needs an open drawing.");
+        printProblem(command.name + L" needs an open drawing.");
         return CommandStatus::Failed;
     }
     ActiveCommand now;

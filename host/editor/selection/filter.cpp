@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "host/editor/state/current_drawing.h"
 #include "host/objects/result_buffer_tools.h"
@@ -40,34 +41,72 @@ bool sameNumber(double left, double right) {
 
 }  // namespace
 
-bool SelectionFilter::read(const resbuf* list, SelectionFilter& filter) {
-    for (; list != nullptr; list = list->rbnext) {
-        Item item;
-        item.code = list->restype == RTDXF0 ? 0 : list->restype;
-        if (item.code < 0 || item.code >= 1000) return false;
-        switch (valueKindOf(item.code)) {
-            case ValueKind::Text:
-                if (list->resval.rstring == nullptr) return false;
-                item.isText = true;
-                item.pattern = list->resval.rstring;
-                if (isNameCode(item.code)) item.pattern = foldCase(item.pattern);
-                if (item.code == 0) item.kind = kindOfOneType(toUtf8(item.pattern));
-                break;
-            case ValueKind::Real:
-                item.number = list->resval.rreal;
-                break;
-            case ValueKind::Short:
-                item.number = list->resval.rint;
-                break;
-            case ValueKind::Long:
-                item.number = list->resval.rlong;
-                break;
-            default:
-                return false;
-        }
-        filter.m_items.push_back(std::move(item));
+bool SelectionFilter::readItem(const resbuf& buffer, Item& item) {
+    item.code = buffer.restype == RTDXF0 ? 0 : buffer.restype;
+    if (item.code < 0 || item.code >= 1000) return false;
+    switch (valueKindOf(item.code)) {
+        case ValueKind::Text:
+            if (buffer.resval.rstring == nullptr) return false;
+            item.isText = true;
+            item.pattern = buffer.resval.rstring;
+            if (isNameCode(item.code)) item.pattern = foldCase(item.pattern);
+            if (item.code == 0) item.kind = kindOfOneType(toUtf8(item.pattern));
+            return true;
+        case ValueKind::Real:
+            item.number = buffer.resval.rreal;
+            return true;
+        case ValueKind::Short:
+            item.number = buffer.resval.rint;
+            return true;
+        case ValueKind::Long:
+            item.number = buffer.resval.rlong;
+            return true;
+        default:
+            return false;
     }
-    return true;
+}
+
+/// At an opening operator: reads what stands up to the closing one, where `at` is left.
+bool SelectionFilter::readOperator(const resbuf*& at, int depth, Group& outer) {
+    constexpr int kDeepest = 100;
+    constexpr std::pair<const wchar_t*, Operator> kOperators[] = {{L"AND", Operator::And},
+                                                                  {L"OR", Operator::Or},
+                                                                  {L"XOR", Operator::Xor},
+                                                                  {L"NOT", Operator::Not}};
+    if (at->resval.rstring == nullptr || depth == kDeepest) return false;
+    const std::wstring text = foldCase(at->resval.rstring);
+    for (const auto& [name, by] : kOperators) {
+        if (text != std::wstring(L"<") + name) continue;
+        Group group{by};
+        at = at->rbnext;
+        if (!readGroup(at, std::wstring(name) + L">", depth + 1, group)) return false;
+        const std::size_t parts = group.items.size() + group.groups.size();
+        if ((by == Operator::Not && parts != 1) || (by == Operator::Xor && parts != 2))
+            return false;
+        outer.groups.push_back(std::move(group));
+        return true;
+    }
+    return false;
+}
+
+bool SelectionFilter::readGroup(const resbuf*& at, const std::wstring& end, int depth,
+                                Group& group) {
+    constexpr int kOperator = -4;
+    for (; at != nullptr; at = at->rbnext) {
+        if (at->restype != kOperator) {
+            if (!readItem(*at, group.items.emplace_back())) return false;
+            continue;
+        }
+        const wchar_t* const text = at->resval.rstring;
+        if (!end.empty() && text != nullptr && foldCase(text) == end) return true;
+        if (!readOperator(at, depth, group)) return false;
+    }
+    return end.empty();
+}
+
+bool SelectionFilter::read(const resbuf* list, SelectionFilter& filter) {
+    filter.m_all = {};
+    return readGroup(list, {}, 0, filter.m_all);
 }
 
 bool SelectionFilter::Item::passes(const Store& store, std::string_view value) const {
@@ -99,9 +138,23 @@ bool SelectionFilter::Item::matches(const ObjectBody& entity) const {
     return !present && !standard.empty() && passes(store, standard);
 }
 
-bool SelectionFilter::matches(const ObjectBody& entity) const {
-    return std::all_of(m_items.begin(), m_items.end(),
-                       [&](const Item& item) { return item.matches(entity); });
+bool SelectionFilter::Group::matches(const ObjectBody& entity) const {
+    const auto passed = [&](const auto& part) { return part.matches(entity); };
+    switch (by) {
+        case Operator::Or:
+            return std::any_of(items.begin(), items.end(), passed) ||
+                   std::any_of(groups.begin(), groups.end(), passed);
+        case Operator::Xor:
+            return (std::count_if(items.begin(), items.end(), passed) +
+                    std::count_if(groups.begin(), groups.end(), passed)) == 1;
+        default:
+            break;
+    }
+    const bool all = std::all_of(items.begin(), items.end(), passed) &&
+                     std::all_of(groups.begin(), groups.end(), passed);
+    return all != (by == Operator::Not);
 }
+
+bool SelectionFilter::matches(const ObjectBody& entity) const { return m_all.matches(entity); }
 
 }  // namespace host

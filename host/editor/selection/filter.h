@@ -10,19 +10,21 @@
 
 namespace host {
 
-/// A filter list: every item must match (AND).
+/// A filter list: every item must match, but for what stands between the operators (-4) "<OR" and
+/// "OR>", "<XOR", "<NOT", "<AND" and theirs.
 ///
 /// Text tags match by wild cards, those that hold names (0, 2, 6, 7, 8, 410, 5) without regard to
 /// case. Numbers match by equality. Entities that lack a tag have its default value where the
-/// format defines one. Operators (-4), points, names of entities and extended data are not served.
+/// format defines one. Relations (-4 with ">="), points, names of entities and extended data are
+/// not served.
 class SelectionFilter {
   public:
-    /// Reads a list; null gives a filter that everything passes. False when an item is not served.
+    /// Reads a list; null gives a filter that everything passes. False when an item is not served
+    /// or the operators do not pair.
     static bool read(const resbuf* list, SelectionFilter& filter);
 
     /// Use one filter for one drawing.
     bool matches(const ObjectBody& entity) const;
-    bool isEmpty() const { return m_items.empty(); }
 
   private:
     struct Item {
@@ -39,7 +41,20 @@ class SelectionFilter {
         bool matches(const ObjectBody& entity) const;
     };
 
-    std::vector<Item> m_items;
+    enum class Operator { And, Or, Xor, Not };
+    struct Group {
+        Operator by = Operator::And;
+        std::vector<Item> items = {};
+        std::vector<Group> groups = {};
+
+        bool matches(const ObjectBody& entity) const;
+    };
+    static bool readItem(const resbuf& buffer, Item& item);
+    /// Reads until the operator `end`, or the end of the list when that is empty.
+    static bool readGroup(const resbuf*& at, const std::wstring& end, int depth, Group& group);
+    static bool readOperator(const resbuf*& at, int depth, Group& outer);
+
+    Group m_all;
 };
 
 }  // namespace host

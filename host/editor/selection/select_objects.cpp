@@ -8,6 +8,7 @@
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/selection_sets.h"
 #include "host/editor/selection/selection_sources.h"
+#include "host/editor/selection/ssget_call.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/store/store.h"
@@ -17,7 +18,7 @@ namespace {
 
 const wchar_t kHelp[] =
     L"\nA point picks; W and C take two corners; ALL, L (last), P (previous), R (remove), A (add), "
-    L"(handent \"2A\"); Enter ends.";
+    L"(handent \"2A\"), (ssget \"X\" '((0 . \"LINE\") (8 . \"WALLS*\"))); Enter ends.";
 
 enum class Word { None, Window, Crossing, All, Last, Previous, Remove, Add, Help };
 
@@ -58,6 +59,12 @@ bool parseSingle(const Store& store, const std::wstring& text, const wchar_t* wh
             break;
     }
     AcDbObjectId id;
+    if (isSsgetCall(text)) {
+        SelectionFilter filter;
+        if (!readSsgetCall(text, filter, explanation)) return false;
+        selection = selectMatching(store, filter);
+        return true;
+    }
     if (const std::optional<std::wstring> handle = parseHandent(text)) {
         id = selectHandle(store, *handle, explanation);
         if (id.isNull()) return false;
@@ -233,7 +240,7 @@ bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObje
     if (word == Word::Window || word == Word::Crossing)
         return parseBox(*store, words, word == Word::Crossing, selection, explanation);
     const wchar_t* const what =
-        L": give a point, W or C with two corners, ALL, L, P or (handent \"2A\")";
+        L": give a point, W or C with two corners, ALL, L, P, (handent \"2A\") or (ssget ...)";
     return parseSingle(*store, joined(words), what, selection, explanation);
 }
 

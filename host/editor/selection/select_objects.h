@@ -19,7 +19,8 @@ PromptStatus selectObjects(const std::wstring& prompt, const SelectionFilter& fi
 PromptStatus promptSelection(const std::wstring& prompt, bool usePickfirst,
                              std::vector<AcDbObjectId>& selection);
 /// One whole selection in one go, for PICK and UNPICK: "3,4", "W 0,0 10,10", "C ...", "ALL", "L",
-/// "P", (handent "2A"). False, with one line of explanation, when it is no selection.
+/// "P", (handent "2A"), (ssget "X" '((8 . "0"))). False, with one line of explanation, when it is
+/// no selection.
 bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObjectId>& selection,
                     std::wstring& explanation);
 

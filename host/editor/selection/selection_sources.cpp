@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "host/control/switches.h"
+#include "host/editor/selection/filter.h"
 #include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/sysvars.h"
@@ -51,6 +52,24 @@ std::vector<AcDbObjectId> selectAll(const Store& store) {
         i = store.nextLive(entity);
     }
     return inSelectionOrder(std::move(all));
+}
+
+void appendMatching(const Store& store, Index space, const SelectionFilter& filter,
+                    std::vector<AcDbObjectId>& ids) {
+    for (Index i = store.firstLive(space); i != kNoIndex;) {
+        const ObjectBody& entity = store.at(i);
+        if (filter.matches(entity)) ids.push_back(store.idOf(entity));
+        i = store.nextLive(entity);
+    }
+}
+
+std::vector<AcDbObjectId> selectMatching(const Store& store, const SelectionFilter& filter) {
+    std::vector<AcDbObjectId> found;
+    if (store.currentSpace() != kNoIndex)
+        appendMatching(store, store.currentSpace(), filter, found);
+    const auto isPaper = [](AcDbObjectId id) { return isPaperViewport(*Store::resolve(id)); };
+    found.erase(std::remove_if(found.begin(), found.end(), isPaper), found.end());
+    return inSelectionOrder(std::move(found));
 }
 
 std::vector<AcDbObjectId> selectLast(const Store& store) {

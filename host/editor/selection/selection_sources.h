@@ -6,9 +6,11 @@
 
 #include "host/objectarx/geometry.h"
 #include "host/objectarx/object_id.h"
+#include "host/store/object_body.h"
 
 namespace host {
 
+class SelectionFilter;
 class Store;
 
 /// Radius of the pick box in drawing units: PICKBOX pixels on a screen of 1000 pixels that shows
@@ -22,6 +24,11 @@ std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& co
                                        const AcGePoint3d& opposite, bool crossing);
 /// All of the current space on thawed layers, in that order.
 std::vector<AcDbObjectId> selectAll(const Store& store);
+/// Appends what passes a filter in a space, in drawing order, whatever its layer's state.
+void appendMatching(const Store& store, Index space, const SelectionFilter& filter,
+                    std::vector<AcDbObjectId>& ids);
+/// The same for the current space without the paper of a layout, in the order of selections.
+std::vector<AcDbObjectId> selectMatching(const Store& store, const SelectionFilter& filter);
 /// The newest entity of the current space that is drawn, or nothing.
 std::vector<AcDbObjectId> selectLast(const Store& store);
 /// The previous selection without what was erased since.

@@ -36,14 +36,6 @@ AcGePoint3d pointAt(const void* point) {
     return asPnt3d(values);
 }
 
-void appendSpace(const Store& store, Index space, const SelectionFilter& filter, Ids& ids) {
-    for (Index i = store.firstLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
-        if (filter.matches(entity)) ids.push_back(store.idOf(entity));
-        i = store.nextLive(entity);
-    }
-}
-
 /// What passes the filter in every space, the current one last in drawing order: so its newest
 /// entity comes first when the newest come first.
 Ids wholeDatabase(const Store& store, const SelectionFilter& filter) {
@@ -52,10 +44,11 @@ Ids wholeDatabase(const Store& store, const SelectionFilter& filter) {
     const Index table = store.table("BLOCK_RECORD");
     for (Index i = table == kNoIndex ? kNoIndex : store.firstLive(table); i != kNoIndex;) {
         const ObjectBody& record = store.at(i);
-        if (record.self != current && isSpace(record)) appendSpace(store, record.self, filter, ids);
+        if (record.self != current && isSpace(record))
+            appendMatching(store, record.self, filter, ids);
         i = store.nextLive(record);
     }
-    if (current != kNoIndex) appendSpace(store, current, filter, ids);
+    if (current != kNoIndex) appendMatching(store, current, filter, ids);
     if (switches().newestFirst) std::reverse(ids.begin(), ids.end());
     return ids;
 }

@@ -1,10 +1,19 @@
 // The command in progress, as prompts, selection and notifications see it.
 #include "host/editor/state/active_command.h"
 
+#include <utility>
+
+#include "host/control/effects.h"
+
 namespace host {
 namespace {
 
 ActiveCommand* running = nullptr;
+
+std::wstring& problem() {
+    static std::wstring text;
+    return text;
+}
 
 }  // namespace
 
@@ -29,6 +38,21 @@ void noteCancelled() {
 
 void noteWrongAnswer() {
     if (running != nullptr) running->wrongAnswer = true;
+}
+
+void noteProblem(const std::wstring& why) {
+    if (problem().empty()) problem() = why;
+}
+
+std::wstring takeProblem() {
+    std::wstring why = std::exchange(problem(), {});
+    if (!why.empty() && why.back() == L'.') why.pop_back();
+    return why;
+}
+
+void printProblem(const std::wstring& why) {
+    printLine(why);
+    noteProblem(why);
 }
 
 }  // namespace host

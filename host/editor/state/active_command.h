@@ -39,4 +39,12 @@ void noteCancelled();
 /// Failed, whatever else becomes of it.
 void noteWrongAnswer();
 
+/// Notes why what runs at the empty prompt goes wrong, for the one line about it; of several
+/// reasons the first stays.
+void noteProblem(const std::wstring& why);
+/// The noted reason, without a full stop, or empty; it is forgotten.
+std::wstring takeProblem();
+/// Prints a line that says why the running command fails, and notes it.
+void printProblem(const std::wstring& why);
+
 }  // namespace host

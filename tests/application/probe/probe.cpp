@@ -102,6 +102,7 @@ extern "C" __attribute__((visibility("default"))) AcRx::AppRetCode acrxEntryPoin
     const ACHAR* file = currentFile();
     const ACHAR* slash = std::wcsrchr(file, L'/');
     acutPrintf(L"<%d %s>", static_cast<int>(message), slash != nullptr ? slash + 1 : file);
+    if (asked("abort") && std::wcsstr(file, L"dies") != nullptr) std::abort();
     if (message == AcRx::kInitAppMsg) start(pkt);
     if (message == AcRx::kUnloadAppMsg) stop();
     if (message == AcRx::kLoadDwgMsg) define();

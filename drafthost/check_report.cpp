@@ -1,0 +1,47 @@
+// The check of drawings, as the program prints it.
+#include "drafthost/check_report.h"
+
+#include <algorithm>
+
+#include "drafthost/batch.h"
+#include "drafthost/json_text.h"
+#include "drafthost/output.h"
+#include "host/dxf/check/drawing_check.h"
+
+namespace {
+
+std::string listText(const std::string& file, const std::vector<host::Finding>& findings,
+                     bool sound) {
+    std::string text;
+    for (const host::Finding& finding : findings) {
+        const bool isError = finding.severity == host::Severity::Error;
+        text += file + (isError ? ": " : ": note: ") + finding.text + "\n";
+    }
+    return text + file + (sound ? ": sound\n" : ": damaged\n");
+}
+
+int checkOne(const Options& options, const std::string& file) {
+    host::DxfError error;
+    const auto findings = host::checkFile(file, error, [&](double done) {
+        return showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
+    });
+    if (!findings) {
+        complain(error.message());
+        if (options.json) writeOutput(errorJson(file, error.message()));
+        return kUnreadable;
+    }
+    const bool sound = std::none_of(findings->begin(), findings->end(), [](const auto& finding) {
+        return finding.severity == host::Severity::Error;
+    });
+    if (!sound || !options.quiet) {
+        writeOutput(options.json ? checkJson(file, *findings, sound)
+                                 : listText(file, *findings, sound));
+    }
+    return sound ? kDone : kDamaged;
+}
+
+}  // namespace
+
+int checkFiles(const Options& options) {
+    return runBatch(options, [&](const std::string& file) { return checkOne(options, file); });
+}

@@ -1,0 +1,98 @@
+// Scripts that stop, and many drawings in one run.
+#include "program_fixture.h"
+
+namespace {
+
+/// Erases the first two entities of a drawing, and saves it in between.
+constexpr char kErasesTwo[] = "ERASE (handent \"2A\")\n\nQSAVE\nERASE (handent \"2B\")\n\n";
+
+class BatchTest : public ProgramTest {
+  protected:
+    BatchTest() {
+        EXPECT_EQ(
+            script("POINT 1,1\nSAVEAS one.dxf\nPOINT 2,2\nPOINT 3,3\nSAVEAS three.dxf\n").status,
+            0);
+        write("bad.dxf", "junk\n");
+    }
+    static long pointsIn(const std::string& file) {
+        const std::string text = contentOf(file);
+        long count = 0;
+        for (std::size_t at = 0; (at = text.find("\nPOINT\n", at)) != text.npos; ++at)
+            ++count;
+        return count;
+    }
+};
+
+TEST_F(BatchTest, AScriptStopsAtTheFirstFailure) {
+    const std::string erases = "OPEN nowhere.dxf\nERASE ALL\n\nQSAVE\n";
+    const Result run = script(erases, "three.dxf");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(
+        run.errors,
+        "drafthost: three.dxf: standard input:1: OPEN failed: nowhere.dxf: cannot be read: No "
+        "such file or directory; choose a DXF drawing\n");
+    EXPECT_EQ(pointsIn("three.dxf"), 3);
+    EXPECT_EQ(script(erases, "--keep-going three.dxf").status, 3);
+    EXPECT_EQ(pointsIn("three.dxf"), 0);
+    EXPECT_EQ(
+        script("QSAVE\nREGEN\n").errors,
+        "drafthost: Drawing1.dxf: standard input:1: QSAVE failed: the drawing has no name yet: "
+        "save it with SAVEAS\n");
+    EXPECT_EQ(
+        script("CIRCLE 0,0 -1\nQSAVE\n", "one.dxf").errors,
+        "drafthost: one.dxf: standard input:1: CIRCLE failed: The radius must be greater than "
+        "zero\n");
+}
+
+TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
+    const std::string one = contentOf("one.dxf"), three = contentOf("three.dxf");
+    const std::string files = "--output-dir out three.dxf bad.dxf nowhere.dxf one.dxf";
+    const Result run = script(kErasesTwo, "-j 1 " + files);
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.errors.find("drafthost: one.dxf: standard input:5: ERASE failed: "),
+              std::string::npos)
+        << run.errors;
+    const std::size_t summary = run.errors.find("drafthost: failed:");
+    ASSERT_NE(summary, std::string::npos) << run.errors;
+    EXPECT_EQ(run.errors.substr(summary),
+              "drafthost: failed: bad.dxf: cannot be read\n"
+              "drafthost: failed: nowhere.dxf: cannot be read\n"
+              "drafthost: failed: one.dxf: its script failed\n"
+              "drafthost: 4 drawings, 3 failed\n");
+    EXPECT_EQ(pointsIn("out/three.dxf"), 1);
+    EXPECT_FALSE(std::filesystem::exists("out/one.dxf")) << "it was saved before the failure";
+    EXPECT_EQ(contentOf("one.dxf") + contentOf("three.dxf"), one + three);
+    const Result both = script(kErasesTwo, "-j 2 " + files);
+    EXPECT_EQ(both.output, run.output);
+    EXPECT_EQ(both.errors, run.errors);
+    EXPECT_EQ(script(kErasesTwo, "-q " + files).output, "");
+    EXPECT_EQ(script("CLOSE\n", "--output-dir out one.dxf").status, 1);
+}
+
+TEST_F(BatchTest, WhatWouldOverwriteADrawingOfTheRunIsRefused) {
+    std::filesystem::create_directory("a");
+    std::filesystem::copy("one.dxf", "a/one.dxf");
+    const Result two = script("REGEN\n", "--output-dir out one.dxf a/one.dxf");
+    EXPECT_EQ(two.status, 2);
+    EXPECT_EQ(two.errors.rfind("drafthost: out", 0), 0u) << two.errors;
+    EXPECT_FALSE(std::filesystem::exists("out"));
+    EXPECT_EQ(script("REGEN\n", "--output-dir a a/../three.dxf a/one.dxf").status, 2);
+    EXPECT_EQ(script("REGEN\n", "--output-dir one.dxf three.dxf").status, 4);
+}
+
+TEST_F(BatchTest, ReadingManyGivesOneDocument) {
+    const Result check = drafthost("--check --json -j 2 bad.dxf one.dxf three.dxf");
+    EXPECT_EQ(check.status, 3);
+    EXPECT_EQ(
+        check.output,
+        "[\n{\n  \"file\": \"bad.dxf\",\n  \"error\": \"bad.dxf:1: \\\"junk\\\" is no group code; "
+        "this is not a DXF drawing\"\n},\n"
+        "{\n  \"file\": \"one.dxf\",\n  \"sound\": true,\n  \"findings\": []\n},\n"
+        "{\n  \"file\": \"three.dxf\",\n  \"sound\": true,\n  \"findings\": []\n}\n]\n");
+    const Result groups = drafthost("--groups -q one.dxf bad.dxf three.dxf");
+    EXPECT_EQ(groups.output, "");
+    EXPECT_EQ(groups.errors.substr(groups.errors.find('\n') + 1),
+              "drafthost: failed: bad.dxf: cannot be read\ndrafthost: 3 drawings, 1 failed\n");
+}
+
+}  // namespace
