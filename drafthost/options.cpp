@@ -39,10 +39,7 @@ bool replaceSlashForms(std::vector<std::string>& arguments) {
     return true;
 }
 
-void declare(CLI::App& app, Options& options) {
-    app.add_option("drawing.dxf", options.files, "the drawings to open or to read")
-        ->type_name("")
-        ->check(notEmpty);
+void declareScripts(CLI::App& app, Options& options) {
     app.add_option("-s,--script", options.script, "commands from FILE (\"-\": standard input)")
         ->type_name("FILE")
         ->check(notEmpty);
@@ -54,9 +51,12 @@ void declare(CLI::App& app, Options& options) {
         ->disable_flag_override();
     app.add_option("-j,--jobs", options.jobs, "so many drawings at a time, from 1 to 64")
         ->type_name("N")
-        ->check(CLI::Range(1, 64).name(""));
+        ->check(CLI::Range(1, 64).description(""));
     app.add_flag("-q,--quiet", options.quiet, "no transcript, and of drawings what is wrong alone")
         ->disable_flag_override();
+}
+
+void declareSession(CLI::App& app, Options& options) {
     app.add_option("-m,--module", options.module,
                    "module to load at start, else VelmoGroup.arx beside the program")
         ->type_name("FILE")
@@ -73,6 +73,9 @@ void declare(CLI::App& app, Options& options) {
     addList("--registry", options.switches, "NAME=DWORD",
             "a per-user switch of the module, like AssertStartup=1 (repeatable)")
         ->check(isSwitch);
+}
+
+void declareReading(CLI::App& app, Options& options) {
     app.add_flag("--check", options.check, "check the drawings, change nothing")
         ->disable_flag_override();
     app.add_flag("--groups", options.groups, "list the groups of the drawings, change nothing")
@@ -85,6 +88,15 @@ void declare(CLI::App& app, Options& options) {
     app.add_option("--layout", options.layout, "draw this layout instead of model space")
         ->type_name("NAME")
         ->check(notEmpty);
+}
+
+void declare(CLI::App& app, Options& options) {
+    app.add_option("drawing.dxf", options.files, "the drawings to open or to read")
+        ->type_name("")
+        ->check(notEmpty);
+    declareScripts(app, options);
+    declareSession(app, options);
+    declareReading(app, options);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
     app.get_formatter()->column_width(28);
     app.footer(helpOnCommands);

@@ -15,21 +15,16 @@
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
 #include "drafthost/process.h"
+#include "drafthost/script_job.h"
 #include "drafthost/terminal.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/windows_setup.h"
-#include "host/dxf/file/file_access.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
-#include "host/objectarx/database.h"
-#include "host/objectarx/documents.h"
-#include "host/scripting/script.h"
-#include "host/store/store.h"
 #include "host/text/numbers.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -120,13 +115,6 @@ bool loadModule(host::Session& session, const Options& options) {
     return false;
 }
 
-/// What one session works on.
-struct Job {
-    std::string file;    ///< as the user has named it; empty: a new drawing
-    std::string target;  ///< where it goes after the script; empty: nowhere
-    std::string script;  ///< text of the script
-};
-
 /// Drawing, variables and module; the exit status when that fails, else kDone.
 int start(host::Session& session, const Options& options, const Job& job) {
     for (const std::string& group : options.menuGroups)
@@ -160,60 +148,6 @@ void runTerminal(host::Session& session) {
     while (!session.leave(*terminal));
     session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
-}
-
-/// A script that is over once Ctrl+C was pressed.
-class InterruptibleScript : public host::ScriptSource {
-  public:
-    using ScriptSource::ScriptSource;
-    host::Answer next(const std::wstring& prompt, host::InputUnit unit) override {
-        if (interruptRequested()) return {host::Answer::Kind::End, {}};
-        return ScriptSource::next(prompt, unit);
-    }
-};
-
-/// Name of the current drawing for messages: as the user has named it, when it is the job's.
-std::string drawingName(const Job& job) {
-    const AcApDocument* document = acDocManagerPtr()->curDocument();
-    if (document == nullptr) return "no drawing";
-    const std::string path = host::toUtf8(document->fileName());
-    const std::string& own = job.target.empty() ? job.file : job.target;
-    return !own.empty() && path == host::absolutePath(own) ? job.file : path;
-}
-
-int runScript(host::Session& session, const Options& options, const Job& job) {
-    const std::string name = options.script == "-" ? "standard input" : options.script;
-    InterruptibleScript script(host::fromTextFile(job.script));
-    session.setDiagnostics([](const std::string& line) { complain(line); });
-    session.runInput(script, !options.keepGoing, [&] {
-        return drawingName(job) + ": " + name + ":" + std::to_string(script.line());
-    });
-    if (interruptRequested()) complain(drawingName(job) + ": interrupted");
-    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus();
-}
-
-/// Saves the drawing of the job, whatever the script has opened beside it.
-int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
-    for (std::size_t i = 0; i < session.documentCount(); ++i) {
-        if (session.document(i)->database()->store().serial() != serial) continue;
-        session.activate(i);
-        const host::Outcome saved = session.saveDrawing(job.target);
-        return passed(saved) ? static_cast<int>(kDone) : saved.status;
-    }
-    complain(job.file + ": the script has closed it, so " + job.target + " is not written");
-    return kFailed;
-}
-
-/// The script, and the drawing into its folder when all went well.
-int runJob(host::Session& session, const Options& options, const Job& job) {
-    const std::uint32_t serial = session.database()->store().serial();
-    int status = runScript(session, options, job);
-    if (job.target.empty()) return status;
-    if (status == kDone && !host::moduleFaults().empty()) status = kFailed;
-    if (status == kDone) return saveResult(session, job, serial);
-    // A QSAVE before the failure has written it.
-    if (session.hasSaved(job.target)) host::removeFile(job.target);
-    return status;
 }
 
 int runDrawing(const Options& options, const Job& job) {

@@ -44,8 +44,8 @@ std::wstring commandHelp() {
            L"A point is x,y or x,y,z or distance<angle; @ before it counts from the point before.\n"
            L"Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
            L"SWITCH drawing (as Ctrl+Tab: number or name).\n"
-           L"A selection is a point, W or C and two points, ALL, L, P, (handent \"2A\") or (ssget "
-           L"\"X\" filter).\n"
+           L"A selection is a point, W or C and two points, ALL, L, P, (handent \"2A\") or\n"
+           L"(ssget \"X\" '((0 . \"LINE\") (8 . \"WALLS*\"))).\n"
            L"(Name args) calls a LISP function of a module.";
 }
 

@@ -1,0 +1,18 @@
+// One drawing of a run with a script.
+#pragma once
+
+#include <string>
+
+#include "drafthost/options.h"
+#include "host/application/session.h"
+
+/// What one session works on.
+struct Job {
+    std::string file;    ///< as the user has named it; empty: a new drawing
+    std::string target;  ///< where it goes after the script; empty: nowhere
+    std::string script;  ///< text of the script
+};
+
+/// Runs the script over the drawing that the session has just opened and saves that drawing, and no
+/// other, when all went well. Gives the exit status.
+int runJob(host::Session& session, const Options& options, const Job& job);
