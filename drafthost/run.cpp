@@ -24,6 +24,7 @@
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/objectarx/documents.h"
 #include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 

@@ -95,14 +95,18 @@ TEST_F(TerminalTest, EscTabAndTheHistory) {
         ASSERT_TRUE(terminal.shows("Command: "));
         terminal.type("xREGEN\033[1~\033[15~\033[3~\n");  // Home, F5, Delete
         ASSERT_TRUE(terminal.shows("Regenerating model."));
-        terminal.type("\nQUIT\n");
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("\n");
         ASSERT_TRUE(terminal.shows("Regenerating model."));
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("QUIT\n");
         EXPECT_EQ(terminal.status(), 0);
     }
     AtTerminal terminal(state);
     ASSERT_TRUE(terminal.shows("Command: "));
     terminal.type("\033[A\033[A\n");
     ASSERT_TRUE(terminal.shows("Regenerating model."));
+    ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
     terminal.type(std::string(1, kControlD));
     EXPECT_EQ(terminal.status(), 0);
 }
