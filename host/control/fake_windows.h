@@ -14,6 +14,14 @@ namespace host {
 long openRegistryKeys();
 void closeRegistryKeys();
 
+/// Overrides an environment variable; no value: it is not defined. "TEMP" is without an override
+/// the process's own, else "TMPDIR", else "/tmp".
+void setEnvironment(const std::wstring& name, std::optional<std::wstring> value);
+
+/// Locks a file that is there: the next `attempts` to open or delete it fail with a sharing
+/// violation.
+void lockFile(const std::wstring& path, long attempts);
+
 /// Whether a debugger counts as attached, and how often the module broke into it since the reset.
 void setDebuggerPresent(bool present);
 long breakpointsHit();

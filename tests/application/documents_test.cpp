@@ -84,21 +84,17 @@ TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
         EXPECT_EQ(currentDocumentState()->database, document->database());
         EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), document->database());
     }
+    session->activate(1);
+    const AcApDocument* closed = session->document(1);
+    session->closeDrawing();
+    session->newDrawing();
+    EXPECT_EQ(session->document(1), closed) << "its address is the next one's";
+    EXPECT_EQ(toUtf8(session->document(1)->fileName()), "Drawing3.dxf");
     session->closeDrawing();
     session->closeDrawing();
     EXPECT_EQ(acDocManager->curDocument(), nullptr);
     EXPECT_EQ(currentDocumentState(), nullptr);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
-}
-
-TEST_F(DocumentsTest, AClosedDocumentsAddressIsTheNextOnes) {
-    session->newDrawing();
-    session->newDrawing();
-    const AcApDocument* closed = session->document(1);
-    session->closeDrawing();
-    session->newDrawing();
-    EXPECT_EQ(session->document(1), closed);
-    EXPECT_EQ(toUtf8(session->document(1)->fileName()), "Drawing3.dxf");
 }
 
 TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {

@@ -1,5 +1,4 @@
 // Scripts that once brought the host down, and drawings nested without measure.
-#include "host/dxf/file/file_access.h"
 #include "script_trial.h"
 #include "session_fixture.h"
 
@@ -9,22 +8,16 @@ using HostileInput = SessionTest;
 
 /// What fuzzing found, and the seeds it starts from; see tests/fuzz.
 TEST(HostileScripts, FormerFindingsStayMended) {
-    const std::filesystem::path scratch =
-        std::filesystem::temp_directory_path() /
-        ("velmo_hostile_scripts_" + std::to_string(processNumber()));
-    std::filesystem::create_directories(scratch);
+    const tests::ScratchFolder scratch;
     int tried = 0;
     for (const char* folder : {"/fuzz/regressions/script", "/fuzz/corpus/script"}) {
         for (const auto& entry :
              std::filesystem::directory_iterator(TESTS_FOLDER + std::string(folder))) {
-            std::ifstream stream(entry.path(), std::ios::binary);
-            const std::string text{std::istreambuf_iterator<char>(stream), {}};
-            EXPECT_EQ(faultOfScript(text, scratch.string()), "") << entry.path();
+            const std::string text = contentOf(entry.path().string());
+            EXPECT_EQ(faultOfScript(text, scratch.path().string()), "") << entry.path();
             ++tried;
         }
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(scratch, ignored);
     EXPECT_GE(tried, 5);
 }
 

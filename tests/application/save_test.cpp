@@ -1,7 +1,6 @@
 // Saving through commands: names, notifications, and the safety of the former file.
 #include "session_fixture.h"
 
-#include "host/dxf/check/drawing_check.h"
 #include "host/objectarx/editor.h"
 
 namespace {
@@ -28,15 +27,7 @@ TEST_F(SaveTest, SaveKeepsTheNameAndSaveasTakesTheNewOne) {
     EXPECT_EQ(name(), file("c.dxf"));
 }
 
-TEST_F(SaveTest, WhatIsSavedCanBeLoadedAndIsSound) {
-    session->runScript(L"CIRCLE 0,0 1\nPOINT 4,4\nTEXT 0,0 1 30 Größe\nSAVEAS " + quoted("a.dxf") +
-                       L"\nCLOSE\nOPEN " + quoted("a.dxf") + L"\n");
-    EXPECT_EQ(drawing(), "LINE CIRCLE POINT TEXT");
-    for (const Finding& finding : checkDrawing(session->database()->store()))
-        ADD_FAILURE() << finding.text;
-}
-
-/// Draws a point when a save is about to write.
+/// Changes a header variable when a save is about to write.
 class LateChange : public AcEditorReactor {
   public:
     void beginSave(AcDbDatabase* database, const ACHAR* name) override {

@@ -1,6 +1,8 @@
 // The script language, and the lines about what goes wrong in a script.
 #include "session_fixture.h"
 
+#include <sstream>
+
 #include "host/scripting/script.h"
 
 namespace {
@@ -55,13 +57,21 @@ class ScriptTest : public SessionTest {
     ScriptTest() { session->newDrawing(); }
 };
 
-TEST_F(ScriptTest, CommandsDraw) {
-    EXPECT_EQ(problemsOf(L"LINE 0,0 1,0 1,1 C\n_.circle 5,5 2\nPOINT 1,2\n"
-                         L"TEXT 0,0 2.5 0 Two words\n"),
-              "");
-    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE POINT TEXT");
-    EXPECT_EQ(problemsOf(L"ERASE (handent \"" + fromUtf8(lastHandle()) + L"\")\n\n"), "");
-    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE POINT");
+TEST_F(ScriptTest, CommandsDrawListAndUndo) {
+    EXPECT_EQ(problemsOf(L"LINE 0,0 1,0 1,1 C\n_.circle 5,5 2\nTEXT 3,4 2.5 30 Two words\n"), "");
+    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE TEXT");
+    clearEffects();
+    EXPECT_EQ(problemsOf(L"LIST L\n\nLIST 7,5\n\nLIST 0.5,0\n\nUNDO 2\n"), "");
+    const std::string all = shown();
+    EXPECT_NE(all.find("\nTEXT CIRCLE\n"), std::string::npos) << "what was undone";
+    std::string listed, line;
+    for (std::istringstream lines(all); std::getline(lines, line);)
+        if (line.rfind("    ", 0) == 0) listed += line.substr(4) + "|";
+    EXPECT_EQ(listed,
+              "at point X=3.0 Y=4.0 Z=0.0|height 2.5|text Two words|"
+              "center point X=5.0 Y=5.0 Z=0.0|radius 2.0|"
+              "from point X=0.0 Y=0.0 Z=0.0|to point X=1.0 Y=0.0 Z=0.0|");
+    EXPECT_EQ(drawing(), "LINE LINE LINE");
 }
 
 TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {

@@ -3,19 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "common/process.h"
+#include "common/scratch.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
-#include "host/dxf/file/file_access.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/scripting/script.h"
@@ -24,6 +21,8 @@
 #include "host/text/text_codec.h"
 
 using namespace host;
+using tests::contentOf;
+using tests::write;
 
 /// Types as a person does, who is asked again after a wrong answer; "^D" is the end of the input.
 class Person : public ScriptSource {
@@ -41,11 +40,6 @@ class Person : public ScriptSource {
 class SessionTest : public testing::Test {
   protected:
     SessionTest() {
-        const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        m_folder = std::filesystem::temp_directory_path() /
-                   ("velmo_" + std::to_string(processNumber()) + "_" + info->name());
-        std::filesystem::remove_all(m_folder);
-        std::filesystem::create_directories(m_folder);
         setVariable("PROBE", nullptr);
         session = std::make_unique<Session>();
     }
@@ -53,12 +47,10 @@ class SessionTest : public testing::Test {
         session.reset();
         EXPECT_EQ(faults(), "");
         setVariable("PROBE", nullptr);
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
     }
 
     std::string file(const std::string& name) const {
-        return (m_folder / name).make_preferred().string();
+        return (m_folder.path() / name).make_preferred().string();
     }
 
     /// What the command line shows since the last call.
@@ -97,16 +89,9 @@ class SessionTest : public testing::Test {
         const Store& store = session->database()->store();
         return formatHandle(store.at(store.lastLive(store.modelSpace())).handle);
     }
-    static std::string contentOf(const std::string& path) {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    static void write(const std::string& path, const std::string& text) {
-        std::ofstream(path, std::ios::binary) << text;
-    }
 
     std::unique_ptr<Session> session;
 
   private:
-    std::filesystem::path m_folder;
+    tests::ScratchFolder m_folder;
 };

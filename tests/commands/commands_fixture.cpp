@@ -1,8 +1,7 @@
 // Rendering drawings as text for whole-state comparisons.
 #include "commands/commands_fixture.h"
 
-#include <sstream>
-
+#include "common/groups.h"
 #include "host/commands/entity_maker.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/tags/tags.h"
@@ -83,13 +82,7 @@ std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<i
 }
 
 ObjectBody& CommandsTest::add(const std::string& type, const std::string& groups) {
-    std::string text;
-    std::istringstream stream(groups);
-    for (std::string group; std::getline(stream, group, '|');) {
-        const std::size_t blank = group.find(' ');
-        addTag(text, std::stoi(group.substr(0, blank)), std::string_view(group).substr(blank + 1));
-    }
-    return *Store::resolve(addEntity(store(), type, text));
+    return *Store::resolve(addEntity(store(), type, storedGroups(groups)));
 }
 
 }  // namespace tests

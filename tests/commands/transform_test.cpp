@@ -1,9 +1,11 @@
 // Moving and mirroring: what becomes of the groups, there and back, and what is refused.
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
+#include <regex>
 
 #include "commands/commands_fixture.h"
+#include "common/groups.h"
+#include "common/library.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/control/switches.h"
 #include "host/store/body_text.h"
@@ -75,103 +77,100 @@ std::string difference(const Store& store, const Numbers& before, const Numbers&
 /// Groups behind the common ones: "code value|code value".
 std::string written(const ObjectBody& body) {
     const std::string_view tags = body.tags();
-    TagReader reader(tags.substr(tags.find("100\nAcDb", tags.find("AcDbEntity"))));
-    std::string text;
-    for (Tag tag; reader.next(tag);)
-        text += (text.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
-    return text;
+    return render(tags.substr(tags.find("  8\n0\n") + 6));
 }
 
 struct Mapped {
     const char* type;
+    /// A value that changes reads before/moved/mirrored; where its group is absent, "-".
     const char* groups;
-    const char* moved;     ///< by 10,20,30
-    const char* mirrored;  ///< at the Y axis
 };
 
-// What stands in several places of an entity, or means something else there, follows in each.
+// What stands in several places of an entity, or means something else there, follows in each when
+// it is moved by 10,20,30 or mirrored at the Y axis.
 constexpr Mapped kMapped[] = {
+    {"ARC",
+     "100 AcDbCircle|10 3.0/13.0/-3.0|20 4.0/24.0/4.0|30 1.0/31.0/1.0|40 2.0|100 AcDbArc|"
+     "50 350.0/350.0/100.0|51 80.0/80.0/190.0"},
+    {"LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|38 -/30.0/-|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|42 0.5/0.5/-0.5|"
+     "10 3.0/13.0/-3.0|20 2.0/22.0/2.0"},
+    {"TEXT",
+     "100 AcDbText|10 5.0/15.0/-5.0|20 1.0/21.0/1.0|30 0.0/30.0/0.0|40 1.0|1 x|"
+     "50 30.0/30.0/150.0|71 -/-/4|100 AcDbText"},
+    {"INSERT",
+     "100 AcDbBlockReference|2 *Paper_Space|10 1.0/11.0/-1.0|20 1.0/21.0/1.0|30 0.0/30.0/0.0|"
+     "50 10.0/10.0/170.0|45 3.0/3.0/-3.0|42 -/-/-1.0"},
+    {"ELLIPSE",
+     "100 AcDbEllipse|10 1.0/11.0/-1.0|20 0.0/20.0/0.0|30 0.0/30.0/0.0|11 2.0/2.0/-2.0|21 1.0|"
+     "31 0.0|40 0.5|41 1.0/1.0/4.283185307179586|42 2.0/2.0/5.283185307179586"},
+    // The groups 92 and 310 are a picture of it at the old place.
+    {"CIRCLE",
+     "92 2/-/-|310 ABCD/-/-|100 AcDbCircle|10 1.0/-9.0/-1.0|20 2.0/22.0/2.0|30 3.0/-27.0/3.0|"
+     "40 1.0|210 0.0|220 0.0|230 -1.0|1001 ACAD|1011 1.0/11.0/-1.0|1021 2.0/22.0/2.0|"
+     "1031 0.0/30.0/0.0"},
     {"MTEXT",
-     "100 AcDbMText|10 1.0|20 2.0|30 0.0|11 1.0|21 0.0|31 0.0|"
-     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 1.0|21 2.0|31 0.0|42 5.0",
-     "100 AcDbMText|10 11.0|20 22.0|30 30.0|11 1.0|21 0.0|31 0.0|"
-     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 11.0|21 22.0|31 30.0|42 5.0",
-     "100 AcDbMText|10 -1.0|20 2.0|30 0.0|11 -1.0|21 0.0|31 0.0|210 0.0|220 0.0|230 -1.0|"
-     "101 Embedded Object|70 1|10 -1.0|20 0.0|30 0.0|11 -1.0|21 2.0|31 0.0|42 5.0"},
+     "100 AcDbMText|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 0.0/30.0/0.0|11 1.0/1.0/-1.0|21 0.0|"
+     "31 0.0|210 -/-/0.0|220 -/-/0.0|230 -/-/-1.0|101 Embedded Object|70 1|10 1.0/1.0/-1.0|"
+     "20 0.0|30 0.0|11 1.0/11.0/-1.0|21 2.0/22.0/2.0|31 0.0/30.0/0.0|42 5.0"},
     {"ATTDEF",
-     "100 AcDbText|10 1.0|20 2.0|1 x|100 AcDbAttributeDefinition|2 T|71 4|"
-     "101 Embedded Object|10 1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 1.0|11 1.0|21 0.0|31 0.0|50 0.0|"
-     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 1.0|21 2.0|31 0.0",
-     "100 AcDbText|10 11.0|20 22.0|30 30.0|1 x|100 AcDbAttributeDefinition|2 T|71 4|"
-     "101 Embedded Object|10 11.0|20 22.0|30 30.0|210 0.0|220 0.0|230 1.0|"
-     "11 1.0|21 0.0|31 0.0|50 0.0|"
-     "101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 11.0|21 22.0|31 30.0",
-     "100 AcDbText|10 -1.0|20 2.0|1 x|50 180.0|71 4|100 AcDbAttributeDefinition|"
-     "2 T|71 4|"
-     "101 Embedded Object|10 -1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 -1.0|"
-     "11 -1.0|21 0.0|31 0.0|50 0.0|"
-     "101 Embedded Object|70 1|10 -1.0|20 0.0|30 0.0|11 -1.0|21 2.0|31 0.0"},
+     "100 AcDbText|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|1 x|50 -/-/180.0|71 -/-/4|"
+     "100 AcDbAttributeDefinition|2 T|71 4|101 Embedded Object|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|"
+     "30 0.0/30.0/0.0|210 0.0|220 0.0|230 1.0/1.0/-1.0|11 1.0/1.0/-1.0|21 0.0|31 0.0|50 0.0|"
+     "101 Embedded Object|70 1|10 1.0/1.0/-1.0|20 0.0|30 0.0|11 1.0/11.0/-1.0|21 2.0/22.0/2.0|"
+     "31 0.0/30.0/0.0"},
     // The text spells what elsewhere opens a line; the scale factors (16, and 10 at the end) stay.
     {"MULTILEADER",
-     "100 AcDbMLeader|300 CONTEXT_DATA{|10 1.0|20 2.0|30 0.0|304 LEADER_LINE{|11 0.0|21 0.0|31 1.0|"
-     "12 3.0|22 4.0|32 0.0|13 1.0|23 0.0|33 0.0|42 0.0|14 0.0|24 0.0|34 1.0|15 5.0|25 6.0|35 0.0|"
-     "16 2.0|26 2.0|36 2.0|46 0.5|47 2.0|47 0.0|47 0.0|47 5.0|47 0.0|47 2.0|47 0.0|47 6.0|"
-     "47 0.0|47 0.0|47 2.0|47 0.0|47 0.0|47 0.0|47 0.0|47 1.0|110 1.0|120 2.0|130 0.0|"
-     "111 1.0|121 0.0|131 0.0|302 LEADER{|10 7.0|20 8.0|30 0.0|11 1.0|21 0.0|31 0.0|"
-     "304 LEADER_LINE{|10 9.0|20 9.5|30 0.0|11 9.0|21 8.0|31 0.0|305 }|303 }|301 }|"
-     "10 1.0|20 1.0|30 1.0",
-     "100 AcDbMLeader|300 CONTEXT_DATA{|10 11.0|20 22.0|30 30.0|304 LEADER_LINE{|"
-     "11 0.0|21 0.0|31 1.0|12 13.0|22 24.0|32 30.0|13 1.0|23 0.0|33 0.0|42 0.0|"
-     "14 0.0|24 0.0|34 1.0|15 15.0|25 26.0|35 30.0|16 2.0|26 2.0|36 2.0|46 0.5|"
-     "47 2.0|47 0.0|47 0.0|47 15.0|47 0.0|47 2.0|47 0.0|47 26.0|"
-     "47 0.0|47 0.0|47 2.0|47 30.0|47 0.0|47 0.0|47 0.0|47 1.0|110 11.0|120 22.0|130 30.0|"
-     "111 1.0|121 0.0|131 0.0|302 LEADER{|10 17.0|20 28.0|30 30.0|11 1.0|21 0.0|31 0.0|"
-     "304 LEADER_LINE{|10 19.0|20 29.5|30 30.0|11 19.0|21 28.0|31 30.0|305 }|303 }|301 }|"
-     "10 1.0|20 1.0|30 1.0",
-     "100 AcDbMLeader|300 CONTEXT_DATA{|10 -1.0|20 2.0|30 0.0|304 LEADER_LINE{|"
-     "11 0.0|21 0.0|31 -1.0|12 -3.0|22 4.0|32 0.0|13 -1.0|23 0.0|33 0.0|42 0.0|"
-     "14 0.0|24 0.0|34 -1.0|15 -5.0|25 6.0|35 0.0|16 2.0|26 2.0|36 2.0|46 0.5|"
-     "47 -2.0|47 0.0|47 0.0|47 -5.0|47 0.0|47 2.0|47 0.0|47 6.0|"
-     "47 0.0|47 0.0|47 -2.0|47 0.0|47 0.0|47 0.0|47 0.0|47 1.0|110 -1.0|120 2.0|130 0.0|"
-     "111 -1.0|121 0.0|131 0.0|302 LEADER{|10 -7.0|20 8.0|30 0.0|11 -1.0|21 0.0|31 0.0|"
-     "304 LEADER_LINE{|10 -9.0|20 9.5|30 0.0|11 -9.0|21 8.0|31 0.0|305 }|303 }|301 }|"
-     "10 1.0|20 1.0|30 1.0"},
-    {"ACAD_TABLE", "100 AcDbBlockReference|10 1.0|20 2.0|30 0.0|100 AcDbTable|11 1.0|21 0.0|11 7.0",
-     "100 AcDbBlockReference|10 11.0|20 22.0|30 30.0|100 AcDbTable|11 1.0|21 0.0|11 7.0",
-     "100 AcDbBlockReference|10 1.0|20 2.0|30 0.0|210 0.0|220 0.0|230 -1.0|"
-     "100 AcDbTable|11 -1.0|21 0.0|11 7.0"},
-    {"TOLERANCE", "100 AcDbFcf|10 1.0|20 2.0|30 0.0", "100 AcDbFcf|10 11.0|20 22.0|30 30.0",
-     "100 AcDbFcf|10 -1.0|20 2.0|30 0.0|11 -1.0|21 0.0|31 0.0|210 0.0|220 0.0|230 -1.0"},
-    {"SHAPE", "100 AcDbShape|10 1.0|20 2.0|50 30.0|51 5.0",
-     "100 AcDbShape|10 11.0|20 22.0|30 30.0|50 30.0|51 5.0",
-     "100 AcDbShape|10 -1.0|20 2.0|50 330.0|51 -5.0|41 -1.0"},
-    {"HELIX", "100 AcDbSpline|10 1.0|20 2.0|12 1.0|22 0.0|100 AcDbHelix|10 3.0|20 4.0|12 0.6|290 1",
-     "100 AcDbSpline|10 11.0|20 22.0|30 30.0|12 1.0|22 0.0|100 AcDbHelix|10 13.0|20 24.0|30 30.0|"
-     "12 0.6|290 1",
-     "100 AcDbSpline|10 -1.0|20 2.0|12 -1.0|22 0.0|100 AcDbHelix|10 -3.0|20 4.0|12 -0.6|290 0"},
+     "100 AcDbMLeader|300 CONTEXT_DATA{|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 0.0/30.0/0.0|"
+     "304 LEADER_LINE{|11 0.0|21 0.0|31 1.0/1.0/-1.0|12 3.0/13.0/-3.0|22 4.0/24.0/4.0|"
+     "32 0.0/30.0/0.0|13 1.0/1.0/-1.0|23 0.0|33 0.0|42 0.0|14 0.0|24 0.0|34 1.0/1.0/-1.0|"
+     "15 5.0/15.0/-5.0|25 6.0/26.0/6.0|35 0.0/30.0/0.0|16 2.0|26 2.0|36 2.0|46 0.5|"
+     "47 2.0/2.0/-2.0|47 0.0|47 0.0|47 5.0/15.0/-5.0|47 0.0|47 2.0|47 0.0|47 6.0/26.0/6.0|"
+     "47 0.0|47 0.0|47 2.0/2.0/-2.0|47 0.0/30.0/0.0|47 0.0|47 0.0|47 0.0|47 1.0|"
+     "110 1.0/11.0/-1.0|120 2.0/22.0/2.0|130 0.0/30.0/0.0|111 1.0/1.0/-1.0|121 0.0|131 0.0|"
+     "302 LEADER{|10 7.0/17.0/-7.0|20 8.0/28.0/8.0|30 0.0/30.0/0.0|11 1.0/1.0/-1.0|21 0.0|"
+     "31 0.0|304 LEADER_LINE{|10 9.0/19.0/-9.0|20 9.5/29.5/9.5|30 0.0/30.0/0.0|11 9.0/19.0/-9.0|"
+     "21 8.0/28.0/8.0|31 0.0/30.0/0.0|305 }|303 }|301 }|10 1.0|20 1.0|30 1.0"},
+    {"ACAD_TABLE",
+     "100 AcDbBlockReference|10 1.0/11.0/1.0|20 2.0/22.0/2.0|30 0.0/30.0/0.0|210 -/-/0.0|"
+     "220 -/-/0.0|230 -/-/-1.0|100 AcDbTable|11 1.0/1.0/-1.0|21 0.0|11 7.0"},
+    {"TOLERANCE",
+     "100 AcDbFcf|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 0.0/30.0/0.0|11 -/-/-1.0|21 -/-/0.0|"
+     "31 -/-/0.0|210 -/-/0.0|220 -/-/0.0|230 -/-/-1.0"},
+    {"SHAPE",
+     "100 AcDbShape|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|50 30.0/30.0/330.0|"
+     "51 5.0/5.0/-5.0|41 -/-/-1.0"},
+    {"HELIX",
+     "100 AcDbSpline|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|12 1.0/1.0/-1.0|22 0.0|"
+     "100 AcDbHelix|10 3.0/13.0/-3.0|20 4.0/24.0/4.0|30 -/30.0/-|12 0.6/0.6/-0.6|290 1/1/0"},
     {"MLINE",
-     "100 AcDbMline|10 1.0|20 2.0|210 0.0|220 0.0|230 1.0|11 1.0|21 2.0|12 1.0|13 0.6|23 0.8",
-     "100 AcDbMline|10 11.0|20 22.0|30 30.0|210 0.0|220 0.0|230 1.0|11 11.0|21 22.0|31 30.0|12 1.0|"
-     "13 0.6|23 0.8",
-     "100 AcDbMline|10 -1.0|20 2.0|210 0.0|220 0.0|230 -1.0|11 -1.0|21 2.0|12 -1.0|13 -0.6|23 0.8"},
-    {"SECTIONOBJECT", "100 AcDbSection|30 1.0|11 1.0|21 2.0|11 3.0|21 4.0|12 5.0|22 6.0",
-     "100 AcDbSection|30 1.0|11 11.0|21 22.0|31 30.0|11 13.0|21 24.0|31 30.0|12 15.0|22 26.0|32 "
-     "30.0",
-     "100 AcDbSection|30 1.0|11 -3.0|21 4.0|11 -1.0|21 2.0|12 -5.0|22 6.0"},
-    {"PDFUNDERLAY", "100 AcDbUnderlayReference|10 1.0|20 2.0|50 30.0|11 3.0|21 4.0",
-     "100 AcDbUnderlayReference|10 11.0|20 22.0|30 30.0|50 30.0|11 3.0|21 4.0",
-     "100 AcDbUnderlayReference|10 1.0|20 2.0|50 30.0|11 3.0|21 4.0|210 0.0|220 0.0|230 -1.0"},
-    {"VIEWPORT", "100 AcDbViewport|10 1.0|20 2.0|12 3.0|22 4.0|17 5.0|27 6.0",
-     "100 AcDbViewport|10 11.0|20 22.0|30 30.0|12 3.0|22 4.0|17 5.0|27 6.0",
-     "100 AcDbViewport|10 -1.0|20 2.0|12 3.0|22 4.0|17 5.0|27 6.0"},
-    {"LIGHT", "100 AcDbLight|10 1.0|20 2.0|11 3.0|21 4.0",
-     "100 AcDbLight|10 11.0|20 22.0|30 30.0|11 13.0|21 24.0|31 30.0",
-     "100 AcDbLight|10 -1.0|20 2.0|11 -3.0|21 4.0"},
+     "100 AcDbMline|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|210 0.0|220 0.0|"
+     "230 1.0/1.0/-1.0|11 1.0/11.0/-1.0|21 2.0/22.0/2.0|31 -/30.0/-|12 1.0/1.0/-1.0|"
+     "13 0.6/0.6/-0.6|23 0.8"},
+    {"SECTIONOBJECT",
+     "100 AcDbSection|30 1.0|11 1.0/11.0/-3.0|21 2.0/22.0/4.0|31 -/30.0/-|11 3.0/13.0/-1.0|"
+     "21 4.0/24.0/2.0|31 -/30.0/-|12 5.0/15.0/-5.0|22 6.0/26.0/6.0|32 -/30.0/-"},
+    {"PDFUNDERLAY",
+     "100 AcDbUnderlayReference|10 1.0/11.0/1.0|20 2.0/22.0/2.0|30 -/30.0/-|50 30.0|11 3.0|"
+     "21 4.0|210 -/-/0.0|220 -/-/0.0|230 -/-/-1.0"},
+    {"VIEWPORT",
+     "100 AcDbViewport|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|12 3.0|22 4.0|17 5.0|27 6.0"},
+    {"LIGHT",
+     "100 AcDbLight|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|11 3.0/13.0/-3.0|"
+     "21 4.0/24.0/4.0|31 -/30.0/-"},
 };
+
+/// The groups before (1), moved (2) or mirrored (3).
+std::string variant(const char* groups, int which) {
+    static const std::regex changing("([^ |/]+)/([^ |/]+)/([^ |/]+)"),
+        absent("\\d+ -[|]|[|](\\d+ -[|]?)+$");
+    const std::string text = std::regex_replace(groups, changing, "$" + std::to_string(which));
+    return std::regex_replace(text, absent, "");
+}
 
 class TransformTest : public CommandsTest {
   protected:
-    std::string after(const wchar_t* script, const char* type, const char* groups) {
+    std::string after(const wchar_t* script, const char* type, const std::string& groups) {
         session.newDrawing();
         const ObjectBody& body = add(type, groups);
         run(script);
@@ -209,7 +208,9 @@ class TransformTest : public CommandsTest {
     }
 
     void mirrorTwice(const std::string& file) {
-        ASSERT_TRUE(session.openDrawing(file)) << file;
+        const Outcome opened = session.openDrawing(file);
+        if (opened.error.find("older than 2000") != std::string::npos) return;
+        ASSERT_TRUE(opened) << opened.error;
         if (!entities().empty()) mirrorTwiceHere(file);
         session.closeDrawing();
     }
@@ -228,57 +229,23 @@ class TransformTest : public CommandsTest {
 TEST_F(TransformTest, MirroredTwiceEveryEntityIsAsBefore) {
     mirrorTwice(TESTS_FOLDER "/commands/every_type.dxf");
     mirrorTwice(SAMPLES_FOLDER "/plan.dxf");
-    int count = 0;
-    for (const auto& entry :
-         std::filesystem::recursive_directory_iterator("/usr/share/librecad/library"))
-        if (entry.path().extension() == ".dxf" && ++count % 8 == 0)
-            mirrorTwice(entry.path().string());
-    EXPECT_GT(count, 1000) << "install librecad-data";
+    const std::vector<std::string> drawings = libraryDrawings();
+    for (std::size_t i = 0; i < drawings.size(); i += 8)
+        mirrorTwice(drawings[i]);
 
     session.newDrawing();
     for (const Mapped& each : kMapped)
-        if (std::string_view(each.type) != "VIEWPORT") add(each.type, each.groups);
+        if (std::string_view(each.type) != "VIEWPORT") add(each.type, variant(each.groups, 1));
     run(L"MIRROR ALL\n\n0,0 1,3 Y\n");  // adds what was absent
     mirrorTwiceHere("what stands in several places");
 }
 
 TEST_F(TransformTest, WhatStandsInSeveralPlacesFollowsInEach) {
     for (const Mapped& each : kMapped) {
-        EXPECT_EQ(after(L"MOVE ALL\n\n10,20,30\n\n", each.type, each.groups), each.moved);
-        EXPECT_EQ(after(L"MIRROR ALL\n\n0,0 0,1 Y\n", each.type, each.groups), each.mirrored);
+        const std::string before = variant(each.groups, 1);
+        EXPECT_EQ(after(L"MOVE ALL\n\n10,20,30\n\n", each.type, before), variant(each.groups, 2));
+        EXPECT_EQ(after(L"MIRROR ALL\n\n0,0 0,1 Y\n", each.type, before), variant(each.groups, 3));
     }
-}
-
-TEST_F(TransformTest, MirroringAtTheYAxis) {
-    session.newDrawing();
-    add("ARC", "100 AcDbCircle|10 3.0|20 4.0|30 1.0|40 2.0|100 AcDbArc|50 350.0|51 80.0");
-    add("LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|10 1.0|20 2.0|42 0.5|10 3.0|20 2.0");
-    add("TEXT", "100 AcDbText|10 5.0|20 1.0|30 0.0|40 1.0|1 x|50 30.0|100 AcDbText");
-    add("INSERT", "100 AcDbBlockReference|2 *Model_Space|10 1.0|20 1.0|30 0.0|50 10.0|45 3.0");
-    add("ELLIPSE",
-        "100 AcDbEllipse|10 1.0|20 0.0|30 0.0|11 2.0|21 1.0|31 0.0|40 0.5|41 1.0|42 2.0");
-    ASSERT_EQ(run(L"MIRROR ALL\n\n0,0 0,1 Y\n"), CommandStatus::Done);
-    EXPECT_EQ(groups(entity("ARC"), {10, 20, 30, 50, 51}), "-3.0 4.0 1.0 100.0 190.0");
-    EXPECT_EQ(groups(entity("LWPOLYLINE"), {10, 20, 42}), "-1.0 2.0 -0.5");
-    EXPECT_EQ(groups(entity("TEXT"), {10, 20, 50, 71}), "-5.0 1.0 150.0 4");
-    EXPECT_EQ(groups(entity("INSERT"), {10, 50, 41, 42, 45}), "-1.0 170.0 - -1.0 -3.0");
-    EXPECT_EQ(groups(entity("ELLIPSE"), {10, 11, 21}), "-1.0 -2.0 1.0");
-    EXPECT_NEAR(*parseReal(groups(entity("ELLIPSE"), {41})), 2 * M_PI - 2, 1e-12);
-    run(L"ERASE ALL\n\n");
-}
-
-TEST_F(TransformTest, ObjectCoordinatesFollowTheWorldsDisplacement) {
-    session.newDrawing();
-    add("CIRCLE",
-        "92 2|310 ABCD|100 AcDbCircle|10 1.0|20 2.0|30 3.0|40 1.0|210 0.0|220 0.0|230 -1.0|1001 "
-        "ACAD|"
-        "1011 1.0|1021 2.0|1031 0.0");
-    add("LWPOLYLINE", "100 AcDbPolyline|90 1|70 0|10 1.0|20 2.0");
-    run(L"MOVE ALL\n\n10,20,30\n\n");
-    EXPECT_EQ(groups(entity("CIRCLE"), {10, 20, 30, 1011, 1021, 1031}),
-              "-9.0 22.0 -27.0 11.0 22.0 30.0");
-    EXPECT_EQ(groups(entity("CIRCLE"), {92, 310}), "- -") << "a picture of it at the old place";
-    EXPECT_EQ(groups(entity("LWPOLYLINE"), {10, 20, 38}), "11.0 22.0 30.0");
 }
 
 /// What cannot be done to one entity is done to none, and the reason is told.

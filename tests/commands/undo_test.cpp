@@ -3,7 +3,7 @@
 #include <random>
 
 #include "commands/commands_fixture.h"
-#include "host/dxf/file/file_access.h"
+#include "common/scratch.h"
 #include "host/objectarx/editor.h"
 #include "host/tags/tags.h"
 
@@ -124,8 +124,8 @@ TEST_F(UndoTest, ReactorsBelongToTheCommandAndDrawingsAreApart) {
 }
 
 TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
-    const std::string file =
-        testing::TempDir() + "undo_test_" + std::to_string(processNumber()) + ".dxf";
+    const ScratchFolder folder;
+    const std::string file = (folder.path() / "a.dxf").string();
     run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS \"" + store().decode(file) + L"\"\nU\n");
     const std::string kept = entities();
     EXPECT_EQ(run(L"CLOSE\nOPEN \"" + std::wstring(file.begin(), file.end()) + L"\"\n"),

@@ -89,6 +89,19 @@ std::string wordFor(const Store& store, const ObjectBody& body, std::uint64_t& o
 
 }  // namespace
 
+std::string contentOf(const host::ObjectBody& entity) {
+    std::string content;
+    bool bracket = false;
+    host::TagReader groups(entity.tags());
+    host::Tag group;
+    while (groups.next(group)) {
+        if (group.code == 102) bracket = group.value[0] == '{';
+        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
+        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
+    }
+    return content;
+}
+
 std::string drawingOrder(const Store& store, Index space) {
     std::string line;
     std::uint64_t openBegin = 0;
@@ -101,6 +114,20 @@ std::string drawingOrder(const Store& store, Index space) {
 }
 
 std::string drawingOrder(const Store& store) { return drawingOrder(store, store.modelSpace()); }
+
+std::string markerPlaces(const Store& store) {
+    std::string text;
+    for (Index index = store.firstLive(store.modelSpace()); index != kNoIndex;
+         index = store.nextLive(store.at(index))) {
+        const ObjectBody& body = store.at(index);
+        if (body.type() != "INSERT") continue;
+        text += (text.empty() ? "" : " ") + value(body, 10) + "(";
+        for (Index part = store.firstLive(body.self); part != kNoIndex;
+             part = store.nextLive(store.at(part)))
+            text += value(store.at(part), 10) + (part == store.lastLive(body.self) ? ")" : " ");
+    }
+    return text;
+}
 
 std::string handleOf(const Store& store, const std::string& type, int occurrence, Index space) {
     if (space == kNoIndex) space = store.modelSpace();

@@ -15,6 +15,10 @@ std::string drawingOrder(const host::Store& store, host::Index space);
 /// The same for model space.
 std::string drawingOrder(const host::Store& store);
 
+/// X of each block reference of model space and, in brackets, of its attributes: "1.0(1.0 1.0)
+/// 1.0(1.0)" for a group whose first member stands at 1.
+std::string markerPlaces(const host::Store& store);
+
 /// Handle of the `occurrence`-th live main entity (from 0) of a type in a space (model space when
 /// none is given), as text; empty when there is none.
 std::string handleOf(const host::Store& store, const std::string& type, int occurrence = 0,
@@ -23,5 +27,9 @@ std::string handleOf(const host::Store& store, const std::string& type, int occu
 /// Value of the first group with a code in the object with a handle; empty without one.
 std::string groupOf(const host::Store& store, const std::string& handle, int code,
                     int occurrence = 0);
+
+/// Groups of an entity without what a clone has of its own (handles, owner, dictionary, reactors):
+/// "0=LINE|8=0|".
+std::string contentOf(const host::ObjectBody& entity);
 
 }  // namespace tests

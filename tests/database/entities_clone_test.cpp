@@ -41,35 +41,9 @@ ObjectBody& addRecord(Drawing& drawing, ObjectBody& entity, ObjectBody& other) {
 
 }  // namespace
 
-TEST(DeepClone, TakesOwnedObjectsAlongAndTurnsReferencesToTheClones) {
-    Drawing drawing;
-    ObjectBody& other = drawing.add(kLine);
-    ObjectBody& line = drawing.add(kLine + "|1001 APP");
-    drawing.replaceText(line, "1001 APP", "1001 APP|1005 " + drawing.handle(line));
-    addRecord(drawing, line, other);
-    Cloning cloning(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
-    ASSERT_EQ(cloning.status, Acad::eOk);
-    const ObjectBody& clone = cloning.of(drawing, line);
-    const std::string self = host::formatHandle(clone.handle);
-    const std::string dictionary = host::formatHandle(clone.handle + 1);
-    const std::string record = host::formatHandle(clone.handle + 2);
-    const std::string model = drawing.handle(drawing.model());
-    EXPECT_EQ(render(clone.tags()), "0 LINE|5 " + self + "|102 {ACAD_XDICTIONARY|360 " +
-                                        dictionary + "|102 }|330 " + model + kLine.substr(6) +
-                                        "|1001 APP|1005 " + self);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 1)->tags()),
-              "0 DICTIONARY|5 " + dictionary + "|330 " + self +
-                  "|100 AcDbDictionary|280 1|3 KEY|360 " + record);
-    EXPECT_EQ(render(drawing.store().byHandle(clone.handle + 2)->tags()),
-              "0 XRECORD|5 " + record + "|330 " + dictionary +
-                  "|100 AcDbXrecord|280 1|"
-                  "102 {ACAD_REACTORS|330 " +
-                  self + "|340 " + drawing.handle(other) + "|102 }|1 " + drawing.handle(line));
-    EXPECT_EQ(drawing.walk(), "LINE LINE LINE");
-}
+using DeepClone = entities::DrawingTest;
 
-TEST(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
-    Drawing drawing;
+TEST_F(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
     ObjectBody& line = drawing.add(kLine);
     const std::string self = drawing.handle(line);
     ObjectBody& table = drawing.addObject(
@@ -84,8 +58,7 @@ TEST(DeepClone, TurnsTheHandlesThatEntitiesAreSortedBy) {
         << render(cloning.of(drawing, table).tags());
 }
 
-TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
-    Drawing drawing;
+TEST_F(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     ObjectBody& poly = drawing.addPolyline();
     ObjectBody& line = drawing.add(kLine);
     const std::vector<AcDbObjectId> ids = {drawing.id(line), drawing.id(poly), drawing.id(line)};
@@ -106,8 +79,7 @@ TEST(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
 }
 
-TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
-    Drawing drawing;
+TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& record = addRecord(drawing, line, line);
     ObjectBody& dictionary = drawing.store().at(record.owner);
@@ -125,27 +97,7 @@ TEST(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     EXPECT_NE(host::extensionDictionaryHandle(line.tags()), 0u);
 }
 
-TEST(DeepClone, DeferredTranslationJoinsSeveralCalls) {
-    Drawing drawing;
-    ObjectBody& a = drawing.add(kLine);
-    ObjectBody& b = drawing.add(kLine + "|340 " + drawing.handle(a), drawing.paper());
-    drawing.replaceText(a, "|330 ", "|102 {ACAD_REACTORS|330 " + drawing.handle(b) + "|102 }|330 ");
-    AcDbIdMapping map;
-    AcDbObjectId model = drawing.id(drawing.model());
-    AcDbObjectIdArray first, second;
-    first.append(drawing.id(a));
-    second.append(drawing.id(b));
-    EXPECT_EQ(drawing.database().deepCloneObjects(first, model, map, true), Acad::eOk);
-    EXPECT_EQ(drawing.database().deepCloneObjects(second, model, map), Acad::eOk);
-    const ObjectBody& clone = *host::Store::resolve(map.cloneOf(drawing.id(a)));
-    const ObjectBody& target = *host::Store::resolve(map.cloneOf(drawing.id(b)));
-    EXPECT_NE(render(clone.tags()).find("{ACAD_REACTORS|330 " + drawing.handle(target) + "|102 }"),
-              std::string::npos);
-    EXPECT_EQ(host::findTag(target.tags(), 340)->value, drawing.handle(clone));
-}
-
-TEST(DeepClone, RefusesWrongCallsWithoutCloning) {
-    Drawing drawing;
+TEST_F(DeepClone, RefusesWrongCallsWithoutCloning) {
     AcDbDatabase foreign(host::newDrawing());
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& erased = drawing.add(kLine);

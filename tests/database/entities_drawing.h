@@ -1,42 +1,23 @@
 // A small drawing for the tests of entities: made from group literals, rendered as text.
-//
-// Literals and renderings read "0 LINE|8 0|10 1.5": code, blank, value, groups parted by bars.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
+#include <vector>
 
+#include "common/groups.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/objectarx/arxHeaders.h"
 #include "host/store/fields.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace entities {
 
-inline std::string storedGroups(const std::string& literal) {
-    std::string text;
-    std::istringstream groups(literal);
-    for (std::string group; std::getline(groups, group, '|');) {
-        const std::size_t blank = group.find(' ');
-        const std::string value = blank == group.npos ? "" : group.substr(blank + 1);
-        host::addTag(text, std::stoi(group.substr(0, blank)), std::string_view(value));
-    }
-    return text;
-}
-
-inline std::string render(std::string_view text) {
-    std::string line;
-    host::TagReader reader(text);
-    for (host::Tag tag; reader.next(tag);) {
-        line += (line.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
-    }
-    return line;
-}
+using tests::render;
+using tests::storedGroups;
 
 /// The working drawing of a test; its end checks that nothing is held and no fault was reported.
 class Drawing {
@@ -115,6 +96,11 @@ class Drawing {
     host::HeldCounts m_before = host::heldNow();
 };
 
+class DrawingTest : public testing::Test {
+  protected:
+    Drawing drawing;
+};
+
 /// Opens an object for the length of a scope.
 template <typename T>
 class Opened {
@@ -132,6 +118,16 @@ class Opened {
   private:
     T* m_object = nullptr;
 };
+
+/// The values of a list; appends its codes, each with a blank.
+inline std::vector<const ads_u_val*> valuesOf(const resbuf* list, std::string& codes) {
+    std::vector<const ads_u_val*> values;
+    for (; list != nullptr; list = list->rbnext) {
+        codes += std::to_string(list->restype) + " ";
+        values.push_back(&list->resval);
+    }
+    return values;
+}
 
 inline std::wstring owned(ACHAR* text) {
     std::wstring copy(text);

@@ -6,8 +6,10 @@
 
 using namespace entities;
 
-TEST(ResultBuffers, ListTakesCopiesByTypeCode) {
-    Drawing drawing;
+using ResultBuffers = entities::DrawingTest;
+using EntityCalls = entities::DrawingTest;
+
+TEST_F(ResultBuffers, ListTakesCopiesByTypeCode) {
     std::wstring text = L"INSERT";
     const ads_point point = {1.0, 2.0, 3.0};
     const ads_name name = {77, 0};
@@ -15,34 +17,19 @@ TEST(ResultBuffers, ListTakesCopiesByTypeCode) {
                                        330, name, -4, L"<OR", RTLB, RTNIL, RTNONE);
     text[0] = L'?';
     std::string types;
-    for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
-        types += std::to_string(at->restype) + " ";
-        if (at->restype == 0) {
-            EXPECT_STREQ(at->resval.rstring, L"INSERT");
-        }
-        if (at->restype == 10) {
-            EXPECT_EQ(at->resval.rpoint[2], 3.0);
-        }
-        if (at->restype == 40) {
-            EXPECT_EQ(at->resval.rreal, 2.5);
-        }
-        if (at->restype == 70) {
-            EXPECT_EQ(at->resval.rint, -1);
-        }
-        if (at->restype == 90) {
-            EXPECT_EQ(at->resval.rlong, 100000);
-        }
-        if (at->restype == 330) {
-            EXPECT_EQ(at->resval.rlname[0], 77);
-        }
-    }
-    EXPECT_EQ(types, "0 10 40 70 90 330 -4 5016 5019 ");
+    const std::vector<const ads_u_val*> values = valuesOf(list, types);
+    ASSERT_EQ(types, "0 10 40 70 90 330 -4 5016 5019 ");
+    EXPECT_STREQ(values[0]->rstring, L"INSERT");
+    EXPECT_EQ(values[1]->rpoint[2], 3.0);
+    EXPECT_EQ(values[2]->rreal, 2.5);
+    EXPECT_EQ(values[3]->rint, -1);
+    EXPECT_EQ(values[4]->rlong, 100000);
+    EXPECT_EQ(values[5]->rlname[0], 77);
     EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 9);
     EXPECT_EQ(acutRelRb(list), RTNORM);
 }
 
-TEST(ResultBuffers, NoListFromNothingOrWrongArguments) {
-    Drawing drawing;
+TEST_F(ResultBuffers, NoListFromNothingOrWrongArguments) {
     EXPECT_EQ(acutBuildList(RTNONE), nullptr);
     EXPECT_EQ(acutBuildList(0, L"INSERT", 0), nullptr);  // group code 0 has to be RTDXF0
     EXPECT_EQ(acutBuildList(1, L"a", 85, 1, 0), nullptr);
@@ -50,9 +37,24 @@ TEST(ResultBuffers, NoListFromNothingOrWrongArguments) {
     EXPECT_EQ(acutRelRb(nullptr), RTNORM);
 }
 
-TEST(ResultBuffers, SecondReleaseAndForeignListsAreTheCallersFault) {
-    Drawing drawing;
-    resbuf* const list = acutBuildList(1, L"a", 0);
+TEST_F(ResultBuffers, AreReleasedOnceAndByTheirOwner) {
+    host::ResultList builder;
+    builder.addText(RTSTR, L"argument");
+    resbuf* list = builder.release();
+    host::markHostOwned(list);
+    EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 0);
+    EXPECT_EQ(acutRelRb(list), RTNORM);
+    EXPECT_STREQ(list->resval.rstring, L"argument") << "what the host owns is left alone";
+    host::freeList(list);
+
+    const host::HeldCounts before = host::heldNow();
+    list = acutBuildList(RTSTR, L"a", 40, 1.0, 0);
+    host::checkNothingLeaked(before, "TEST");
+    ASSERT_FALSE(host::moduleFaults().empty());
+    EXPECT_NE(host::moduleFaults().back().find("result buffer list starting with type 5005"),
+              std::string::npos)
+        << host::moduleFaults().back();
+    host::clearModuleFaults();
     acutRelRb(list);
     EXPECT_EQ(acutRelRb(list), RTERROR);
     resbuf foreign{};
@@ -61,34 +63,7 @@ TEST(ResultBuffers, SecondReleaseAndForeignListsAreTheCallersFault) {
     host::clearModuleFaults();
 }
 
-TEST(ResultBuffers, ListsOfTheHostAreLeftAlone) {
-    Drawing drawing;
-    host::ResultList builder;
-    builder.addText(RTSTR, L"argument");
-    resbuf* const list = builder.release();
-    host::markHostOwned(list);
-    EXPECT_EQ(host::heldCount(host::Held::ResultBuffer), 0);
-    EXPECT_EQ(acutRelRb(list), RTNORM);
-    EXPECT_STREQ(list->resval.rstring, L"argument");
-    host::freeList(list);
-}
-
-TEST(ResultBuffers, LeakIsDescribedByItsFirstBuffer) {
-    Drawing drawing;
-    const host::HeldCounts before = host::heldNow();
-    resbuf* const list = acutBuildList(RTSTR, L"a", 40, 1.0, 0);
-    host::checkNothingLeaked(before, "TEST");
-    ASSERT_FALSE(host::moduleFaults().empty());
-    std::string all;
-    for (const std::string& fault : host::moduleFaults())
-        all += fault + "\n";
-    EXPECT_NE(all.find("result buffer list starting with type 5005"), std::string::npos) << all;
-    host::clearModuleFaults();
-    acutRelRb(list);
-}
-
-TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
-    Drawing drawing;
+TEST_F(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
     auto& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B");
     drawing.add("0 LINE|100 AcDbEntity|8 0");
     Opened<AcDbBlockReference> open(drawing.id(insert), AcDb::kForWrite);
@@ -101,21 +76,13 @@ TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
     AcDbObjectIdArray ids;
     ids.append(id);
     AcDbIdMapping map;
-    const std::vector<std::function<bool()>> calls = {
-        [&] {
-            ads_name next;
-            return acdbEntNext(name, next) == RTNORM;
-        },
-        [&] {
-            ads_name last;
-            return acdbEntLast(last) == RTNORM;
-        },
+    const std::function<bool()> calls[] = {
+        [&] { return acdbEntNext(name, name) == RTNORM; },
+        [&] { return acdbEntLast(name) == RTNORM; },
         [&] { return acdbEntGet(name) != nullptr; },
         [&] { return acutBuildList(1, L"a", 0) != nullptr; },
         [&] { return open->setLayer(L"0") == Acad::eOk; },
-        [&] {
-            return open->setPosition({9, 9, 9}) == Acad::eOk;
-        },
+        [&] { return open->setPosition(AcGePoint3d(9, 9, 9)) == Acad::eOk; },
         [&] { return open->appendAttribute(&attribute) == Acad::eOk; },
         [&] { return open->openSequenceEnd(end, AcDb::kForRead) == Acad::eOk; },
         [&] { return attribute.setTag(L"T") == Acad::eOk; },
@@ -123,10 +90,10 @@ TEST(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
         [&] { return acdbOpenAcDbEntity(entity, id, AcDb::kForRead) == Acad::eOk; },
         [&] { return drawing.database().deepCloneObjects(ids, id, map) == Acad::eOk; }};
     const std::uint64_t revision = drawing.store().revision;
-    for (std::size_t at = 0; at < calls.size(); ++at) {
+    for (const auto& call : calls) {
         host::setFaultPlan({1, false, ""});
-        EXPECT_FALSE(calls[at]()) << "call " << at;
-        EXPECT_EQ(host::faultsInjected(), 1) << "call " << at;
+        EXPECT_FALSE(call()) << "call " << &call - calls;
+        EXPECT_EQ(host::faultsInjected(), 1) << "call " << &call - calls;
     }
     host::setFaultPlan({});
     EXPECT_EQ(drawing.store().revision, revision);

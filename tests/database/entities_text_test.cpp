@@ -18,8 +18,10 @@ std::string content(const ObjectBody& body) {
 
 }  // namespace
 
-TEST(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
-    Drawing drawing;
+using EntityText = entities::DrawingTest;
+using EntityProperties = entities::DrawingTest;
+
+TEST_F(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
     ObjectBody& body =
         drawing.add("0 TEXT|" + kHead +
                     "100 AcDbText|102 {A|40 9|102 }|10 1|20 2|30 3|40 2.5|999 note|1 old|39 7|"
@@ -46,8 +48,7 @@ TEST(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
             "100 AcDbText|1001 APP|1040 40.0");
 }
 
-TEST(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
-    Drawing drawing;
+TEST_F(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
     ObjectBody& body = drawing.add("0 ATTRIB|8 0|10 1|20 2|40 2.5|1 value|2 TAG|70 1|74 2");
     Opened<AcDbAttribute> attribute(drawing.id(body), AcDb::kForWrite);
     EXPECT_STREQ(attribute->tagConst(), L"TAG");
@@ -59,21 +60,7 @@ TEST(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
     EXPECT_NE(tags.find("|70 1|74 3|73 25"), std::string::npos) << tags;
 }
 
-TEST(EntityText, EachKindHasItsOwnVerticalMode) {
-    Drawing drawing;
-    for (const char* kind : {"AcDbAttribute", "AcDbAttributeDefinition"}) {
-        const bool isDefinition = std::string(kind) == "AcDbAttributeDefinition";
-        ObjectBody& body =
-            drawing.add((isDefinition ? "0 ATTDEF|" : "0 ATTRIB|") + kHead +
-                        "100 AcDbText|72 1|100 " + kind + "|280 0|2 T|70 0|73 25|74 3");
-        Opened<AcDbText> text(drawing.id(body), AcDb::kForWrite);
-        text->setVerticalMode(AcDb::kTextBottom);
-        EXPECT_NE(content(body).find("73 25|74 1"), std::string::npos);
-    }
-}
-
-TEST(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
-    Drawing drawing;
+TEST_F(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
     AcDbAttributeDefinition definition;
     EXPECT_EQ(definition.height(), 0.0);
     EXPECT_TRUE(definition.position() == AcGePoint3d::kOrigin);
@@ -89,8 +76,7 @@ TEST(EntityText, NewDefinitionHasDocumentedDefaultsAndSetters) {
                   "100 AcDbAttributeDefinition|280 0|3 P|2 T|70 9|73 25");
 }
 
-TEST(EntityText, RefusesWhatNoDrawingCanHold) {
-    Drawing drawing;
+TEST_F(EntityText, RefusesWhatNoDrawingCanHold) {
     AcDbText text;
     const std::string before(text.body().tags());
     EXPECT_EQ(text.setHeight(std::nan("")), Acad::eInvalidInput);
@@ -106,8 +92,7 @@ TEST(EntityText, RefusesWhatNoDrawingCanHold) {
     EXPECT_EQ(reader->height(), 1.0);
 }
 
-TEST(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
-    Drawing drawing;
+TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
     ObjectBody& line = drawing.addPolyline();
     ObjectBody& vertex = drawing.store().at(line.firstChild);
     Opened<AcDbEntity> entity(drawing.id(line), AcDb::kForWrite);

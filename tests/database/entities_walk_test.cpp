@@ -29,35 +29,11 @@ std::string namesIn(AcDbObjectIterator& walk, bool skipDeleted) {
 
 }  // namespace
 
-TEST(EntityWalk, VisitsSubEntitiesBehindTheirParentAndSkipsErased) {
-    Drawing drawing;
-    ObjectBody& first = drawing.add(kLine);
-    ObjectBody& insert = drawing.add(kInsert);
-    ObjectBody& poly = drawing.addPolyline();
-    ObjectBody& last = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
-    drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
-    {
-        Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
-        append(*reference, L"A");
-    }
-    EXPECT_EQ(drawing.walk(), "LINE INSERT ATTRIB SEQEND POLYLINE VERTEX VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(poly.firstChild))),
-              "VERTEX SEQEND CIRCLE");
-    drawing.store().setErased(drawing.store().at(poly.firstChild), true);
-    Opened<AcDbEntity>(drawing.id(insert), AcDb::kForWrite)->erase();
-    EXPECT_EQ(drawing.walk(), "LINE POLYLINE VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(insert)), "POLYLINE VERTEX SEQEND CIRCLE");
-    EXPECT_EQ(drawing.walk(drawing.id(drawing.store().at(insert.sequenceEnd))),
-              "POLYLINE VERTEX SEQEND CIRCLE");
-    for (ObjectBody* body : {&first, &last}) {
-        Opened<AcDbEntity>(drawing.id(*body), AcDb::kForWrite)->erase();
-    }
-    EXPECT_EQ(drawing.walk(), "POLYLINE VERTEX SEQEND");
-    EXPECT_EQ(drawing.walk(drawing.id(last)), "");
-}
+using EntityWalk = entities::DrawingTest;
+using BlockReference = entities::DrawingTest;
+using EntityData = entities::DrawingTest;
 
-TEST(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
-    Drawing drawing;
+TEST_F(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     ObjectBody& point = drawing.add("0 POINT|100 AcDbEntity|8 0", drawing.paper());
     drawing.add("0 ARC|100 AcDbEntity|8 0", drawing.paper());
     ads_name name = {42, 0};
@@ -72,23 +48,7 @@ TEST(EntityWalk, StaysInItsBlockAndAnswersErrorsWithoutTouchingTheResult) {
     EXPECT_EQ(name[0], 42);
 }
 
-TEST(EntityWalk, LastIsTheLastLiveMainEntityOfTheCurrentSpace) {
-    Drawing drawing;
-    drawing.add(kLine);
-    ObjectBody& poly = drawing.addPolyline();
-    ObjectBody& circle = drawing.add("0 CIRCLE|100 AcDbEntity|8 0");
-    ads_name last;
-    drawing.store().setErased(circle, true);
-    ASSERT_EQ(acdbEntLast(last), RTNORM);
-    EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(poly).asWord()));
-    EXPECT_EQ(drawing.walk(drawing.id(poly)), "VERTEX VERTEX SEQEND");
-    drawing.store().setErased(circle, false);
-    acdbEntLast(last);
-    EXPECT_EQ(last[0], Adesk::IntPtr(drawing.id(circle).asWord()));
-}
-
-TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
-    Drawing drawing;
+TEST_F(BlockReference, FirstAttributeBringsTheSequenceEnd) {
     ObjectBody& insert = drawing.add(kInsert, drawing.paper());
     drawing.replaceText(insert, "8 0", "67 1|8 WALLS");
     Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
@@ -108,8 +68,7 @@ TEST(BlockReference, FirstAttributeBringsTheSequenceEnd) {
     EXPECT_EQ(reference->appendAttribute(nullptr), Acad::eNullObjectPointer);
 }
 
-TEST(BlockReference, IteratesOverItsAttributes) {
-    Drawing drawing;
+TEST_F(BlockReference, IteratesOverItsAttributes) {
     ObjectBody& insert = drawing.add(kInsert);
     ObjectBody& other = drawing.add(kInsert);
     Opened<AcDbBlockReference> reference(drawing.id(insert), AcDb::kForWrite);
@@ -132,8 +91,7 @@ TEST(BlockReference, IteratesOverItsAttributes) {
     EXPECT_EQ(attribute, nullptr);
 }
 
-TEST(BlockReference, NamesItsBlockById) {
-    Drawing drawing;
+TEST_F(BlockReference, NamesItsBlockById) {
     AcDbBlockReference reference({1, 2, 3}, drawing.id(drawing.paper()));
     EXPECT_EQ(reference.blockTableRecord(), drawing.id(drawing.paper()));
     EXPECT_TRUE(reference.position() == AcGePoint3d(1, 2, 3));
@@ -143,32 +101,19 @@ TEST(BlockReference, NamesItsBlockById) {
               "10 1.0|20 2.0|30 3.0|41 2.0|43 3.0");
 }
 
-TEST(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
-    Drawing drawing;
+TEST_F(EntityData, ListsNameTypeOwnerHandleThenTheGroups) {
     ObjectBody& line = drawing.add(kLine + "|62 -3|390 0|1 Ω|1001 APP|1070 5");
     ads_name name;
     acdbGetAdsName(name, drawing.id(line));
     resbuf* const list = acdbEntGet(name);
     std::string codes;
-    for (const resbuf* at = list; at != nullptr; at = at->rbnext) {
-        codes += std::to_string(at->restype) + " ";
-        if (at->restype == 5) {
-            EXPECT_EQ(at->resval.rstring, host::fromUtf8(drawing.handle(line)));
-        }
-        if (at->restype == 11) {
-            EXPECT_EQ(asPnt3d(at->resval.rpoint).distanceTo({4, 5, 6}), 0.0);
-        }
-        if (at->restype == 62) {
-            EXPECT_EQ(at->resval.rint, -3);
-        }
-        if (at->restype == 1) {
-            EXPECT_STREQ(at->resval.rstring, L"\x3A9");
-        }
-        if (at->restype == 330) {
-            EXPECT_EQ(at->resval.rlname[0], Adesk::IntPtr(drawing.id(drawing.model()).asWord()));
-        }
-    }
-    EXPECT_EQ(codes, "-1 0 330 5 100 8 100 10 11 62 390 1 ");
+    const std::vector<const ads_u_val*> values = valuesOf(list, codes);
+    ASSERT_EQ(codes, "-1 0 330 5 100 8 100 10 11 62 390 1 ");
+    EXPECT_EQ(values[2]->rlname[0], Adesk::IntPtr(drawing.id(drawing.model()).asWord()));
+    EXPECT_EQ(values[3]->rstring, host::fromUtf8(drawing.handle(line)));
+    EXPECT_EQ(asPnt3d(values[8]->rpoint).distanceTo({4, 5, 6}), 0.0);
+    EXPECT_EQ(values[9]->rint, -3);
+    EXPECT_STREQ(values[11]->rstring, L"\x3A9");
     acutRelRb(list);
     drawing.store().setErased(line, true);
     EXPECT_EQ(acdbEntGet(name), nullptr);

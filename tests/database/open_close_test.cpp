@@ -39,8 +39,11 @@ Acad::ErrorStatus tryOpen(Drawing& drawing, const std::string& present, char wan
 
 }  // namespace
 
-TEST(OpenRules, EveryPairOfModes) {
-    Drawing drawing;
+using OpenRules = entities::DrawingTest;
+using Misuse = entities::DrawingTest;
+using Ids = entities::DrawingTest;
+
+TEST_F(OpenRules, EveryPairOfModes) {
     const struct {
         std::string present;
         Acad::ErrorStatus read, write, notify;
@@ -61,8 +64,7 @@ TEST(OpenRules, EveryPairOfModes) {
     }
 }
 
-TEST(OpenRules, NullErasedWrongClassLockedLayer) {
-    Drawing drawing;
+TEST_F(OpenRules, NullErasedWrongClassLockedLayer) {
     host::ObjectBody& line = drawing.add("0 LINE|8 Walls");
     AcDbObject* object = nullptr;
     EXPECT_EQ(acdbOpenObject(object, AcDbObjectId(), AcDb::kForRead), Acad::eNullObjectId);
@@ -96,8 +98,7 @@ TEST(OpenRules, NullErasedWrongClassLockedLayer) {
     object->close();
 }
 
-TEST(OpenRules, UpgradeAndErase) {
-    Drawing drawing;
+TEST_F(OpenRules, UpgradeAndErase) {
     const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
     AcDbObject* first = nullptr;
     AcDbObject* second = nullptr;
@@ -114,8 +115,7 @@ TEST(OpenRules, UpgradeAndErase) {
     EXPECT_FALSE(id.isErased());
 }
 
-TEST(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
-    Drawing drawing;
+TEST_F(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
     const host::HeldCounts before = host::heldNow();
     auto* record = new AcDbXrecord;
     EXPECT_EQ(record->close(), Acad::eNotInDatabase);
@@ -134,8 +134,7 @@ TEST(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
     EXPECT_FALSE(id.isErased());
 }
 
-TEST(Misuse, OfAClosedPointerIsNamedAndHarmless) {
-    Drawing drawing;
+TEST_F(Misuse, OfAClosedPointerIsNamedAndHarmless) {
     const host::ObjectBody& line = drawing.add("0 LINE|8 0");
     const std::string name = "LINE " + drawing.handle(line);
     AcDbEntity* entity = nullptr;
@@ -158,8 +157,7 @@ TEST(Misuse, OfAClosedPointerIsNamedAndHarmless) {
     }
 }
 
-TEST(Misuse, ObjectsLeftOpenAreListed) {
-    Drawing drawing;
+TEST_F(Misuse, ObjectsLeftOpenAreListed) {
     host::ObjectBody& line = drawing.add("0 LINE|8 0");
     const host::HeldCounts before = host::heldNow();
     AcDbObject* object = nullptr;
@@ -174,8 +172,7 @@ TEST(Misuse, ObjectsLeftOpenAreListed) {
     delete fresh;
 }
 
-TEST(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
-    Drawing drawing;
+TEST_F(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
     AcDbObjectId id;
     AcDbObject* object = nullptr;
     ads_name name;
@@ -200,8 +197,7 @@ TEST(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
     EXPECT_EQ(takeFault(), "4 faults");
 }
 
-TEST(Ids, NamesHandlesAndComparison) {
-    Drawing drawing;
+TEST_F(Ids, NamesHandlesAndComparison) {
     const host::ObjectBody& line = drawing.add("0 LINE|8 0");
     ads_name name;
     AcDbObjectId id = drawing.id(line);

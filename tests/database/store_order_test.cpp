@@ -4,6 +4,7 @@
 
 #include "database/entities_drawing.h"
 #include "host/objects/erasing.h"
+#include "host/store/body_text.h"
 
 using entities::Drawing;
 using host::Index;
@@ -67,29 +68,9 @@ TEST_P(RandomOrder, EveryWalkAgreesWithAPlainList) {
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
 
-TEST(StoreOrder, RestoringARunInEitherOrderTakesNoLongWalks) {
-    Drawing drawing;
-    host::Store& store = drawing.store();
-    constexpr Index kCount = 200'000;
-    const Index first = drawing.add("0 LINE|8 0").self;
-    for (Index added = 1; added < kCount; ++added)
-        drawing.add("0 LINE|8 0");
-    // Quadratic walks would take minutes here; the ends stay live so that neither is a shortcut.
-    for (const bool backwards : {false, true}) {
-        for (Index at = 1; at + 1 < kCount; ++at)
-            store.setErased(store.at(first + at), true);
-        EXPECT_EQ(store.nextLive(store.at(first + kCount / 2)), first + kCount - 1);
-        for (Index at = 1; at + 1 < kCount; ++at)
-            store.setErased(store.at(first + (backwards ? kCount - 1 - at : at)), false);
-    }
-    Index walked = first;
-    while (store.nextLive(store.at(walked)) == walked + 1)
-        ++walked;
-    EXPECT_EQ(walked, first + kCount - 1);
-}
+using EraseWithOwned = entities::DrawingTest;
 
-TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
-    Drawing drawing;
+TEST_F(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
     host::Store& store = drawing.store();
     host::ObjectBody& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference");
     host::ObjectBody& first = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
@@ -108,8 +89,7 @@ TEST(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
     EXPECT_EQ(store.nextLive(first), second.self);
 }
 
-TEST(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
-    Drawing drawing;
+TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     host::Store& store = drawing.store();
     host::ObjectBody& outer = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", drawing.model());
     host::ObjectBody& inner = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", outer);
@@ -161,6 +141,8 @@ TEST(MissingHandles, AreGivenInTheRightGroup) {
     store.assignMissingHandles();
     EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
     EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(entities::render(host::withIdentity(style.tags(), 0x23, 0x1)).substr(0, 17),
+              "0 DIMSTYLE|105 23");
     EXPECT_EQ(store.byHandle(0x22), &style);
     EXPECT_EQ(store.handleSeed(), 0x23u);
 }

@@ -25,8 +25,12 @@ AcDbObjectId addLayer(Drawing& drawing, const ACHAR* name, Acad::ErrorStatus exp
 
 }  // namespace
 
-TEST(SymbolTable, NamesAreFoundWithoutRegardToCaseAndLiveRecordsWin) {
-    Drawing drawing;
+using SymbolTable = entities::DrawingTest;
+using Layer = entities::DrawingTest;
+using Block = entities::DrawingTest;
+using Header = entities::DrawingTest;
+
+TEST_F(SymbolTable, NamesAreFoundWithoutRegardToCaseAndLiveRecordsWin) {
     const AcDbObjectId first = addLayer(drawing, L"Gro\u00DFe W\u00E4nde");
     addLayer(drawing, L"GRO\u00DFE W\u00C4NDE", Acad::eDuplicateRecordName);
     AcDbLayerTable* table = nullptr;
@@ -50,8 +54,7 @@ TEST(SymbolTable, NamesAreFoundWithoutRegardToCaseAndLiveRecordsWin) {
     table->close();
 }
 
-TEST(SymbolTable, RefusesBadNamesAndWrongRecords) {
-    Drawing drawing;
+TEST_F(SymbolTable, RefusesBadNamesAndWrongRecords) {
     AcDbLayerTableRecord layer;
     for (const ACHAR* bad : {L"", L"a*b", L"*a", L"a/b", L"a|b", L"a\nb"})
         EXPECT_EQ(layer.setName(bad), Acad::eInvalidSymbolTableName) << bad;
@@ -68,8 +71,7 @@ TEST(SymbolTable, RefusesBadNamesAndWrongRecords) {
     blocks->close();
 }
 
-TEST(Layer, StateColourLinetypeAndCurrentLayer) {
-    Drawing drawing;
+TEST_F(Layer, StateColourLinetypeAndCurrentLayer) {
     AcDbDatabase& database = drawing.database();
     const AcDbObjectId id = addLayer(drawing, L"Walls");
     Opened<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
@@ -94,8 +96,7 @@ TEST(Layer, StateColourLinetypeAndCurrentLayer) {
     EXPECT_EQ(AcDbDatabase(host::newDrawing()).setClayer(id), Acad::eWrongDatabase);
 }
 
-TEST(Block, ANewDefinitionHasItsPartsBasePointAndAttributeMark) {
-    Drawing drawing;
+TEST_F(Block, ANewDefinitionHasItsPartsBasePointAndAttributeMark) {
     AcDbBlockTable* blocks = nullptr;
     drawing.database().getBlockTable(blocks, AcDb::kForWrite);
     auto* record = new AcDbBlockTableRecord;
@@ -118,8 +119,7 @@ TEST(Block, ANewDefinitionHasItsPartsBasePointAndAttributeMark) {
     blocks->close();
 }
 
-TEST(Block, TheIteratorWalksMainEntitiesBothWaysWithAndWithoutErasedOnes) {
-    Drawing drawing;
+TEST_F(Block, TheIteratorWalksMainEntitiesBothWaysWithAndWithoutErasedOnes) {
     drawing.add("0 LINE|8 0");
     host::ObjectBody& circle = drawing.add("0 CIRCLE|8 0");
     drawing.addPolyline();
@@ -145,8 +145,7 @@ TEST(Block, TheIteratorWalksMainEntitiesBothWaysWithAndWithoutErasedOnes) {
     EXPECT_EQ(walk(false, false), "POLYLINE CIRCLE LINE ");
 }
 
-TEST(Header, ValuesAreFoundChangedAndAdded) {
-    Drawing drawing;
+TEST_F(Header, ValuesAreFoundChangedAndAdded) {
     host::Store& store = drawing.store();
     EXPECT_EQ(store.headerValue("$ACADVER"), "AC1027");
     EXPECT_EQ(store.headerValue("$TILE"), std::nullopt);

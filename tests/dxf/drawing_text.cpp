@@ -97,36 +97,9 @@ std::string largeDrawing() {
     return dxf(with(drawing, "0=TEXT|5=38", texts.str() + "0=TEXT|5=38"));
 }
 
-void DrawingFiles::SetUp() {
-    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = test->name();
-    std::replace(name.begin(), name.end(), '/', '_');  // of a test with a parameter
-    // In memory where possible: what is saved is flushed to the disk, thousands of times here.
-    const std::filesystem::path memory = "/dev/shm";
-    m_folder = (std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path()) /
-               ("dxf_tests_" + std::to_string(host::processNumber()) + "_" + name);
-    std::filesystem::create_directories(m_folder);
-}
-
-void DrawingFiles::TearDown() {
-    host::setFileFault(0);
-    std::filesystem::remove_all(m_folder);
-}
-
-std::string DrawingFiles::write(const std::string& name, const std::string& text) const {
-    std::ofstream(path(name), std::ios::binary) << text;
-    return path(name);
-}
-
-std::string DrawingFiles::read(const std::string& name) const {
-    std::ostringstream text;
-    text << std::ifstream(path(name), std::ios::binary).rdbuf();
-    return text.str();
-}
-
 std::string DrawingFiles::listing() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(m_folder)) {
+    for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
         names.push_back(entry.path().filename().string());
     }
     std::sort(names.begin(), names.end());

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "common/scratch.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
@@ -32,12 +33,14 @@ std::string with(std::string text, const std::string& part, const std::string& r
 /// A folder of its own for each test.
 class DrawingFiles : public testing::Test {
   protected:
-    void SetUp() override;
-    void TearDown() override;
+    ~DrawingFiles() override { host::setFileFault(0); }
 
-    std::string path(const std::string& name) const { return (m_folder / name).string(); }
-    std::string write(const std::string& name, const std::string& text) const;
-    std::string read(const std::string& name) const;
+    std::string path(const std::string& name) const { return (m_folder.path() / name).string(); }
+    std::string write(const std::string& name, const std::string& text) const {
+        tests::write(path(name), text);
+        return path(name);
+    }
+    std::string read(const std::string& name) const { return tests::contentOf(path(name)); }
     /// Names of all files in the folder, sorted, parted by blanks.
     std::string listing() const;
     /// Loads DXF text; the test fails when that fails.
@@ -50,7 +53,9 @@ class DrawingFiles : public testing::Test {
     std::string findings(const std::string& text) const;
 
   private:
-    std::filesystem::path m_folder;
+    /// In memory where possible: what is saved is flushed to the disk, thousands of times here.
+    tests::ScratchFolder m_folder{
+        std::filesystem::exists("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path()};
 };
 
 }  // namespace dxf_tests

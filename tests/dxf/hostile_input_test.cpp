@@ -1,9 +1,6 @@
 // Damage of every byte of a drawing, and files that once brought the host down.
-#include <ctime>
-
 #include "common/drawing_trial.h"
 #include "drawing_text.h"
-#include "host/tags/tags.h"
 
 namespace dxf_tests {
 namespace {
@@ -64,65 +61,14 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
 
 INSTANTIATE_TEST_SUITE_P(Masks, FlippedByte, testing::Values(1, 4, 32, 64, 128));
 
-/// Many groups of a form, with "#" in it as a number that is a free handle.
-std::string many(const std::string& form) {
-    std::string text;
-    for (int number = 0x1000; number < 0x1000 + 30000; ++number) {
-        std::string group = form;
-        for (std::size_t at; (at = group.find('#')) != std::string::npos;)
-            group.replace(at, 1, host::formatHandle(static_cast<std::uint64_t>(number)));
-        text += group + "\n";
-    }
-    return text;
-}
-
-/// Processor time of some work, in ticks.
-template <typename Work>
-double ticksOf(Work work) {
-    const std::clock_t began = std::clock();
-    work();
-    return static_cast<double>(std::clock() - began) + 1.0;
-}
-
-/// Each of these once made the time of the check grow with the square of the drawing's size, to a
-/// hundred times that of loading and more.
-TEST_F(HostileInput, CheckingLargeDrawingsTakesNotMuchLongerThanLoadingThem) {
-    const std::string begin =
-        "0=SECTION|2=HEADER|9=$ACADVER|1=AC1027|9=$HANDSEED|5=FFFFF|0=ENDSEC\n";
-    const std::string objects = "0=SECTION|2=OBJECTS\n";
-    const std::string root = "0=DICTIONARY|5=40|330=0|100=AcDbDictionary\n";
-    const std::string end = "0=ENDSEC|0=EOF\n";
-    const std::string drawings[] = {
-        // The root dictionary, supplied, is the last object.
-        begin + objects + many("0=XRECORD|5=#|330=1|100=AcDbXrecord") + end,
-        // An owner with many groups, for each of many dictionaries.
-        begin + objects + root + many("3=#|360=#") +
-            many("0=DICTIONARY|5=#|330=40|100=AcDbDictionary") + end,
-        // A root dictionary with many entries and no layout, for each of many spaces.
-        begin + "0=SECTION|2=TABLES|0=TABLE|2=BLOCK_RECORD|5=5|330=0|100=AcDbSymbolTable\n" +
-            many("0=BLOCK_RECORD|5=#|330=5|100=AcDbSymbolTableRecord|100=AcDbBlockTableRecord|"
-                 "2=*Paper_Space#") +
-            "0=ENDTAB|0=ENDSEC\n" + objects + root + many("3=#|350=40") + end,
-    };
-    for (const std::string& drawing : drawings) {
-        std::unique_ptr<host::Store> store;
-        const double loading = ticksOf([&] { store = load(dxf(drawing)); });
-        ASSERT_NE(store, nullptr);
-        const double checking = ticksOf([&] { EXPECT_FALSE(host::checkDrawing(*store).empty()); });
-        EXPECT_LT(checking / loading, 10);
-        RecordProperty("check_by_load", std::to_string(checking / loading));
-    }
-}
-
 /// What fuzzing found, and the seeds it starts from; see tests/fuzz.
 TEST_F(HostileInput, FormerFindingsStayMended) {
     int tried = 0;
     for (const char* folder : {"/fuzz/regressions/dxf", "/fuzz/corpus/dxf"}) {
         for (const auto& entry :
              std::filesystem::directory_iterator(TESTS_FOLDER + std::string(folder))) {
-            std::ostringstream text;
-            text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
-            const trial::Trial outcome = trial::tryDrawing(text.str(), path("."));
+            const std::string text = tests::contentOf(entry.path().string());
+            const trial::Trial outcome = trial::tryDrawing(text, path("."));
             EXPECT_EQ(outcome.fault, "") << entry.path();
             ++tried;
         }

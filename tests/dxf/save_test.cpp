@@ -1,6 +1,4 @@
 // Saving: the old drawing or the new one at any moment, backups, references to erased objects.
-#include <sys/stat.h>
-
 #include "drawing_text.h"
 #include "host/objects/erasing.h"
 
@@ -69,19 +67,6 @@ TEST_F(Saving, TheFormerFileIsKeptAsBackup) {
     EXPECT_EQ(listing(), "new.bak new.dxf");
 }
 
-TEST_F(Saving, PermissionsAndLinksStay) {
-    const auto store = load(dxf(kDrawing));
-    ::chmod(write("real.dxf", "old").c_str(), 0640);
-    std::filesystem::create_symlink("real.dxf", path("link.dxf"));
-    host::DxfError error;
-    ASSERT_TRUE(saveDrawing(*store, path("link.dxf"), error)) << error.message();
-    EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
-    EXPECT_EQ(read("real.dxf"), dxf(kDrawing));
-    struct stat status;
-    ASSERT_EQ(::stat(path("real.dxf").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0640u);
-}
-
 TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
     const auto store = load(dxf(kDrawing));
     host::DxfError error;
@@ -90,14 +75,6 @@ TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
     EXPECT_FALSE(saveDrawing(*store, path("no/such.dxf"), error));
     EXPECT_EQ(error.text,
               "cannot be written: No such file or directory; nothing was changed, save elsewhere");
-}
-
-TEST_F(Saving, DevicesAreNoTarget) {
-    const auto store = load(dxf(kDrawing));
-    host::DxfError error;
-    EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
-    EXPECT_EQ(error.text,
-              "cannot be written: Is not a regular file; nothing was changed, save elsewhere");
 }
 
 TEST_F(Saving, ATooSmallHandleSeedIsCorrected) {

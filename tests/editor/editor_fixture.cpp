@@ -1,8 +1,9 @@
 // Builds small drawings group by group.
 #include "editor/editor_fixture.h"
 
-#include <sstream>
+#include <algorithm>
 
+#include "common/groups.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
@@ -11,7 +12,6 @@
 #include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 
@@ -50,17 +50,15 @@ EditorTest::~EditorTest() {
 }
 
 ObjectBody& EditorTest::create(const std::string& groups, bool entity) {
-    std::istringstream stream(groups);
-    std::string type, group, text;
-    std::getline(stream, type, ';');
+    const std::size_t end = groups.find(';');
+    const std::string type = groups.substr(0, end);
+    std::string literal = end == groups.npos ? "" : groups.substr(end + 1), text;
+    std::replace(literal.begin(), literal.end(), ';', '|');
     const std::uint64_t handle = store.handleSeed();
     addTag(text, 0, type);
     addHandleTag(text, 5, handle);
-    if (entity && (";" + groups).find(";8 ") == std::string::npos) addTag(text, 8, "0");
-    while (std::getline(stream, group, ';')) {
-        const std::size_t blank = group.find(' ');
-        addTag(text, std::stoi(group.substr(0, blank)), group.substr(blank + 1));
-    }
+    if (entity && ("|" + literal).find("|8 ") == std::string::npos) addTag(text, 8, "0");
+    text += storedGroups(literal);
     const std::string_view kept = store.keep(text);
     ObjectBody* body = store.create(kindOf(type, kept, entity), kept, handle);
     store.raiseHandleSeed(handle + 1);

@@ -11,16 +11,43 @@ namespace tests {
 namespace {
 
 struct Form {
-    const char* name;
     const char* groups;
     double x, y;                      ///< on the entity
     double missX, missY;              ///< near it, but not on it
     double left, bottom, right, top;  ///< holds all of it; empty for what no window holds
 };
 
-std::ostream& operator<<(std::ostream& stream, const Form& form) { return stream << form.name; }
+/// Of each kind and each way to say where it is.
+const Form kForms[] = {
+    {"LINE;10 0;20 0;11 10;21 10", 5, 5, 5, 6, 0, 0, 10, 10},
+    {"POINT;10 3;20 4;30 9", 3, 4, 3, 5, 2.95, 3.95, 3.05, 4.05},
+    {"CIRCLE;10 0;20 0;40 5", 3, 4, 0, 0, -5, -5, 5, 5},
+    {"CIRCLE;10 10;20 0;40 5;210 0;220 0;230 -1", -15, 0, 10, 5, -15, -5, -5, 5},
+    {"ARC;10 0;20 0;40 5;50 270;51 90", 5, 0, -5, 0, 0, -5, 5, 5},
+    {"ARC;10 0;20 0;40 5;50 270;51 90;210 0;220 0;230 -1", -5, 0, 5, 0, -5, -5, 0, 5},
+    {"ELLIPSE;10 0;20 0;11 0;21 4;40 0.5;41 0;42 6.283185307179586", 2, 0, 0, 0, -2, -4, 2, 4},
+    {"ELLIPSE;10 0;20 0;11 4;21 0;40 0.5;41 0;42 3.141592653589793", 0, 2, 0, -2, -4, 0, 4, 2},
+    {"LWPOLYLINE;90 3;70 1;10 0;20 0;10 4;20 0;10 4;20 4", 2, 2, 2, 1, 0, 0, 4, 4},
+    {"LWPOLYLINE;90 2;70 0;10 0;20 0;42 -1;10 4;20 0", 2, 2, 2, -2, 0, 0, 4, 2},
+    {"SPLINE;70 0;40 0;40 1;10 9;20 9;11 0;21 0;11 2;21 2", 1, 1, 9, 9, 0, 0, 2, 2},
+    {"TEXT;10 0;20 0;40 2;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
+    {"TEXT;10 9;20 9;11 0;21 0;40 2;1 four;72 1;73 2", -3, 0.9, 9, 9, -3.2, -1, 3.2, 1},
+    {"MTEXT;10 0;20 0;40 3;41 0;71 1;1 ab\\Pabcd", 9, -7, 9, 1, 0, -8, 9.6, 0},
+    {"MTEXT;10 0;20 0;40 2;41 0;71 7;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
+    {"SOLID;10 0;20 0;11 4;21 0;12 0;22 4;13 4;23 4", 3, 2, 5, 2, 0, 0, 4, 4},
+    {"3DFACE;10 0;20 0;11 4;21 0;12 4;22 4;13 0;23 4", 4, 2, 2, 2, 0, 0, 4, 4},
+    {"HATCH;10 0;20 0;2 SOLID;91 1;92 2;72 0;73 1;93 3;10 0;20 0;10 4;20 0;10 4;20 4;97 0;75 0;98 "
+     "1;10 9;20 9",
+     2, 2, 9, 9, 0, 0, 4, 4},
+    {"HATCH;10 0;20 0;91 1;92 1;93 2;72 2;10 0;20 0;40 2;50 0;51 180;73 0;72 1;10 2;20 0;11 -2;21 "
+     "0;97 0;75 0",
+     0, -2, 0, 2, -2, -2, 2, 0},
+    {"LEADER;10 0;20 0;10 2;20 2;10 5;20 2", 4, 2, 2, 0, 0, 0, 5, 2},
+    {"RAY;10 0;20 0;11 1;21 1", 1000, 1000, -1, -1, 0, 0, 0, 0},
+    {"XLINE;10 0;20 0;11 1;21 1", -900, -900, 1, 0, 0, 0, 0, 0},
+    {"ACAD_PROXY_ENTITY;10 1;20 1;10 2;20 3", 2, 3, 1, 2, 1, 1, 2, 3}};
 
-class HitTest : public EditorTest, public ::testing::WithParamInterface<Form> {
+class HitTest : public EditorTest {
   protected:
     std::string at(double x, double y) { return letters(host::entitiesAt(store, {x, y, 0}, 0.01)); }
     std::string in(double left, double bottom, double right, double top, bool crossing) {
@@ -28,68 +55,27 @@ class HitTest : public EditorTest, public ::testing::WithParamInterface<Form> {
     }
 };
 
-TEST_P(HitTest, ReachesTheForm) {
-    const Form& form = GetParam();
-    add(form.groups);
-    EXPECT_EQ(at(form.x, form.y), "a");
-    EXPECT_EQ(at(form.missX, form.missY), "");
+TEST_F(HitTest, ReachesEachForm) {
     const auto crossed = [&](double x, double y) {
         return in(x - 0.02, y - 0.02, x + 0.02, y + 0.02, true);
     };
-    EXPECT_EQ(crossed(form.x, form.y), "a");
-    EXPECT_EQ(crossed(form.missX, form.missY), "");
-    const bool bounded = form.right > form.left;
-    const double slack = 1e-6;
-    const double box[] = {form.left - slack, form.bottom - slack, form.right + slack,
-                          form.top + slack};
-    EXPECT_EQ(in(box[0], box[1], box[2], box[3], false), bounded ? "a" : "");
-    if (bounded) {
-        EXPECT_EQ(in(box[0] + 0.1, box[1], box[2], box[3], false), "") << "left side cut";
-        EXPECT_EQ(in(box[0], box[1], box[2], box[3] - 0.1, false), "") << "top cut";
+    for (const Form& form : kForms) {
+        SCOPED_TRACE(form.groups);
+        entities.clear();
+        const AcDbObjectId id = add(form.groups);
+        EXPECT_EQ(at(form.x, form.y), "a");
+        EXPECT_EQ(at(form.missX, form.missY), "");
+        EXPECT_EQ(crossed(form.x, form.y), "a");
+        EXPECT_EQ(crossed(form.missX, form.missY), "");
+        const bool bounded = form.right > form.left;
+        const double left = form.left - 1e-6, bottom = form.bottom - 1e-6;
+        const double right = form.right + 1e-6, top = form.top + 1e-6;
+        EXPECT_EQ(in(left, bottom, right, top, false), bounded ? "a" : "");
+        EXPECT_EQ(in(left + 0.1, bottom, right, top, false), "") << "left side cut";
+        EXPECT_EQ(in(left, bottom, right, top - 0.1, false), "") << "top cut";
+        erase(id);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Forms, HitTest,
-    ::testing::Values(
-        Form{"line", "LINE;10 0;20 0;11 10;21 10", 5, 5, 5, 6, 0, 0, 10, 10},
-        Form{"point", "POINT;10 3;20 4;30 9", 3, 4, 3, 5, 2.95, 3.95, 3.05, 4.05},
-        Form{"circle", "CIRCLE;10 0;20 0;40 5", 3, 4, 0, 0, -5, -5, 5, 5},
-        Form{"mirrored circle", "CIRCLE;10 10;20 0;40 5;210 0;220 0;230 -1", -15, 0, 10, 5, -15, -5,
-             -5, 5},
-        Form{"arc", "ARC;10 0;20 0;40 5;50 270;51 90", 5, 0, -5, 0, 0, -5, 5, 5},
-        Form{"mirrored arc", "ARC;10 0;20 0;40 5;50 270;51 90;210 0;220 0;230 -1", -5, 0, 5, 0, -5,
-             -5, 0, 5},
-        Form{"ellipse", "ELLIPSE;10 0;20 0;11 0;21 4;40 0.5;41 0;42 6.283185307179586", 2, 0, 0, 0,
-             -2, -4, 2, 4},
-        Form{"half ellipse", "ELLIPSE;10 0;20 0;11 4;21 0;40 0.5;41 0;42 3.141592653589793", 0, 2,
-             0, -2, -4, 0, 4, 2},
-        Form{"polyline", "LWPOLYLINE;90 3;70 1;10 0;20 0;10 4;20 0;10 4;20 4", 2, 2, 2, 1, 0, 0, 4,
-             4},
-        Form{"bulge", "LWPOLYLINE;90 2;70 0;10 0;20 0;42 -1;10 4;20 0", 2, 2, 2, -2, 0, 0, 4, 2},
-        Form{"spline", "SPLINE;70 0;40 0;40 1;10 9;20 9;11 0;21 0;11 2;21 2", 1, 1, 9, 9, 0, 0, 2,
-             2},
-        Form{"text", "TEXT;10 0;20 0;40 2;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
-        Form{"centred text", "TEXT;10 9;20 9;11 0;21 0;40 2;1 four;72 1;73 2", -3, 0.9, 9, 9, -3.2,
-             -1, 3.2, 1},
-        Form{"paragraphs", "MTEXT;10 0;20 0;40 3;41 0;71 1;1 ab\\Pabcd", 9, -7, 9, 1, 0, -8, 9.6,
-             0},
-        Form{"paragraph at 90 degrees", "MTEXT;10 0;20 0;40 2;41 0;71 7;1 four;50 90", -1, 3, 1, 3,
-             -2, 0, 0, 6.4},
-        Form{"solid", "SOLID;10 0;20 0;11 4;21 0;12 0;22 4;13 4;23 4", 3, 2, 5, 2, 0, 0, 4, 4},
-        Form{"face", "3DFACE;10 0;20 0;11 4;21 0;12 4;22 4;13 0;23 4", 4, 2, 2, 2, 0, 0, 4, 4},
-        Form{"hatch",
-             "HATCH;10 0;20 0;2 SOLID;91 1;92 2;72 0;73 1;93 3;10 0;20 0;10 4;20 0;10 4;20 4;"
-             "97 0;75 0;98 1;10 9;20 9",
-             2, 2, 9, 9, 0, 0, 4, 4},
-        Form{"hatch edges",
-             "HATCH;10 0;20 0;91 1;92 1;93 2;72 2;10 0;20 0;40 2;50 0;51 180;73 0;"
-             "72 1;10 2;20 0;11 -2;21 0;97 0;75 0",
-             0, -2, 0, 2, -2, -2, 2, 0},
-        Form{"leader", "LEADER;10 0;20 0;10 2;20 2;10 5;20 2", 4, 2, 2, 0, 0, 0, 5, 2},
-        Form{"ray", "RAY;10 0;20 0;11 1;21 1", 1000, 1000, -1, -1, 0, 0, 0, 0},
-        Form{"construction line", "XLINE;10 0;20 0;11 1;21 1", -900, -900, 1, 0, 0, 0, 0, 0},
-        Form{"unknown kind", "ACAD_PROXY_ENTITY;10 1;20 1;10 2;20 3", 2, 3, 1, 2, 1, 1, 2, 3}));
 
 /// A block with a unit square (0,0)-(1,1) and base point (1,0), and what refers to it.
 class BlockHits : public HitTest {

@@ -1,6 +1,6 @@
 // Copies of groups: which commands make groups of their own of them, and when.
-#include "common/scene.h"
 #include "gtest/gtest.h"
+#include "storage_pieces.h"
 
 namespace {
 
@@ -13,6 +13,8 @@ TEST(Copies, ACopyOfAWidenedSelectionIsAGroupOfItsOwn) {
     scene.click({2});
     scene.after(L"COPY 0,0 50,0\n\n");
     EXPECT_EQ(scene.order(), kTwoGroups);
+    EXPECT_EQ(tests::markerPlaces(scene.store()),
+              "1.0(1.0 1.0) 1.0(1.0) 51.0(51.0 51.0) 51.0(51.0)");
     // The source is untouched and the copy verifies from each of its members.
     EXPECT_EQ(scene.after(L"VelmoGROUPDELETE #6\n\n").substr(0, 34),
               "begin(2) line* line* end line line");
@@ -25,6 +27,40 @@ TEST(Copies, GroupsCopiedTogetherAreLinkedPairwise) {
     scene.after(L"COPY 0,0 50,0\n\n");
     EXPECT_EQ(scene.order(),
               "begin(1) line* end begin(1) circle* end begin(1) line* end begin(1) circle* end");
+}
+
+/// Order after a COPY of what the clicks select once the marker at `erased` is gone.
+std::string copiedWithout(const std::wstring& erased, std::vector<int> clicks) {
+    Scene scene("(line) (circle)");
+    scene.after(L"ERASE " + erased + L"\n\n");
+    for (const int position : clicks)
+        scene.click({position});
+    scene.after(L"COPY 0,0 50,0\n\n");
+    return scene.order();
+}
+
+TEST(Copies, OnlyABeginMarkerAndTheEndMarkerBehindItAreLinked) {
+    EXPECT_EQ(copiedWithout(L"#3", {4, 1}),
+              "begin(1)? line* begin(1) circle* end begin(1)? begin(1) circle* end");
+    EXPECT_EQ(copiedWithout(L"#4", {2, 5}),
+              "begin(1) line* end circle* end? begin(1) line* end end?");
+}
+
+/// Repair knows markers by the names of their blocks and leaves alone what has just their tags.
+TEST(Copies, APasteIsLinkedByTheTagsOfItsMarkers) {
+    Scene scene("(line)");
+    for (const int marker : {2, 3}) {
+        const std::wstring suffix = marker == 2 ? L"_GB" : L"_GE";
+        tests::insertBlock(scene, L"OTHER" + suffix, L"none");
+        Opened<AcDbAttribute> attribute;
+        tests::openAttribute(scene, marker, 0, attribute);
+        attribute->setTag((L"VELMO" + suffix).c_str());
+    }
+    ASSERT_EQ(scene.order(), "begin(1) line* end begin()? end?");
+    for (const int position : {2, 4, 5})
+        scene.click({position});
+    scene.after(L"COPYCLIP\nPASTECLIP 50,0\n");
+    EXPECT_EQ(scene.order(), "begin(1) line* end begin()? end? begin(1) line* end begin() end");
 }
 
 TEST(Copies, AMirrorKeepsTheSourcesOrMovesThemWithoutCopies) {

@@ -4,6 +4,7 @@
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
+#include "host/control/faults.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
@@ -17,6 +18,8 @@ using tests::Drafting;
 using Texts = std::vector<std::wstring>;
 
 constexpr const char* kModule = "VelmoGroup.arx";
+const std::wregex kVersionLine(
+    L"GroupCommands : [A-Z][a-z]{2} [ 1-3][0-9] [0-9]{4} [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
 
 TEST(Entry, RegistersItsCommandsInOrderWithTheirFlags) {
     Drafting drafting;
@@ -52,9 +55,7 @@ TEST(Entry, VersionFunctionPrintsTheMomentOfTheBuildInEveryDrawing) {
         drafting.session().activate(index);
         host::clearEffects();
         EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
-        const std::wregex line(
-            L"GroupCommands : [A-Z][a-z]{2} [ 1-3][0-9] [0-9]{4} [0-9]{2}:[0-9]{2}:[0-9]{2}\n");
-        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), line))
+        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), kVersionLine))
             << "drawing " << index;
     }
 }
@@ -66,6 +67,24 @@ TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {
         EXPECT_EQ(drafting.session().sendMessage(kModule, message), 0);
     }
     EXPECT_EQ(effectText(EffectKind::CommandLine), L"");
+}
+
+TEST(Entry, RegistersItsFunctionOnceItIsDefined) {
+    Drafting drafting;
+    const auto calls = [&drafting](long failAt) {
+        host::setFaultPlan({failAt, false, ""});
+        drafting.session().sendMessage(kModule, 3);
+        const long count = host::faultCallCount();
+        host::setFaultPlan({});
+        return count;
+    };
+    EXPECT_EQ(calls(0), 2);
+    EXPECT_EQ(calls(1), 1);
+    // Without the registration the function is called by a message, and gives no value.
+    calls(2);
+    host::clearEffects();
+    drafting.session().callLisp(L"(VelmoGroupVersion)");
+    EXPECT_TRUE(std::regex_match(effectText(EffectKind::CommandLine), kVersionLine));
 }
 
 TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <iostream>
 
+#include "common/drawing_order.h"
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
@@ -36,20 +37,6 @@ constexpr const wchar_t* kPointPrompt = L"\nPick insertion point for group marke
 /// Forming goes on when a marker block could not be made: the last entity, which may be the user's,
 /// then stands in for the marker and is rewritten if it is a block reference.
 constexpr const wchar_t* kNoBlock = L"\nBlock definition ";
-
-/// Groups of an entity without what a clone has of its own: handles, owner, dictionary, reactors.
-std::string contentOf(const host::ObjectBody& entity) {
-    std::string content;
-    bool bracket = false;
-    host::TagReader groups(entity.tags());
-    host::Tag group;
-    while (groups.next(group)) {
-        if (group.code == 102) bracket = group.value[0] == '{';
-        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
-        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
-    }
-    return content;
-}
 
 bool isMarkerReference(const host::ObjectBody& entity) {
     const auto block = host::findTag(entity.tags(), 2, 0);

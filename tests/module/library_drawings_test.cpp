@@ -1,9 +1,7 @@
 // Drawings of others: each takes a group of everything in it and keeps it.
 #include <algorithm>
-#include <sstream>
 
-#include "common/drafting.h"
-#include "common/drawing_order.h"
+#include "common/census.h"
 #include "common/library.h"
 #include "gtest/gtest.h"
 #include "host/dxf/check/drawing_check.h"
@@ -21,23 +19,15 @@ std::size_t errorsIn(const host::Store& store) {
         [](const host::Finding& finding) { return finding.severity == host::Severity::Error; }));
 }
 
-/// "begin(3) line* arc* circle* end" as "begin(3) * * * end": which entities is not the question.
-std::string shape(const std::string& order) {
-    std::string words;
-    std::istringstream stream(order);
-    for (std::string word; stream >> word;) {
-        if (!words.empty()) words += ' ';
-        words += word.back() == '*' ? "*" : word;
-    }
-    return words;
-}
-
-std::string groupOfAll(std::size_t members) {
-    std::string words = "begin(" + std::to_string(members) + ")";
-    for (std::size_t i = 0; i < members; ++i) {
-        words += " *";
-    }
-    return words + " end";
+/// Empty when everything in the drawing, and that is so many entities, is one sound group.
+std::string faultOfGroup(const Drafting& drafting, std::size_t members) {
+    const std::vector<std::string> words = tests::wordsOf(drafting);
+    const auto records = std::count_if(words.begin(), words.end(),
+                                       [](const std::string& word) { return word.back() == '*'; });
+    const bool all = members == 0 ? words.empty()
+                                  : words.size() == members + 2 && words.back() == "end" &&
+                                        static_cast<std::size_t>(records) == members;
+    return all ? tests::unsoundGroup(words) : drafting.order();
 }
 
 TEST(LibraryDrawings, EachTakesAGroupOfAllItsEntitiesAndKeepsIt) {
@@ -55,15 +45,13 @@ TEST(LibraryDrawings, EachTakesAGroupOfAllItsEntitiesAndKeepsIt) {
             continue;
         }
         const std::size_t errorsBefore = errorsIn(drafting.store());
-        const std::string before = drafting.order();
-        const std::size_t members =
-            before.empty() ? 0 : 1 + std::count(before.begin(), before.end(), ' ');
+        const std::size_t members = tests::wordsOf(drafting).size();
         drafting.run(L"VelmoGROUPMAKE ALL\n\n");
-        EXPECT_EQ(shape(drafting.order()), members > 0 ? groupOfAll(members) : "");
+        EXPECT_EQ(faultOfGroup(drafting, members), "");
         ASSERT_TRUE(session.saveDrawing(saved));
         session.closeDrawing();
         ASSERT_TRUE(session.openDrawing(saved));
-        EXPECT_EQ(shape(drafting.order()), members > 0 ? groupOfAll(members) : "");
+        EXPECT_EQ(faultOfGroup(drafting, members), "");
         EXPECT_LE(errorsIn(drafting.store()), errorsBefore);
         session.closeDrawing();
         if (HasFailure()) break;

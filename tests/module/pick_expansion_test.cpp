@@ -24,6 +24,14 @@ TEST(PickExpansion, SeveralPicksAreWalkedByPositionOverTheChangingList) {
     });
 }
 
+TEST(PickExpansion, WithPickaddOffASinglePickIsAFreshStart) {
+    Scene scene("(line line) (line line)");
+    scene.after(L"SETVAR PICKADD 0\n");
+    scene.click({2});
+    EXPECT_EQ(scene.click({7}), kTwoGroups + "5 7 6 8 | " + kGathering);
+    EXPECT_EQ(scene.shiftClick({6}), kTwoGroups + " | " + kGathering);
+}
+
 TEST(PickExpansion, WithPickfirstOffGroupingGoesOff) {
     Scene scene("line (line line)", {}, L"Morvanta");
     const std::string order = "line begin(2) line* line* end | ";

@@ -6,8 +6,9 @@
 #include <random>
 
 #include "group_record.h"
-#include "marker_damage.h"
+#include "host/editor/state/sysvars.h"
 #include "membership.h"
+#include "storage_pieces.h"
 
 namespace {
 
@@ -56,7 +57,7 @@ Ids plainly(Ids picked, const Ids& gathered) {
 
 class RandomDrawing {
   public:
-    explicit RandomDrawing(unsigned seed) : m_random(seed), m_scene(words()) {
+    explicit RandomDrawing(unsigned seed) : m_random(seed), m_scene(words(), settingsOf(seed)) {
         m_scene.run(L"VelmoGROUPNOTACTIVE\n");
         for (int i = roll(9); i > 0; --i)
             damage();
@@ -67,23 +68,19 @@ class RandomDrawing {
     std::string pickOrUnpick() {
         const Ids all = m_scene.entities();
         const bool shift = roll(3) == 0;
+        const bool alone = setPickAdd(roll(3)) == 0;
         std::vector<int> positions;
-        Ids picked = host::pickfirst();
-        const int most = roll(3) == 0 ? static_cast<int>(all.size()) : 1 + roll(4);
-        for (int i = 1 + roll(most); i > 0; --i) {
-            const int at = roll(static_cast<int>(all.size()));
-            positions.push_back(1 + at);
-            if (shift) dropFirst(picked, all[at]);
-            if (!shift && !has(picked, all[at])) picked.push_back(all[at]);
-        }
+        const Ids picked = choose(all, shift, alone, positions);
         host::clearEffects();
         Ids expected = picked;
         const bool changes = picked != host::pickfirst();
-        if (changes && picked.size() != m_gathered.size() && !picked.empty())
-            expected = plainly(picked, m_gathered);
+        if (changes && alone && picked.size() == 1) m_gathered.clear();
+        const bool answered = !picked.empty() || host::switches().emptyPickfirstIsNorm;
+        if (changes && !answered) m_gathered.clear();
+        if (changes && answered && picked.size() != m_gathered.size())
+            m_gathered = expected = plainly(picked, m_gathered);
         const std::string printed = Scene::printed();
         shift ? m_scene.shiftClick(positions) : m_scene.click(positions);
-        if (changes) m_gathered = expected;
         // A begin marker that is erased may still be named, and then counts as a member of the
         // group; the host does not take it into the set.
         dropErased(expected);
@@ -95,6 +92,37 @@ class RandomDrawing {
     }
 
   private:
+    /// Random positions, and the set that the host makes of the pick-first set and what is there.
+    Ids choose(const Ids& all, bool shift, bool alone, std::vector<int>& positions) {
+        Ids picked = alone && !shift ? Ids() : host::pickfirst();
+        const int most = roll(3) == 0 ? static_cast<int>(all.size()) : 1 + roll(4);
+        for (int i = 1 + roll(most); i > 0; --i) {
+            const int at = roll(static_cast<int>(all.size()));
+            if (std::count(positions.begin(), positions.end(), 1 + at) > 0) continue;
+            positions.push_back(1 + at);
+            if (!has(picked, all[at])) {
+                if (alone || !shift) picked.push_back(all[at]);
+            } else if (shift) {
+                dropFirst(picked, all[at]);
+            }
+        }
+        return picked;
+    }
+
+    static host::Switches settingsOf(unsigned seed) {
+        host::Switches settings;
+        settings.pickfirstNotifiedInside = (seed & 1) != 0;
+        settings.emptyPickfirstIsNorm = (seed & 2) != 0;
+        return settings;
+    }
+
+    /// Not with the command, which would change the pick-first set.
+    static int setPickAdd(int value) {
+        std::wstring explanation;
+        EXPECT_TRUE(host::setSysvarText(L"PICKADD", std::to_wstring(value), explanation));
+        return value;
+    }
+
     int roll(int sides) { return static_cast<int>(m_random() % static_cast<unsigned>(sides)); }
 
     std::string words() {

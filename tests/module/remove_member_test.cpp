@@ -24,6 +24,7 @@ TEST(RemoveMember, AMemberMovesBehindEverythingWithoutItsRecord) {
         Scene scene("(line circle line) line", settings);
         EXPECT_EQ(scene.after(L"VelmoGROUPREMOVEMEMBER #3\n\n"),
                   "begin(2) line* line* end line circle |  | " + kSelect + removed(2) + kNothing);
+        EXPECT_EQ(tests::markerPlaces(scene.store()), "1.0(1.0 1.0) 1.0(1.0)");
         EXPECT_EQ(scene.click({3}), "begin(2) line* line* end line circle | 1 3 2 4 | " +
                                         std::string(tests::kGathering));
     });

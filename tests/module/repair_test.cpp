@@ -1,8 +1,9 @@
 // The repair pass: what editing breaks, and what a regeneration or a save makes of it.
 #include "common/scene.h"
+#include "handle_text.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/notify.h"
-#include "marker_damage.h"
+#include "storage_pieces.h"
 
 namespace {
 
@@ -44,11 +45,15 @@ TEST(Repair, AGroupThatGainedEntitiesIsDissolvedAndItsMembersStay) {
     EXPECT_EQ(afterRegen(scene), "line* circle* line* |  | \n1 Groups Deleted. ");
 }
 
-TEST(Repair, ACountThatIsNoNumberCountsAsNone) {
-    Scene scene("(line) (line)");
+TEST(Repair, ACountThatIsNoNumberOrUnderAnotherTagCountsAsNone) {
+    Scene scene("(line) (line) (circle)");
     setAttribute(scene, 0, 1, L"many");
+    Opened<AcDbAttribute> count;
+    openAttribute(scene, 4, 1, count);
+    count->setTag(L"velmo_gb");
+    count.close();
     EXPECT_EQ(afterRegen(scene),
-              "line* begin(1) line* end |  | \n1 Groups Updated. \n1 Groups Deleted. ");
+              "line* begin(1) line* end circle* |  | \n1 Groups Updated. \n2 Groups Deleted. ");
 }
 
 TEST(Repair, AnEmptyGroupThatCountsNoneIsPurged) {
@@ -73,6 +78,47 @@ TEST(Repair, MarkersWithoutAPartnerArePurgedOnceTheDrawingForgotIt) {
     EXPECT_EQ(afterRegen(scene), "line* end? circle |  | ");
     scene.saveAndReopen();
     EXPECT_EQ(afterRegen(scene), "line* circle |  | ");
+}
+
+TEST(Repair, WhatIsNamedAlmostLikeAMarkerStays) {
+    Scene scene("line");
+    const std::wstring known = handleText(scene.entities()[0]);
+    for (const wchar_t* name : {L"VELMO_GATE", L"VELMO_G", L"VELMO_GX", L"KEST_GB", L"AVELMO_GB"})
+        tests::insertBlock(scene, name, known);
+    // What is named as a marker is and has no marker's tag goes, on purpose.
+    EXPECT_EQ(afterRegen(scene), "line insert insert begin()? begin()? |  | ");
+}
+
+/// Two lines in a group whose markers have tags in another case.
+class OtherCase : public Scene {
+  public:
+    OtherCase() : Scene("(line line)") {
+        for (const int marker : {0, 1}) {
+            Opened<AcDbAttribute> attribute;
+            openAttribute(*this, marker, 0, attribute);
+            attribute->setTag(marker == 0 ? L"velmo_gb" : L"Velmo_Ge");
+        }
+    }
+};
+
+TEST(Repair, TagsAreComparedWithoutRegardToCase) {
+    {
+        OtherCase scene;
+        // Linked, and then gone without a tag that would lend its text.
+        EXPECT_EQ(afterRegen(scene), "line* line* |  | \n1 Groups Updated. ");
+    }
+    OtherCase scene;
+    scene.after(L"VelmoGROUPMAKE #1 #2 #3 #4\n\n");
+    EXPECT_EQ(scene.order(), "begin(2) line* line* end");
+}
+
+TEST(Repair, MarkersStayWhereTheyStand) {
+    Scene scene("(line line) (line)");
+    scene.run(L"VelmoGROUPNOTACTIVE\n");
+    scene.after(L"MOVE #4\n\n0,0 5,0\n");
+    scene.after(L"ERASE #2\n\n");
+    afterRegen(scene);
+    EXPECT_EQ(tests::markerPlaces(scene.store()), "1.0(1.0 1.0) 6.0(6.0) 3.0(3.0 3.0) 3.0(3.0)");
 }
 
 TEST(Repair, RunsBeforeTheWorkingDrawingIsSavedAndForNoOther) {

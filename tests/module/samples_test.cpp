@@ -27,9 +27,4 @@ TEST(Samples, EveryScriptRunsWithoutAFailedCommand) {
     EXPECT_GT(scripts, 0);
 }
 
-TEST(Samples, TheDrawingIsSound) {
-    tests::Drafting drafting(std::string(SAMPLES_FOLDER) + "/plan.dxf");  // checked at its end
-    EXPECT_GT(drafting.order().size(), 100u);
-}
-
 }  // namespace

@@ -16,6 +16,15 @@ TEST(Ungroup, MembersOfOneGroupCountOnceAndMarkersNot) {
                   "\n1 found, 5 total\nSelect objects: \n4 Entities Ungrouped.");
 }
 
+TEST(Ungroup, OfAPickedGroupIsFollowedByOnePickThatIsNotWidened) {
+    Scene scene("(line line) (circle)");
+    scene.click({3});
+    const std::string order = "line line begin(1) circle* end | ";
+    EXPECT_EQ(scene.after(L"VelmoGROUPDELETE\n"), order + " | \n2 Entities Ungrouped.");
+    EXPECT_EQ(scene.click({4}), order + "4 | ");
+    EXPECT_EQ(scene.click({1}), order + "1 3 4 5 | " + tests::kGathering);
+}
+
 TEST(Ungroup, WithoutAGroupNothingChanges) {
     Scene scene("line");
     EXPECT_EQ(scene.after(L"VelmoGROUPDELETE #1\n\n"),

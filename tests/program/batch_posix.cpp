@@ -42,10 +42,14 @@ TEST_F(BatchEndTest, ControlCLeavesWholeDrawingsAndStops) {
             execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
         _exit(127);
     }
-    while (!std::filesystem::exists("out/3.dxf") && kill(child, 0) == 0)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    kill(child, SIGINT);
     int status = 0;
+    pid_t ended = 0;
+    while (!std::filesystem::exists("out/3.dxf") && ended == 0) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        ended = waitpid(child, &status, WNOHANG);
+    }
+    ASSERT_EQ(ended, 0) << "before Ctrl+C: " << contentOf("errors");
+    kill(child, SIGINT);
     waitpid(child, &status, 0);
     EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 130);
     EXPECT_NE(contentOf("errors").find("drafthost: interrupted: "), std::string::npos);

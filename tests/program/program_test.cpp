@@ -148,16 +148,4 @@ TEST_F(ProgramTest, FaultsOfTheModuleAreToldAndCount) {
               0u);
 }
 
-TEST_F(ProgramTest, OutputThatCannotBeWritten) {
-    const std::string help = "\"" DRAFTHOST_FILE "\" --help";
-    const std::string closed =
-        "{ sleep 0.3; " + help + " 2>errors; echo $? >status; } | true; sleep 1";
-    ASSERT_EQ(std::system(closed.c_str()), 0);
-    EXPECT_EQ(contentOf("status") + contentOf("errors"), "0\n");
-    const std::string full = help + " >/dev/full 2>errors; echo $? >status";
-    ASSERT_EQ(std::system(full.c_str()), 0);
-    EXPECT_EQ(contentOf("status") + contentOf("errors"),
-              "1\ndrafthost: standard output cannot be written: No space left on device\n");
-}
-
 }  // namespace

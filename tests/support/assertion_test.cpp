@@ -1,12 +1,16 @@
 // Assertion checks and their reports.
+#include "call_stack.h"
 #include "diagnostics.h"
+#include "host/control/fake_windows.h"
 #include "library.h"
+#include "platform.h"
 #include "support_fixture.h"
 
 namespace {
 
 using host::EffectKind;
-using Lines = std::vector<std::wstring>;
+using host::effects;
+using host::effectText;
 
 constexpr wchar_t DIAG_SOURCE[] = L"GroupCommands";
 
@@ -21,25 +25,24 @@ int failCheck() {
     return __LINE__ - 1;
 }
 
-std::wstring expectedReport(int line) {
-    return L"GroupCommands(" + std::to_wstring(line) +
-           L"): Assertion in \"VelmoGroup\" (acdbGetObjectId(objIdGB, ent) == Acad::eOk).";
-}
-
 TEST_F(Support, WithoutSwitchesAFailedCheckIsSilent) {
-    start(0, 0);
-    int calls = 0;
-    DIAG_ASSERT(counted(calls, false), L"counted(calls, false)");
-    EXPECT_EQ(calls, 1) << "the condition is the call itself";
-    diagnosticsOutput(L"text");
-    shutDownLibrary();
-    EXPECT_TRUE(effects().empty());
-    EXPECT_FALSE(exists(logFolder()));
+    for (const bool debugger : {false, true}) {
+        host::setDebuggerPresent(debugger);
+        start(0, 0);
+        int calls = 0;
+        DIAG_ASSERT(counted(calls, false), L"counted(calls, false)");
+        EXPECT_EQ(calls, 1) << "the condition is the call itself";
+        diagnosticsOutput(L"text");
+        shutDownLibrary();
+        EXPECT_TRUE(effects().empty());
+        EXPECT_EQ(host::breakpointsHit(), 0);
+        EXPECT_FALSE(std::filesystem::exists(logFolder()));
+    }
 }
 
 TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
     start(1, 1);
-    clearEffects();
+    host::clearEffects();
     int calls = 0;
     DIAG_ASSERT(counted(calls, true), L"counted(calls, true)");
     EXPECT_TRUE(effects().empty());
@@ -53,44 +56,53 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
                   std::to_wstring(line));
     EXPECT_EQ(effects().size(), 1u);
     EXPECT_EQ(calls, 1);
-    EXPECT_FALSE(exists(logFolder()));
-}
-
-TEST_F(Support, TheBoxEndsWithTheCallStack) {
-    start(0, 1);
-    failCheck();
+    EXPECT_FALSE(std::filesystem::exists(logFolder()));
     const std::wstring box = effectText(EffectKind::AlertBox);
     const Lines frames = linesOf(box.substr(box.find(L"\n\n") + 2));
-    ASSERT_GT(frames.size(), 3u);
+    ASSERT_GT(frames.size(), 3u) << "the call stack";
     const std::string program = PROGRAM_FILE;
     EXPECT_NE(frames[0].find(std::wstring(program.begin(), program.end()) + L" + 0x"),
               std::wstring::npos)
         << "the caller's module";
+    void* addresses[62];
+    EXPECT_EQ(linesOf(callStackText()).size(), ::RtlCaptureStackBackTrace(0, 62, addresses, NULL));
 }
 
 TEST_F(Support, DebugStartupReportsEverywhere) {
     start(1, 0);
-    const int line = failCheck();
+    int line = failCheck();
     EXPECT_EQ(effects()[0].kind, EffectKind::AlertBox) << "the box comes first";
     const Lines output = linesOf(effectText(EffectKind::StandardOutput));
     ASSERT_GT(output.size(), 2u);
-    EXPECT_EQ(output[0], L"[16:19:18] " + expectedReport(line));
+    EXPECT_EQ(output[0], L"[16:19:18] GroupCommands(" + std::to_wstring(line) +
+                             L"): Assertion in \"VelmoGroup\" (acdbGetObjectId(objIdGB, ent) == "
+                             L"Acad::eOk).");
     EXPECT_EQ(output[1].substr(0, 11), L"[16:19:18] ") << "the call stack";
     EXPECT_EQ(loggedLines(), output);
-    EXPECT_TRUE(effectTexts(EffectKind::DebugOutput).empty()) << "no debugger is there";
+    EXPECT_EQ(effectText(EffectKind::DebugOutput), L"") << "no debugger is there";
+    EXPECT_EQ(host::breakpointsHit(), 0);
+    host::clearEffects();
+    host::setDebuggerPresent(true);
+    failCheck();
+    EXPECT_EQ(effectText(EffectKind::DebugOutput), effectText(EffectKind::StandardOutput));
+    EXPECT_EQ(host::breakpointsHit(), 1);
+    host::clearEffects();
+    G_diagnostics.logFileEnabled = false;
+    diagnosticsOutput(L"text");
+    EXPECT_EQ(effectText(EffectKind::StandardOutput), L"[16:19:18] text");
 }
 
 TEST_F(Support, ModuleNameComesFromTheHandle) {
-    for (const wchar_t* const name : {L"Name.With.Dots", L"Bare"}) {
-        const std::wstring text = name;
-        const bool bare = text.find(L'.') == text.npos;
-        start(0, 1);
-        G_hCurrentModule = static_cast<HMODULE>(moduleNamed(bare ? text : text + L".arx"));
-        clearEffects();
-        G_diagnostics.assertionsEnabled = true;
+    const std::pair<std::wstring, const wchar_t*> cases[] = {
+        {L"/opt/a.b/Name#With.Dots.arx", L"Name#With.Dots"},
+        {L"/opt/a.b/Bare", L"Bare"},
+        {L"/" + std::wstring(3000, L'x') + L"/Long.arx", L"Long"}};
+    start(0, 1);
+    for (const auto& [path, name] : cases) {
+        host::setModuleFileName(module(), path);
+        host::clearEffects();
         failCheck();
-        EXPECT_EQ(linesOf(onlyBox())[0], L"Assertion Failure: " + text);
-        G_diagnostics = {};
+        EXPECT_EQ(linesOf(onlyBox())[0], std::wstring(L"Assertion Failure: ") + name);
     }
 }
 

@@ -1,9 +1,15 @@
 // The diagnostic log files: names, encoding, header, locks, folders, the final log.
 #include "diagnostic_log.h"
 
+#include <unistd.h>
+
+#include <cstring>
 #include <filesystem>
 
 #include "diagnostics.h"
+#include "host/control/clock.h"
+#include "host/control/fake_windows.h"
+#include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "library.h"
 #include "message_service.h"
@@ -11,7 +17,8 @@
 
 namespace {
 
-using Lines = std::vector<std::wstring>;
+using std::filesystem::exists;
+
 const std::wstring kFolderFailed = L"KestFile::RecursiveCreateDirectory(sDirectory)";
 
 TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
@@ -24,16 +31,65 @@ TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
     EXPECT_NE(readFile(workingLog()).find("\x34\xD8\x1E\xDD"), std::string::npos) << "surrogates";
 }
 
-TEST_F(Support, ALockedLogIsTriedTenTimes) {
+TEST_F(Support, TheHeaderTellsTheMachine) {
+    const std::wstring version = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+    const std::wstring shell =
+        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+    const std::wstring bios = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
+    const std::wstring processor = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
+    setRegistryText(L"HKLM\\" + version, L"ProductName", L"Windows 7");
+    setRegistryText(L"HKLM\\" + version, L"CurrentVersion", L"6.1");
+    setRegistryText(L"HKLM\\" + version, L"CurrentBuildNumber", L"7601");
+    setRegistryText(L"HKLM\\" + version, L"SystemRoot", L"C:\\Windows");
+    setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
+    setRegistryText(L"HKCU\\" + shell, L"AppData", L"C:\\Roaming");
+    setRegistryText(L"HKLM\\" + bios, L"BIOSVendor", L"Maker");
+    setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
+    host::setRegistryDword(L"HKLM\\" + processor, L"~MHz", 2400);
+    setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
+    setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
-    const std::pair<long, std::uint64_t> cases[] = {{0, 0}, {3, 1500}, {10, 5000}};
+    diagnosticsOutput(L"one");
+    diagnosticsOutput(L"two");
+    char name[256] = {};
+    ::gethostname(name, sizeof name);
+    EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))),
+              (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
+                     L"::HostName=" +
+                         std::wstring(name, name + std::min<std::size_t>(std::strlen(name), 15)),
+                     L"Windows::ProductName=Windows 7", L"Windows::CurrentVersion=6.1",
+                     L"Windows::CurrentBuildNumber=7601", L"ShellFolder::Personal=C:\\Documents",
+                     L"ShellFolder::AppData=C:\\Roaming", L"SystemFolder::SystemRoot=C:\\Windows",
+                     L"BIOS::BIOSVendor=Maker", L"BIOS::BIOSVersion=2.0",
+                     L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
+                     L"PathLocation::Diagnostics=" + diagnosticsFolder(),
+                     L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
+}
+
+TEST_F(Support, ALogThatCannotBeWrittenIsTriedTenTimes) {
+    start(1, 0);
+    const std::pair<long, std::uint64_t> cases[] = {{0, 0}, {3, 1500}, {9, 4500}, {10, 5000}};
     for (const auto& [locked, pause] : cases) {
         if (locked > 0) host::lockFile(wide(workingLog()), locked);
-        expectSlept(0);
         diagnosticsOutput(std::to_wstring(locked));
-        expectSlept(pause);
+        EXPECT_EQ(slept(), pause);
     }
-    EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] 0", L"[16:19:18] 3"}));
+    EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] 0", L"[16:19:18] 3", L"[16:19:19] 9"}));
+    const std::pair<const char*, long> calls[] = {
+        {"CreateFileW", 1}, {"_wfopen", 1}, {"_wfopen", 2}, {"fwprintf_s", 1}, {"fwprintf_s", 2}};
+    for (const auto& [name, number] : calls) {
+        std::filesystem::remove(workingLog());
+        host::setFaultPlan({number, false, name});
+        diagnosticsOutput(L"kept");
+        EXPECT_EQ(host::faultsInjected(), 1) << name << number;
+        EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))).back().substr(11), L"kept");
+    }
+    std::filesystem::remove(workingLog());
+    std::filesystem::create_symlink("/dev/full", workingLog());
+    slept();
+    diagnosticsOutput(L"no room");
+    EXPECT_EQ(slept(), 5000u);
     EXPECT_TRUE(reportedExpressions().empty()) << "a lost line is not reported";
 }
 
@@ -44,17 +100,10 @@ TEST_F(Support, AFolderThatCannotBeMadeIsReportedOnceAWrite) {
     messageService(L"still printed");
     EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
     EXPECT_EQ(effectText(host::EffectKind::CommandLine), L"still printed\n");
-    clearEffects();
-    diagnosticsOutput(L"text");
-    EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
     EXPECT_EQ(readFile(temporaryFolder()), "a file where the folder should be");
-}
-
-TEST_F(Support, MissingParentsAreMade) {
-    start(1, 0);
-    std::filesystem::remove_all(temporaryFolder());
+    std::filesystem::remove(temporaryFolder());
     diagnosticsOutput(L"text");
-    EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] text"});
+    EXPECT_EQ(loggedLines()[0].substr(11), L"text") << "missing parents are made";
 }
 
 TEST_F(Support, TheFolderIsTempElseTmp) {
@@ -75,9 +124,15 @@ TEST_F(Support, TheFolderIsTempElseTmp) {
 TEST_F(Support, TheWorkingLogsNameIsKept) {
     start(1, 0);
     const std::wstring name = workingLogName();
-    expectWorkingLogName(name);
-    letTimePass();
+    EXPECT_EQ(name,
+              wide(temporaryFolder()) + L"\\Velmo Diagnostics\\" + wide(workingLog().filename()));
+    host::clockSleep(60000);
     EXPECT_EQ(workingLogName(), name);
+    host::setModuleFileName(module(), L"Other.arx");
+    host::setWorkstationStart(std::nullopt);  // the machine's start in its place
+    const std::wstring other = workingLogName();
+    EXPECT_NE(other.find(L"\\Other.arx.20"), other.npos);
+    EXPECT_NE(other.find(L"_20130115142018_"), other.npos);
 }
 
 TEST_F(Support, InitialisationDeletesAFormerWorkingLog) {
@@ -96,11 +151,20 @@ TEST_F(Support, InitialisationDeletesAFormerWorkingLog) {
 
 TEST_F(Support, ShutDownMakesTheFinalLog) {
     writeFile(finalLog(), "older");
+    start(0, 0);
+    shutDownLibrary();
+    EXPECT_EQ(readFile(finalLog()), "older") << "without a working log it stays";
     start(1, 0);
     diagnosticsOutput(L"text");
     const std::string log = readFile(workingLog());
     shutDownLibrary();
     EXPECT_EQ(readFile(finalLog()), log);
+    std::wstring written;
+    for (const std::wstring& path : effectTexts(host::EffectKind::FileWrite))
+        written += path.substr(path.find_last_of(L"\\/") + 1) + L'\n';
+    const std::wstring working = wide(workingLog().filename()) + L'\n',
+                       last = L"VelmoGroup.arx.log\n";
+    EXPECT_EQ(written, working + working + last + last);
     EXPECT_FALSE(exists(workingLog()));
     EXPECT_TRUE(reportedExpressions().empty());
     EXPECT_FALSE(G_diagnostics.logFileEnabled);
@@ -111,19 +175,10 @@ TEST_F(Support, ShutDownMakesTheFinalLog) {
     EXPECT_EQ(readFile(finalLog()), log);
 }
 
-TEST_F(Support, WithoutAWorkingLogTheFinalOneStays) {
-    writeFile(finalLog(), "older");
-    start(0, 0);
-    shutDownLibrary();
-    EXPECT_EQ(readFile(finalLog()), "older");
-    EXPECT_TRUE(effects().empty());
-}
-
 TEST_F(Support, AFinalLogThatCannotBeMadeIsReported) {
     writeFile(finalLog(), "older");
     start(1, 0);
     diagnosticsOutput(L"text");
-    clearEffects();
     host::lockFile(wide(finalLog()), 1);
     shutDownLibrary();
     EXPECT_EQ(reportedExpressions(),

@@ -2,12 +2,12 @@
 #include "message_service.h"
 
 #include "diagnostics.h"
+#include "host/control/fake_windows.h"
 #include "support_fixture.h"
 
 namespace {
 
 using host::EffectKind;
-using Lines = std::vector<std::wstring>;
 
 /// The prints of one message, as their lengths.
 std::vector<std::size_t> pieces(const std::wstring& text) {
@@ -42,6 +42,7 @@ TEST_F(Support, MessagesHaveOneNewline) {
         {L"\n \U0001D11E ", L" \U0001D11E \n"},
         {L"\n\n", L"\n"},
         {L"", L"\n"},
+        {L"x", L"x\n"},
         {L"100 %d%s", L"100 %d%s\n"}};
     for (const auto& [text, expected] : cases) {
         pieces(text);
@@ -49,12 +50,17 @@ TEST_F(Support, MessagesHaveOneNewline) {
     }
 }
 
-TEST_F(Support, TheLogGetsMessagesWithDebugStartup) {
-    start(1, 0);
-    messageService(L"text\n");
-    EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] text"});
-    EXPECT_TRUE(effectTexts(EffectKind::StandardOutput).empty());
+TEST_F(Support, MessagesGoToADebuggerAndWithDebugStartupToTheLog) {
+    host::setDebuggerPresent(true);
+    messageService(L"\ntext\n\n");
+    EXPECT_EQ(effectTexts(EffectKind::DebugOutput), Lines{L"[16:19:18] \ntext\n\n"});
     EXPECT_EQ(effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
+    EXPECT_EQ(host::effects().size(), 2u);
+    start(1, 0);
+    messageService(L"more\n");
+    EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] more"});
+    EXPECT_TRUE(effectTexts(EffectKind::StandardOutput).empty());
+    EXPECT_EQ(effectTexts(EffectKind::CommandLine), (Lines{L"text\n", L"more\n"}));
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 // The per-user switches, and what initialisation and shut-down make of them.
 #include "diagnostics.h"
+#include "host/control/fake_windows.h"
+#include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "library.h"
 #include "support_fixture.h"
 
 namespace {
-
-using Lines = std::vector<std::wstring>;
 
 std::string settings() {
     return std::to_string(G_diagnostics.diagnosticLevel) +
@@ -58,15 +58,33 @@ TEST_F(Support, SwitchesAreThoseOfTheProduct) {
     EXPECT_EQ(settings(), "0");
 }
 
-TEST_F(Support, InitialisationChecksItselfOnceChecksAreOn) {
+TEST_F(Support, RegistryFailuresMeanOff) {
+    for (const char* call : {"RegOpenKeyExW", "RegQueryValueExW", "GetFileVersionInfoW",
+                             "GetFileVersionInfoSizeW", "VerQueryValueW", "GetModuleFileNameW"}) {
+        G_diagnostics = {};
+        host::setFaultPlan({1, true, call});
+        start(1, 1);
+        EXPECT_EQ(settings(), "0") << call;
+        EXPECT_GT(host::faultsInjected(), 0) << call;
+    }
+    host::setFaultPlan({});
+    host::setVersionResource(std::nullopt);
+    start(1, 1);
+    EXPECT_EQ(settings(), "0");
+}
+
+TEST_F(Support, InitialisationAndShutDownCheckThemselvesOnceChecksAreOn) {
     start(0, 1);
     initialiseLibrary(L"", static_cast<HMODULE>(module()), false, true);
     EXPECT_EQ(reportedExpressions(),
               (Lines{L"!G_bLibraryInitialised", L"!CString(sApplicationName).IsEmpty()"}));
-}
-
-TEST_F(Support, ShutDownChecksAndForgetsTheIdentity) {
+    host::clearEffects();
+    host::setFaultPlan({1, true, "RegCloseKey"});
     start(0, 1);
+    const std::wstring close = L"::RegCloseKey(hkRegistryKey) == ERROR_SUCCESS";
+    EXPECT_EQ(reportedExpressions(), (Lines{L"!G_bLibraryInitialised", close, close}));
+    host::closeRegistryKeys();
+    host::clearEffects();
     shutDownLibrary();
     EXPECT_EQ(reportedExpressions(), Lines{});
     EXPECT_FALSE(G_bLibraryInitialised);

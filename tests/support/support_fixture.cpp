@@ -1,33 +1,50 @@
-// The fixture of the support room's tests, as far as it is the same everywhere.
+// The fixture of the support room's tests.
 #include "support_fixture.h"
+
+#include <stdlib.h>
+#include <time.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
 #include "diagnostics.h"
+#include "host/control/clock.h"
+#include "host/control/fake_windows.h"
 #include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "library.h"
 
+namespace {
+
+constexpr std::time_t kMoment = 1358259558;            // 2013-01-15 14:19:18 UTC
+constexpr std::time_t kWorkstationStart = 1358150400;  // 2013-01-14 08:00:00 UTC
+
+}  // namespace
+
 void Support::SetUp() {
     host::resetWindows();
     host::setFaultPlan({});
-    prepareSystem();
+    setenv("TZ", "TST-2", 1);
+    tzset();
+    host::clockFix(kMoment);
+    host::setModuleFileName(module(), L"C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx");
+    host::setWorkstationStart(kWorkstationStart);
     host::setEnvironment(L"TEMP", wide(temporaryFolder()));
     std::filesystem::remove_all(temporaryFolder());
     std::filesystem::create_directories(temporaryFolder());
     G_diagnostics = {};
-    clearEffects();
-    m_sleepsSeen = 0;
-    expectSlept(0);
+    host::clearEffects();
+    slept();
 }
 
 void Support::TearDown() {
     host::setFaultPlan({});
     G_diagnostics = {};
     shutDownLibrary();
-    restoreSystem();
+    EXPECT_EQ(host::openRegistryKeys(), 0);
+    host::closeRegistryKeys();
     host::resetWindows();
     std::filesystem::remove_all(temporaryFolder());
 }
@@ -38,42 +55,25 @@ void Support::start(unsigned debugStartup, unsigned assertStartup, bool finalise
     initialiseLibrary(L"Corvinstrand", static_cast<HMODULE>(module()), false, finaliseLog);
 }
 
-std::vector<host::Effect> Support::effects() {
-    collectEffects();
-    std::vector<host::Effect> steady = host::effects();
-    for (host::Effect& effect : steady)
-        effect.text = steadyTimes(effect.text);
-    return steady;
+void* Support::module() {
+    static int handle;
+    return &handle;
 }
 
-std::vector<std::wstring> Support::effectTexts(host::EffectKind kind) {
-    std::vector<std::wstring> texts;
-    for (const host::Effect& effect : effects()) {
-        if (effect.kind == kind) texts.push_back(effect.text);
-    }
-    return texts;
-}
-
-std::wstring Support::effectText(host::EffectKind kind) {
-    std::wstring whole;
-    for (const std::wstring& text : effectTexts(kind))
-        whole += text;
-    return whole;
-}
-
-void Support::clearEffects() {
-    collectEffects();
-    host::clearEffects();
+void Support::setRegistryText(const std::wstring& key, const wchar_t* name,
+                              const std::wstring& text) {
+    const auto* const first = reinterpret_cast<const std::uint8_t*>(text.c_str());
+    host::setRegistryValue(key, name, 1, {first, first + (text.size() + 1) * sizeof(wchar_t)});
 }
 
 std::wstring Support::onlyBox() {
-    const std::vector<std::wstring> boxes = effectTexts(host::EffectKind::AlertBox);
+    const Lines boxes = effectTexts(host::EffectKind::AlertBox);
     EXPECT_EQ(boxes.size(), 1u);
     return boxes.empty() ? std::wstring() : boxes[0].substr(0, boxes[0].find(L"\n\n"));
 }
 
-std::vector<std::wstring> Support::reportedExpressions() {
-    std::vector<std::wstring> expressions;
+Lines Support::reportedExpressions() {
+    Lines expressions;
     for (const std::wstring& box : effectTexts(host::EffectKind::AlertBox)) {
         const std::size_t start = box.find(L"Assertion : <") + 13;
         expressions.push_back(box.substr(start, box.find(L">\nFile") - start));
@@ -81,11 +81,20 @@ std::vector<std::wstring> Support::reportedExpressions() {
     return expressions;
 }
 
+std::filesystem::path Support::temporaryFolder() {
+    // Outside ASCII on purpose.
+    return std::filesystem::path(::testing::TempDir()) /
+           ("velmo-\xC3\xA4\xF0\x9D\x84\x9E-" + std::to_string(getpid()));
+}
+
 std::filesystem::path Support::logFolder() { return temporaryFolder() / "Velmo Diagnostics"; }
 
-std::filesystem::path Support::finalLog() { return logFolder() / "VelmoGroup.arx.log"; }
+std::filesystem::path Support::workingLog() {
+    return logFolder() /
+           ("VelmoGroup.arx.20130114080000_20130115141918_" + std::to_string(getpid()) + ".log");
+}
 
-bool Support::exists(const std::filesystem::path& path) { return std::filesystem::exists(path); }
+std::filesystem::path Support::finalLog() { return logFolder() / "VelmoGroup.arx.log"; }
 
 void Support::writeFile(const std::filesystem::path& path, const std::string& bytes) {
     std::filesystem::create_directories(path.parent_path());
@@ -97,14 +106,24 @@ std::string Support::readFile(const std::filesystem::path& path) {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-std::vector<std::wstring> Support::loggedLines() {
-    const std::wstring text = steadyTimes(decodeLog(readFile(workingLog())));
-    std::vector<std::wstring> lines = linesOf(text);
+std::wstring Support::wide(const std::filesystem::path& path) {
+    const std::u32string characters = path.u32string();
+    return std::wstring(characters.begin(), characters.end());
+}
+
+Lines Support::loggedLines() {
+    Lines lines = linesOf(decodeLog(readFile(workingLog())));
     for (auto line = lines.begin(); line != lines.end(); ++line) {
         if (*line == L":-------------------------") return {line + 1, lines.end()};
     }
     ADD_FAILURE() << "no ruler line ends the header";
     return lines;
+}
+
+std::uint64_t Support::slept() {
+    const std::uint64_t before = m_sleepsSeen;
+    m_sleepsSeen = host::clockSlept();
+    return m_sleepsSeen - before;
 }
 
 std::wstring decodeLog(const std::string& bytes) {
@@ -113,9 +132,7 @@ std::wstring decodeLog(const std::string& bytes) {
         const auto low = static_cast<unsigned char>(bytes[i]);
         const auto high = static_cast<unsigned char>(bytes[i + 1]);
         const auto unit = static_cast<wchar_t>(low | (high << 8));
-        const bool wideCharacters = sizeof(wchar_t) > 2;
-        const bool second = wideCharacters && unit >= 0xDC00 && unit <= 0xDFFF && !text.empty();
-        if (second) {
+        if (unit >= 0xDC00 && unit <= 0xDFFF && !text.empty()) {
             const long lead = text.back() - 0xD800L;
             text.back() = static_cast<wchar_t>(lead * 0x400 + (unit - 0xDC00) + 0x10000);
         } else {
@@ -133,8 +150,8 @@ std::wstring decodeLog(const std::string& bytes) {
     return plain;
 }
 
-std::vector<std::wstring> linesOf(const std::wstring& text) {
-    std::vector<std::wstring> lines;
+Lines linesOf(const std::wstring& text) {
+    Lines lines;
     std::wistringstream stream(text);
     for (std::wstring line; std::getline(stream, line);)
         lines.push_back(line);

@@ -1,4 +1,4 @@
-// The program at a terminal: prompt, line editing, Ctrl+C and Ctrl+D.
+// The program at a terminal (prompt, line editing, Ctrl+C and Ctrl+D) and at an output that fails.
 #include <poll.h>
 #include <pty.h>
 #include <unistd.h>
@@ -109,6 +109,18 @@ TEST_F(TerminalTest, EscTabAndTheHistory) {
     ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
     terminal.type(std::string(1, kControlD));
     EXPECT_EQ(terminal.status(), 0);
+}
+
+TEST_F(ProgramTest, OutputThatCannotBeWritten) {
+    const std::string help = "\"" DRAFTHOST_FILE "\" --help";
+    const std::string closed =
+        "{ sleep 0.3; " + help + " 2>errors; echo $? >status; } | true; sleep 1";
+    ASSERT_EQ(std::system(closed.c_str()), 0);
+    EXPECT_EQ(contentOf("status") + contentOf("errors"), "0\n");
+    const std::string full = help + " >/dev/full 2>errors; echo $? >status";
+    ASSERT_EQ(std::system(full.c_str()), 0);
+    EXPECT_EQ(contentOf("status") + contentOf("errors"),
+              "1\ndrafthost: standard output cannot be written: No space left on device\n");
 }
 
 }  // namespace

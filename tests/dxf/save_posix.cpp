@@ -1,4 +1,5 @@
-// A process that ends in the middle of a save: what it leaves, and the saves that follow.
+// Saves that end in the middle with their process, and targets that only POSIX has.
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,7 +10,9 @@
 namespace dxf_tests {
 namespace {
 
-class KilledSave : public DrawingFiles {
+using host::saveDrawing;
+
+class SavingOnPosix : public DrawingFiles {
   protected:
     /// Saves in a child that ends at the `killAt`-th changing call; true when it did.
     bool saveKilledAt(long killAt, host::Store& store) const {
@@ -29,7 +32,7 @@ class KilledSave : public DrawingFiles {
     }
 };
 
-TEST_F(KilledSave, LeavesTheOldDrawingOrTheNewOne) {
+TEST_F(SavingOnPosix, LeavesTheOldDrawingOrTheNewOne) {
     const std::string text = largeDrawing();
     const auto store = load(text);
     std::filesystem::remove(path("load.dxf"));
@@ -59,6 +62,27 @@ TEST_F(KilledSave, LeavesTheOldDrawingOrTheNewOne) {
     // create, permissions, four writes, flush, close, link, two renames, flush of the folder
     EXPECT_EQ(killAt - 2, 12);
     EXPECT_EQ(found, 2);  // at the flush of the folder, and with no call left
+}
+
+TEST_F(SavingOnPosix, PermissionsAndLinksStay) {
+    const auto store = load(dxf(kDrawing));
+    ::chmod(write("real.dxf", "old").c_str(), 0640);
+    std::filesystem::create_symlink("real.dxf", path("link.dxf"));
+    host::DxfError error;
+    ASSERT_TRUE(saveDrawing(*store, path("link.dxf"), error)) << error.message();
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
+    EXPECT_EQ(read("real.dxf"), dxf(kDrawing));
+    struct stat status;
+    ASSERT_EQ(::stat(path("real.dxf").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640u);
+}
+
+TEST_F(SavingOnPosix, DevicesAreNoTarget) {
+    const auto store = load(dxf(kDrawing));
+    host::DxfError error;
+    EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
+    EXPECT_EQ(error.text,
+              "cannot be written: Is not a regular file; nothing was changed, save elsewhere");
 }
 
 }  // namespace

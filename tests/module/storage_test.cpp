@@ -1,0 +1,210 @@
+// What groups are made of, each piece by itself: prefix, layer, record, marker.
+#include <fstream>
+
+#include "group_layer.h"
+#include "group_naming.h"
+#include "group_record.h"
+#include "storage_pieces.h"
+
+namespace {
+
+using tests::addRecord;
+using tests::groupOf;
+using tests::handleOf;
+using tests::Scene;
+
+TEST(Storage, ThePrefixIsThatOfTheDetailingBlocksThenOfTheLayer) {
+    const struct {
+        std::vector<const wchar_t*> blocks, layers;
+        const wchar_t* prefix;
+    } cases[] = {{{}, {}, L"VELMO"},
+                 {{L"KESTEDET"}, {}, L"KEST"},
+                 {{L"KESTMDET"}, {L"VELMO_GFRZ"}, L"KEST"},
+                 {{L"KESTMDET", L"VELMOEDET"}, {}, L"VELMO"},
+                 {{L"VELMOEDET"}, {L"KEST_GFRZ"}, L"VELMO"},
+                 {{L"VELMOMDET", L"KESTEDET"}, {L"KEST_GFRZ"}, L"VELMO"},
+                 {{L"OTHER"}, {L"KEST_GFRZ", L"VELMO_GFRZ"}, L"KEST"},
+                 {{L"KEST_GB"}, {L"VELMO_GFRZ"}, L"VELMO"}};
+    for (const auto& each : cases) {
+        Scene scene("");
+        for (const wchar_t* name : each.blocks)
+            addRecord<AcDbBlockTable, AcDbBlockTableRecord>(name);
+        for (const wchar_t* name : each.layers)
+            addRecord<AcDbLayerTable, AcDbLayerTableRecord>(name);
+        EXPECT_EQ(groupPrefix(), each.prefix) << &each - cases;
+    }
+}
+
+TEST(Storage, ALayerThatIsThereIsThawedOnlyWhenItBecomesCurrent) {
+    Scene scene("");
+    Opened<AcDbLinetypeTable> linetypes;
+    ASSERT_EQ(workingDatabase()->getSymbolTable(linetypes.receive(), AcDb::kForRead), Acad::eOk);
+    AcDbObjectId byBlock, continuous;
+    linetypes->getAt(L"BYBLOCK", byBlock);
+    linetypes->getAt(L"CONTINUOUS", continuous);
+    linetypes.close();
+    const auto made = [&](Adesk::UInt16 color, const AcDbObjectId& linetype, int makeCurrent) {
+        makeLayer(L"Markers", color, linetype, makeCurrent);
+        const std::string handle =
+            host::formatHandle(scene.store().symbol("LAYER", L"Markers")->handle);
+        std::string text;
+        for (const int code : {62, 70, 6})
+            text += groupOf(scene.store(), handle, code) + " ";
+        return text + std::string(scene.store().headerValue("$CLAYER").value_or(""));
+    };
+    EXPECT_EQ(made(3, continuous, 0), "3 0 Continuous 0");
+    Opened<AcDbLayerTable> layers;
+    Opened<AcDbLayerTableRecord> layer;
+    workingDatabase()->getSymbolTable(layers.receive(), AcDb::kForRead);
+    ASSERT_EQ(layers->getAt(L"Markers", layer.receive(), AcDb::kForWrite), Acad::eOk);
+    layer->setIsFrozen(true);
+    layer.close();
+    layers.close();
+    EXPECT_EQ(made(4, byBlock, 0), "4 1 ByBlock 0");
+    EXPECT_EQ(made(5, continuous, 1), "5 0 Continuous Markers");
+}
+
+/// The entity's extension dictionary, made if need be, with `entry` under `key`.
+void store(const AcDbObjectId& entityId, const wchar_t* key, AcDbObject* entry) {
+    Opened<AcDbObject> entity;
+    ASSERT_EQ(acdbOpenObject(entity.receive(), entityId, AcDb::kForWrite), Acad::eOk);
+    entity->createExtensionDictionary();
+    Opened<AcDbDictionary> dictionary;
+    acdbOpenObject(dictionary.receive(), entity->extensionDictionary(), AcDb::kForWrite);
+    AcDbObjectId id;
+    ASSERT_EQ(dictionary->setAt(key, entry, id), Acad::eOk);
+}
+
+TEST(Storage, ARecordIsAnXrecordWithTheTextFirst) {
+    const wchar_t* const key = L"VELMO_GROUP";
+    const wchar_t* const text = L"VELMO Group entity";
+    const struct {
+        const wchar_t *key, *first, *second;
+        bool grouped;
+    } cases[] = {{key, text, L"other", true},
+                 {key, L"other", text, false},
+                 {key, L"VELMO group entity", text, false},
+                 {key, L"", text, false},
+                 {L"VELMO_GROUPS", text, text, false},
+                 {L"KEST_GROUP", L"KEST Group entity", text, false}};
+    for (const auto& each : cases) {
+        Scene scene("line");
+        const AcDbObjectId line = scene.entities()[0];
+        NewObject<AcDbXrecord> record(new AcDbXrecord);
+        store(line, each.key, record.get());
+        const ResultBuffers chain(acutBuildList(40, 1.0, 1, each.first, 1, each.second, 0));
+        record->setFromRbChain(*chain.get());
+        record.release();
+        EXPECT_EQ(isGroupedEntity(line), each.grouped) << &each - cases;
+    }
+}
+
+TEST(Storage, ARecordOfAnotherClassIsNone) {
+    Scene scene("(line)");
+    const std::string file = tests::scratchFolder() + "/drawing.dxf";
+    ASSERT_TRUE(scene.session().saveDrawing(file));
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    std::string changed = text.str();
+    changed.replace(changed.find("\nXRECORD\n"), 9, "\nWRECORD\n");
+    std::ofstream(file + "_") << changed;
+    ASSERT_TRUE(scene.session().openDrawing(file + "_"));
+    EXPECT_FALSE(isGroupedEntity(scene.entities()[1]));
+}
+
+TEST(Storage, WhatCannotBeTakenAwayIsSaid) {
+    Scene scene("line line");
+    const AcDbObjectId bare = scene.entities()[0], other = scene.entities()[1];
+    NewObject<AcDbXrecord> record(new AcDbXrecord);
+    store(other, L"OTHER", record.get());
+    record.release();
+    EXPECT_FALSE(createXrecord(other));
+    host::clearEffects();
+    EXPECT_TRUE(deleteXrecord(bare));
+    EXPECT_TRUE(deleteXrecord(other));
+    EXPECT_FALSE(deleteXrecord({}));
+    EXPECT_FALSE(createXrecord({}));
+    EXPECT_EQ(Scene::printed(),
+              "\nIn fucntion deleteXrecord Open Dictionary failed."
+              "\nRemoving entry from the dictionary... failed."
+              "\nThe dictionary is not empty... failed."
+              "\nIn fucntion deleteXrecord Open Object failed."
+              "\nIn fucntion createXrecord acdbOpenObject failed.");
+    EXPECT_TRUE(createXrecord(bare));
+    EXPECT_TRUE(isGroupedEntity(bare));
+    host::clearEffects();
+    EXPECT_TRUE(deleteXrecord(bare));
+    EXPECT_EQ(scene.state(), "line line |  | ");
+}
+
+TEST(Storage, OnlyAMarkersTagLendsItsText) {
+    Scene scene("(line) line");
+    tests::insertBlock(scene, L"VELMO_G", L"2A");
+    std::wstring texts;
+    for (const AcDbObjectId& id : scene.entities())
+        texts += readMarkerText(id, MarkerText::kTag) + L"=" +
+                 (readMarkerText(id, MarkerText::kText).empty() ? L" " : L"handle ");
+    EXPECT_EQ(texts, L"VELMO_GB=handle = VELMO_GE=handle = VELMO_G= ");
+}
+
+TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
+    Scene scene("");
+    host::switches().newTextHeight = 2.5;  // the second definition stands so far below
+    host::switches().newTextPosition = 7.0;
+    scene.draw("(line)");
+    const host::Store& store = scene.store();
+    const auto contents = [&store](host::Index parent) {
+        std::string text;
+        for (host::Index at = store.firstLive(parent); at != host::kNoIndex;
+             at = store.nextLive(store.at(at)))
+            text += tests::contentOf(store.at(at)) + "\n";
+        return text;
+    };
+    const auto block = [&](const wchar_t* name) {
+        return contents(store.symbol("BLOCK_RECORD", name)->self);
+    };
+    const auto definition = [](const std::string& y, const std::string& name) {
+        return "0=ATTDEF|100=AcDbEntity|8=VELMO_GFRZ|100=AcDbText|10=0.0|20=" + y +
+               "|30=0.0|40=1.0|1=" + name + "|100=AcDbAttributeDefinition|280=0|3=" + name +
+               "|2=" + name + "|70=1|73=25|\n";
+    };
+    EXPECT_EQ(block(L"VELMO_GB"), definition("0.0", "VELMO_GB") + definition("-2.5", "VELMO_GB"));
+    EXPECT_EQ(block(L"VELMO_GE"), definition("0.0", "VELMO_GE"));
+    const host::Index begin = store.firstLive(store.modelSpace());
+    EXPECT_EQ(tests::contentOf(store.at(begin)),
+              "0=INSERT|100=AcDbEntity|8=VELMO_GFRZ|100=AcDbBlockReference|2=VELMO_GB|10=1.0|"
+              "20=0.0|30=0.0|66=1|");
+    const auto attribute = [](const std::string& text) {
+        return "0=ATTRIB|100=AcDbEntity|8=VELMO_GFRZ|100=AcDbText|10=1.0|20=0.0|30=0.0|40=1.0|1=" +
+               text + "|100=AcDbAttribute|280=0|2=VELMO_GB|70=1|73=25|\n";
+    };
+    EXPECT_EQ(contents(begin), attribute(handleOf(store, "INSERT", 1)) + attribute("1"));
+}
+
+/// "X ATTRIBUTE'S-X TEXT" of the n-th block reference.
+std::string markerAt(const Scene& scene, int n) {
+    const host::Store& store = scene.store();
+    const std::string handle = handleOf(store, "INSERT", n);
+    const host::ObjectBody& attribute =
+        store.at(store.firstLive(store.byHandle(*host::parseHandle(handle))->self));
+    const std::string part = host::formatHandle(attribute.handle);
+    return groupOf(store, handle, 10) + " " + groupOf(store, part, 10) + " " +
+           groupOf(store, part, 1);
+}
+
+TEST(Storage, AMarkerIsMovedWhenItStandsFartherThanAHundredth) {
+    Scene scene("(line)");
+    const AcDbObjectId begin = scene.entities()[0];
+    updateMarker(begin, {1.009, 0.0, 0.0}, L"one", L"2");
+    EXPECT_EQ(markerAt(scene, 0), "1.0 1.0 one");
+    updateMarker(begin, {1.011, 0.0, 0.0}, L"two", L"2");
+    EXPECT_EQ(markerAt(scene, 0), "1.011 1.011 two");
+    Opened<AcDbAttribute> attribute;
+    openAttribute(scene, 0, 0, attribute);
+    attribute->setPosition({5.0, 0.0, 0.0});
+    attribute.close();
+    updateMarker(begin, {1.011, 0.0, 0.0}, L"three", L"2");
+    EXPECT_EQ(markerAt(scene, 0), "1.011 1.011 three");
+}
+
+}  // namespace
