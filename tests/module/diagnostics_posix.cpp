@@ -109,9 +109,12 @@ TEST(Diagnostics, EveryTextAndReportIsAsTheListHasIt) {
 std::vector<std::wstring> outside() {
     {
         Scene scene("(line line) circle");
-        scene.run(
-            L"PICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER 1,0\n\nVelmoGROUPDELETE 2,0\n\n"
-            L"VelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n(VelmoGroupVersion)\n");
+        host::clearEffects();
+        EXPECT_EQ(scene.session().runScript(
+                      L"VelmoGROUPMAKE ALL\n\nPICK 1,0\nPICK NONE\nVelmoGROUPREMOVEMEMBER 1,0\n\n"
+                      L"VelmoGROUPDELETE 2,0\n\nVelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n"
+                      L"(VelmoGroupVersion)\n"),
+                  host::CommandStatus::Done);
         scene.session().unloadModule("VelmoGroup.arx");
     }
     std::vector<std::wstring> texts;
