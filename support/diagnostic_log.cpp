@@ -103,10 +103,8 @@ std::wstring diagnosticsFolder() {
 }
 
 bool createDiagnosticsFolder() {
-    std::wstring folder = diagnosticsFolder();
-    if (folder.empty()) return false;
-    folder.pop_back();
-    return createFolders(folder);
+    const std::wstring folder = diagnosticsFolder();
+    return !folder.empty() && createFolders(folder);
 }
 
 std::wstring workingLogName() {
