@@ -102,15 +102,6 @@ TEST(Copies, ThePickBehindCopyclipIsWidenedOnlyWhenTheHostNotifiesOnce) {
     }
 }
 
-TEST(Copies, EscKeepsTheCopiesMadeForTheNextRepair) {
-    Scene scene("(line line)");
-    scene.click({2});
-    scene.after(L"COPY 0,0 50,0 ");  // the script ends inside the command: cancelled
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end begin(2)? line* line* end?");
-    scene.after(L"REGEN\n");
-    EXPECT_EQ(scene.order(), kTwoGroups);
-}
-
 /// The paste finds no last entity, and by switch an id that was noted before.
 TEST(Copies, APasteIntoAnEmptiedDrawingIsAGroup) {
     for (const bool isNull : {true, false}) {

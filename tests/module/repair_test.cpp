@@ -26,13 +26,6 @@ TEST(Repair, LostMembersLowerTheCountAndAnEmptiedGroupGoes) {
     EXPECT_EQ(afterRegen(scene), " |  | \n1 Groups Deleted. ");
 }
 
-TEST(Repair, AnEmptyGroupThatCountsNoneIsPurged) {
-    Scene scene("(line)");
-    scene.after(L"VelmoGROUPMAKE #1\n\n");
-    ASSERT_EQ(scene.order(), "line* end? begin(0) end");
-    EXPECT_EQ(afterRegen(scene), "line* end? |  | \n1 Groups Updated. ");
-}
-
 TEST(Repair, MarkersWithoutAPartnerArePurgedOnceTheDrawingForgotIt) {
     Scene scene("(line) circle");
     scene.after(L"ERASE #1\n\n");  // the begin marker; its handle is still known
