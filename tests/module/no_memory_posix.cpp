@@ -107,7 +107,12 @@ constexpr const wchar_t* kLife =
 
 TEST(NoMemory, ACommandIsLeftWithNothingOpenAndNothingLost) {
     failEveryAllocation(
-        50, "line circle line", [](auto& scene) { scene.after(kLife); },
+        50, "",
+        [](auto& scene) {
+            scene.session().newDrawing();  // its record is made at the first use that succeeds
+            scene.draw("line circle line");
+            scene.after(kLife);
+        },
         [](auto& scene) { EXPECT_GE(scene.entities().size(), 3u); });
 }
 
