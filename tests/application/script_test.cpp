@@ -100,15 +100,6 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
     EXPECT_EQ(session->exitStatus(), 3);
 }
 
-TEST_F(ScriptTest, TheFirstFailureIsTheResultAndMayStopTheScript) {
-    EXPECT_EQ(session->runScript(L"REGEN\nNONSENSE\nPOINT 1,1\nCIRCLE 0,0 -1\n"),
-              CommandStatus::Unknown);
-    EXPECT_EQ(drawing(), "POINT");
-    EXPECT_EQ(session->runScript(L"NONSENSE\nPOINT 2,2\n", true), CommandStatus::Unknown);
-    EXPECT_EQ(drawing(), "POINT");
-    EXPECT_EQ(session->runScript(L"LINE 0,0 1,1"), CommandStatus::Cancelled);
-}
-
 TEST_F(ScriptTest, GesturesAreNoCommands) {
     session->runScript(L"POINT 1,1\nLINE 0,0 5,0\n\n");
     clearEffects();

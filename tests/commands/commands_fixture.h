@@ -34,6 +34,9 @@ class CommandsTest : public testing::Test {
     static std::string groups(const host::ObjectBody& body, std::initializer_list<int> codes);
     /// Adds an entity from "code value|code value" to model space.
     host::ObjectBody& add(const std::string& type, const std::string& groups);
+    /// Adds an object that is no entity, with the text of its groups.
+    host::ObjectBody& addObject(host::Kind kind, const std::string& text, host::Index owner) const;
+    host::ObjectBody& addExtensionDictionary(host::ObjectBody& entity, bool hard) const;
 
     host::Session session;
 };

@@ -1,7 +1,8 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
+#include "common/groups.h"
 #include "host/control/switches.h"
-#include "host/objectarx/entities.h"
+#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace tests {
@@ -16,22 +17,11 @@ class EditingTest : public CommandsTest {
         switches().newestFirst = false;
         run(L"LINE 0,0 10,0\n\nCIRCLE 5,5 1\n");
     }
-    /// Gives an entity an extension dictionary with one record that holds its handle.
-    static void addRecord(ObjectBody& body, bool hard) {
-        AcDbObject* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, body.store->idOf(body), AcDb::kForWrite), Acad::eOk);
-        entity->createExtensionDictionary();
-        AcDbObject* dictionary = nullptr;
-        acdbOpenObject(dictionary, entity->extensionDictionary(), AcDb::kForWrite);
-        std::string text(dictionary->body().tags());
-        replaceValue(text, *findTag(text, 280), hard ? "1" : "0");
-        dictionary->body().setTags(text);
-        auto* record = new AcDbXrecord;
-        AcDbObjectId id;
-        static_cast<AcDbDictionary*>(dictionary)->setAt(L"KEY", record, id);
-        record->close();
-        dictionary->close();
-        entity->close();
+    /// Gives an entity an extension dictionary with one record.
+    void addRecord(ObjectBody& entity, bool hard) {
+        ObjectBody& dictionary = addExtensionDictionary(entity, hard);
+        const std::string text = storedGroups("0 XRECORD|100 AcDbXrecord|280 1");
+        addEntry(dictionary, L"KEY", addObject(Kind::Xrecord, text, dictionary.self).handle);
     }
     /// Number of live records of applications.
     int records() const {

@@ -8,7 +8,6 @@
 #include "common/library.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/control/switches.h"
-#include "host/store/body_text.h"
 #include "host/store/dictionary_text.h"
 #include "host/tags/tag_codes.h"
 #include "host/tags/tags.h"
@@ -179,30 +178,17 @@ class TransformTest : public CommandsTest {
         return text;
     }
 
-    ObjectBody& addObject(Kind kind, const std::string& text, Index owner) {
-        ObjectBody fresh;
-        fresh.kind = kind;
-        placeText(fresh, text);
-        ObjectBody& made = store().duplicate(fresh, owner);
-        store().appendChild(store().objectsList(), made);
-        return made;
-    }
-
     /// Gives an entity data for an annotation scale.
     ObjectBody& addScale(ObjectBody& entity, const char* type, const char* point) {
-        std::string tags(entity.tags()), text;
-        ObjectBody* holder = &addObject(Kind::Dictionary, newDictionaryText(true), entity.self);
-        setExtensionDictionary(tags, holder->handle);
-        entity.setTags(tags);
+        ObjectBody* holder = &addExtensionDictionary(entity, true);
         for (const wchar_t* key : {L"AcDbContextDataManager", L"ACDB_ANNOTATIONSCALES"}) {
             ObjectBody& next = addObject(Kind::Dictionary, newDictionaryText(true), holder->self);
             addEntry(*holder, key, next.handle);
             holder = &next;
         }
-        addTag(text, 0, type);
-        addTag(text, 100, "AcDbObjectContextData");
-        addTag(text, 11, point);
-        ObjectBody& data = addObject(Kind::Object, text, holder->self);
+        const std::string groups = "|100 AcDbObjectContextData|11 ";
+        ObjectBody& data = addObject(
+            Kind::Object, storedGroups("0 " + (type + groups) + point), holder->self);
         addEntry(*holder, L"*A1", data.handle);
         return data;
     }

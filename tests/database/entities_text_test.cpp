@@ -100,7 +100,9 @@ TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
     EXPECT_EQ(entity->setLinetype(L"nowhere"), Acad::eKeyNotFound);
     EXPECT_EQ(entity->setColorIndex(257), Acad::eInvalidInput);
     EXPECT_EQ(entity->setLinetype(L"CONTINUOUS"), Acad::eOk);
-    EXPECT_EQ(owned(entity->linetype()), L"Continuous");
+    ACHAR* linetype = entity->linetype();
+    EXPECT_STREQ(linetype, L"Continuous");
+    acutDelString(linetype);
     EXPECT_EQ(entity->setColorIndex(3), Acad::eOk);
     EXPECT_EQ(host::getField(vertex, host::field::color), 3);
     entity->setColorIndex(1, false);
