@@ -1,6 +1,6 @@
 // Scripts that once brought the host down, and drawings nested without measure.
-#include "script_trial.h"
 #include "common/groups.h"
+#include "script_trial.h"
 #include "session_fixture.h"
 
 namespace {

@@ -27,26 +27,16 @@ std::wstring randomEdit(std::mt19937& random, bool large) {
     const std::wstring number = std::to_wstring(random() % 50);
     const wchar_t* selections[] = {L"L\n\n", L"C 0,0 4,4\n\n", L"W -9,-9 9,9\n\n"};
     const std::wstring selection = selections[random() % 3];
-    switch (random() % 9) {
-        case 0:
-            return L"MOVE " + selection + L"0,0 " + number + L",1\n";
-        case 1:
-            return L"COPY " + selection + L"0,0 " + number + L",1 3,3\n\n";
-        case 2:
-            return L"MIRROR " + selection + L"0,0 " + number + L",1 Y\n";
-        case 3:
-            return L"MIRROR " + selection + L"0,0 1," + number + L" N\n";
-        case 4:
-            return L"CUTCLIP " + selection;
-        case 5:
-            return L"COPYCLIP " + selection + L"PASTECLIP " + number + L",0\n";
-        case 6:
-            return L"ERASE L\n\n";
-        case 7:
-            return L"SETVAR TEXTSIZE " + number + L".5\n";
-        default:
-            return L"LINE 0,0 " + number + L",7 8,8\n\n";
-    }
+    const std::wstring edits[] = {L"MOVE " + selection + L"0,0 " + number + L",1\n",
+                                  L"COPY " + selection + L"0,0 " + number + L",1 3,3\n\n",
+                                  L"MIRROR " + selection + L"0,0 " + number + L",1 Y\n",
+                                  L"MIRROR " + selection + L"0,0 1," + number + L" N\n",
+                                  L"CUTCLIP " + selection,
+                                  L"COPYCLIP " + selection + L"PASTECLIP " + number + L",0\n",
+                                  L"ERASE L\n\n",
+                                  L"SETVAR TEXTSIZE " + number + L".5\n",
+                                  L"LINE 0,0 " + number + L",7 8,8\n\n"};
+    return edits[random() % std::size(edits)];
 }
 
 TEST_F(UndoTest, RandomEditingGoesBackAndForth) {

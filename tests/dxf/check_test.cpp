@@ -98,12 +98,5 @@ TEST_F(Check, DamageIsFound) {
     }
 }
 
-TEST_F(Check, WhatIsErasedIsCheckedAsItWouldBeSaved) {
-    const auto store = load(dxf(kDrawing));
-    store->setErased(*store->byHandle(0x50), true);
-    store->setErased(*store->byHandle(0x51), true);
-    EXPECT_TRUE(host::checkDrawing(*store).empty());
-}
-
 }  // namespace
 }  // namespace dxf_tests
