@@ -55,19 +55,9 @@ TEST_F(DocumentsTest, SwitchingIsAGestureThatLeavesWhatIsPicked) {
     EXPECT_EQ(session->runScript(L"SWITCH 3\n"), CommandStatus::Failed);
 }
 
-TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
-    EXPECT_EQ(acDocManager->curDocument(), nullptr);
+TEST_F(DocumentsTest, WithTheLastDrawingNothingIsCurrent) {
     session->newDrawing();
     session->newDrawing();
-    for (const std::size_t index : {0, 1, 0}) {
-        session->activate(index);
-        AcApDocument* document = session->document(index);
-        EXPECT_EQ(acDocManager->curDocument(), document);
-        EXPECT_EQ(acDocManager->mdiActiveDocument(), document);
-        EXPECT_EQ(currentDocumentState()->database, document->database());
-        EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), document->database());
-    }
-    session->activate(1);
     const AcApDocument* closed = session->document(1);
     session->closeDrawing();
     session->newDrawing();
@@ -76,6 +66,7 @@ TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
     session->closeDrawing();
     session->closeDrawing();
     EXPECT_EQ(acDocManager->curDocument(), nullptr);
+    EXPECT_EQ(acDocManager->mdiActiveDocument(), nullptr);
     EXPECT_EQ(currentDocumentState(), nullptr);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
 }

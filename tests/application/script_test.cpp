@@ -88,6 +88,8 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
         {L"PICK \n",
          "plan.scr:1: PICK failed: a selection is missing: a point, W or C and two "
          "points, ALL, L, P, (handent \"2A\") or NONE\n"},
+        {L"PICK W 1,1\n",
+         "plan.scr:1: PICK failed: a window takes two corners, for example W 0,0 10,10\n"},
         {L"LINE 0,0 1,1", "plan.scr:1: LINE was cancelled: the input ended inside the command\n"},
         {L"LINE\n0,0\nx\n",
          "plan.scr:3: LINE was cancelled: \"x\" is no point; give x,y or x,y,z or @dx,dy\n"},

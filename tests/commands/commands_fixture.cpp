@@ -6,8 +6,6 @@
 #include "host/dxf/check/drawing_check.h"
 #include "host/store/body_text.h"
 #include "host/store/dictionary_text.h"
-#include "host/tags/tags.h"
-#include "host/text/text_codec.h"
 
 namespace tests {
 
@@ -41,14 +39,8 @@ std::string damage(const Store& store) {
 }
 
 CommandsTest::~CommandsTest() {
-    for (std::size_t i = 0; i < session.documentCount(); ++i)
-        EXPECT_EQ(damage(session.document(i)->database()->store()), "");
-}
-
-std::string CommandsTest::shown() {
-    const std::string text = toUtf8(effectText(EffectKind::CommandLine));
-    clearEffects();
-    return text;
+    for (std::size_t i = 0; i < session->documentCount(); ++i)
+        EXPECT_EQ(damage(session->document(i)->database()->store()), "");
 }
 
 std::string CommandsTest::entities() const {

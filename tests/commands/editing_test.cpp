@@ -3,7 +3,6 @@
 #include "common/groups.h"
 #include "host/control/switches.h"
 #include "host/store/dictionary_text.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -13,7 +12,7 @@ using namespace host;
 class EditingTest : public CommandsTest {
   protected:
     EditingTest() {
-        session.newDrawing();
+        session->newDrawing();
         switches().newestFirst = false;
         run(L"LINE 0,0 10,0\n\nCIRCLE 5,5 1\n");
     }
@@ -104,7 +103,7 @@ TEST_F(EditingTest, ClipboardGoesBetweenDrawingsWithWhatBelongsToIt) {
 
 /// Every kind of entity goes through the clipboard into an empty drawing with what it names.
 TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
-    session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+    session->openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
     const std::string all = entities();
     run(L"COPYCLIP ALL\n\nSWITCH 1\n");
     const Index circle = entity("CIRCLE").self;

@@ -111,6 +111,15 @@ constexpr Mapped kMapped[] = {
      "21 4.0|210 -/-/0.0|220 -/-/0.0|230 -/-/-1.0"},
     {"VIEWPORT",
      "100 AcDbViewport|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|12 3.0|22 4.0|17 5.0|27 6.0"},
+    // One path of lines with a bulge, one with an arc, and the lines of a pattern.
+    {"HATCH",
+     "100 AcDbHatch|10 0.0|20 0.0|30 1.0/31.0/1.0|2 ANSI31|70 0|71 0|91 2|92 2|72 1|73 1|93 2|"
+     "10 1.0/11.0/-1.0|20 2.0/22.0/2.0|42 0.5/0.5/-0.5|10 3.0/13.0/-3.0|20 2.0/22.0/2.0|42 0.0|"
+     "97 0|92 1|93 2|72 2|10 1.0/11.0/-1.0|20 0.0/20.0/0.0|40 2.0|50 0.0/0.0/180.0|51 "
+     "90.0/90.0/270.0|73 1/1/0|"
+     "72 1|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|11 3.0/13.0/-3.0|21 0.0/20.0/0.0|97 0|75 0|76 1|"
+     "52 0.0/0.0/180.0|41 1.0|77 0|78 1|53 45.0/45.0/135.0|43 1.0/11.0/-1.0|44 0.0/20.0/0.0|"
+     "45 -2.0/-2.0/2.0|46 2.0|79 0|98 1|10 1.0/11.0/-1.0|20 1.0/21.0/1.0"},
     {"LIGHT",
      "100 AcDbLight|10 1.0/11.0/-1.0|20 2.0/22.0/2.0|30 -/30.0/-|11 3.0/13.0/-3.0|"
      "21 4.0/24.0/4.0|31 -/30.0/-"},
@@ -127,11 +136,11 @@ std::string variant(const char* groups, int which) {
 class TransformTest : public CommandsTest {
   protected:
     std::string after(const wchar_t* script, const char* type, const std::string& groups) {
-        session.newDrawing();
+        session->newDrawing();
         const ObjectBody& body = add(type, groups);
         run(script);
         const std::string text = written(body);
-        session.closeDrawing();
+        session->closeDrawing();
         return text;
     }
 
@@ -151,11 +160,11 @@ class TransformTest : public CommandsTest {
     }
 
     void mirrorTwice(const std::string& file) {
-        const Outcome opened = session.openDrawing(file);
+        const Outcome opened = session->openDrawing(file);
         if (opened.error.find("older than 2000") != std::string::npos) return;
         ASSERT_TRUE(opened) << opened.error;
         if (!entities().empty()) mirrorTwiceHere(file);
-        session.closeDrawing();
+        session->closeDrawing();
     }
 
     void mirrorTwiceHere(const std::string& file) {
@@ -177,7 +186,7 @@ TEST_F(TransformTest, MirroredTwiceEveryEntityIsAsBefore) {
     for (std::size_t i = 0; i < drawings.size(); i += 8)
         mirrorTwice(drawings[i]);
 
-    session.newDrawing();
+    session->newDrawing();
     for (const Mapped& each : kMapped)
         if (std::string_view(each.type) != "VIEWPORT") add(each.type, variant(each.groups, 1));
     mirrorTwiceHere("what stands in several places");
@@ -193,7 +202,7 @@ TEST_F(TransformTest, WhatStandsInSeveralPlacesFollowsInEach) {
 
 /// What cannot be done to one entity is done to none, and the reason is told.
 TEST_F(TransformTest, RefusalsChangeNothing) {
-    session.newDrawing();
+    session->newDrawing();
     run(L"LINE 0,0 1,1\n\nCOPYCLIP L\n\n");
     const std::string handle = formatHandle(add("3DSOLID", "100 AcDbModelerGeometry").handle);
     add("VIEWPORT", "100 AcDbViewport|10 1.0|20 1.0|30 0.0");
@@ -241,7 +250,7 @@ TEST_F(TransformTest, DataOfAnUnknownShapeAreRefused) {
 }
 
 TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
-    session.newDrawing();
+    session->newDrawing();
     ObjectBody& text = add("MTEXT", "100 AcDbMText|10 1.0|20 2.0|30 0.0|11 1.0|21 0.0|31 0.0");
     const ObjectBody& data = addScale(text, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", "1.0");
     run(L"COPY ALL\n\n0,0 10,20\n\n");
@@ -256,7 +265,7 @@ TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
 
 /// Each table shows its own block, also when it is a copy.
 TEST_F(TransformTest, ATablesBlockGoesAlong) {
-    session.newDrawing();
+    session->newDrawing();
     const ObjectBody& block = makeAnonymousBlock(store(), L'T', store().at(store().modelSpace()));
     const ObjectBody& table =
         add("ACAD_TABLE", "100 AcDbBlockReference|2 " + store().encode(symbolName(block)) +
@@ -272,14 +281,14 @@ TEST_F(TransformTest, ATablesBlockGoesAlong) {
     EXPECT_EQ(groups(table, {2, 343}), before);
     EXPECT_NE(groups(entity("ACAD_TABLE", 1), {2}), groups(table, {2}));
     EXPECT_TRUE(showsItsOwn(1));
-    session.newDrawing();
+    session->newDrawing();
     run(L"PASTECLIP 9,9\n");
     EXPECT_TRUE(showsItsOwn(0));
 }
 
 /// Each dimension shows its own block, also when it is a copy.
 TEST_F(TransformTest, ADimensionsPictureGoesAlong) {
-    session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+    session->openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
     const ObjectBody& first = entity("DIMENSION");
     const std::wstring pick =
         L"(handent \"" + std::wstring(store().decode(formatHandle(first.handle))) + L"\")";

@@ -3,9 +3,7 @@
 #include <random>
 
 #include "commands/commands_fixture.h"
-#include "common/scratch.h"
 #include "host/objectarx/editor.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -15,7 +13,7 @@ using namespace host;
 class UndoTest : public CommandsTest {
   protected:
     UndoTest() {
-        session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+        session->openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
         clearEffects();
     }
 };
@@ -80,7 +78,7 @@ TEST_F(UndoTest, AnUndoneObjectIsNowhereAndItsHandleNotGivenAgain) {
     run(L"U\n");
     EXPECT_TRUE(id.isErased());
     AcDbObjectId found;
-    EXPECT_EQ(session.database()->getAcDbObjectId(found, false, AcDbHandle(handle)),
+    EXPECT_EQ(session->database()->getAcDbObjectId(found, false, AcDbHandle(handle)),
               Acad::eUnknownHandle);
     run(L"CIRCLE 0,0 1\n");
     EXPECT_GT(store().at(store().lastLive(store().modelSpace())).handle, handle);
@@ -114,12 +112,10 @@ TEST_F(UndoTest, ReactorsBelongToTheCommandAndDrawingsAreApart) {
 }
 
 TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
-    const ScratchFolder folder;
-    const std::string file = (folder.path() / "a.dxf").string();
-    run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS \"" + store().decode(file) + L"\"\nU\n");
+    const std::wstring name = L" \"" + fromUtf8(file("a.dxf")) + L"\"\n";
+    run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS" + name + L"U\n");
     const std::string kept = entities();
-    EXPECT_EQ(run(L"CLOSE\nOPEN \"" + std::wstring(file.begin(), file.end()) + L"\"\n"),
-              CommandStatus::Done);
+    EXPECT_EQ(run(L"CLOSE\nOPEN" + name), CommandStatus::Done);
     EXPECT_EQ(entities(), kept);
 }
 

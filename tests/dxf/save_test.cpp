@@ -1,4 +1,6 @@
 // Saving: the old drawing or the new one at any moment, backups, references to erased objects.
+#include <algorithm>
+
 #include "drawing_text.h"
 #include "host/objects/erasing.h"
 
@@ -15,9 +17,7 @@ class Saving : public DrawingFiles {
         const std::size_t begin = text.find("\n  5\n" + handle + "\n");
         if (begin == std::string::npos) return "none";
         std::string groups = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
-        for (std::size_t i = 0; i < groups.size(); ++i) {
-            if (groups[i] == '\n') groups[i] = ' ';
-        }
+        std::replace(groups.begin(), groups.end(), '\n', ' ');
         return groups;
     }
     void erase(host::Store& store, std::uint64_t handle) const {

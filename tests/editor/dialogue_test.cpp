@@ -171,21 +171,5 @@ TEST_F(Dialogue, GetPointAndItsOptions) {
     EXPECT_EQ(acedInitGet(0, L"Yes No"), RTERROR);
 }
 
-TEST_F(Dialogue, SelectionsInOneGo) {
-    std::wstring why;
-    const auto parse = [&](std::vector<std::wstring> words) {
-        return host::parseSelection(words, selection, why) ? letters(selection) : "wrong";
-    };
-    EXPECT_EQ(parse({L"0,3"}), "a");
-    EXPECT_EQ(parse({L"300,3"}), "");
-    EXPECT_EQ(parse({L"w", L"5,-1", L"@50,50"}), "cb");
-    EXPECT_EQ(parse({L"(handent", L"\"" + handent(entities[1]).substr(10)}), "b");
-    EXPECT_EQ(parse({L"ALL"}), "cba");
-    EXPECT_EQ(parse({L"W", L"1,1"}), "wrong");
-    EXPECT_EQ(why, L"a window takes two corners, for example W 0,0 10,10");
-    EXPECT_EQ(parse({L"LINE"}), "wrong");
-    EXPECT_EQ(parse({}), "wrong");
-}
-
 }  // namespace
 }  // namespace tests
