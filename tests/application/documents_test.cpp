@@ -55,9 +55,16 @@ TEST_F(DocumentsTest, SwitchingIsAGestureThatLeavesWhatIsPicked) {
     EXPECT_EQ(session->runScript(L"SWITCH 3\n"), CommandStatus::Failed);
 }
 
-TEST_F(DocumentsTest, WithTheLastDrawingNothingIsCurrent) {
+TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
     session->newDrawing();
     session->newDrawing();
+    for (const std::size_t index : {0, 1}) {
+        session->activate(index);
+        const AcDbDatabase* database = session->document(index)->database();
+        EXPECT_EQ(acDocManager->curDocument(), session->document(index));
+        EXPECT_EQ(currentDocumentState()->database, database);
+        EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), database);
+    }
     const AcApDocument* closed = session->document(1);
     session->closeDrawing();
     session->newDrawing();
@@ -82,6 +89,12 @@ TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {
     session->newDrawing();
     EXPECT_EQ(session->saveDrawing(file("a.dxf")).error,
               file("a.dxf") + ": open as another drawing; choose another name or close that one");
+}
+
+TEST_F(DocumentsTest, AnAttachedReactorThatIsDeletedIsAFault) {
+    acDocManager->addReactor(std::make_unique<AcApDocManagerReactor>().get());
+    session->newDrawing();
+    EXPECT_EQ(faults(), "a document reactor was deleted while it was attached\n");
 }
 
 }  // namespace

@@ -35,6 +35,14 @@ TEST(Tags, WhatIsNoNumberIsRefused) {
     }
 }
 
+TEST(Tags, SearchesLeaveApplicationBracketsOut) {
+    std::string text = tests::storedGroups("0 LINE|102 {MINE|330 A|102 }|330 B|100 AcDbLine|330 C");
+    EXPECT_EQ(findTag(text, 330, 1)->value, "C");
+    EXPECT_FALSE(findTag(text, 330, 2));
+    replaceValue(text, *findTag(text, 330), "LONGER");
+    EXPECT_EQ(tests::render(text), "0 LINE|102 {MINE|330 A|102 }|330 LONGER|100 AcDbLine|330 C");
+}
+
 /// Each tag as its code, its zone (Head, Common, Part, Data, Embedded, X) and its role.
 std::string walked(const std::string& literal) {
     const std::string text = tests::storedGroups(literal);

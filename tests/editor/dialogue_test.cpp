@@ -171,5 +171,16 @@ TEST_F(Dialogue, GetPointAndItsOptions) {
     EXPECT_EQ(acedInitGet(0, L"Yes No"), RTERROR);
 }
 
+TEST_F(Dialogue, SelectionsInOneGo) {
+    const auto parse = [&](const std::vector<std::wstring>& words) {
+        std::wstring why;
+        return host::parseSelection(words, selection, why) ? letters(selection) : "wrong";
+    };
+    EXPECT_EQ(parse({L"w", L"5,1", L"@50,50"}), "");
+    EXPECT_EQ(parse({L"c", L"5,1", L"@50,50"}), "cb");
+    EXPECT_EQ(parse({L"(handent", L"\"" + handent(entities[1]).substr(10)}), "b");
+    EXPECT_EQ(parse({}), "wrong");
+}
+
 }  // namespace
 }  // namespace tests
