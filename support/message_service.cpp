@@ -19,7 +19,8 @@ std::wstring formatText(const wchar_t* format, va_list arguments) {
     const int length = ::_vscwprintf(format, again);
     va_end(again);
     if (length <= 0) return std::wstring();
-    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    std::wstring text;
+    text.resize(static_cast<std::size_t>(length));
     return ::_vsnwprintf(&text[0], text.size(), format, arguments) < 0 ? std::wstring() : text;
 }
 

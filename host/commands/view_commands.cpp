@@ -1,6 +1,8 @@
 // ZOOM. Nothing is displayed: what the view decides is how far the pick box reaches.
+#include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <sstream>
 
 #include "host/commands/command_support.h"
 #include "host/commands/commands.h"
@@ -15,8 +17,12 @@ namespace host {
 namespace {
 
 CommandStatus tell(const Store& store, bool changed) {
-    printLine(changed ? L"The view is " + fromUtf8(formatReal(viewHeight(store))) + L" units high."
-                      : std::wstring(L"There is nothing to show there; the view stays."));
+    std::wostringstream line;
+    if (changed)
+        line << L"The view is " << viewHeight(store) << L" units high.";
+    else
+        line << L"There is nothing to show there; the view stays.";
+    printLine(line.str());
     return CommandStatus::Done;
 }
 

@@ -1,4 +1,5 @@
 // Scripts that once brought the host down, and drawings nested without measure.
+#include "common/groups.h"
 #include "script_trial.h"
 #include "session_fixture.h"
 
@@ -23,24 +24,19 @@ TEST(HostileScripts, FormerFindingsStayMended) {
 
 /// A line with an extension dictionary that owns a dictionary that owns a dictionary ...
 std::string nestedDictionaries(int depth) {
-    const auto group = [](int code, const std::string& value) {
-        return std::to_string(code) + "\n" + value + "\n";
-    };
     const auto handle = [](int level) { return formatHandle(0x1000 + level); };
-    std::string text =
-        "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1027\n9\n$HANDSEED\n5\nFFFFF\n0\nENDSEC\n"
-        "0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n30\n102\n{ACAD_XDICTIONARY\n";
-    text +=
-        group(360, handle(0)) +
-        "102\n}\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n0\n20\n0\n30\n0\n11\n9\n21\n0\n31\n0\n"
-        "0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n5\n40\n330\n0\n100\nAcDbDictionary\n";
+    std::string groups =
+        "0 SECTION|2 HEADER|9 $ACADVER|1 AC1027|9 $HANDSEED|5 FFFFF|0 ENDSEC|"
+        "0 SECTION|2 ENTITIES|0 LINE|5 30|102 {ACAD_XDICTIONARY|360 " +
+        handle(0) +
+        "|102 }|100 AcDbEntity|8 0|100 AcDbLine|10 0|20 0|30 0|11 9|21 0|31 0|0 ENDSEC|"
+        "0 SECTION|2 OBJECTS|0 DICTIONARY|5 40|330 0|100 AcDbDictionary";
     for (int level = 0; level < depth; ++level) {
-        text += group(0, "DICTIONARY") + group(5, handle(level));
-        text += group(330, level == 0 ? "30" : handle(level - 1));
-        text += group(100, "AcDbDictionary") + group(280, "1");
-        if (level + 1 < depth) text += group(3, "BELOW") + group(360, handle(level + 1));
+        groups += "|0 DICTIONARY|5 " + handle(level) + "|330 ";
+        groups += (level == 0 ? "30" : handle(level - 1)) + "|100 AcDbDictionary|280 1";
+        if (level + 1 < depth) groups += "|3 BELOW|360 " + handle(level + 1);
     }
-    return text + "0\nENDSEC\n0\nEOF\n";
+    return tests::storedGroups(groups + "|0 ENDSEC|0 EOF");
 }
 
 /// Depth costs no stack: what follows owners works off a list.

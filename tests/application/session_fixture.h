@@ -84,12 +84,6 @@ class SessionTest : public testing::Test {
             text += (text.empty() ? "" : " ") + std::string(store.at(at).type());
         return text;
     }
-    /// Handle of the entity drawn last.
-    std::string lastHandle() const {
-        const Store& store = session->database()->store();
-        return formatHandle(store.at(store.lastLive(store.modelSpace())).handle);
-    }
-
     std::unique_ptr<Session> session;
 
   private:

@@ -4,8 +4,8 @@
 #include "common/groups.h"
 #include "host/commands/entity_maker.h"
 #include "host/dxf/check/drawing_check.h"
-#include "host/tags/tags.h"
-#include "host/text/text_codec.h"
+#include "host/store/body_text.h"
+#include "host/store/dictionary_text.h"
 
 namespace tests {
 
@@ -39,14 +39,8 @@ std::string damage(const Store& store) {
 }
 
 CommandsTest::~CommandsTest() {
-    for (std::size_t i = 0; i < session.documentCount(); ++i)
-        EXPECT_EQ(damage(session.document(i)->database()->store()), "");
-}
-
-std::string CommandsTest::shown() {
-    const std::string text = toUtf8(effectText(EffectKind::CommandLine));
-    clearEffects();
-    return text;
+    for (std::size_t i = 0; i < session->documentCount(); ++i)
+        EXPECT_EQ(damage(session->document(i)->database()->store()), "");
 }
 
 std::string CommandsTest::entities() const {
@@ -83,6 +77,23 @@ std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<i
 
 ObjectBody& CommandsTest::add(const std::string& type, const std::string& groups) {
     return *Store::resolve(addEntity(store(), type, storedGroups(groups)));
+}
+
+ObjectBody& CommandsTest::addObject(Kind kind, const std::string& text, Index owner) const {
+    ObjectBody fresh;
+    fresh.kind = kind;
+    placeText(fresh, text);
+    ObjectBody& made = store().duplicate(fresh, owner);
+    store().appendChild(store().objectsList(), made);
+    return made;
+}
+
+ObjectBody& CommandsTest::addExtensionDictionary(ObjectBody& entity, bool hard) const {
+    ObjectBody& made = addObject(Kind::Dictionary, newDictionaryText(hard), entity.self);
+    std::string tags(entity.tags());
+    setExtensionDictionary(tags, made.handle);
+    entity.setTags(tags);
+    return made;
 }
 
 }  // namespace tests

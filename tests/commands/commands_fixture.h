@@ -3,11 +3,7 @@
 
 #include <string>
 
-#include "gtest/gtest.h"
-#include "host/application/session.h"
-#include "host/control/effects.h"
-#include "host/objectarx/database.h"
-#include "host/store/store.h"
+#include "application/session_fixture.h"
 
 namespace tests {
 
@@ -17,15 +13,13 @@ std::string stateOf(const host::Store& store);
 /// "" for a sound drawing, else the errors that the check finds.
 std::string damage(const host::Store& store);
 
-class CommandsTest : public testing::Test {
+class CommandsTest : public SessionTest {
   protected:
     /// Every drawing that is open at the end has to be sound.
     ~CommandsTest() override;
 
-    host::CommandStatus run(const std::wstring& script) { return session.runScript(script); }
-    /// What the command line shows since the last call.
-    std::string shown();
-    host::Store& store() const { return session.database()->store(); }
+    host::CommandStatus run(const std::wstring& script) { return session->runScript(script); }
+    host::Store& store() const { return session->database()->store(); }
     /// Type and layer of the entities of model space in order: "LINE LINE/Walls".
     std::string entities() const;
     /// The occurrence-th entity of a type in model space.
@@ -34,8 +28,9 @@ class CommandsTest : public testing::Test {
     static std::string groups(const host::ObjectBody& body, std::initializer_list<int> codes);
     /// Adds an entity from "code value|code value" to model space.
     host::ObjectBody& add(const std::string& type, const std::string& groups);
-
-    host::Session session;
+    /// Adds an object that is no entity, with the text of its groups.
+    host::ObjectBody& addObject(host::Kind kind, const std::string& text, host::Index owner) const;
+    host::ObjectBody& addExtensionDictionary(host::ObjectBody& entity, bool hard) const;
 };
 
 }  // namespace tests

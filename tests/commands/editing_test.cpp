@@ -1,7 +1,9 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
+#include "common/groups.h"
 #include "host/control/switches.h"
 #include "host/objectarx/entities.h"
+#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 
@@ -13,26 +15,15 @@ using namespace host;
 class EditingTest : public CommandsTest {
   protected:
     EditingTest() {
-        session.newDrawing();
+        session->newDrawing();
         switches().newestFirst = false;
         run(L"LINE 0,0 10,0\n\nCIRCLE 5,5 1\n");
     }
-    /// Gives an entity an extension dictionary with one record that holds its handle.
-    static void addRecord(ObjectBody& body, bool hard) {
-        AcDbObject* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, body.store->idOf(body), AcDb::kForWrite), Acad::eOk);
-        entity->createExtensionDictionary();
-        AcDbObject* dictionary = nullptr;
-        acdbOpenObject(dictionary, entity->extensionDictionary(), AcDb::kForWrite);
-        std::string text(dictionary->body().tags());
-        replaceValue(text, *findTag(text, 280), hard ? "1" : "0");
-        dictionary->body().setTags(text);
-        auto* record = new AcDbXrecord;
-        AcDbObjectId id;
-        static_cast<AcDbDictionary*>(dictionary)->setAt(L"KEY", record, id);
-        record->close();
-        dictionary->close();
-        entity->close();
+    /// Gives an entity an extension dictionary with one record.
+    void addRecord(ObjectBody& entity, bool hard) {
+        ObjectBody& dictionary = addExtensionDictionary(entity, hard);
+        const std::string text = storedGroups("0 XRECORD|100 AcDbXrecord|280 1");
+        addEntry(dictionary, L"KEY", addObject(Kind::Xrecord, text, dictionary.self).handle);
     }
     /// Number of live records of applications.
     int records() const {
@@ -138,7 +129,7 @@ TEST_F(EditingTest, ClipboardGoesBetweenDrawingsWithWhatBelongsToIt) {
 
 /// Every kind of entity goes through the clipboard into an empty drawing with what it names.
 TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
-    session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+    session->openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
     const std::string all = entities();
     run(L"COPYCLIP ALL\n\nSWITCH 1\n");
     const Index circle = entity("CIRCLE").self;

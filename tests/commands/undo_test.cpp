@@ -3,9 +3,7 @@
 #include <random>
 
 #include "commands/commands_fixture.h"
-#include "common/scratch.h"
 #include "host/objectarx/editor.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 namespace {
@@ -15,7 +13,7 @@ using namespace host;
 class UndoTest : public CommandsTest {
   protected:
     UndoTest() {
-        session.openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
+        session->openDrawing(TESTS_FOLDER "/commands/every_type.dxf");
         clearEffects();
     }
 };
@@ -27,26 +25,16 @@ std::wstring randomEdit(std::mt19937& random, bool large) {
     const std::wstring number = std::to_wstring(random() % 50);
     const wchar_t* selections[] = {L"L\n\n", L"C 0,0 4,4\n\n", L"W -9,-9 9,9\n\n"};
     const std::wstring selection = selections[random() % 3];
-    switch (random() % 9) {
-        case 0:
-            return L"MOVE " + selection + L"0,0 " + number + L",1\n";
-        case 1:
-            return L"COPY " + selection + L"0,0 " + number + L",1 3,3\n\n";
-        case 2:
-            return L"MIRROR " + selection + L"0,0 " + number + L",1 Y\n";
-        case 3:
-            return L"MIRROR " + selection + L"0,0 1," + number + L" N\n";
-        case 4:
-            return L"CUTCLIP " + selection;
-        case 5:
-            return L"COPYCLIP " + selection + L"PASTECLIP " + number + L",0\n";
-        case 6:
-            return L"ERASE L\n\n";
-        case 7:
-            return L"SETVAR TEXTSIZE " + number + L".5\n";
-        default:
-            return L"LINE 0,0 " + number + L",7 8,8\n\n";
-    }
+    const std::wstring edits[] = {L"MOVE " + selection + L"0,0 " + number + L",1\n",
+                                  L"COPY " + selection + L"0,0 " + number + L",1 3,3\n\n",
+                                  L"MIRROR " + selection + L"0,0 " + number + L",1 Y\n",
+                                  L"MIRROR " + selection + L"0,0 1," + number + L" N\n",
+                                  L"CUTCLIP " + selection,
+                                  L"COPYCLIP " + selection + L"PASTECLIP " + number + L",0\n",
+                                  L"ERASE L\n\n",
+                                  L"SETVAR TEXTSIZE " + number + L".5\n",
+                                  L"LINE 0,0 " + number + L",7 8,8\n\n"};
+    return edits[random() % std::size(edits)];
 }
 
 TEST_F(UndoTest, RandomEditingGoesBackAndForth) {
@@ -90,7 +78,7 @@ TEST_F(UndoTest, AnUndoneObjectIsNowhereAndItsHandleNotGivenAgain) {
     run(L"U\n");
     EXPECT_TRUE(id.isErased());
     AcDbObjectId found;
-    EXPECT_EQ(session.database()->getAcDbObjectId(found, false, AcDbHandle(handle)),
+    EXPECT_EQ(session->database()->getAcDbObjectId(found, false, AcDbHandle(handle)),
               Acad::eUnknownHandle);
     run(L"CIRCLE 0,0 1\n");
     EXPECT_GT(store().at(store().lastLive(store().modelSpace())).handle, handle);
@@ -124,12 +112,10 @@ TEST_F(UndoTest, ReactorsBelongToTheCommandAndDrawingsAreApart) {
 }
 
 TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
-    const ScratchFolder folder;
-    const std::string file = (folder.path() / "a.dxf").string();
-    run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS \"" + store().decode(file) + L"\"\nU\n");
+    const std::wstring name = L" \"" + fromUtf8(file("a.dxf")) + L"\"\n";
+    run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS" + name + L"U\n");
     const std::string kept = entities();
-    EXPECT_EQ(run(L"CLOSE\nOPEN \"" + std::wstring(file.begin(), file.end()) + L"\"\n"),
-              CommandStatus::Done);
+    EXPECT_EQ(run(L"CLOSE\nOPEN" + name), CommandStatus::Done);
     EXPECT_EQ(entities(), kept);
 }
 

@@ -24,21 +24,6 @@ struct Cloning {
     }
 };
 
-/// Gives a body an extension dictionary with one record that refers to its entity.
-ObjectBody& addRecord(Drawing& drawing, ObjectBody& entity, ObjectBody& other) {
-    ObjectBody& dictionary = drawing.addObject("0 DICTIONARY|100 AcDbDictionary|280 1", entity);
-    ObjectBody& record = drawing.addObject(
-        "0 XRECORD|100 AcDbXrecord|280 1|102 {ACAD_REACTORS|330 " + drawing.handle(entity) +
-            "|340 " + drawing.handle(other) + "|102 }|1 " + drawing.handle(entity),
-        dictionary);
-    drawing.replaceText(dictionary, "280 1", "280 1|3 KEY|360 " + drawing.handle(record));
-    drawing.replaceText(entity, "|330 ",
-                        "|102 {ACAD_REACTORS|330 " + drawing.handle(other) +
-                            "|102 }|102 {ACAD_XDICTIONARY|360 " + drawing.handle(dictionary) +
-                            "|102 }|330 ");
-    return record;
-}
-
 }  // namespace
 
 using DeepClone = entities::DrawingTest;
@@ -77,24 +62,6 @@ TEST_F(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     Cloning back(drawing, {drawing.id(clone)}, drawing.id(drawing.model()));
     EXPECT_EQ(host::getField(back.of(drawing, clone), host::field::paperSpace), 0);
     EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
-}
-
-TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
-    ObjectBody& line = drawing.add(kLine);
-    ObjectBody& record = addRecord(drawing, line, line);
-    ObjectBody& dictionary = drawing.store().at(record.owner);
-    drawing.replaceText(dictionary, "|330 ", "|102 {ACAD_XDICTIONARY|360 FFFF|102 }|330 ");
-    drawing.replaceText(dictionary, "280 1|", "280 1|350 FFFF|");
-    drawing.store().setErased(record, true);
-    Cloning empty(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
-    const ObjectBody& copy = empty.of(drawing, dictionary);
-    EXPECT_EQ(render(copy.tags()), "0 DICTIONARY|5 " + drawing.handle(copy) + "|330 " +
-                                       drawing.handle(empty.of(drawing, line)) +
-                                       "|100 AcDbDictionary|280 1");
-    drawing.store().setErased(dictionary, true);
-    Cloning bare(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
-    EXPECT_EQ(host::extensionDictionaryHandle(bare.of(drawing, line).tags()), 0u);
-    EXPECT_NE(host::extensionDictionaryHandle(line.tags()), 0u);
 }
 
 TEST_F(DeepClone, RefusesWrongCallsWithoutCloning) {

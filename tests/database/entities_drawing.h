@@ -82,14 +82,12 @@ class Drawing {
     std::string walk(AcDbObjectId from) {
         std::string types;
         ads_name at = {static_cast<Adesk::IntPtr>(from.asWord()), 0};
-        for (int status = acdbEntNext(from.isNull() ? nullptr : at, at); status == RTNORM;
-             status = acdbEntNext(at, at)) {
+        while (acdbEntNext(at, at) == RTNORM) {
             const auto* body = host::Store::resolve(AcDbObjectId::fromWord(at[0]));
             types += (types.empty() ? "" : " ") + std::string(body->type());
         }
         return types;
     }
-    std::string walk() { return walk(AcDbObjectId()); }
 
   private:
     AcDbDatabase m_database{host::newDrawing()};
@@ -127,12 +125,6 @@ inline std::vector<const ads_u_val*> valuesOf(const resbuf* list, std::string& c
         values.push_back(&list->resval);
     }
     return values;
-}
-
-inline std::wstring owned(ACHAR* text) {
-    std::wstring copy(text);
-    acutDelString(text);
-    return copy;
 }
 
 }  // namespace entities

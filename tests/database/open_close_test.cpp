@@ -88,31 +88,20 @@ TEST_F(OpenRules, NullErasedWrongClassLockedLayer) {
     ASSERT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(object->upgradeOpen(), Acad::eOnLockedLayer);
     setFlags("0");
+    AcDbObject* second = nullptr;
+    acdbOpenObject(second, drawing.id(line), AcDb::kForRead);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eHadMultipleReaders);
+    EXPECT_EQ(object->erase(), Acad::eNotOpenForWrite);
+    second->close();
     EXPECT_EQ(object->upgradeOpen(), Acad::eOk);
     EXPECT_EQ(object->erase(), Acad::eOk);
+    EXPECT_EQ(object->erase(), Acad::eWasErased);
     for (AcDbObject* one :
          {object, static_cast<AcDbObject*>(layer), static_cast<AcDbObject*>(layers)})
         one->close();
     EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eWasErased);
     EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead, true), Acad::eOk);
     object->close();
-}
-
-TEST_F(OpenRules, UpgradeAndErase) {
-    const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
-    AcDbObject* first = nullptr;
-    AcDbObject* second = nullptr;
-    acdbOpenObject(first, id, AcDb::kForRead);
-    acdbOpenObject(second, id, AcDb::kForRead);
-    EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
-    EXPECT_EQ(first->erase(), Acad::eNotOpenForWrite);
-    second->close();
-    EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
-    EXPECT_EQ(first->erase(), Acad::eOk);
-    EXPECT_EQ(first->erase(), Acad::eWasErased);
-    EXPECT_EQ(first->erase(false), Acad::eOk);
-    first->close();
-    EXPECT_FALSE(id.isErased());
 }
 
 TEST_F(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {

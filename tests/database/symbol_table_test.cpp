@@ -156,9 +156,4 @@ TEST_F(Header, ValuesAreFoundChangedAndAdded) {
     EXPECT_EQ(store.headerValue("$CLAYER"), "a longer name");
     EXPECT_EQ(store.headerValue("$CELTYPE"), "ByLayer");
     EXPECT_EQ(store.headerValue("$NEW"), "3");
-    store.setHeaderValue("$TILEMODE", 70, "0");
-    EXPECT_FALSE(drawing.database().tilemode());
-    EXPECT_EQ(store.currentSpace(), store.modelSpace());
-    store.currentViewport = 1;
-    EXPECT_EQ(store.currentSpace(), store.paperSpace());
 }

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <utility>
-#include <vector>
+
+#include "common/groups.h"
 
 namespace host {
 namespace {
@@ -36,28 +36,17 @@ TEST(Tags, WhatIsNoNumberIsRefused) {
 }
 
 TEST(Tags, SearchesLeaveApplicationBracketsOut) {
-    std::string text;
-    addTag(text, 0, "LINE");
-    addTag(text, 102, "{MINE");
-    addHandleTag(text, 330, 0xA);
-    addTag(text, 102, "}");
-    addHandleTag(text, 330, 0xB);
-    addTag(text, 100, "AcDbLine");
-    addHandleTag(text, 330, 0xC);
-    EXPECT_EQ(findTag(text, 330)->value, "B");
+    std::string text = tests::storedGroups("0 LINE|102 {MINE|330 A|102 }|330 B|100 AcDbLine|330 C");
     EXPECT_EQ(findTag(text, 330, 1)->value, "C");
     EXPECT_FALSE(findTag(text, 330, 2));
-    EXPECT_EQ(*subclassPart(text, "AcDbLine"), "100\nAcDbLine\n330\nC\n");
     replaceValue(text, *findTag(text, 330), "LONGER");
-    EXPECT_EQ(findTag(text, 330)->value, "LONGER");
-    EXPECT_EQ(findTag(text, 330, 1)->value, "C");
+    EXPECT_EQ(tests::render(text), "0 LINE|102 {MINE|330 A|102 }|330 LONGER|100 AcDbLine|330 C");
 }
 
 /// Each tag as its code, its zone (Head, Common, Part, Data, Embedded, X) and its role.
-std::string walked(const std::vector<std::pair<int, const char*>>& tags) {
-    std::string text, line;
-    for (const auto& [code, value] : tags)
-        addTag(text, code, std::string_view(value));
+std::string walked(const std::string& literal) {
+    const std::string text = tests::storedGroups(literal);
+    std::string line;
     for (TagWalk tag(text); tag.next();) {
         line += (line.empty() ? "" : " ") + std::to_string(tag.code()) + "HCPDEX"[int(tag.zone())];
         if (tag.role() != TagRole::Plain) line += "-tho|()!"[int(tag.role())];
@@ -67,31 +56,15 @@ std::string walked(const std::vector<std::pair<int, const char*>>& tags) {
 }
 
 TEST(Tags, TheWalkTellsHeadPartsBracketsEmbeddedAndExtendedData) {
-    EXPECT_EQ(walked({{0, "LINE"},         {5, "A"},     {102, "{ACAD_REACTORS"},
-                      {330, "B"},          {102, " {X"}, {102, "}"},
-                      {102, "}"},          {102, "}"},   {102, "text"},
-                      {100, "AcDbEntity"}, {330, "C"},   {8, "0"},
-                      {100, "AcDbLine"},   {330, "D"},   {100, "AcDbEntity"},
-                      {101, "E"},          {100, "F"},   {330, "F"},
-                      {1001, "G"},         {330, "H"}}),
+    EXPECT_EQ(walked("0 LINE|5 A|102 {ACAD_REACTORS|330 B|102  {X|102 }|102 }|102 }|102 text|"
+                     "100 AcDbEntity|330 C|8 0|100 AcDbLine|330 D|100 AcDbEntity|101 E|100 F|330 F|"
+                     "1001 G|330 H"),
               "0Ht 5Hh 102H(1 330H1 102H(2 102H)2 102H)1 102H! 102H 100C| 330Co 8C 100P| 330P "
               "100P| 101E 100E 330E 1001X 330X");
-    EXPECT_EQ(walked({{0, "DIMSTYLE"}, {5, "A"}, {105, "B"}, {105, "C"}}), "0Ht 5H 105Hh 105H");
-}
-
-TEST(Tags, DataOfAnXrecordHasNoBracketsAndNoMarkers) {
-    EXPECT_EQ(walked({{0, "XRECORD"},
-                      {102, "{X"},
-                      {102, "}"},
-                      {330, "A"},
-                      {100, "AcDbXrecord"},
-                      {280, "1"},
-                      {102, "ATTRRECORD}"},
-                      {102, "{Y"},
-                      {100, "Z"},
-                      {101, "Z"},
-                      {5, "B"},
-                      {1001, "C"}}),
+    EXPECT_EQ(walked("0 DIMSTYLE|5 A|105 B|105 C"), "0Ht 5H 105Hh 105H");
+    // Data of an XRECORD have no brackets and no markers.
+    EXPECT_EQ(walked("0 XRECORD|102 {X|102 }|330 A|100 AcDbXrecord|280 1|102 ATTRRECORD}|102 {Y|"
+                     "100 Z|101 Z|5 B|1001 C"),
               "0Ht 102H(1 102H)1 330Ho 100D| 280D 102D 102D 100D 101D 5D 1001X");
 }
 

@@ -46,12 +46,6 @@ TEST_F(BadInput, VersionsThatAreNotServedAreNamed) {
               "bad.dxf:8: version AC1099 is not known; save it as ASCII DXF 2000 to 2018");
 }
 
-struct Damage {
-    const char* part;
-    const char* replacement;
-    const char* message;
-};
-
 TEST_F(BadInput, DamagedGroupsAreToldWithTheirLine) {
     const Damage damages[] = {
         {"70=3", "7O=3", ":39: \"7O\" is no group code; repair the line or save the drawing anew"},
@@ -76,7 +70,7 @@ TEST_F(BadInput, DamagedGroupsAreToldWithTheirLine) {
     };
     for (const Damage& damage : damages) {
         EXPECT_EQ(loadError(dxf(with(kDrawing, damage.part, damage.replacement))),
-                  std::string("bad.dxf") + damage.message);
+                  std::string("bad.dxf") + damage.told);
     }
     EXPECT_EQ(loadError(dxf(with(kDrawing, "ByBlock", std::string("a\0b", 3)))),
               "bad.dxf:52: the line holds a NUL byte; this is no sound DXF drawing");
@@ -109,7 +103,7 @@ TEST_F(BadInput, BrokenStructureIsToldWithItsLine) {
     };
     for (const Damage& damage : damages) {
         EXPECT_EQ(loadError(dxf(with(kDrawing, damage.part, damage.replacement))),
-                  std::string("bad.dxf") + damage.message);
+                  std::string("bad.dxf") + damage.told);
     }
 }
 

@@ -1,7 +1,7 @@
 // A small sound drawing as text, and files to load and save it.
 #include "drawing_text.h"
 
-#include <algorithm>
+#include <set>
 
 namespace dxf_tests {
 
@@ -98,11 +98,9 @@ std::string largeDrawing() {
 }
 
 std::string DrawingFiles::listing() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(m_folder.path())) {
-        names.push_back(entry.path().filename().string());
-    }
-    std::sort(names.begin(), names.end());
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(m_folder.path()))
+        names.insert(entry.path().filename().string());
     std::string text;
     for (const std::string& name : names)
         text += (text.empty() ? "" : " ") + name;

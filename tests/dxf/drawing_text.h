@@ -30,6 +30,11 @@ std::string largeDrawing();
 /// Copy of a text with one part replaced; the part has to be there.
 std::string with(std::string text, const std::string& part, const std::string& replacement);
 
+/// A part of a drawing, what replaces it, and what the host tells of that.
+struct Damage {
+    const char *part, *replacement, *told;
+};
+
 /// A folder of its own for each test.
 class DrawingFiles : public testing::Test {
   protected:

@@ -5,19 +5,12 @@
 namespace dxf_tests {
 namespace {
 
-/// How the host took many damaged drawings; each of them by the rules of a trial.
-struct Outcomes {
-    int refused = 0;
-    int damaged = 0;
-    int clean = 0;
-};
-
 class HostileInput : public DrawingFiles {
   protected:
     /// False, with a failure that names the damage, when the host broke a rule.
     bool holds(const std::string& text, const std::string& damage) {
         const trial::Trial tried = trial::tryDrawing(text, path("."));
-        (tried.clean ? m_outcomes.clean : tried.loaded ? m_outcomes.damaged : m_outcomes.refused)++;
+        (tried.clean ? outcomes.clean : tried.loaded ? outcomes.damaged : outcomes.refused)++;
         // Only what is missing altogether stands in no line.
         const bool hasPlace = tried.line > 0 ||
                               tried.message.find("the file is empty") != std::string::npos ||
@@ -26,10 +19,10 @@ class HostileInput : public DrawingFiles {
         EXPECT_EQ(tried.fault, "") << damage;
         return tried.fault.empty() && (tried.loaded || hasPlace);
     }
-    const Outcomes& outcomes() const { return m_outcomes; }
-
-  private:
-    Outcomes m_outcomes;
+    /// How the host took the damaged drawings, each of them by the rules of a trial.
+    struct {
+        int refused = 0, damaged = 0, clean = 0;
+    } outcomes;
 };
 
 TEST_F(HostileInput, EveryCutIsRefused) {
@@ -37,9 +30,9 @@ TEST_F(HostileInput, EveryCutIsRefused) {
     for (std::size_t length = 0; length + 1 < text.size(); ++length) {
         if (!holds(text.substr(0, length), "cut to " + std::to_string(length))) break;
     }
-    EXPECT_EQ(outcomes().refused, static_cast<int>(text.size()) - 1);
+    EXPECT_EQ(outcomes.refused, static_cast<int>(text.size()) - 1);
     EXPECT_TRUE(holds(text.substr(0, text.size() - 1), "no last line end"));
-    EXPECT_EQ(outcomes().clean, 1);
+    EXPECT_EQ(outcomes.clean, 1);
 }
 
 /// 1 and 4 make other digits and letters, 32 changes case and blanks, 64 makes control characters
@@ -53,9 +46,9 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
         flipped[at] = static_cast<char>(flipped[at] ^ GetParam());
         if (!holds(flipped, "byte " + std::to_string(at))) break;
     }
-    EXPECT_GT(outcomes().refused, 100);
+    EXPECT_GT(outcomes.refused, 100);
     if (GetParam() < 128) {
-        EXPECT_GT(outcomes().damaged + outcomes().clean, 100);
+        EXPECT_GT(outcomes.damaged + outcomes.clean, 100);
     }
 }
 

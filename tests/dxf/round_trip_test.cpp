@@ -1,4 +1,6 @@
 // Loading and saving keep a drawing: versions, encodings, line ends, structure.
+#include <regex>
+
 #include "common/library.h"
 #include "drawing_text.h"
 
@@ -8,10 +10,7 @@ namespace {
 using RoundTrip = DrawingFiles;
 
 std::string withCrLf(const std::string& text) {
-    std::string result;
-    for (const char c : text)
-        result += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return result;
+    return std::regex_replace(text, std::regex("\n"), "\r\n");
 }
 
 TEST_F(RoundTrip, KeepsEveryGroupInEveryVersion) {

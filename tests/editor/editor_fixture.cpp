@@ -49,43 +49,33 @@ EditorTest::~EditorTest() {
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
 
-ObjectBody& EditorTest::create(const std::string& groups, bool entity) {
-    const std::size_t end = groups.find(';');
-    const std::string type = groups.substr(0, end);
-    std::string literal = end == groups.npos ? "" : groups.substr(end + 1), text;
-    std::replace(literal.begin(), literal.end(), ';', '|');
-    const std::uint64_t handle = store.handleSeed();
-    addTag(text, 0, type);
-    addHandleTag(text, 5, handle);
-    if (entity && ("|" + literal).find("|8 ") == std::string::npos) addTag(text, 8, "0");
-    text += storedGroups(literal);
-    const std::string_view kept = store.keep(text);
-    ObjectBody* body = store.create(kindOf(type, kept, entity), kept, handle);
-    store.raiseHandleSeed(handle + 1);
-    return *body;
+ObjectBody& EditorTest::create(std::string groups, bool entity, Index owner) {
+    std::replace(groups.begin(), groups.end(), ';', '|');
+    if (entity && groups.find("|8 ") == groups.npos) groups += "|8 0";
+    ObjectBody pattern;
+    pattern.setTags(storedGroups("0 " + groups));
+    pattern.kind = kindOf(pattern.type(), pattern.tags(), entity);
+    return store.duplicate(pattern, owner);
 }
 
 AcDbObjectId EditorTest::add(const std::string& groups, Index owner) {
-    ObjectBody& body = create(groups, true);
-    store.appendChild(owner == kNoIndex ? store.modelSpace() : owner, body);
+    ObjectBody& body = create(groups, true, owner == kNoIndex ? store.modelSpace() : owner);
+    store.appendChild(body.owner, body);
     entities.push_back(store.idOf(body));
     return entities.back();
 }
 
 ObjectBody& EditorTest::addRecord(const std::string& table, const std::string& groups) {
-    const Index owner = store.table(table);
-    ObjectBody& record = create(groups, false);
-    store.appendChild(owner, record);
-    store.indexSymbol(owner, record, symbolName(record));
+    ObjectBody& record = create(groups, false, store.table(table));
+    store.appendChild(record.owner, record);
+    store.indexSymbol(record.owner, record, symbolName(record));
     return record;
 }
 
 Index EditorTest::addBlock(const std::string& name, const std::string& base) {
-    const ObjectBody& record = addRecord("BLOCK_RECORD", "BLOCK_RECORD;2 " + name);
-    ObjectBody& begin = create("BLOCK;2 " + name + ";" + base, false);
-    begin.owner = record.self;
-    store.blockParts(record.self).begin = begin.self;
-    return record.self;
+    const Index record = addRecord("BLOCK_RECORD", "BLOCK_RECORD;2 " + name).self;
+    store.blockParts(record).begin = create("BLOCK;2 " + name + ";" + base, false, record).self;
+    return record;
 }
 
 std::string EditorTest::letters(const std::vector<AcDbObjectId>& ids) const {

@@ -73,7 +73,7 @@ class EditorTest : public ::testing::Test {
     std::vector<AcDbObjectId> entities;
 
   private:
-    host::ObjectBody& create(const std::string& groups, bool entity);
+    host::ObjectBody& create(std::string groups, bool entity, host::Index owner);
 };
 
 }  // namespace tests

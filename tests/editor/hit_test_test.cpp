@@ -113,26 +113,22 @@ TEST_F(BlockHits, NothingVisibleIsNoGraphics) {
 }
 
 TEST_F(BlockHits, LayersOfContentAndReference) {
-    host::ObjectBody& layer = addRecord("LAYER", "LAYER;2 walls;70 0;62 7");
-    add("LINE;8 walls;10 0;20 5;11 1;21 5", square);  // b, inside the block
-    add("INSERT;2 SQUARE;8 walls;10 1;20 0");         // c
-    EXPECT_EQ(at(0.5, 5), "c");
-    EXPECT_EQ(at(0.5, 1), "c");
-    const auto switchOff = [](host::ObjectBody& record) {
-        std::string text(record.tags());
-        host::replaceValue(text, *host::findTag(text, 62), "-7");
-        record.setTags(text);
-    };
-    host::ObjectBody& zero = *store.symbol("LAYER", L"0");
-    const std::string zeroBefore(zero.tags());
-    switchOff(zero);
-    EXPECT_EQ(at(0.5, 1), "c") << "layer 0 inside follows the reference";
-    zero.setTags(zeroBefore);
-    switchOff(layer);
-    EXPECT_EQ(at(0.5, 1), "");
-    add("INSERT;2 SQUARE;8 0;10 1;20 0");  // d
-    EXPECT_EQ(at(0.5, 5), "");
+    addRecord("LAYER", "LAYER;2 walls;70 0;62 7");
+    addRecord("LAYER", "LAYER;2 off;70 0;62 -7");
+    add("LINE;8 walls;10 0;20 5;11 1;21 5", square);  // b and c, inside the block
+    add("LINE;8 off;10 0;20 6;11 1;21 6", square);
+    add("INSERT;2 SQUARE;8 walls;10 1;20 0");  // d
     EXPECT_EQ(at(0.5, 1), "d");
+    EXPECT_EQ(at(0.5, 5), "d");
+    EXPECT_EQ(at(0.5, 6), "");
+    add("INSERT;2 SQUARE;8 off;10 11;20 0");
+    EXPECT_EQ(at(10.5, 1), "");
+    host::ObjectBody& zero = *store.symbol("LAYER", L"0");
+    std::string text(zero.tags());
+    host::replaceValue(text, *host::findTag(text, 62), "-7");
+    zero.setTags(text);
+    EXPECT_EQ(at(0.5, 1), "d") << "layer 0 inside follows the reference";
+    EXPECT_EQ(at(0.5, 6), "");
 }
 
 TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {

@@ -95,16 +95,6 @@ TEST_F(Pickfirst, ModulesSetItAndAreNotified) {
     EXPECT_EQ(look(), " 1");
 }
 
-TEST_F(Pickfirst, NotificationMayWaitForIdle) {
-    host::switches().pickfirstNotifiedInside = false;
-    EXPECT_EQ(setFirst("a"), RTNORM);
-    EXPECT_EQ(look(), "a 0");
-    host::idle();
-    EXPECT_EQ(look(), "a 1");
-    host::idle();
-    EXPECT_EQ(look(), "a 0");
-}
-
 TEST_F(Pickfirst, EndlessHandlersAreStopped) {
     editor->addReactor(&watcher);
     watcher.onPickfirst = [&] { setFirst("ab"); };

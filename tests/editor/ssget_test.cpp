@@ -148,6 +148,7 @@ TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
         {L"(ssget \"X\" \"Y\")", "wrong"},
         {L"(ssget \"P\")", "wrong"},
         {L"(ssget", "wrong"},
+        {L"LINE", "wrong"},
     };
     for (const auto& each : cases) {
         std::vector<AcDbObjectId> selection;

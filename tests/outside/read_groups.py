@@ -105,13 +105,6 @@ def main(host, samples, work):
     expect("entities of model space", len(drawing.modelspace()), 5)
     expect("no trace of an unfinished marker", "ENT_HANDL" in open(lines).read(), False)
 
-    both = os.path.join(work, "both.dxf")
-    draft(host, f"CIRCLE 4,4 1\nVelmoGROUPMAKE ALL\n\nSAVEAS {both}\n", lines)
-    drawing = read(both)
-    # A window lists the newest entity first: the circle, then the former group.
-    check_group(drawing, ["CIRCLE", "LINE", "LINE", "LINE"], (4.0, 4.0, 0.0))
-    expect("old markers are gone", len(drawing.modelspace()), 6)
-
     plan = os.path.join(samples, "plan.dxf")
     grouped = os.path.join(work, "plan.dxf")
     draft(host, f"VelmoGROUPMAKE ALL\n\nSAVEAS {grouped}\n", plan)
