@@ -48,23 +48,6 @@ TEST(Tracking, OnlyACopyOfAWidenedSelectionFillsTheClipboardWithGroups) {
     EXPECT_EQ(scene.order(), std::string(kTracked) + " begin(1) line* end");
 }
 
-TEST(Tracking, NamesAreComparedWithoutRegardToCase) {
-    Scene scene("(line)");
-    scene.click({2});
-    host::notifyCommandWillStart(L"Copy");
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    // The mark of the start is what the end of a widened copy goes back to.
-    scene.run(L"VelmoGROUPACTIVE\nPICK NONE\n");
-    scene.after(L"COPY #1 #2 #3\n\n0,0 50,0\n\n");
-    ASSERT_EQ(scene.order(), kUntracked);
-    scene.click({2});
-    host::notifyCommandEnded(L"cOPY");
-    EXPECT_EQ(scene.order(), kTracked);
-    host::clearEffects();
-    host::notifyCommandWillStart(L"regen");
-    EXPECT_EQ(Scene::printed(), "\n2 Groups Updated. ");
-}
-
 /// Positions picked after a circle joins a picked group of one line, which is at 1 to 3.
 template <typename Before>
 std::string pickedAfter(Before before) {
