@@ -1,7 +1,6 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
 #include "common/groups.h"
-#include "host/control/switches.h"
 #include "host/store/dictionary_text.h"
 
 namespace tests {
