@@ -17,6 +17,7 @@
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/editor.h"
 #include "host/store/store.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 #include "inspection/report.h"
 
@@ -44,7 +45,7 @@ host::CommandStatus runPicture() {
     if (store == nullptr) return host::CommandStatus::Failed;
     const host::Answer answer = host::prompt(L"\nEnter name of picture file: ");
     if (answer.kind != host::Answer::Kind::Text) return host::CommandStatus::Cancelled;
-    std::string path = host::toUtf8(answer.text);
+    std::string path = host::withHome(host::toUtf8(answer.text));
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
     const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);

@@ -24,6 +24,7 @@
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/objectarx/documents.h"
 #include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
@@ -141,7 +142,11 @@ void runTerminal(host::Session& session) {
         const bool stops = terminal->stopRequested();
         return showProgress(what, stops ? 100 : percent) && !stops;
     });
-    session.runInput(*terminal);
+    host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
+                    acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
+    do
+        session.runInput(*terminal);
+    while (!session.leave(*terminal));
     session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
@@ -185,23 +190,11 @@ int runSession(const Options& options) {
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
     registerGroupCommands();
-    std::string text =
-        "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
-        "unknown,\n"
-        "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing cannot "
-        "be\n"
-        "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
-        "130 Ctrl+C. With several drawings the highest.\n\n"
-        "Commands:\n";
-    for (const host::BuiltinCommand* command : host::builtinCommands()) {
-        std::string name = host::toUtf8(command->name);
-        name.resize(std::max<std::size_t>(name.size(), 10), ' ');
-        text += "  " + name + "  " + host::toUtf8(command->help) + "\n";
-    }
-    return text +
-           "Gestures at the empty prompt: PICK selection, UNPICK selection, PICK NONE, PICKED,\n"
-           "SWITCH drawing (as Ctrl+Tab: number or name).\n"
-           "A selection is a point, W or C and two points, ALL, L, P, (handent \"2A\") or\n"
-           "(ssget \"X\" '((0 . \"LINE\") (8 . \"WALLS*\"))).\n"
-           "(Name args) calls a LISP function of a module.";
+    return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
+           "unknown,\n"
+           "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "
+           "cannot be\n"
+           "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
+           "130 Ctrl+C. With several drawings the highest.\n\n" +
+           host::toUtf8(host::commandHelp());
 }

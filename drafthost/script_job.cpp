@@ -37,7 +37,7 @@ std::string drawingName(const Job& job) {
 
 int runScript(host::Session& session, const Options& options, const Job& job) {
     const std::string name = options.script == "-" ? "standard input" : options.script;
-    InterruptibleScript script(host::fromUtf8(job.script));
+    InterruptibleScript script(host::fromTextFile(job.script));
     session.setDiagnostics([](const std::string& line) { complain(line); });
     session.runInput(script, !options.keepGoing, [&] {
         return drawingName(job) + ": " + name + ":" + std::to_string(script.line());

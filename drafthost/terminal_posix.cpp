@@ -4,16 +4,18 @@
 #include <histedit.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <algorithm>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <utility>
 
+#include "drafthost/key_reader_posix.h"
 #include "drafthost/output.h"
-#include "host/scripting/script.h"
+#include "host/application/session.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -30,67 +32,125 @@ void catchInterrupts() {
     sigaction(SIGINT, &action, nullptr);
 }
 
+/// File that keeps the history; empty when the user has no place for it.
+std::filesystem::path historyFile() {
+    const char* const state = std::getenv("XDG_STATE_HOME");
+    const bool given = state != nullptr && *state == '/';
+    const std::string folder = given ? state : host::withHome("~/.local/state");
+    return folder[0] == '/' ? std::filesystem::path(folder) / "drafthost/history"
+                            : std::filesystem::path();
+}
+
 class EditedTerminal : public Terminal {
   public:
-    EditedTerminal()
-        : m_editor(el_init("drafthost", stdin, stdout, stderr)), m_history(history_init()) {
-        HistEvent event;
-        history(m_history, &event, H_SETSIZE, 1000);
-        history(m_history, &event, H_SETUNIQUE, 1);
-        el_set(m_editor, EL_CLIENTDATA, this);
-        el_set(m_editor, EL_PROMPT, promptOf);
-        el_set(m_editor, EL_EDITOR, "emacs");
-        el_set(m_editor, EL_SIGNAL, 0);
-        el_set(m_editor, EL_HIST, history, m_history);
-        el_source(m_editor, nullptr);
-        // A key, not a signal: a signal between prompt and reading would be lost.
-        el_set(m_editor, EL_SETTY, "-d", "-isig", nullptr);
-        el_set(m_editor, EL_ADDFN, "drafthost-cancel", "Cancels the prompt", onCancelKey);
-        el_set(m_editor, EL_BIND, "^C", "drafthost-cancel", nullptr);
-        catchInterrupts();
-    }
-    ~EditedTerminal() override {
-        writeOutput(m_open);
-        el_end(m_editor);
-        history_end(m_history);
-    }
+    EditedTerminal();
+    ~EditedTerminal() override;
     EditedTerminal(const EditedTerminal&) = delete;
     EditedTerminal& operator=(const EditedTerminal&) = delete;
 
-    host::Answer next(const std::wstring& prompt, host::InputUnit unit) override;
-    bool interactive() const override { return true; }
     void print(const std::wstring& text) override;
     bool stopRequested() const override { return interrupted != 0; }
 
   private:
-    static char* promptOf(EditLine* editor) {
+    static EditedTerminal& of(EditLine* editor) {
         void* self = nullptr;
         el_get(editor, EL_CLIENTDATA, &self);
-        return static_cast<EditedTerminal*>(self)->m_prompt.data();
+        return *static_cast<EditedTerminal*>(self);
     }
+    static char* promptOf(EditLine* editor) { return of(editor).m_prompt.data(); }
+    static int readKey(EditLine* editor, wchar_t* key) { return of(editor).m_keys.next(*key); }
     static unsigned char onCancelKey(EditLine*, int) {
         interrupted = 1;
         return CC_EOF;
     }
-    /// Reads a line; false when there is none, with the answer that stands for it.
-    bool readLine(host::Answer& otherwise);
+    static unsigned char onTabKey(EditLine* editor, int key) {
+        return of(editor).m_completesNames ? completeName(editor, key)
+                                           : _el_fn_complete(editor, key);
+    }
+    /// Completes the name of a command; behind it names of files.
+    static unsigned char completeName(EditLine* editor, int key);
+    bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 
+    KeyReader m_keys{[] { return interrupted != 0; }};
     EditLine* m_editor;
     History* m_history;
     std::string m_prompt;
-    std::optional<host::ScriptSource> m_line;  ///< what is left of the typed line
-    std::string m_open;                        ///< begin of a line: the editor prints it as prompt
-    bool m_atLineBegin = true;                 ///< nothing was printed since a line was typed
+    bool m_completesNames = false;
+    std::string m_open;         ///< begin of a line: the editor prints it as prompt
+    bool m_atLineBegin = true;  ///< nothing was printed since a line was typed
 };
 
-bool EditedTerminal::readLine(host::Answer& otherwise) {
+EditedTerminal::EditedTerminal()
+    : m_editor(el_init("drafthost", stdin, stdout, stderr)), m_history(history_init()) {
+    HistEvent event;
+    history(m_history, &event, H_SETSIZE, 1000);
+    history(m_history, &event, H_SETUNIQUE, 1);
+    history(m_history, &event, H_LOAD, historyFile().c_str());
+    el_set(m_editor, EL_CLIENTDATA, this);
+    el_set(m_editor, EL_PROMPT, promptOf);
+    el_set(m_editor, EL_EDITOR, "emacs");
+    el_set(m_editor, EL_SIGNAL, 0);
+    el_set(m_editor, EL_HIST, history, m_history);
+    el_source(m_editor, nullptr);
+    // A key, not a signal: a signal between prompt and reading would be lost.
+    el_set(m_editor, EL_SETTY, "-d", "-isig", nullptr);
+    el_set(m_editor, EL_GETCFN, readKey);
+    for (const KeySequence* each = KeyReader::kSequences; each->keys != nullptr; ++each)
+        el_set(m_editor, EL_BIND, each->keys, each->function, nullptr);
+    el_set(m_editor, EL_ADDFN, "drafthost-cancel", "Cancels the prompt", onCancelKey);
+    el_set(m_editor, EL_BIND, "^C", "drafthost-cancel", nullptr);
+    el_set(m_editor, EL_ADDFN, "drafthost-complete", "Completes a name", onTabKey);
+    el_set(m_editor, EL_BIND, "^I", "drafthost-complete", nullptr);
+    catchInterrupts();
+}
+
+EditedTerminal::~EditedTerminal() {
+    writeOutput(m_open);
+    HistEvent event;
+    std::error_code ignored;  // without a place for it the history ends with the session
+    std::filesystem::create_directories(historyFile().parent_path(), ignored);
+    history(m_history, &event, H_SAVE, historyFile().c_str());
+    el_end(m_editor);
+    history_end(m_history);
+}
+
+unsigned char EditedTerminal::completeName(EditLine* editor, int key) {
+    const LineInfo* line = el_line(editor);
+    const std::wstring typed =
+        host::fromUtf8({line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)});
+    if (typed.find(L' ') != std::wstring::npos) return _el_fn_complete(editor, key);
+    std::wstring all, common;
+    std::size_t count = 0;
+    for (const std::wstring& name : host::typableNames()) {
+        if (host::foldCase(name).rfind(host::foldCase(typed), 0) != 0) continue;
+        all += L" " + name;
+        std::size_t same = 0;
+        while (count > 0 && same < std::min(common.size(), name.size()) &&
+               common[same] == name[same])
+            ++same;
+        common = ++count == 1 ? name : common.substr(0, same);
+    }
+    if (common.size() > typed.size() || count == 1) {
+        el_deletestr(editor, static_cast<int>(typed.size()));
+        el_insertstr(editor, host::toUtf8(common).c_str());
+        return CC_REFRESH;
+    }
+    if (count == 0) return CC_ERROR;
+    writeOutput("\n" + host::toUtf8(all.substr(1)) + "\n");
+    flushOutput();
+    return CC_REDISPLAY;
+}
+
+bool EditedTerminal::readLine(const std::wstring& prompt, std::wstring& line,
+                              host::Answer& otherwise) {
     int length = 0;
     flushOutput();
-    m_prompt = std::exchange(m_open, {});
+    m_completesNames = asksForCommand(prompt);
+    m_prompt = m_open.empty() ? host::toUtf8(prompt) : std::exchange(m_open, {});
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.
     el_set(m_editor, EL_PREP_TERM, 1);
-    const char* line = interrupted == 0 ? el_gets(m_editor, &length) : nullptr;
+    const char* typed = interrupted == 0 ? el_gets(m_editor, &length) : nullptr;
     m_atLineBegin = true;
     if (interrupted != 0) {
         interrupted = 0;
@@ -99,30 +159,17 @@ bool EditedTerminal::readLine(host::Answer& otherwise) {
         otherwise.kind = host::Answer::Kind::Cancel;
         return false;
     }
-    if (line == nullptr || length <= 0) {
+    if (typed == nullptr || length <= 0) {
         writeOutput("\n");
         otherwise.kind = host::Answer::Kind::End;
         return false;
     }
-    const std::string text(line, static_cast<std::size_t>(length));
+    const std::string text(typed, static_cast<std::size_t>(length));
     HistEvent event;
-    if (text.find_first_not_of(" \t\r\n") != std::string::npos) {
+    if (text.find_first_not_of(" \t\r\n") != std::string::npos)
         history(m_history, &event, H_ENTER, text.c_str());
-    }
-    m_line.emplace(host::fromUtf8(text));
+    line = host::fromUtf8(text);
     return true;
-}
-
-host::Answer EditedTerminal::next(const std::wstring& prompt, host::InputUnit unit) {
-    if (!m_line || m_line->atEnd()) {
-        if (m_open.empty()) m_open = host::toUtf8(prompt);
-        host::Answer otherwise;
-        if (!readLine(otherwise)) return otherwise;
-    }
-    const host::Answer answer = m_line->next({}, unit);
-    // A typed line that holds no more than a comment is an empty answer.
-    if (answer.kind == host::Answer::Kind::End) return {host::Answer::Kind::Enter, {}};
-    return answer;
 }
 
 void EditedTerminal::print(const std::wstring& text) {

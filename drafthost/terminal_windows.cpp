@@ -8,10 +8,8 @@
 #include <shellapi.h>
 
 #include <cstdio>
-#include <optional>
 
 #include "drafthost/output.h"
-#include "host/scripting/script.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -27,31 +25,25 @@ BOOL WINAPI onControl(DWORD event) {
 class ConsoleTerminal : public Terminal {
   public:
     ConsoleTerminal() { SetConsoleCtrlHandler(onControl, TRUE); }
-    host::Answer next(const std::wstring&, host::InputUnit unit) override;
-    bool interactive() const override { return true; }
     void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
     bool stopRequested() const override { return interrupted != 0; }
 
   private:
-    std::optional<host::ScriptSource> m_line;
+    bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 };
 
-host::Answer ConsoleTerminal::next(const std::wstring&, host::InputUnit unit) {
-    if (!m_line || m_line->atEnd()) {
-        flushOutput();
-        wchar_t buffer[4096];
-        DWORD length = 0;
-        InterlockedExchange(&interrupted, 0);
-        const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), buffer,
-                                       static_cast<DWORD>(std::size(buffer)), &length, nullptr);
-        if (interrupted != 0) return {host::Answer::Kind::Cancel, {}};
-        constexpr wchar_t kControlZ = 0x1A;
-        if (!read || length == 0 || buffer[0] == kControlZ) return {host::Answer::Kind::End, {}};
-        m_line.emplace(std::wstring(buffer, length));
-    }
-    const host::Answer answer = m_line->next({}, unit);
-    if (answer.kind == host::Answer::Kind::End) return {host::Answer::Kind::Enter, {}};
-    return answer;
+bool ConsoleTerminal::readLine(const std::wstring&, std::wstring& line, host::Answer& otherwise) {
+    flushOutput();
+    wchar_t buffer[4096];
+    DWORD length = 0;
+    InterlockedExchange(&interrupted, 0);
+    const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), buffer,
+                                   static_cast<DWORD>(std::size(buffer)), &length, nullptr);
+    constexpr wchar_t kControlZ = 0x1A;
+    const bool isEnd = !read || length == 0 || buffer[0] == kControlZ;
+    otherwise.kind = interrupted != 0 ? host::Answer::Kind::Cancel : host::Answer::Kind::End;
+    if (interrupted == 0 && !isEnd) line.assign(buffer, length);
+    return !line.empty();
 }
 
 bool isConsole(DWORD which) {

@@ -18,7 +18,8 @@ constexpr wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
 
 std::wstring environmentValue(const wchar_t* name) {
     const DWORD needed = ::GetEnvironmentVariableW(name, NULL, 0);
-    std::wstring value(needed, L'\0');
+    std::wstring value;
+    value.resize(needed);
     const DWORD length = needed == 0 ? 0 : ::GetEnvironmentVariableW(name, &value[0], needed);
     value.resize(length < needed ? length : 0);
     return value;
@@ -103,10 +104,8 @@ std::wstring diagnosticsFolder() {
 }
 
 bool createDiagnosticsFolder() {
-    std::wstring folder = diagnosticsFolder();
-    if (folder.empty()) return false;
-    folder.pop_back();
-    return createFolders(folder);
+    const std::wstring folder = diagnosticsFolder();
+    return !folder.empty() && createFolders(folder);
 }
 
 std::wstring workingLogName() {

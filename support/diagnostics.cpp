@@ -18,10 +18,9 @@ constexpr CheckSource DIAG_SOURCE = L"Diagnostics";
 std::string narrowText(const std::wstring& text) {
     const int length = static_cast<int>(text.size());
     const int size = ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), length, NULL, 0, NULL, NULL);
-    std::string narrow(static_cast<std::size_t>(size > 0 ? size : 0), '\0');
-    if (size > 0) {
-        ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), length, &narrow[0], size, NULL, NULL);
-    }
+    std::string narrow;
+    narrow.resize(static_cast<std::size_t>(size));
+    ::WideCharToMultiByte(CP_ACP, 0, text.c_str(), length, &narrow[0], size, NULL, NULL);
     return narrow;
 }
 

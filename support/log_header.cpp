@@ -1,6 +1,7 @@
 // Gathers the block about the machine from Windows and its registry.
 #include "log_header.h"
 
+#include <iterator>
 #include <vector>
 
 #include "library.h"
@@ -41,7 +42,7 @@ std::vector<BYTE> registryData(bool ofUser, const wchar_t* key, const wchar_t* n
     const HKEY root = ofUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
     HKEY open = NULL;
     if (::RegOpenKeyExW(root, key, 0, KEY_READ, &open) != ERROR_SUCCESS) return {};
-    DWORD type = 0;
+    DWORD type = REG_NONE;
     DWORD size = 0;
     std::vector<BYTE> data;
     if (::RegQueryValueExW(open, name, NULL, &type, NULL, &size) == ERROR_SUCCESS &&
@@ -64,7 +65,7 @@ std::wstring registryText(bool ofUser, const wchar_t* key, const wchar_t* name) 
 
 std::wstring computerName() {
     wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+    DWORD size = static_cast<DWORD>(std::size(name));
     return ::GetComputerNameW(name, &size) ? std::wstring(name, size) : std::wstring();
 }
 

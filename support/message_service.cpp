@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <string_view>
 
 #include "diagnostics.h"
 #include "platform.h"
@@ -18,7 +19,8 @@ std::wstring formatText(const wchar_t* format, va_list arguments) {
     const int length = ::_vscwprintf(format, again);
     va_end(again);
     if (length <= 0) return std::wstring();
-    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    std::wstring text;
+    text.resize(static_cast<std::size_t>(length));
     return ::_vsnwprintf(&text[0], text.size(), format, arguments) < 0 ? std::wstring() : text;
 }
 
@@ -29,19 +31,18 @@ std::wstring withOneNewline(const std::wstring& text) {
 }
 
 /// Length of the next piece; a character of two UTF-16 units is not torn apart.
-std::size_t pieceLength(const std::wstring& text, std::size_t start) {
-    const std::size_t rest = text.size() - start;
-    if (rest <= kLongestPrint) return rest;
-    const auto last = static_cast<unsigned long>(text[start + kLongestPrint - 1]);
+std::size_t pieceLength(std::wstring_view rest) {
+    if (rest.size() <= kLongestPrint) return rest.size();
+    const auto last = static_cast<unsigned long>(rest[kLongestPrint - 1]);
     const bool tearsPair = last >= 0xD800 && last <= 0xDBFF;
     return tearsPair ? kLongestPrint - 1 : kLongestPrint;
 }
 
 void printOnCommandLine(const std::wstring& text) {
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t length = pieceLength(text, start);
-        acutPrintf(L"%s", text.substr(start, length).c_str());
-        start += length;
+    for (std::wstring_view rest = text; !rest.empty();) {
+        const std::wstring piece(rest.substr(0, pieceLength(rest)));
+        acutPrintf(L"%s", piece.c_str());
+        rest.remove_prefix(piece.size());
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <ctime>
 #include <cwchar>
+#include <iterator>
 
 namespace {
 
@@ -16,7 +17,7 @@ std::wstring timeText(const SYSTEMTIME& time, const wchar_t* format) {
     fields.tm_min = time.wMinute;
     fields.tm_sec = time.wSecond;
     wchar_t text[128] = {};
-    return std::wstring(text, std::wcsftime(text, 128, format, &fields));
+    return std::wstring(text, std::wcsftime(text, std::size(text), format, &fields));
 }
 
 }  // namespace

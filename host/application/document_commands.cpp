@@ -1,7 +1,11 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
+#include <filesystem>
+
 #include "host/application/session_impl.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
+#include "host/editor/state/sysvars.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -13,15 +17,6 @@ CommandStatus statusOf(const Outcome& outcome) {
     return outcome ? CommandStatus::Done : session().impl().fail(outcome);
 }
 
-/// Asks for a file name. None on Enter.
-PromptStatus promptFile(const std::wstring& question, std::string& path) {
-    const Answer answer = prompt(question);
-    if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
-    if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;
-    path = toUtf8(answer.text);
-    return path.empty() ? PromptStatus::None : PromptStatus::Ok;
-}
-
 /// Text behind the last dot of the file name, in upper case; empty without one.
 std::wstring extensionOf(const std::string& path) {
     const std::size_t slash = path.find_last_of("/\\");
@@ -30,13 +25,66 @@ std::wstring extensionOf(const std::string& path) {
     return foldCase(fromUtf8(path.substr(dot + 1)));
 }
 
+bool exists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(pathFromUtf8(path), ignored);
+}
+
+/// Asks for a file name; ~ is the user's home folder. None on Enter.
+PromptStatus promptFile(const std::wstring& question, std::string& path) {
+    const Answer answer = prompt(question);
+    if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
+    if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;
+    path = withHome(toUtf8(answer.text));
+    return path.empty() ? PromptStatus::None : PromptStatus::Ok;
+}
+
+/// The name to save under. The real host asks for a format first and for the places of numbers,
+/// which are always written in full here: both may be given, so that a script runs in either.
+PromptStatus promptSaveName(const HostDocument& document, std::string& path) {
+    const std::wstring question =
+        L"\nSave drawing as <" + std::wstring(document.fileName()) + L">: ";
+    const PromptStatus status = promptFile(question, path);
+    if (status != PromptStatus::Ok || foldCase(fromUtf8(path)) != L"DXF") return status;
+    constexpr double kMostPlaces = 16;
+    double places = kMostPlaces;
+    const PromptStatus given =
+        promptReal(L"\nEnter decimal places of accuracy (0 to 16) <16>: ", places);
+    if (given == PromptStatus::Cancel) return given;
+    if (!(places >= 0 && places <= kMostPlaces)) {
+        wrongAnswer(L"Decimal places go from 0 to 16");
+        return PromptStatus::Cancel;
+    }
+    return promptFile(question, path);
+}
+
+bool personAnswers() { return inputSource() != nullptr && inputSource()->interactive(); }
+
+/// A person is asked before another file is replaced; EXPERT 2 and above keeps from asking.
+bool mayReplace(const HostDocument& document, const std::string& path) {
+    constexpr int kNotAsked = 2;
+    if (!personAnswers() || sysvarInteger(L"EXPERT") >= kNotAsked) return true;
+    if (!exists(path) || fromUtf8(absolutePath(path)) == document.path()) return true;
+    const std::wstring question = L"\n" + fromUtf8(path) + L" exists. Replace it? [Yes/No] <No>: ";
+    return promptWord(question, {L"Yes", L"No"}, 1) == 0;
+}
+
+/// Saves the current drawing, under its own name when `path` is empty, and says where.
+CommandStatus save(const std::string& path, bool keepName) {
+    const Outcome outcome = session().impl().save(path, keepName);
+    const HostDocument* document = session().impl().documents.current();
+    if (outcome)
+        printLine(L"Saved as " + (keepName && !path.empty() ? fromUtf8(path) : document->path()) +
+                  L".");
+    return statusOf(outcome);
+}
+
 /// Saves under a name that is asked for.
 CommandStatus saveUnderName(bool keepName) {
     const HostDocument* document = session().impl().documents.current();
     if (document == nullptr) return statusOf({"no drawing is open", 4});
     std::string path;
-    const PromptStatus status =
-        promptFile(L"\nSave drawing as <" + std::wstring(document->fileName()) + L">: ", path);
+    const PromptStatus status = promptSaveName(*document, path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::Ok) {
         const std::wstring extension = extensionOf(path);
@@ -44,8 +92,26 @@ CommandStatus saveUnderName(bool keepName) {
             return statusOf({path + ": only DXF can be written; name the file .dxf", 4});
         }
         if (extension.empty()) path += ".dxf";
+        if (!mayReplace(*document, path)) return CommandStatus::Cancelled;
     }
-    return statusOf(session().impl().save(path, keepName));
+    return save(path, keepName);
+}
+
+CommandStatus saveCurrent() {
+    const HostDocument* document = session().impl().documents.current();
+    // Of a script the next line would become the name, and that line is a command.
+    const bool asks = document != nullptr && document->path().empty() && personAnswers();
+    return asks ? saveUnderName(false) : save({}, false);
+}
+
+/// Asks a person whether the current drawing is to be saved before it goes. Done when it may go.
+CommandStatus letGo(const HostDocument& document) {
+    if (!document.changed() || !personAnswers()) return CommandStatus::Done;
+    const std::wstring question = L"\nSave the changes to " + std::wstring(document.fileName()) +
+                                  L"? [Yes/No/Cancel] <Yes>: ";
+    const auto answer = promptWord(question, {L"Yes", L"No", L"Cancel"}, 0);
+    if (answer == 0) return saveCurrent();
+    return answer == 1 ? CommandStatus::Done : CommandStatus::Cancelled;
 }
 
 CommandStatus runNew() { return statusOf(session().newDrawing()); }
@@ -55,35 +121,44 @@ CommandStatus runOpen() {
     const PromptStatus status = promptFile(L"\nEnter name of drawing to open: ", path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::None) return statusOf({"the name of a drawing is missing", 3});
+    if (!exists(path) && exists(path + ".dxf")) path += ".dxf";
     return statusOf(session().openDrawing(path));
 }
 
 CommandStatus runSave() { return saveUnderName(true); }
 CommandStatus runSaveAs() { return saveUnderName(false); }
+CommandStatus runQsave() { return saveCurrent(); }
 
-CommandStatus runQsave() {
+CommandStatus runClose() {
     const HostDocument* document = session().impl().documents.current();
-    // Of a script the next line would become the name, and that line is a command.
-    const bool asks = inputSource() != nullptr && inputSource()->interactive();
-    if (asks && document != nullptr && document->path().empty()) return saveUnderName(false);
-    return statusOf(session().saveDrawing({}));
+    const CommandStatus asked = document != nullptr ? letGo(*document) : CommandStatus::Done;
+    return asked == CommandStatus::Done ? statusOf(session().closeDrawing()) : asked;
 }
 
-CommandStatus runClose() { return statusOf(session().closeDrawing()); }
-
 CommandStatus runQuit() {
-    session().impl().quit = true;
-    return CommandStatus::Done;
+    Documents& documents = session().impl().documents;
+    HostDocument* const current = documents.current();
+    CommandStatus asked = CommandStatus::Done;
+    for (std::size_t i = 0; i < documents.count() && asked == CommandStatus::Done; ++i) {
+        HostDocument& document = *documents.at(i);
+        if (document.changed() && personAnswers())
+            documents.setCurrent(&document);  // the one that a save takes
+        asked = letGo(document);
+    }
+    documents.setCurrent(current);
+    session().impl().quit = asked == CommandStatus::Done;
+    return asked;
 }
 
 const BuiltinCommand kCommands[] = {
     {L"NEW", 0, runNew, L"opens a new, empty drawing"},
     {L"OPEN", 0, runOpen, L"opens a drawing: file"},
     {L"SAVE", 0, runSave, L"saves a copy of the drawing: file"},
-    {L"SAVEAS", 0, runSaveAs, L"saves the drawing under a new name: file"},
+    {L"SAVEAS", 0, runSaveAs,
+     L"saves the drawing under a new name: file; or DXF, decimal places, file"},
     {L"QSAVE", 0, runQsave, L"saves the drawing under its name"},
-    {L"CLOSE", 0, runClose, L"closes the drawing without saving it"},
-    {L"QUIT", 0, runQuit, L"ends the program without saving"},
+    {L"CLOSE", 0, runClose, L"closes the drawing; asks about changes, but in a script drops them"},
+    {L"QUIT", 0, runQuit, L"ends the program; asks about changes, but in a script drops them"},
 };
 
 }  // namespace

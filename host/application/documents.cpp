@@ -63,6 +63,7 @@ HostDocument::HostDocument(std::unique_ptr<AcDbDatabase> database, std::wstring 
     : m_database(std::move(database)), m_path(std::move(path)), m_title(std::move(title)) {
     state.database = m_database.get();
     state.fileName = fileName();
+    noteSaved();
 }
 
 Documents::~Documents() {

@@ -1,6 +1,7 @@
 // The open documents: their list, the current one, and their notifications.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/scripting/lisp_table.h"
+#include "host/store/store.h"
 
 namespace host {
 
@@ -30,6 +32,10 @@ class HostDocument : public AcApDocument {
         state.fileName = fileName();
     }
 
+    /// True when the drawing was changed since it was opened or last saved under its own name.
+    bool changed() const { return m_database->store().revision != m_savedRevision; }
+    void noteSaved() { m_savedRevision = m_database->store().revision; }
+
     DocumentState state;
     LispTable lisp;
 
@@ -37,6 +43,7 @@ class HostDocument : public AcApDocument {
     std::unique_ptr<AcDbDatabase> m_database;
     std::wstring m_path;
     std::wstring m_title;
+    std::uint64_t m_savedRevision = 0;
 };
 
 /// All open documents in opening order. Tells the document reactors what happens, with the

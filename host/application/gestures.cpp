@@ -49,6 +49,7 @@ CommandStatus pickGesture(Session::Impl& session, bool shift) {
     if (!parseSelection(words, selection, explanation)) {
         return session.fail({toUtf8(explanation), 1});
     }
+    if (selection.empty()) printLine(L"0 found");
     shift ? unpick(selection) : pick(selection);
     return CommandStatus::Done;
 }
@@ -104,6 +105,12 @@ Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit u
     if (answer.kind == Answer::Kind::Cancel) print(L"*Cancel*");
     if (!source.interactive()) print(answer.text);
     return answer;
+}
+
+std::vector<std::wstring> typableNames() {
+    std::vector<std::wstring> names = commandNames();
+    names.insert(names.end(), {L"PICK", L"UNPICK", L"PICKED", L"SWITCH"});
+    return names;
 }
 
 std::optional<CommandStatus> runGesture(Session::Impl& session, const std::wstring& name) {

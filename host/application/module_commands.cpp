@@ -2,6 +2,7 @@
 #include "host/application/session_impl.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -31,7 +32,7 @@ CommandStatus runArx() {
     const Answer file = prompt(L"\nApplication file: ");
     if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;
     if (file.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    const std::string name = toUtf8(file.text);
+    const std::string name = withHome(toUtf8(file.text));
     print(L"\n");  // the application prints where the cursor is
     const Outcome outcome = load ? session.modules.load(name) : session.modules.unload(name);
     return outcome ? CommandStatus::Done : session.fail(outcome);

@@ -5,6 +5,7 @@
 #include "host/application/session_impl.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
+#include "host/editor/run/command_names.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/notify.h"
@@ -50,7 +51,8 @@ CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle
     return CommandStatus::Done;
 }
 
-CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
+/// One command, gesture or LISP call. A command becomes the `last` one, which Enter repeats.
+CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstring& last) {
     if (text.empty()) return CommandStatus::Unknown;
     if (text.front() == L'(') {
         const auto handle = parseHandent(text);
@@ -59,7 +61,10 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text) {
         return session.callLisp(text);
     }
     const std::optional<CommandStatus> gesture = runGesture(session, foldCase(text));
-    return gesture ? *gesture : runCommand(text);
+    if (gesture) return *gesture;
+    const CommandStatus status = runCommand(text);
+    if (status != CommandStatus::Unknown) last = text;
+    return status;
 }
 
 }  // namespace
@@ -87,7 +92,10 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
     if (!command.empty() && command.front() == L'(') {
         line += problem;
     } else if (status == CommandStatus::Unknown) {
-        line += "unknown command \"" + name + "\"; drafthost --help lists the commands";
+        const std::wstring nearest = nearestName(command, typableNames());
+        line += "unknown command \"" + name + "\"; ";
+        if (!nearest.empty()) line += "nearest is " + toUtf8(nearest) + "; ";
+        line += "HELP lists the commands";
     } else {
         line += toUtf8(foldCase(command));
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
@@ -100,26 +108,35 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
                                 const std::function<std::string()>& where) {
     WatchedSource input(source);
     CommandStatus result = CommandStatus::Done;
+    std::wstring last;
     while (!m_impl->quit && !input.over()) {
         idle();
         print(L"\nCommand: ");
         const Answer answer = answerAtPrompt(input, L"Command: ", InputUnit::Token);
         if (answer.kind == Answer::Kind::Cancel) pickNothing();
-        if (answer.kind != Answer::Kind::Text) continue;
+        std::wstring text = answer.text;
+        if (answer.kind == Answer::Kind::Enter && !last.empty()) print(text = last);
+        if (answer.kind != Answer::Kind::Text && text.empty()) continue;
         takeProblem();
-        const CommandStatus status = runOne(*m_impl, answer.text);
+        const CommandStatus status = runOne(*m_impl, text, last);
         const bool escaped = status == CommandStatus::Cancelled && source.interactive();
         if (status == CommandStatus::Done || escaped) continue;
         if (result == CommandStatus::Done) result = status;
         if (status == CommandStatus::Cancelled && input.over()) {
             noteProblem(L"the input ended inside the command");
         }
-        m_impl->reportCommand(where ? where() : std::string(), answer.text, status);
+        m_impl->reportCommand(where ? where() : std::string(), text, status);
         if (stopAtFailure) break;
     }
     idle();
     print(L"\n");
     return result;
+}
+
+bool Session::leave(InputSource& source) {
+    WatchedSource input(source);
+    if (!m_impl->quit) runCommand(L"QUIT");
+    return m_impl->quit || input.over();
 }
 
 CommandStatus Session::runScript(const std::wstring& text, bool stopAtFailure,

@@ -51,6 +51,7 @@ Session::Session() : m_impl(std::make_unique<Impl>()) {
     registerHostCommands();
     registerDocumentCommands();
     registerModuleCommands();
+    registerHelpCommand();
     clearEffects();
     clearModuleFaults();
     m_impl->heldAtStart = heldNow();
@@ -118,6 +119,7 @@ Outcome Session::Impl::save(const std::string& path, bool keepName) {
     }
     saved.insert(withoutLinks(file));
     if (!keepName || document->path().empty()) document->setPath(target);
+    if (document->path() == target) document->noteSaved();
     notifySaveComplete(document->database(), target);
     return {};
 }

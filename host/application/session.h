@@ -76,6 +76,10 @@ class Session {
     /// an interactive source cancels has not failed.
     CommandStatus runInput(InputSource& source, bool stopAtFailure = false,
                            const std::function<std::string()>& where = {});
+    /// After a person's input is over: runs QUIT, which asks about changes, unless it ran before.
+    /// False when the person wants to stay; the end of the input while that is asked leaves, as
+    /// nobody may be there any more.
+    bool leave(InputSource& source);
     /// Calls a defined LISP function "(Name args)"; prints its value unless it asked for none.
     CommandStatus callLisp(const std::wstring& expression);
 
@@ -93,6 +97,12 @@ class Session {
   private:
     std::unique_ptr<Impl> m_impl;
 };
+
+/// What can be typed at the empty prompt and what commands ask for, in lines without a last line
+/// end: commands of the host and of modules, short forms, gestures.
+std::wstring commandHelp();
+/// Names that can be typed at the empty prompt: commands and gestures.
+std::vector<std::wstring> typableNames();
 
 /// The session that exists, or null.
 Session* currentSession();

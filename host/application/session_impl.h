@@ -54,5 +54,6 @@ struct Session::Impl {
 /// Commands that need documents and modules, for the table of built-in commands.
 void registerDocumentCommands();
 void registerModuleCommands();
+void registerHelpCommand();
 
 }  // namespace host

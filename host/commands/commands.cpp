@@ -11,6 +11,7 @@ void registerHostCommands() {
     registerUndoCommands();
     registerInquiryCommands();
     registerSettingCommands();
+    registerViewCommands();
 }
 
 }  // namespace host

@@ -14,6 +14,7 @@ void registerClipboardCommands();
 void registerUndoCommands();
 void registerInquiryCommands();
 void registerSettingCommands();
+void registerViewCommands();
 
 /// Empties the clipboard, which belongs to the application: at the start and end of a session.
 void dropClipboard();

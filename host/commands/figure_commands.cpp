@@ -8,6 +8,7 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/active_command.h"
+#include "host/objects/erasing.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
@@ -19,36 +20,56 @@ void addPoint(std::string& tags, int code, const AcGePoint3d& point) {
     addPointTag(tags, code, point.x, point.y, point.z);
 }
 
-void drawLine(Store& store, const AcGePoint3d& from, const AcGePoint3d& to) {
+AcDbObjectId drawLine(Store& store, const AcGePoint3d& from, const AcGePoint3d& to) {
     std::string tags;
     addTag(tags, 100, "AcDbLine");
     addPoint(tags, 10, from);
     addPoint(tags, 11, to);
-    addEntity(store, "LINE", tags);
+    return addEntity(store, "LINE", tags);
 }
 
-/// Segments until Enter; C closes the figure once it has two.
+/// A figure of line segments while it is drawn.
+struct Segments {
+    std::vector<AcGePoint3d> points;  ///< one more than lines, once there is the first
+    std::vector<AcDbObjectId> lines;
+};
+
+const wchar_t* segmentPrompt(std::size_t lines) {
+    if (lines == 0) return L"\nSpecify next point: ";
+    return lines == 1 ? L"\nSpecify next point or [Undo]: "
+                      : L"\nSpecify next point or [Close/Undo]: ";
+}
+
+void undoSegment(Segments& figure) {
+    if (ObjectBody* line = Store::resolve(figure.lines.back())) eraseWithOwned(*line, true);
+    figure.lines.pop_back();
+    figure.points.pop_back();
+}
+
+/// Segments until Enter; C closes the figure once it has two, U takes the last one back.
 CommandStatus runLine() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
-    AcGePoint3d first;
-    PromptStatus status = promptPoint(L"\nSpecify first point: ", nullptr, first);
+    AcGePoint3d next;
+    PromptStatus status = promptPoint(L"\nSpecify first point: ", nullptr, next);
     if (status != PromptStatus::Ok) {
         return status == PromptStatus::None ? CommandStatus::Done : CommandStatus::Cancelled;
     }
-    AcGePoint3d last = first;
-    for (int segments = 0;; ++segments) {
-        AcGePoint3d next;
-        bool close = false;
-        const bool mayClose = segments >= 2;
-        status = promptPointOrWord(
-            mayClose ? L"\nSpecify next point or [Close]: " : L"\nSpecify next point: ", &last,
-            mayClose ? L"C" : nullptr, next, close);
+    for (Segments figure{{next}, {}};;) {
+        const std::size_t drawn = figure.lines.size();
+        const wchar_t* words = drawn == 0 ? L"" : drawn == 1 ? L"U" : L"CU";
+        wchar_t word = 0;
+        status = promptPointOrWord(segmentPrompt(drawn), &figure.points.back(), words, next, word);
         if (status == PromptStatus::None) return CommandStatus::Done;
         if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
-        drawLine(*store, last, close ? first : next);
-        if (close) return CommandStatus::Done;
-        last = next;
+        if (word == L'U') {
+            undoSegment(figure);
+            continue;
+        }
+        if (word == L'C') next = figure.points.front();
+        figure.lines.push_back(drawLine(*store, figure.points.back(), next));
+        figure.points.push_back(next);
+        if (word == L'C') return CommandStatus::Done;
     }
 }
 
@@ -131,7 +152,7 @@ CommandStatus runText() {
 }
 
 const BuiltinCommand kCommands[] = {
-    {L"LINE", 0, runLine, L"line segments: points, C closes, Enter ends"},
+    {L"LINE", 0, runLine, L"line segments: points, C closes, U takes one back, Enter ends"},
     {L"CIRCLE", 0, runCircle, L"a circle: centre, radius"},
     {L"POINT", 0, runPoint, L"a point"},
     {L"TEXT", 0, runText, L"a line of text: start, height, rotation in degrees, text"},

@@ -1,4 +1,4 @@
-// A prompt that takes a point or one key word.
+// A prompt that takes a point or one of some key words.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace host {
 
-/// As promptPoint, but the answer may also be `word` (upper case, null for none) in any case: then
-/// Ok with `isWord` true.
+/// As promptPoint, but the answer may also be one of the letters of `words` (upper case) in any
+/// case: then Ok with `word` that letter, else 0.
 PromptStatus promptPointOrWord(const std::wstring& question, const AcGePoint3d* base,
-                               const wchar_t* word, AcGePoint3d& point, bool& isWord);
+                               const std::wstring& words, AcGePoint3d& point, wchar_t& word);
 
 }  // namespace host

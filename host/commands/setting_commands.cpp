@@ -24,15 +24,22 @@ CommandStatus listVariables() {
 }
 
 CommandStatus runSetvar() {
-    const Answer named = prompt(L"\nEnter variable name or [?]: ");
-    if (named.kind == Answer::Kind::Enter) return CommandStatus::Done;
-    if (named.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    if (named.text == L"?") return listVariables();
-    const std::wstring name = foldCase(named.text);
+    std::wstring name = typedCommand();  // a variable can be typed as if it were a command
+    if (!isSysvar(name)) {
+        const Answer named = prompt(L"\nEnter variable name or [?]: ");
+        if (named.kind == Answer::Kind::Enter) return CommandStatus::Done;
+        if (named.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
+        if (named.text == L"?") return listVariables();
+        name = foldCase(named.text);
+    }
     std::wstring value;
     if (!sysvarText(name, value)) {
         printProblem(L"Unknown variable " + name + L": SETVAR ? lists the known ones.");
         return CommandStatus::Failed;
+    }
+    if (isReadOnlySysvar(name)) {
+        printLine(name + L" = " + value + L" (read only)");
+        return CommandStatus::Done;
     }
     const Answer answer = prompt(L"\nEnter new value for " + name + L" <" + value + L">: ");
     if (answer.kind == Answer::Kind::Enter) return CommandStatus::Done;

@@ -28,10 +28,10 @@ std::vector<Index> indexesOf(const std::vector<ObjectBody*>& entities) {
 
 /// The base point, or right away a displacement: then `isDisplacement`.
 PromptStatus promptBase(AcGePoint3d& base, bool& isDisplacement) {
-    const PromptStatus status =
-        promptPointOrWord(L"\nSpecify base point or [Displacement] <Displacement>: ", nullptr, L"D",
-                          base, isDisplacement);
-    if (status == PromptStatus::None) isDisplacement = true;
+    wchar_t word = 0;
+    const PromptStatus status = promptPointOrWord(
+        L"\nSpecify base point or [Displacement] <Displacement>: ", nullptr, L"D", base, word);
+    isDisplacement = status == PromptStatus::None || word != 0;
     if (status == PromptStatus::Cancel || !isDisplacement) return status;
     const AcGePoint3d origin;
     base = origin;
@@ -83,14 +83,14 @@ CommandStatus copyToPoints(Store& store, const std::vector<ObjectBody*>& entitie
     CommandStatus outcome = CommandStatus::Done;
     for (int copies = 0;; ++copies) {
         AcGePoint3d to;
-        bool leaves = false;
+        wchar_t leaves = 0;
         const PromptStatus status =
             copies == 0 ? promptPoint(kSecondPoint, &base, to)
                         : promptPointOrWord(L"\nSpecify second point or [Exit] <Exit>: ", &base,
                                             L"E", to, leaves);
         if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
         const bool byBase = status == PromptStatus::None && copies == 0;
-        if (leaves || (status == PromptStatus::None && !byBase)) return outcome;
+        if (leaves != 0 || (status == PromptStatus::None && !byBase)) return outcome;
         if (!copyBy(store, entities, byBase ? toVec(base) : toVec(to) - toVec(base)))
             outcome = CommandStatus::Failed;
         if (byBase) return outcome;
@@ -117,26 +117,12 @@ PromptStatus promptMirrorLine(AcGePoint3d& first, AcGePoint3d& second) {
     return status;
 }
 
-/// Yes or No; Enter is No.
-PromptStatus promptErase(bool& erases) {
-    for (;;) {
-        const Answer answer = prompt(L"\nErase source objects? [Yes/No] <N>: ");
-        erases = false;
-        if (answer.kind == Answer::Kind::Enter) return PromptStatus::Ok;
-        if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;
-        const std::wstring word = foldCase(answer.text);
-        erases = word == L"Y" || word == L"YES";
-        if (erases || word == L"N" || word == L"NO") return PromptStatus::Ok;
-        if (!wrongAnswer(L"\"" + answer.text + L"\" is neither Yes nor No"))
-            return PromptStatus::Cancel;
-    }
-}
-
 CommandStatus mirrorEntities(Store& store, const std::vector<ObjectBody*>& selected) {
     AcGePoint3d first, second;
-    bool erases = false;
     if (promptMirrorLine(first, second) != PromptStatus::Ok) return CommandStatus::Cancelled;
-    if (promptErase(erases) != PromptStatus::Ok) return CommandStatus::Cancelled;
+    const auto answer = promptWord(L"\nErase source objects? [Yes/No] <N>: ", {L"Yes", L"No"}, 1);
+    if (!answer) return CommandStatus::Cancelled;
+    const bool erases = *answer == 0;
     std::vector<ObjectBody*> entities;
     for (ObjectBody* entity : selected)
         if (!erases || !store.onLockedLayer(*entity)) entities.push_back(entity);

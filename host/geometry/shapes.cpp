@@ -144,6 +144,19 @@ bool Outline::near(const Vec& point, double tolerance) const {
            });
 }
 
+double Outline::distanceFrom(const Vec& point) const {
+    double least = std::numeric_limits<double>::infinity();
+    const auto measure = [&](const auto& stroke) {
+        least = std::min(least, distance(stroke, point));
+        return false;
+    };
+    std::for_each(lines.begin(), lines.end(), measure);
+    std::for_each(arcs.begin(), arcs.end(), measure);
+    for (const std::vector<Vec>& area : areas)
+        anyEdge(area, measure);
+    return least;
+}
+
 bool Outline::inside(const Box& box) const {
     const auto held = [&](const Vec& point) { return holds(box, point); };
     const bool all =

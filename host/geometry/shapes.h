@@ -54,6 +54,8 @@ struct Outline {
     OutlineMark mark() const { return {lines.size(), arcs.size(), areas.size(), writings.size()}; }
     /// True when some part is within `tolerance` of the point; also inside an area.
     bool near(const Vec& point, double tolerance) const;
+    /// How far the nearest stroke or edge is from the point; infinite without any.
+    double distanceFrom(const Vec& point) const;
     /// True when all of it lies in the box.
     bool inside(const Box& box) const;
     /// True when some part lies in the box.

@@ -2,11 +2,9 @@
 #include "host/picking/hit_test.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "host/picking/outline.h"
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
 
 namespace host {
 namespace {
@@ -43,11 +41,19 @@ std::vector<AcDbObjectId> entitiesInWindow(const Store& store, const AcGePoint3d
     });
 }
 
-double viewHeight(const Store& store) {
-    constexpr double kUnknownView = 297;  // a sheet, in millimetres
-    const ObjectBody* view = store.symbol("VPORT", L"*Active");
-    const double height = view == nullptr ? 0 : OwnTags(view->tags()).real(40, 0);
-    return height > 0 ? height : kUnknownView;
+AcDbObjectId nearestOf(const std::vector<AcDbObjectId>& entities, const Store& store,
+                       const AcGePoint3d& point, double tolerance) {
+    AcDbObjectId nearest;
+    double least = tolerance;
+    OutlineMaker maker(store);
+    for (const AcDbObjectId id : entities) {
+        const Outline outline = maker.outlineOf(*Store::resolve(id));
+        const double away = std::min(outline.distanceFrom({point.x, point.y, 0}), tolerance);
+        if (away > least) continue;
+        least = away;
+        nearest = id;
+    }
+    return nearest;
 }
 
 bool isDrawn(const Store& store, const ObjectBody& entity) {

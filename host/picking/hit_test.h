@@ -19,8 +19,10 @@ std::vector<AcDbObjectId> entitiesAt(const Store& store, const AcGePoint3d& poin
 /// Those wholly inside the window, or (crossing) also those it touches; in drawing order.
 std::vector<AcDbObjectId> entitiesInWindow(const Store& store, const AcGePoint3d& corner,
                                            const AcGePoint3d& opposite, bool crossing);
-/// Height of the view in drawing units: of the viewport *Active, or of a sheet when it has none.
-double viewHeight(const Store& store);
+/// The one of some entities in drawing order whose stroke or edge is nearest to the point; what is
+/// merely filled there counts as `tolerance` away. The newest of those equally near; null for none.
+AcDbObjectId nearestOf(const std::vector<AcDbObjectId>& entities, const Store& store,
+                       const AcGePoint3d& point, double tolerance);
 /// True when something of the entity is drawn.
 bool isDrawn(const Store& store, const ObjectBody& entity);
 

@@ -156,6 +156,8 @@ class Store {
 
     /// Identification of the current viewport: 1 is the paper-space one of a layout.
     int currentViewport = 2;
+    /// Height of the view in drawing units where the drawing keeps none; 0 until it is worked out.
+    mutable double assumedViewHeight = 0;
     /// The database object that holds this store.
     AcDbDatabase* database = nullptr;
     /// Counts changes of content, for "modified since saved" and caches.

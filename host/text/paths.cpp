@@ -1,6 +1,7 @@
 // Paths: UTF-8 in the host, the system's own characters in its file calls.
 #include "host/text/paths.h"
 
+#include <cstdlib>
 #include <type_traits>
 
 #include "host/text/text_codec.h"
@@ -9,6 +10,12 @@ namespace host {
 namespace {
 
 constexpr bool kWidePaths = std::is_same_v<std::filesystem::path::value_type, wchar_t>;
+
+/// The user's home folder by the environment; empty when it names none.
+std::filesystem::path homeFolder() {
+    const char* const home = std::getenv(kWidePaths ? "USERPROFILE" : "HOME");
+    return home == nullptr ? std::filesystem::path() : std::filesystem::path(home);
+}
 
 }  // namespace
 
@@ -26,6 +33,12 @@ std::string absolutePath(const std::string& path) {
     std::error_code failure;
     const std::filesystem::path absolute = std::filesystem::absolute(pathFromUtf8(path), failure);
     return failure ? path : utf8OfPath(absolute.lexically_normal());
+}
+
+std::string withHome(const std::string& path) {
+    const bool atHome = path == "~" || path.rfind("~/", 0) == 0 || path.rfind("~\\", 0) == 0;
+    const std::filesystem::path home = atHome ? homeFolder() : std::filesystem::path();
+    return home.empty() ? path : utf8OfPath(home) + path.substr(1);
 }
 
 }  // namespace host

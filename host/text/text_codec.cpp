@@ -237,6 +237,22 @@ std::wstring fromUtf8(std::string_view bytes) {
     return wide;
 }
 
+std::wstring fromTextFile(std::string_view bytes) {
+    const std::string_view mark = bytes.substr(0, 2);
+    if (mark != "\xFF\xFE" && mark != "\xFE\xFF") return fromUtf8(bytes);
+    const std::size_t high = mark == "\xFE\xFF" ? 0 : 1;
+    std::wstring units, text;
+    for (std::size_t at = 2; at + 1 < bytes.size(); at += 2) {
+        const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[at + i]); };
+        units += static_cast<wchar_t>(byte(high) << 8 | byte(1 - high));
+    }
+    for (std::size_t at = 0; at < units.size();) {
+        const char32_t c = nextWide(units, at);
+        appendWide(text, isSurrogate(c) ? kReplacement : c);
+    }
+    return text;
+}
+
 std::string toUtf8(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());

@@ -26,6 +26,9 @@ std::string encodeText(std::wstring_view text, const Encoding& encoding);
 std::wstring fromUtf8(std::string_view bytes);
 std::string toUtf8(std::wstring_view text);
 
+/// Text of a file that a person wrote: UTF-16 when it begins with that byte-order mark, else UTF-8.
+std::wstring fromTextFile(std::string_view bytes);
+
 /// A message as one line of moderate length, whatever names and values of a drawing it quotes: line
 /// ends and tabs become blanks, other control characters "?", and what is too long loses its
 /// middle.

@@ -17,7 +17,7 @@ struct LispFunction {
 
 /// The code of a function is its index. Row 0 is never used, so that real codes begin at 1.
 constexpr LispFunction kLispFunctions[] = {
-    {L"", nullptr, 0},
+    {},
     {L"VelmoGroupVersion", lispVersionFunction, 1},
 };
 constexpr int kRowCount = static_cast<int>(std::size(kLispFunctions));

@@ -150,9 +150,9 @@ TEST_F(ModulesTest, ArxCommand) {
     shown();
     session->runScript(L"ARX ?\n");
     EXPECT_NE(shown().find("\n" + kProbe + "\n"), std::string::npos);
-    EXPECT_EQ(problemsOf(L"ARX X\n\nARX UNLOAD nothing.arx\n"),
+    EXPECT_EQ(problemsOf(L"ARX X\nARX UNLOAD nothing.arx\n"),
               "plan.scr:1: ARX failed: X is no option: ? lists, L loads, U unloads\n"
-              "plan.scr:3: ARX failed: nothing.arx: no such application is loaded; ARX ? lists the "
+              "plan.scr:2: ARX failed: nothing.arx: no such application is loaded; ARX ? lists the "
               "loaded ones\n");
     EXPECT_EQ(session->runScript(L"ARX u probe.arx\n"), CommandStatus::Done);
     EXPECT_TRUE(session->modules().empty());

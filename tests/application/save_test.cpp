@@ -37,6 +37,35 @@ class LateChange : public AcEditorReactor {
     std::string heard;
 };
 
+TEST_F(SaveTest, NamesAreFoundAndTheFormatMayComeFirst) {
+    const std::string home = std::filesystem::path(file("")).parent_path().string();
+    setVariable("HOME", home.c_str());
+    setVariable("USERPROFILE", home.c_str());
+    EXPECT_EQ(problemsOf(L"SAVEAS dxf 16 ~/plan.v2.dxf\nSAVEAS dxf \n~/plan2\nCLOSE\n"), "");
+    EXPECT_EQ(problemsOf(L"OPEN ~/plan2\nOPEN ~/plan.v2\n"), "");
+    EXPECT_EQ(name(), file("plan.v2.dxf"));
+    EXPECT_EQ(session->runScript(L"SAVEAS DXF 17 ~/plan3\n", true), CommandStatus::Cancelled);
+}
+
+TEST_F(SaveTest, APersonIsAskedBeforeWorkIsLost) {
+    const auto leaves = [&](const std::wstring& typed) {
+        Person person(typed);
+        session->runInput(person);
+        return session->leave(person);
+    };
+    const std::string former = "somebody's";
+    write(file("b.dxf"), former);
+    EXPECT_FALSE(leaves(L"SAVEAS " + quoted("b") + L" n ^D c\n"));
+    EXPECT_TRUE(leaves(L"^D ^D\n")) << "nobody is there any more";
+    EXPECT_FALSE(leaves(L"CLOSE x CANCEL\nNEW\nPO 3,3\nCLOSE N ^D C\n"));
+    EXPECT_EQ(session->documentCount(), 1u);
+    EXPECT_EQ(contentOf(file("b.dxf")), former);
+    EXPECT_FALSE(leaves(L"EXPERT 2\nSAVEAS " + quoted("b") + L" PO 4,4 ^D c\n"));
+    EXPECT_EQ(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
+    EXPECT_TRUE(leaves(L"^D Y\n"));
+    EXPECT_NE(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
+}
+
 TEST_F(SaveTest, ChangesInBeginSaveAreInTheFile) {
     LateChange change;
     AcEditor* editor = AcEditor::cast(acrxSysRegistry()->at(L"AcEditor"));

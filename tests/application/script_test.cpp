@@ -70,7 +70,7 @@ TEST_F(ScriptTest, CommandsDrawListAndUndo) {
     EXPECT_EQ(listed,
               "at point X=3.0 Y=4.0 Z=0.0|height 2.5|text Two words|"
               "center point X=5.0 Y=5.0 Z=0.0|radius 2.0|"
-              "from point X=1.0 Y=1.0 Z=0.0|to point X=0.0 Y=0.0 Z=0.0|");
+              "from point X=0.0 Y=0.0 Z=0.0|to point X=1.0 Y=0.0 Z=0.0|");
     EXPECT_EQ(drawing(), "LINE LINE LINE");
 }
 
@@ -80,9 +80,10 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
         const char* line;
     } cases[] = {
         {L"; nothing\nNONSENSE\n",
-         "plan.scr:2: unknown command \"NONSENSE\"; drafthost --help lists the commands\n"},
-        {L"STRETCH\n",
-         "plan.scr:1: unknown command \"STRETCH\"; drafthost --help lists the commands\n"},
+         "plan.scr:2: unknown command \"NONSENSE\"; HELP lists the commands\n"},
+        {L"STRETCH\n", "plan.scr:1: unknown command \"STRETCH\"; HELP lists the commands\n"},
+        {L"\nLNIE\n",
+         "plan.scr:2: unknown command \"LNIE\"; nearest is LINE; HELP lists the commands\n"},
         {L"\n(handent \"FFFF\")\n", "plan.scr:2: no object has the handle FFFF in this drawing\n"},
         {L"(Nothing)\n", "plan.scr:1: no LISP function Nothing is defined in this drawing\n"},
         {L"PICK \n",
@@ -92,7 +93,8 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
          "plan.scr:1: PICK failed: a window takes two corners, for example W 0,0 10,10\n"},
         {L"LINE 0,0 1,1", "plan.scr:1: LINE was cancelled: the input ended inside the command\n"},
         {L"LINE\n0,0\nx\n",
-         "plan.scr:3: LINE was cancelled: \"x\" is no point; give x,y or x,y,z or @dx,dy\n"},
+         "plan.scr:3: LINE was cancelled: \"x\" is no point; give x,y or distance<angle, with @ "
+         "from the last point\n"},
         {L"\nOPEN nowhere.dxf\n",
          "plan.scr:2: OPEN failed: nowhere.dxf: cannot be read: No such file or "
          "directory; choose a DXF drawing\n"},
@@ -100,6 +102,17 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
     for (const auto& each : cases)
         EXPECT_EQ(problemsOf(each.script), each.line);
     EXPECT_EQ(session->exitStatus(), 3);
+}
+
+TEST_F(ScriptTest, ShortFormsVariablesAndEnterThatRepeats) {
+    EXPECT_EQ(problemsOf(L"\nPO 1,1\n\n2,2\nPICK ALL\n\n3,3\n_pickadd 1\n\n0\nE 3,3\n\nVIEWSIZE\n"),
+              "");
+    EXPECT_EQ(drawing(), "POINT POINT");
+    EXPECT_NE(shown().find("\nEnter new value for PICKADD <1>: 0\n"), std::string::npos);
+    EXPECT_EQ(problemsOf(L"?\n"), "");
+    const std::string help = shown();
+    for (const char* line : {"\n  ZOOM ", " L=LINE ", "\n  QUIT ", "PICK selection"})
+        EXPECT_NE(help.find(line), std::string::npos) << line;
 }
 
 TEST_F(ScriptTest, GesturesAreNoCommands) {

@@ -15,6 +15,7 @@
 #include "host/control/switches.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
+#include "host/scripting/script.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
@@ -22,6 +23,17 @@
 using namespace host;
 using tests::contentOf;
 using tests::write;
+
+/// Types as a person does, who is asked again after a wrong answer; "^D" is the end of the input.
+class Person : public ScriptSource {
+  public:
+    using ScriptSource::ScriptSource;
+    Answer next(const std::wstring& prompt, InputUnit unit) override {
+        const Answer answer = ScriptSource::next(prompt, unit);
+        return answer.text == L"^D" ? Answer{Answer::Kind::End, {}} : answer;
+    }
+    bool interactive() const override { return true; }
+};
 
 /// A fresh session and a fresh folder for each test. No test may leave a fault of a module behind
 /// without looking at it.

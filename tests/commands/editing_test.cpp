@@ -31,6 +31,29 @@ class EditingTest : public CommandsTest {
     }
 };
 
+TEST_F(EditingTest, LinesTakePolarPointsAndSegmentsBack) {
+    run(L"LINE 1,1 @2<90 8,8 U @ u @3,0 C\nLINE @ 5<180 U\n@1,0\n\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE LINE LINE LINE");
+    EXPECT_EQ(groups(entity("LINE", 2), {10, 20, 11, 21}), "1.0 3.0 4.0 3.0");
+    EXPECT_EQ(groups(entity("LINE", 3), {10, 20, 11, 21}), "4.0 3.0 1.0 1.0");
+    run(L"U\nU\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE");
+}
+
+TEST_F(EditingTest, ZoomSetsHowFarAPickReaches) {
+    run(L"ZOOM E\nLINE 100,0 110,20\n\nPICK 110.05,20\nERASE\n");
+    EXPECT_EQ(entities(), "LINE CIRCLE LINE") << "0.02 units, of a view 6 units high";
+    for (const auto& [zoom, height] : {std::pair(L"a", L"VIEWSIZE = 73."),
+                                       {L"0.5x", L"VIEWSIZE = 146."},
+                                       {L"W 0,0 @1,2", L"VIEWSIZE = 2.0"},
+                                       {L"0,0 0,8", L"VIEWSIZE = 8.0"}}) {
+        run(std::wstring(L"Z ") + zoom + L"\nVIEWSIZE\n");
+        EXPECT_NE(shown().find(toUtf8(height)), std::string::npos) << toUtf8(zoom);
+    }
+    EXPECT_EQ(run(L"ZOOM -1x\n"), CommandStatus::Cancelled);
+    EXPECT_EQ(run(L"ZOOM 1e-320\n"), CommandStatus::Done) << "stays as it is";
+}
+
 TEST_F(EditingTest, CopiesStandInDrawingOrderOrBySwitchInTheOrderOfSelection) {
     const std::wstring selected = L"5,6 0,0\n\n";  // the circle first
     run(L"COPY " + selected + L"D 9,9\n");

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "common/drafting.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 
@@ -24,23 +23,15 @@ inline bool isMarker(const std::string& word) {
     return word[0] == 'b' || word.rfind("end", 0) == 0;
 }
 
-/// "line on A" for each main entity of model space in drawing order; empty for markers.
+/// "line" for each main entity of model space in drawing order; empty for markers.
 inline std::vector<std::string> kindsOf(const Drafting& drafting) {
     std::vector<std::string> kinds = wordsOf(drafting);
-    const host::Store& store = drafting.store();
-    host::Index index = store.firstLive(store.modelSpace());
-    for (std::string& kind : kinds) {
-        const host::ObjectBody& body = store.at(index);
-        const auto layer = host::findTag(body.tags(), 8);
-        kind = isMarker(kind) ? ""
-                              : kind.substr(0, kind.find('*')) + " on " +
-                                    std::string(layer ? layer->value : "?");
-        index = store.nextLive(body);
-    }
+    for (std::string& kind : kinds)
+        kind = isMarker(kind) ? "" : kind.substr(0, kind.find('*'));
     return kinds;
 }
 
-/// What there is of the user's own entities, by type and layer.
+/// What there is of the user's own entities, by type.
 inline Census censusOf(const Drafting& drafting) {
     Census census;
     for (const std::string& kind : kindsOf(drafting)) {

@@ -25,22 +25,15 @@ Drafting::Drafting(const std::string& drawing, const std::wstring& menuGroup, Da
 }
 
 Drafting::~Drafting() {
-    for (std::size_t i = 0; i < m_session->documentCount(); ++i) {
+    for (std::size_t i = 0; m_damage == Damage::None && i < m_session->documentCount(); ++i) {
         const host::Store& drawing = m_session->document(i)->database()->store();
-        if (m_damage == Damage::Known) continue;
         for (const host::Finding& finding : host::checkDrawing(drawing)) {
             EXPECT_NE(finding.severity, host::Severity::Error) << finding.text;
         }
     }
     m_session.reset();
-    bool metExpected = m_expectedFault.empty();
-    for (const std::string& fault : host::moduleFaults()) {
-        const bool expected =
-            !m_expectedFault.empty() && fault.find(m_expectedFault) != std::string::npos;
-        metExpected = metExpected || expected;
-        EXPECT_TRUE(expected) << fault;
-    }
-    EXPECT_TRUE(metExpected) << "no fault with: " << m_expectedFault;
+    for (const std::string& fault : host::moduleFaults())
+        ADD_FAILURE() << fault;
 }
 
 std::wstring Drafting::run(const std::wstring& script) {
@@ -51,7 +44,7 @@ std::wstring Drafting::run(const std::wstring& script) {
 
 host::Store& Drafting::store() const { return m_session->database()->store(); }
 
-std::string Drafting::order() const { return drawingOrder(store()); }
+std::string Drafting::order() const { return drawingOrder(store(), store().modelSpace()); }
 
 std::wstring Drafting::pick(const std::string& type, int occurrence, host::Index space) const {
     const std::string handle = handleOf(store(), type, occurrence, space);

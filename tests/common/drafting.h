@@ -32,12 +32,9 @@ class Drafting {
                       host::Index space = host::kNoIndex) const;
     /// Saves the current drawing under a temporary name and opens it again as a new document.
     void saveAndReopen();
-    /// Faults that hold this text are part of what the test shows; there has to be one.
-    void expectFault(const std::string& text) { m_expectedFault = text; }
 
   private:
     std::unique_ptr<host::Session> m_session;
-    std::string m_expectedFault;
     Damage m_damage;
 };
 

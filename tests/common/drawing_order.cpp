@@ -113,8 +113,6 @@ std::string drawingOrder(const Store& store, Index space) {
     return line;
 }
 
-std::string drawingOrder(const Store& store) { return drawingOrder(store, store.modelSpace()); }
-
 std::string markerPlaces(const Store& store) {
     std::string text;
     for (Index index = store.firstLive(store.modelSpace()); index != kNoIndex;

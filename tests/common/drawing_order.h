@@ -12,9 +12,6 @@ namespace tests {
 /// whose attribute does not hold its partner's handle gets a "?", as in "begin(2)?".
 std::string drawingOrder(const host::Store& store, host::Index space);
 
-/// The same for model space.
-std::string drawingOrder(const host::Store& store);
-
 /// X of each block reference of model space and, in brackets, of its attributes: "1.0(1.0 1.0)
 /// 1.0(1.0)" for a group whose first member stands at 1.
 std::string markerPlaces(const host::Store& store);

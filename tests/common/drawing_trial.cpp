@@ -3,12 +3,11 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <numeric>
-#include <sstream>
 #include <vector>
 
+#include "common/scratch.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/dxf/save/save_drawing.h"
@@ -28,12 +27,6 @@ std::string lasting(const Findings& findings) {
     }
     std::sort(texts.begin(), texts.end());
     return std::accumulate(texts.begin(), texts.end(), std::string());
-}
-
-std::string contentOf(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
 }
 
 /// Saves a drawing to a file that was not there; the reason when that fails.
@@ -75,13 +68,13 @@ std::string faultOfDrawing(host::Store& store, const Findings& before, const std
         return "checks differently.\nBefore:\n" + lasting(before) + "After:\n" + after;
     }
     if (const std::string why = save(*again, second); !why.empty()) return "not saved: " + why;
-    return contentOf(first) == contentOf(second) ? "" : "saves differently";
+    return tests::contentOf(first) == tests::contentOf(second) ? "" : "saves differently";
 }
 
 Trial tryDrawing(std::string_view text, const std::string& folder) {
     Trial trial;
     const std::string path = folder + "/tried.dxf";
-    std::ofstream(path, std::ios::binary).write(text.data(), static_cast<long>(text.size()));
+    tests::write(path, std::string(text));
     host::DxfError error;
     Findings supplied;
     const auto store = host::loadDrawing(path, error, {}, &supplied);

@@ -115,6 +115,13 @@ class Scene : public Drafting {
     class QuietScript : public host::ScriptSource {
       public:
         using ScriptSource::ScriptSource;
+        /// What a command has left unread repeats no command.
+        host::Answer next(const std::wstring& prompt, host::InputUnit unit) override {
+            host::Answer answer = ScriptSource::next(prompt, unit);
+            while (answer.kind == host::Answer::Kind::Enter && prompt == L"Command: ")
+                answer = ScriptSource::next(prompt, unit);
+            return answer;
+        }
         bool interactive() const override { return true; }
     };
 

@@ -32,6 +32,14 @@ TEST(TextCodec, MalformedTextIsSeenAndNeverFails) {
     EXPECT_EQ(toUtf8(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xEF\xBF\xBD");
 }
 
+TEST(TextCodec, FilesOfPeopleAreUtf16ByTheirMark) {
+    const auto read = [](std::string_view bytes) { return toUtf8(fromTextFile(bytes)); };
+    EXPECT_EQ(read(std::string_view("\xFF\xFEL\0\xE4\0\x3D\xD8\x00\xDEx", 11)),
+              "L\u00E4\U0001F600");
+    EXPECT_EQ(read(std::string_view("\xFE\xFF\0L\xD8\x3D\0x", 8)), "L\uFFFDx");
+    EXPECT_EQ(read("L\u00E4"), "L\u00E4");
+}
+
 TEST(TextCodec, CodePagesAreKnownByTheirNames) {
     for (const char* name : {"ANSI_1251", "ansi_936", "DOS850", "dos437", "ISO8859-1", "UTF-8"}) {
         EXPECT_TRUE(encodingKnown({name, false})) << name;

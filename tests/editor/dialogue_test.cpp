@@ -155,7 +155,7 @@ TEST_F(Dialogue, SubEntitiesStandForTheirOwner) {
 TEST_F(Dialogue, GetPointAndItsOptions) {
     const ads_point base = {1, 1, 1};
     ads_point point;
-    answers.left = {L"@2,3", L"4,5,6", L"", L"", L"7,8", L"@1,1", L"1,2,3,4"};
+    answers.left = {L"@2,3", L"4,5,6", L"", L"", L"7,8", L"@1,1", L"1,2,3,4", L"1<2<3", L"@5<"};
     EXPECT_EQ(acedGetPoint(base, L"", point), RTNORM);
     EXPECT_EQ(point[0] * 100 + point[1] * 10 + point[2], 341);
     EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTNORM);
@@ -164,8 +164,10 @@ TEST_F(Dialogue, GetPointAndItsOptions) {
     EXPECT_EQ(acedInitGet(1, nullptr), RTNORM);
     EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTNORM) << "Enter is refused once, then 7,8";
     EXPECT_EQ(point[0], 7);
-    EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTCAN) << "nothing to be relative to";
-    EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTCAN);
+    EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTNORM) << "relative to the point given last";
+    EXPECT_EQ(point[0] * 10 + point[1], 89);
+    for (int wrong = 0; wrong < 3; ++wrong)
+        EXPECT_EQ(acedGetPoint(nullptr, L"", point), RTCAN) << wrong;
     EXPECT_EQ(acedInitGet(0, L"Yes No"), RTERROR);
 }
 

@@ -1,6 +1,7 @@
 // What picks, windows and crossings reach, for each kind of entity.
 #include "host/picking/hit_test.h"
 #include "host/editor/selection/selection_sources.h"
+#include "host/picking/view.h"
 
 #include "editor/editor_fixture.h"
 #include "host/editor/state/sysvars.h"
@@ -165,6 +166,39 @@ TEST_F(HitTest, DrawingOrderAndPickBox) {
     ASSERT_TRUE(host::setSysvarText(L"PICKBOX", L"6", explanation));
     EXPECT_DOUBLE_EQ(host::pickRadius(store), 2 * radius);
     EXPECT_DOUBLE_EQ(radius, 3 * host::viewHeight(store) / 1000);
+}
+
+TEST_F(HitTest, APickTakesTheNearestAndOfEquallyNearTheNewest) {
+    add("LINE;10 0;20 0;11 10;21 0");
+    add("LINE;10 0;20 0.4;11 10;21 0.4");
+    add("SOLID;10 0;20 -9;11 9;21 -9;12 0;22 9;13 9;23 9");
+    const auto picked = [&](double x, double y) {
+        return letters({host::entityUnder(store, {x, y, 0})});
+    };
+    EXPECT_EQ(picked(5, 0.1) + picked(5, 0.3) + picked(5, 0.2), "abb");
+    EXPECT_EQ(picked(5, 5), "c") << "a filling, where there is nothing else";
+    EXPECT_EQ(host::entityUnder(store, {500, 0, 0}), AcDbObjectId());
+}
+
+TEST_F(HitTest, TheViewIsThatOfTheDrawingOrShowsAllOfIt) {
+    EXPECT_EQ(host::viewHeight(store), 297);
+    add("LINE;10 0;20 0;11 30;21 10");
+    host::ObjectBody& view = *store.symbol("VPORT", L"*Active");
+    std::string tags(view.tags());
+    host::replaceValue(tags, *host::findTag(tags, 40), "0.0");
+    view.setTags(tags);
+    const std::uint64_t revision = store.revision;
+    EXPECT_EQ(host::viewHeight(store), 20) << "30 wide on a screen of 3 to 2";
+    EXPECT_EQ(store.revision, revision) << "looking changes nothing";
+    EXPECT_TRUE(host::showBox(store, {0, 0, 3, 8}));
+    EXPECT_FALSE(host::showBox(store, {1, 1, 1, 1}));
+    EXPECT_TRUE(host::scaleView(store, 0.5));
+    EXPECT_EQ(host::findTag(view.tags(), 40)->value, "4.0");
+    EXPECT_EQ(host::findTag(view.tags(), 22)->value, "4.0");
+    store.setErased(view, true);
+    EXPECT_EQ(host::viewHeight(store), 20) << "no place for a view";
+    EXPECT_TRUE(host::showBox(store, {0, 0, 1, 2}));
+    EXPECT_EQ(host::viewHeight(store), 2);
 }
 
 TEST_F(HitTest, AbsurdNumbersAreHarmless) {

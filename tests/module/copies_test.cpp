@@ -20,15 +20,6 @@ TEST(Copies, ACopyOfAWidenedSelectionIsAGroupOfItsOwn) {
               "begin(2) line* line* end line line");
 }
 
-TEST(Copies, GroupsCopiedTogetherAreLinkedPairwise) {
-    Scene scene("(line) (circle)");
-    scene.click({2});
-    scene.click({5});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    EXPECT_EQ(scene.order(),
-              "begin(1) line* end begin(1) circle* end begin(1) line* end begin(1) circle* end");
-}
-
 /// Order after a COPY of what the clicks select once the marker at `erased` is gone.
 std::string copiedWithout(const std::wstring& erased, std::vector<int> clicks) {
     Scene scene("(line) (circle)");
@@ -85,15 +76,6 @@ TEST(Copies, EveryPasteOfTheSameClipboardIsAGroup) {
     EXPECT_EQ(scene.picked(), "1 3 2 4");
 }
 
-TEST(Copies, ACutGroupComesBackWithAPaste) {
-    Scene scene("(line line) circle");
-    scene.click({3});
-    scene.after(L"CUTCLIP\n");
-    ASSERT_EQ(scene.order(), "circle");
-    scene.after(L"PASTECLIP 50,0\n");
-    EXPECT_EQ(scene.order(), "circle begin(2) line* line* end");
-}
-
 /// A window lists the newest first, and the module puts what it adds behind.
 TEST(Copies, OfAGroupPickedByAWindowHoldTogetherOnlyInDrawingOrder) {
     for (const bool inOrder : {true, false}) {
@@ -118,15 +100,6 @@ TEST(Copies, ThePickBehindCopyclipIsWidenedOnlyWhenTheHostNotifiesOnce) {
         scene.click({5});
         EXPECT_EQ(scene.picked(), notifies ? "1 2 3 4 5 6" : "1 2 3 5");
     }
-}
-
-TEST(Copies, EscKeepsTheCopiesMadeForTheNextRepair) {
-    Scene scene("(line line)");
-    scene.click({2});
-    scene.after(L"COPY 0,0 50,0 ");  // the script ends inside the command: cancelled
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end begin(2)? line* line* end?");
-    scene.after(L"REGEN\n");
-    EXPECT_EQ(scene.order(), kTwoGroups);
 }
 
 /// The paste finds no last entity, and by switch an id that was noted before.
@@ -155,16 +128,6 @@ TEST(Copies, APasteIntoAnotherDrawingMakesGroupsOnlyWhereTheClipboardWasFilled) 
     EXPECT_EQ(scene.order(), "begin(2)? line* line* end?");
     scene.after(L"REGEN\n");
     EXPECT_EQ(scene.order(), "begin(2) line* line* end");
-}
-
-TEST(Copies, ACancelledCopyLeavesTheSourceAndTheNextCopyIsTracked) {
-    Scene scene("(line line) circle");
-    scene.click({3});
-    scene.after(L"COPY\n");  // the script ends inside the command: cancelled
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end circle");
-    scene.click({3});
-    scene.after(L"COPY 0,0 50,0\n\n");
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end circle begin(2) line* line* end");
 }
 
 }  // namespace

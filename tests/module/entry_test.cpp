@@ -48,18 +48,6 @@ TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
     EXPECT_EQ(host::editorReactorCount(), 1);
 }
 
-TEST(Entry, VersionFunctionPrintsTheMomentOfTheBuildInEveryDrawing) {
-    Drafting drafting;
-    drafting.session().newDrawing();
-    for (const std::size_t index : {0u, 1u}) {
-        drafting.session().activate(index);
-        host::clearEffects();
-        EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
-        EXPECT_TRUE(std::regex_search(effectText(EffectKind::CommandLine), kVersionLine))
-            << "drawing " << index;
-    }
-}
-
 TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {
     Drafting drafting;
     host::clearEffects();

@@ -26,7 +26,7 @@ struct FaultScenario {
 /// module has let go of everything, no entity of the user's is lost or changed, the drawing is
 /// sound and repair brings every group in line or dissolves it.
 ///
-/// Prints how many runs had a failing call. Under sanitizers every seventh call fails, from one on
+/// Under sanitizers every seventh call fails, from one on
 /// that VELMO_SEED chooses; on Windows every 25th, without reports.
 void failEveryCall(const FaultScenario& scenario);
 

@@ -10,49 +10,53 @@ using tests::failEveryCall;
 using tests::FaultScenario;
 using tests::Scene;
 
-/// A scenario of one script.
-FaultScenario scripted(const std::string& words, const std::wstring& script) {
-    return {words, [script](Scene& scene) { scene.after(script); }};
-}
+/// Scenarios of one script.
+const struct Scripted {
+    const char* name;
+    const char* words;
+    std::vector<int> clicks;  ///< on entities, before calls fail
+    const wchar_t* script;
+    bool moves = false;
+    const wchar_t* menuGroup = L"";
+} kScripts[] = {
+    {"MakingTheFirstGroup", "circle line line", {}, L"VelmoGROUPMAKE #1 #3\n\n"},
+    {"MakingAGroupOfPickedEntities", "circle (line) line", {1, 5}, L"VelmoGROUPMAKE\n"},
+    {"EnlargingGroups", "(line circle) line (circle)", {}, L"VelmoGROUPMAKE #2 #5 #7\n\n"},
+    {"EnlargingPickedGroups", "(line circle) line (circle)", {2, 5, 7}, L"VelmoGROUPMAKE\n"},
+    {"Ungrouping", "(line line) circle (circle)", {}, L"VelmoGROUPDELETE #2 #5 #6\n\n"},
+    {"UngroupingPickedGroups", "(line line) circle (circle)", {2, 7}, L"VelmoGROUPDELETE\n"},
+    {"RemovingMembers", "(line circle line) (circle)", {}, L"VelmoGROUPREMOVEMEMBER #3 #7\n\n"},
+    {"Copying", "(line circle) (line)", {2, 6}, L"COPY 0,0 50,0\n\n"},
+    {"Mirroring", "(line circle) line", {2}, L"MIRROR 20,0 20,1 N\n"},
+    {"MirroringWithoutSources", "(line circle) line", {2}, L"MIRROR 20,0 20,1 Y\n", true},
+    {"CopyingAndPasting", "(line circle) line", {2}, L"COPYCLIP\nPASTECLIP 50,0\n"},
+    {"CuttingAndPasting", "(line circle) line", {2}, L"CUTCLIP\nPASTECLIP 50,0\n", true},
+    {"PastingElsewhere", "(line)", {2}, L"COPYCLIP\nNEW\nPASTECLIP 5,5\nREGEN\nPASTECLIP 9,9\n"},
+    {"SwitchingOff", "(line) line", {}, L"VelmoGROUPNOTACTIVE\n", false, L"Pelltrix"},
+    {"SwitchingOn", "(line) line", {}, L"VelmoGROUPACTIVE\n", false, L"Pelltrix"},
+};
 
-/// The same behind clicks on entities.
-FaultScenario picked(const std::string& words, std::vector<int> clicks,
-                     const std::wstring& script) {
-    FaultScenario scenario = scripted(words, script);
-    scenario.before = [clicks](Scene& scene) {
-        for (const int position : clicks) {
+class EveryFaultOfAScript : public testing::TestWithParam<Scripted> {};
+
+TEST_P(EveryFaultOfAScript, LosesNothing) {
+    const Scripted& each = GetParam();
+    FaultScenario scenario{each.words, [&](Scene& scene) { scene.after(each.script); }};
+    scenario.before = [&](Scene& scene) {
+        for (const int position : each.clicks)
             scene.click({position});
-        }
     };
-    return scenario;
+    scenario.moves = each.moves;
+    scenario.menuGroup = each.menuGroup;
+    failEveryCall(scenario);
 }
 
-/// Takes a member out of the first group behind the module's back.
-void breakGroups(Scene& scene) {
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #3\n\n");
-}
-
-TEST(EveryFault, MakingTheFirstGroup) {
-    failEveryCall(scripted("circle line line", L"VelmoGROUPMAKE #1 #3\n\n"));
-}
-
-TEST(EveryFault, MakingAGroupOfPickedEntities) {
-    failEveryCall(picked("circle (line) line", {1, 5}, L"VelmoGROUPMAKE\n"));
-}
-
-TEST(EveryFault, EnlargingGroups) {
-    failEveryCall(scripted("(line circle) line (circle)", L"VelmoGROUPMAKE #2 #5 #7\n\n"));
-}
-
-TEST(EveryFault, EnlargingPickedGroups) {
-    failEveryCall(picked("(line circle) line (circle)", {2, 5, 7}, L"VelmoGROUPMAKE\n"));
-}
+INSTANTIATE_TEST_SUITE_P(, EveryFaultOfAScript, testing::ValuesIn(kScripts),
+                         [](const auto& test) { return test.param.name; });
 
 /// The entities of the user's stand last, among them a block reference with attributes: none of
 /// them may be taken for a marker.
 TEST(EveryFault, MakingAGroupBeforeABlockWithAttributes) {
-    FaultScenario scenario = scripted("", L"VelmoGROUPMAKE #4 #5\n\n");
+    FaultScenario scenario{"", [](Scene& scene) { scene.after(L"VelmoGROUPMAKE #4 #5\n\n"); }};
     scenario.file = std::string(TESTS_FOLDER) + "/module/mixed_members.dxf";
     scenario.before = [](Scene& scene) {
         scene.after(L"COPY #4\n\n0,0 1,1\n\n");
@@ -71,38 +75,10 @@ TEST(EveryFault, PickingAndUnpicking) {
     failEveryCall(scenario);
 }
 
-TEST(EveryFault, Ungrouping) {
-    failEveryCall(scripted("(line line) circle (circle)", L"VelmoGROUPDELETE #2 #5 #6\n\n"));
-}
-
-TEST(EveryFault, UngroupingPickedGroups) {
-    failEveryCall(picked("(line line) circle (circle)", {2, 7}, L"VelmoGROUPDELETE\n"));
-}
-
-TEST(EveryFault, RemovingMembers) {
-    failEveryCall(scripted("(line circle line) (circle)", L"VelmoGROUPREMOVEMEMBER #3 #7\n\n"));
-}
-
-TEST(EveryFault, Copying) {
-    failEveryCall(picked("(line circle) (line)", {2, 6}, L"COPY 0,0 50,0\n\n"));
-}
-
-TEST(EveryFault, Mirroring) {
-    failEveryCall(picked("(line circle) line", {2}, L"MIRROR 20,0 20,1 N\n"));
-}
-
-TEST(EveryFault, MirroringWithoutSources) {
-    FaultScenario scenario = picked("(line circle) line", {2}, L"MIRROR 20,0 20,1 Y\n");
-    scenario.moves = true;
-    failEveryCall(scenario);
-}
-
-TEST(EveryFault, CopyingAndPasting) {
-    failEveryCall(picked("(line circle) line", {2}, L"COPYCLIP\nPASTECLIP 50,0\n"));
-}
-
 TEST(EveryFault, CopyingWhereAFailedConversionLeavesItsOutputAlone) {
-    FaultScenario scenario = scripted("(line) line", L"COPYCLIP\nPASTECLIP 50,0\nCOPY 0,0 9,0\n\n");
+    FaultScenario scenario{"(line) line", [](Scene& scene) {
+                               scene.after(L"COPYCLIP\nPASTECLIP 50,0\nCOPY 0,0 9,0\n\n");
+                           }};
     scenario.before = [](Scene& scene) {
         host::switches().failedIdIsNull = false;
         scene.click({2});
@@ -110,21 +86,15 @@ TEST(EveryFault, CopyingWhereAFailedConversionLeavesItsOutputAlone) {
     failEveryCall(scenario);
 }
 
-TEST(EveryFault, CuttingAndPasting) {
-    FaultScenario scenario = picked("(line circle) line", {2}, L"CUTCLIP\nPASTECLIP 50,0\n");
-    scenario.moves = true;
-    failEveryCall(scenario);
-}
-
-TEST(EveryFault, PastingIntoAnotherDrawing) {
-    failEveryCall(picked("(line circle) line", {2},
-                         L"COPYCLIP\nNEW\nPASTECLIP 50,0\nREGEN\nPASTECLIP 9,9\n"));
+/// Takes a member out of the first group behind the module's back.
+void breakGroups(Scene& scene) {
+    scene.run(L"VelmoGROUPNOTACTIVE\n");
+    scene.after(L"ERASE #3\n\n");
 }
 
 TEST(EveryFault, RepairingByRegeneration) {
-    FaultScenario scenario = scripted("(line circle line) (line) (circle circle)", L"REGEN\n");
-    scenario.before = breakGroups;
-    failEveryCall(scenario);
+    failEveryCall({"(line circle line) (line) (circle circle)",
+                   [](Scene& scene) { scene.after(L"REGEN\n"); }, breakGroups});
 }
 
 TEST(EveryFault, Saving) {
@@ -180,13 +150,6 @@ TEST(EveryFault, UnloadingTheModule) {
     scenario.after = [](Scene& scene) {
         EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
     };
-    failEveryCall(scenario);
-}
-
-TEST(EveryFault, SwitchingGrouping) {
-    FaultScenario scenario =
-        scripted("(line circle) line", L"VelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n");
-    scenario.menuGroup = L"Pelltrix";
     failEveryCall(scenario);
 }
 

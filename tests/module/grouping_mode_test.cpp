@@ -1,7 +1,6 @@
 // Switching grouping on and off: menu items, PICKFIRST, each drawing for itself.
 #include "common/scene.h"
 #include "host/editor/state/menus.h"
-#include "host/editor/state/sysvars.h"
 
 namespace {
 
@@ -44,17 +43,6 @@ TEST(GroupingMode, OnlySwitchingOnTouchesPickfirst) {
     };
     EXPECT_EQ(written(L"VelmoGROUPACTIVE\n"), L"PICKFIRST=1");
     EXPECT_EQ(written(L"VelmoGROUPNOTACTIVE\n"), L"");
-}
-
-TEST(GroupingMode, SwitchingOnBringsPickfirstBack) {
-    Scene scene("(line line)");
-    scene.after(L"SETVAR PICKFIRST 0\n");
-    EXPECT_EQ(scene.click({3}), kGroup + " | ");
-    scene.after(L"VelmoGROUPACTIVE\n");
-    EXPECT_EQ(host::sysvarInteger(L"PICKFIRST"), 1);
-    EXPECT_EQ(scene.click({3}), kGroup + "1 3 2 4 | " + kGathering);
-    scene.after(L"VelmoGROUPNOTACTIVE\n");
-    EXPECT_EQ(host::sysvarInteger(L"PICKFIRST"), 1);
 }
 
 TEST(GroupingMode, EachDrawingHasItsOwnAndTheMenuShowsTheLast) {

@@ -6,7 +6,6 @@
 #include "gtest/gtest.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/objectarx/database.h"
-#include "host/text/text_codec.h"
 
 namespace {
 

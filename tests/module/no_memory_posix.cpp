@@ -91,21 +91,6 @@ TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
         [](auto& scene) { EXPECT_TRUE(scene.session().unloadModule(kModule)); });
 }
 
-TEST(NoMemory, ADrawingsRecordIsMadeAtTheNextUse) {
-    failEveryAllocation(
-        0, "",
-        [](auto& scene) {
-            scene.session().newDrawing();
-            scene.run(L"VelmoGROUPNOTACTIVE\n");
-        },
-        [](auto& scene) {
-            scene.run(L"VelmoGROUPACTIVE\n");
-            scene.draw("(line)");
-            EXPECT_EQ(scene.click({2}),
-                      std::string("begin(1) line* end | 1 2 3 | ") + tests::kGathering);
-        });
-}
-
 TEST(NoMemory, ALispFunctionAnswersAllTheSame) {
     failEveryAllocation(
         2, "",

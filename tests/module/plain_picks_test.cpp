@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "common/census.h"
 #include "group_record.h"
 #include "host/editor/state/sysvars.h"
 #include "membership.h"
@@ -144,7 +145,8 @@ class RandomDrawing {
         const int marker = roll(static_cast<int>(markers.size()));
         const int other = roll(static_cast<int>(markers.size()));
         const auto at = [&](int n) { return L"#" + std::to_wstring(markers[n]) + L" "; };
-        const auto isEnd = [&](int n) { return wordAt(markers[n])[0] == 'e'; };
+        const std::vector<std::string> words = tests::wordsOf(m_scene);
+        const auto isEnd = [&](int n) { return words[markers[n] - 1][0] == 'e'; };
         const int kind = roll(6);
         if (kind == 0) m_scene.after(L"ERASE " + at(marker) + L"\n\n");
         if (kind == 1) m_scene.after(L"COPY " + at(marker) + at(other) + L"\n\n0,0 0,0\n\n");
@@ -165,23 +167,12 @@ class RandomDrawing {
         tests::setAttribute(m_scene, endMarker, 0, handle);
     }
 
-    std::string wordAt(int position) const {
-        std::istringstream words(m_scene.order());
-        std::string word;
-        while (position-- > 0)
-            words >> word;
-        return word;
-    }
-
     /// Positions of the markers.
     std::vector<int> markerPositions() const {
+        const std::vector<std::string> words = tests::wordsOf(m_scene);
         std::vector<int> positions;
-        std::istringstream words(m_scene.order());
-        int position = 0;
-        for (std::string word; words >> word;) {
-            ++position;
-            if (word[0] == 'b' || word[0] == 'e') positions.push_back(position);
-        }
+        for (std::size_t i = 0; i < words.size(); ++i)
+            if (tests::isMarker(words[i])) positions.push_back(static_cast<int>(i) + 1);
         return positions;
     }
 

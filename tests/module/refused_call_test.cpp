@@ -7,41 +7,42 @@ namespace {
 
 using tests::Scene;
 
-/// Drawing order after the script with one refused call, and after a regeneration.
-std::string settled(const wchar_t* script, const host::FaultPlan& plan) {
-    Scene scene("(line circle line) line");
-    host::currentDocumentState()->highlighted.clear();
-    host::setFaultPlan(plan);
-    scene.after(script);
-    EXPECT_GT(host::faultsInjected(), 0);
-    host::setFaultPlan({});
-    EXPECT_TRUE(host::currentDocumentState()->highlighted.empty());
-    const std::string order = scene.order();
-    scene.run(L"REGEN\n");
-    return scene.order() == order ? order : order + " -> " + scene.order();
-}
+constexpr const wchar_t* kMake = L"VelmoGROUPMAKE #2 #6\n\n";
+constexpr const wchar_t* kRemove = L"VelmoGROUPREMOVEMEMBER #3\n\n";
+constexpr const char* kAsItWas = "begin(3) line* circle* line* end line";
 
-TEST(RefusedCall, LeavesAGroupThatCannotBeFormedAsItWas) {
-    const std::string asItWas = "begin(3) line* circle* line* end line";
-    for (const host::FaultPlan& plan : {host::FaultPlan{1, false, "AcDbDatabase::deepCloneObjects"},
-                                        {1, false, "acedSSDel"},
-                                        {1, false, "AcDbBlockTableRecord::appendAcDbEntity"},
-                                        {4, false, "acedSSLength"},
-                                        {5, false, "acedSSLength"},
-                                        {6, false, "acedSSLength"}}) {
-        EXPECT_EQ(settled(L"VelmoGROUPMAKE #2 #6\n\n", plan), asItWas) << plan.onlyCalls;
-    }
-}
-
-TEST(RefusedCall, LeavesAMemberThatCannotGoInItsGroup) {
-    EXPECT_EQ(
-        settled(L"VelmoGROUPREMOVEMEMBER #3\n\n", {1, false, "AcDbDatabase::deepCloneObjects"}),
-        "begin(3) line* circle* line* end line");
-    EXPECT_EQ(settled(L"VelmoGROUPREMOVEMEMBER #3\n\n", {1, false, "acedSSAdd"}),
-              "begin(3) line* circle* line* end line");
+constexpr struct {
+    const wchar_t* script;
+    const char* call;
+    long number = 1;
+    const char* order = kAsItWas;
+} kRefusals[] = {
+    {kMake, "AcDbDatabase::deepCloneObjects"},
+    {kMake, "acedSSDel"},
+    {kMake, "AcDbBlockTableRecord::appendAcDbEntity"},
+    {kMake, "acedSSLength", 4},
+    {kMake, "acedSSLength", 5},
+    {kMake, "acedSSLength", 6},
+    {kRemove, "AcDbDatabase::deepCloneObjects"},
+    {kRemove, "acedSSAdd"},
     // Its clone is made, but it does not go.
-    EXPECT_EQ(settled(L"VelmoGROUPREMOVEMEMBER #3\n\n", {1, false, "AcDbObject::erase"}),
-              "begin(3) line* circle line* end line circle");
+    {kRemove, "AcDbObject::erase", 1, "begin(3) line* circle line* end line circle"},
+};
+
+TEST(RefusedCall, LeavesTheGroupAsItWasAndARegenerationToo) {
+    for (const auto& each : kRefusals) {
+        SCOPED_TRACE(each.call + std::to_string(each.number));
+        Scene scene("(line circle line) line");
+        host::currentDocumentState()->highlighted.clear();
+        host::setFaultPlan({each.number, false, each.call});
+        scene.after(each.script);
+        EXPECT_GT(host::faultsInjected(), 0);
+        host::setFaultPlan({});
+        EXPECT_TRUE(host::currentDocumentState()->highlighted.empty());
+        EXPECT_EQ(scene.order(), each.order);
+        scene.run(L"REGEN\n");
+        EXPECT_EQ(scene.order(), each.order);
+    }
 }
 
 }  // namespace

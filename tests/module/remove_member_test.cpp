@@ -1,7 +1,6 @@
 // VelmoGROUPREMOVEMEMBER: single entities leave their groups, one pick at a time.
 #include "common/drawing_order.h"
 #include "common/scene.h"
-#include "host/tags/tags.h"
 
 namespace {
 

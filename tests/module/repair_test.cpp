@@ -8,7 +8,6 @@
 namespace {
 
 using tests::Scene;
-using tests::setAttribute;
 
 /// State after a regeneration; what the host itself says about it is left out.
 std::string afterRegen(Scene& scene) {
@@ -18,18 +17,6 @@ std::string afterRegen(Scene& scene) {
     return at == std::string::npos ? state : state.erase(at, said.size());
 }
 
-TEST(Repair, IntactGroupsAreRewrittenAndCounted) {
-    Scene scene("(line line) circle (circle) (line)");
-    EXPECT_EQ(afterRegen(scene),
-              "begin(2) line* line* end circle begin(1) circle* end begin(1) line* end |  | "
-              "\n3 Groups Updated. ");
-}
-
-TEST(Repair, ADrawingWithoutGroupsIsLeftInSilence) {
-    Scene scene("line circle");
-    EXPECT_EQ(afterRegen(scene), "line circle |  | ");
-}
-
 TEST(Repair, LostMembersLowerTheCountAndAnEmptiedGroupGoes) {
     Scene scene("(line line line)");
     scene.run(L"VelmoGROUPNOTACTIVE\n");
@@ -37,38 +24,6 @@ TEST(Repair, LostMembersLowerTheCountAndAnEmptiedGroupGoes) {
     EXPECT_EQ(afterRegen(scene), "begin(2) line* line* end |  | \n1 Groups Updated. ");
     scene.after(L"ERASE #2 #3\n\n");
     EXPECT_EQ(afterRegen(scene), " |  | \n1 Groups Deleted. ");
-}
-
-TEST(Repair, AGroupThatGainedEntitiesIsDissolvedAndItsMembersStay) {
-    Scene scene("(line circle line)");
-    setAttribute(scene, 0, 1, L"2");
-    EXPECT_EQ(afterRegen(scene), "line* circle* line* |  | \n1 Groups Deleted. ");
-}
-
-TEST(Repair, ACountThatIsNoNumberOrUnderAnotherTagCountsAsNone) {
-    Scene scene("(line) (line) (circle)");
-    setAttribute(scene, 0, 1, L"many");
-    Opened<AcDbAttribute> count;
-    openAttribute(scene, 4, 1, count);
-    count->setTag(L"velmo_gb");
-    count.close();
-    EXPECT_EQ(afterRegen(scene),
-              "line* begin(1) line* end circle* |  | \n1 Groups Updated. \n2 Groups Deleted. ");
-}
-
-TEST(Repair, AnEmptyGroupThatCountsNoneIsPurged) {
-    Scene scene("(line)");
-    scene.after(L"VelmoGROUPMAKE #1\n\n");
-    ASSERT_EQ(scene.order(), "line* end? begin(0) end");
-    EXPECT_EQ(afterRegen(scene), "line* end? |  | \n1 Groups Updated. ");
-}
-
-TEST(Repair, PartnersThatNoLongerNameEachOtherAreLinkedAnew) {
-    Scene scene("(line line)");
-    setAttribute(scene, 0, 0, L"ENT_HANDL");
-    setAttribute(scene, 1, 0, L"1");
-    ASSERT_EQ(scene.order(), "begin(2)? line* line* end?");
-    EXPECT_EQ(afterRegen(scene), "begin(2) line* line* end |  | \n1 Groups Updated. ");
 }
 
 TEST(Repair, MarkersWithoutAPartnerArePurgedOnceTheDrawingForgotIt) {
@@ -87,29 +42,6 @@ TEST(Repair, WhatIsNamedAlmostLikeAMarkerStays) {
         tests::insertBlock(scene, name, known);
     // What is named as a marker is and has no marker's tag goes, on purpose.
     EXPECT_EQ(afterRegen(scene), "line insert insert begin()? begin()? |  | ");
-}
-
-/// Two lines in a group whose markers have tags in another case.
-class OtherCase : public Scene {
-  public:
-    OtherCase() : Scene("(line line)") {
-        for (const int marker : {0, 1}) {
-            Opened<AcDbAttribute> attribute;
-            openAttribute(*this, marker, 0, attribute);
-            attribute->setTag(marker == 0 ? L"velmo_gb" : L"Velmo_Ge");
-        }
-    }
-};
-
-TEST(Repair, TagsAreComparedWithoutRegardToCase) {
-    {
-        OtherCase scene;
-        // Linked, and then gone without a tag that would lend its text.
-        EXPECT_EQ(afterRegen(scene), "line* line* |  | \n1 Groups Updated. ");
-    }
-    OtherCase scene;
-    scene.after(L"VelmoGROUPMAKE #1 #2 #3 #4\n\n");
-    EXPECT_EQ(scene.order(), "begin(2) line* line* end");
 }
 
 TEST(Repair, MarkersStayWhereTheyStand) {

@@ -181,30 +181,25 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
     EXPECT_EQ(contents(begin), attribute(handleOf(store, "INSERT", 1)) + attribute("1"));
 }
 
-/// "X ATTRIBUTE'S-X TEXT" of the n-th block reference.
-std::string markerAt(const Scene& scene, int n) {
-    const host::Store& store = scene.store();
-    const std::string handle = handleOf(store, "INSERT", n);
-    const host::ObjectBody& attribute =
-        store.at(store.firstLive(store.byHandle(*host::parseHandle(handle))->self));
-    const std::string part = host::formatHandle(attribute.handle);
-    return groupOf(store, handle, 10) + " " + groupOf(store, part, 10) + " " +
-           groupOf(store, part, 1);
+/// Where the markers are, and the text of one.
+std::string markerAt(const Scene& scene, const AcDbObjectId& id) {
+    return tests::markerPlaces(scene.store()) + " " +
+           host::toUtf8(readMarkerText(id, MarkerText::kText));
 }
 
 TEST(Storage, AMarkerIsMovedWhenItStandsFartherThanAHundredth) {
     Scene scene("(line)");
     const AcDbObjectId begin = scene.entities()[0];
     updateMarker(begin, {1.009, 0.0, 0.0}, L"one", L"2");
-    EXPECT_EQ(markerAt(scene, 0), "1.0 1.0 one");
+    EXPECT_EQ(markerAt(scene, begin), "1.0(1.0 1.0) 1.0(1.0) one");
     updateMarker(begin, {1.011, 0.0, 0.0}, L"two", L"2");
-    EXPECT_EQ(markerAt(scene, 0), "1.011 1.011 two");
+    EXPECT_EQ(markerAt(scene, begin), "1.011(1.011 1.011) 1.0(1.0) two");
     Opened<AcDbAttribute> attribute;
     openAttribute(scene, 0, 0, attribute);
     attribute->setPosition({5.0, 0.0, 0.0});
     attribute.close();
     updateMarker(begin, {1.011, 0.0, 0.0}, L"three", L"2");
-    EXPECT_EQ(markerAt(scene, 0), "1.011 1.011 three");
+    EXPECT_EQ(markerAt(scene, begin), "1.011(1.011 1.011) 1.0(1.0) three");
 }
 
 }  // namespace

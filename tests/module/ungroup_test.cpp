@@ -25,11 +25,4 @@ TEST(Ungroup, OfAPickedGroupIsFollowedByOnePickThatIsNotWidened) {
     EXPECT_EQ(scene.click({1}), order + "1 3 4 5 | " + tests::kGathering);
 }
 
-TEST(Ungroup, WithoutAGroupNothingChanges) {
-    Scene scene("line");
-    EXPECT_EQ(scene.after(L"VelmoGROUPDELETE #1\n\n"),
-              "line |  | " + kPick + "\n1 found\nSelect objects: \n0 Entities Ungrouped.");
-    EXPECT_EQ(scene.after(L"VelmoGROUPDELETE\n\n"), "line |  | " + kPick + "\nNothing selected");
-}
-
 }  // namespace

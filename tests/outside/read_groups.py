@@ -1,6 +1,8 @@
-# Reads drawings that drafthost grouped with ezdxf, an outside reader that shares nothing with us.
+# Reads drawings that drafthost grouped with ezdxf, an outside reader that shares nothing with us,
+# and runs the scripts of the samples to their end.
 #
 # usage: read_groups.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER [LAUNCHER...]
+import glob
 import os
 import subprocess
 import sys
@@ -110,6 +112,10 @@ def main(host, samples, work):
     expect("types of the plan", sorted(e.dxftype() for e in after.modelspace()),
            sorted([e.dxftype() for e in before.modelspace()] + ["INSERT", "INSERT"]))
     expect("layouts of the plan", after.layout_names(), before.layout_names())
+
+    for sample in glob.glob(os.path.join(samples, "*.scr")):  # those that users are pointed to
+        with open(sample, encoding="ascii") as script:
+            draft(host, script.read())
 
 
 try:

@@ -54,7 +54,11 @@ TEST_F(ProgramTest, AScriptDrawsAndSaves) {
     EXPECT_EQ(run.errors, "");
     EXPECT_NE(run.output.find("\nCommand: LINE\nSpecify first point: 0,0\n"), std::string::npos);
     EXPECT_EQ(drafthost("--check \"a b.dxf\"").output, "a b.dxf: sound\n");
-    const Result list = drafthost("--no-module -s - /i \"a b.dxf\"", "PICK 0.5,0\nPICKED\n");
+    // PICK 0.5,0 and PICKED in UTF-16, as editors of Windows write it.
+    std::string script = "\xFF\xFE";
+    for (const char c : std::string("PICK 0.5,0\nPICKED\n"))
+        script.append({c, 0});
+    const Result list = drafthost("--no-module -s - /i \"a b.dxf\"", script);
     EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
 }
 

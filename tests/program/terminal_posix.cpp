@@ -13,10 +13,12 @@ constexpr char kControlD = 4;
 /// A program at a pseudo-terminal.
 class AtTerminal {
   public:
-    AtTerminal() {
+    /// `state` is the folder of what lasts from session to session.
+    explicit AtTerminal(const std::string& state) {
         m_child = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_child != 0) return;
         setenv("TERM", "dumb", 1);
+        setenv("XDG_STATE_HOME", state.c_str(), 1);
         execl(DRAFTHOST_FILE, "drafthost", "--no-module", nullptr);
         _exit(127);
     }
@@ -54,8 +56,11 @@ class AtTerminal {
     std::string m_seen;
 };
 
-TEST(TerminalTest, CommandsCancelAndLeave) {
-    AtTerminal terminal;
+using TerminalTest = ProgramTest;
+
+TEST_F(TerminalTest, CommandsCancelAndLeave) {
+    AtTerminal terminal("/nowhere");
+    ASSERT_TRUE(terminal.shows("Drawing1.dxf; ? lists the commands"));
     ASSERT_TRUE(terminal.shows("Command: "));
     terminal.type("LINE 0,0\n");
     ASSERT_TRUE(terminal.shows("Specify next point: "));
@@ -63,12 +68,44 @@ TEST(TerminalTest, CommandsCancelAndLeave) {
     ASSERT_TRUE(terminal.shows("is no point"));
     ASSERT_TRUE(terminal.shows("Specify next point: "));
     terminal.type("1,1\n");
-    ASSERT_TRUE(terminal.shows("Specify next point: "));
+    ASSERT_TRUE(terminal.shows("[Undo]: "));
     terminal.type(std::string(1, kControlC));
     ASSERT_TRUE(terminal.shows("*Cancel*"));
     ASSERT_TRUE(terminal.shows("Command: "));
-    terminal.type("PICK ALL\nPICKED\n");
+    terminal.type("PICK ALL\nPICKED \n");
     ASSERT_TRUE(terminal.shows(" LINE"));
+    ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
+    terminal.type(std::string(1, kControlD));
+    ASSERT_TRUE(terminal.shows("Save the changes to Drawing1.dxf? [Yes/No/Cancel] <Yes>: "));
+    terminal.type("c\n");
+    ASSERT_TRUE(terminal.shows("Command: "));
+    terminal.type("QUIT n\n");
+    EXPECT_EQ(terminal.status(), 0);
+}
+
+TEST_F(TerminalTest, EscTabAndTheHistory) {
+    const std::string state = std::filesystem::current_path().string();
+    {
+        AtTerminal terminal(state);
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("CIRC\t\n");
+        ASSERT_TRUE(terminal.shows("center point"));
+        terminal.type("\033");
+        ASSERT_TRUE(terminal.shows("*Cancel*"));
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("xREGEN\033[1~\033[15~\033[3~\n");  // Home, F5, Delete
+        ASSERT_TRUE(terminal.shows("Regenerating model."));
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("\n");
+        ASSERT_TRUE(terminal.shows("Regenerating model."));
+        ASSERT_TRUE(terminal.shows("Command: "));
+        terminal.type("QUIT\n");
+        EXPECT_EQ(terminal.status(), 0);
+    }
+    AtTerminal terminal(state);
+    ASSERT_TRUE(terminal.shows("Command: "));
+    terminal.type("\033[A\033[A\n");
+    ASSERT_TRUE(terminal.shows("Regenerating model."));
     ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
     terminal.type(std::string(1, kControlD));
     EXPECT_EQ(terminal.status(), 0);

@@ -21,11 +21,17 @@ using std::filesystem::exists;
 
 const std::wstring kFolderFailed = L"KestFile::RecursiveCreateDirectory(sDirectory)";
 
+std::ptrdiff_t openFiles() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
 TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
+    const std::ptrdiff_t filesBefore = openFiles();
     start(1, 0);
     diagnosticsOutput(L"\x00E9 \x20AC \U0001D11E");
     diagnosticsOutput(L"\nfirst\nsecond\n\n\n");
     diagnosticsOutput(L"");
+    EXPECT_EQ(openFiles(), filesBefore);
     EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] \x00E9 \x20AC \U0001D11E", L"[16:19:18] ",
                                     L"first", L"second", L"[16:19:18] "}));
     EXPECT_NE(readFile(workingLog()).find("\x34\xD8\x1E\xDD"), std::string::npos) << "surrogates";
@@ -44,7 +50,7 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
     setRegistryText(L"HKCU\\" + shell, L"AppData", L"C:\\Roaming");
     setRegistryText(L"HKLM\\" + bios, L"BIOSVendor", L"Maker");
-    setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
+    host::setRegistryDword(L"HKLM\\" + bios, L"BIOSVersion", 2);  // no text: left out
     host::setRegistryDword(L"HKLM\\" + processor, L"~MHz", 2400);
     setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
     setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
@@ -60,8 +66,7 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
                      L"Windows::ProductName=Windows 7", L"Windows::CurrentVersion=6.1",
                      L"Windows::CurrentBuildNumber=7601", L"ShellFolder::Personal=C:\\Documents",
                      L"ShellFolder::AppData=C:\\Roaming", L"SystemFolder::SystemRoot=C:\\Windows",
-                     L"BIOS::BIOSVendor=Maker", L"BIOS::BIOSVersion=2.0",
-                     L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"BIOS::BIOSVendor=Maker", L"Hardware::id= 2400 MHz, Quick, x64",
                      L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
                      L"PathLocation::Diagnostics=" + diagnosticsFolder(),
                      L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
@@ -95,13 +100,12 @@ TEST_F(Support, ALogThatCannotBeWrittenIsTriedTenTimes) {
 
 TEST_F(Support, AFolderThatCannotBeMadeIsReportedOnceAWrite) {
     start(1, 0);
-    std::filesystem::remove_all(temporaryFolder());
-    writeFile(temporaryFolder(), "a file where the folder should be");
+    writeFile(logFolder(), "a file where the folder should be");
     messageService(L"still printed");
     EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
     EXPECT_EQ(effectText(host::EffectKind::CommandLine), L"still printed\n");
-    EXPECT_EQ(readFile(temporaryFolder()), "a file where the folder should be");
-    std::filesystem::remove(temporaryFolder());
+    EXPECT_EQ(readFile(logFolder()), "a file where the folder should be");
+    std::filesystem::remove_all(temporaryFolder());
     diagnosticsOutput(L"text");
     EXPECT_EQ(loggedLines()[0].substr(11), L"text") << "missing parents are made";
 }

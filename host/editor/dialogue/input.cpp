@@ -6,7 +6,9 @@
 
 #include "host/control/effects.h"
 #include "host/editor/state/active_command.h"
+#include "host/editor/state/document_state.h"
 #include "host/editor/state/notify.h"
+#include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 
@@ -27,6 +29,19 @@ std::wstring withoutBlanks(const std::wstring& text) {
 std::optional<double> finiteReal(const std::wstring& text) {
     const std::optional<double> value = parseReal(toUtf8(text));
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+/// Numbers between separators; none when one of them is no number.
+std::vector<double> numbersIn(const std::wstring& text, wchar_t separator) {
+    std::vector<double> numbers;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(separator, begin), text.size());
+        const std::optional<double> number = finiteReal(text.substr(begin, end - begin));
+        if (!number) return {};
+        numbers.push_back(*number);
+        begin = end + 1;
+    }
+    return numbers;
 }
 
 /// Asks until `read` takes the answer.
@@ -70,15 +85,21 @@ bool wrongAnswer(const std::wstring& explanation) {
     return false;
 }
 
+std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d* base) {
+    DocumentState* document = currentDocumentState();
+    if (document == nullptr) return parsePoint(text, base);
+    const auto point = parsePoint(text, base != nullptr ? base : &document->lastPoint);
+    if (point) document->lastPoint = *point;
+    return point;
+}
+
 PromptStatus promptPoint(const std::wstring& text, const AcGePoint3d* base, AcGePoint3d& point) {
     const auto read = [&](const std::wstring& answer) {
-        const std::optional<AcGePoint3d> parsed = parsePoint(answer, base);
+        const std::optional<AcGePoint3d> parsed = readPoint(answer, base);
         if (parsed) point = *parsed;
         return parsed.has_value();
     };
-    const wchar_t* wanted =
-        base == nullptr ? L"no point; give x,y or x,y,z" : L"no point; give x,y or x,y,z or @dx,dy";
-    return ask(text, InputUnit::Token, wanted, read);
+    return ask(text, InputUnit::Token, kNoPoint, read);
 }
 
 PromptStatus promptReal(const std::wstring& text, double& value) {
@@ -87,6 +108,32 @@ PromptStatus promptReal(const std::wstring& text, double& value) {
         if (parsed) value = *parsed;
         return parsed.has_value();
     });
+}
+
+std::optional<std::size_t> promptWord(const std::wstring& text,
+                                      const std::vector<std::wstring>& words,
+                                      std::size_t standard) {
+    std::wstring choice;
+    for (const std::wstring& word : words)
+        choice += (choice.empty() ? L"" : L", ") + word;
+    std::size_t place = standard;
+    const auto read = [&](const std::wstring& answer) {
+        const std::wstring typed = foldCase(answer);
+        for (place = 0; place < words.size(); ++place) {
+            const std::wstring word = foldCase(words[place]);
+            if (typed == word || typed == word.substr(0, 1)) return true;
+        }
+        return false;
+    };
+    const std::wstring wanted = L"none of " + choice;
+    switch (ask(text, InputUnit::Token, wanted.c_str(), read)) {
+        case PromptStatus::Ok:
+            return place;
+        case PromptStatus::None:
+            return standard;
+        default:
+            return std::nullopt;
+    }
 }
 
 PromptStatus promptText(const std::wstring& text, std::wstring& value) {
@@ -104,17 +151,16 @@ std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3
         origin = *base;
         rest.erase(0, 1);
     }
-    double values[3] = {0, 0, 0};
-    int count = 0;
-    for (std::size_t begin = 0; begin <= rest.size(); ++count) {
-        const std::size_t end = std::min(rest.find(L',', begin), rest.size());
-        const std::optional<double> value =
-            count < 3 ? finiteReal(rest.substr(begin, end - begin)) : std::nullopt;
-        if (!value) return std::nullopt;
-        values[count] = *value;
-        begin = end + 1;
+    if (rest.empty() && base != nullptr) return origin;
+    const bool isPolar = rest.find(L'<') != std::wstring::npos;
+    std::vector<double> values = numbersIn(rest, isPolar ? L'<' : L',');
+    if (values.size() < 2 || values.size() > (isPolar ? 2 : 3)) return std::nullopt;
+    if (isPolar) {
+        const double angle = toRadians(std::fmod(values[1], 360));
+        const auto exact = [](double part) { return std::fabs(part) < 1e-15 ? 0 : part; };
+        values = {values[0] * exact(std::cos(angle)), values[0] * exact(std::sin(angle))};
     }
-    if (count < 2) return std::nullopt;
+    values.resize(3);
     return AcGePoint3d(origin.x + values[0], origin.y + values[1], origin.z + values[2]);
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/objectarx/geometry.h"
 
@@ -46,10 +47,14 @@ Answer prompt(const std::wstring& prompt, InputUnit unit = InputUnit::Token);
 /// Prints why an answer was not taken. True when it can be asked for again; otherwise the command
 /// in progress counts as failed.
 bool wrongAnswer(const std::wstring& explanation);
-/// Asks until the answer is a point "x,y" or "x,y,z" (also "@dx,dy" relative to `base`), Enter or
-/// cancel; a wrong answer is explained in one line and, when it came from a script, cancels.
+/// Asks until the answer is a point, as readPoint takes it, Enter or cancel; a wrong answer is
+/// explained in one line and, when it came from a script, cancels.
 PromptStatus promptPoint(const std::wstring& prompt, const AcGePoint3d* base, AcGePoint3d& point);
 PromptStatus promptReal(const std::wstring& prompt, double& value);
+/// Asks for one of a few words, each given whole or by its first letter in any case; Enter is the
+/// word at `standard`. Gives its place, or nothing when the prompt was cancelled.
+std::optional<std::size_t> promptWord(const std::wstring& prompt,
+                                      const std::vector<std::wstring>& words, std::size_t standard);
 PromptStatus promptText(const std::wstring& prompt, std::wstring& text);
 
 /// Bit of acedInitGet: an empty answer is not taken.
@@ -57,7 +62,14 @@ constexpr int kNoEmptyAnswer = 1;
 /// Options that acedInitGet left for this input call; they hold for one call.
 int takeInputOptions();
 
-/// Parses "x,y[,z]" or "@x,y[,z]"; nothing when it is no point.
+/// What is wrong with an answer that is no point, behind the answer itself.
+constexpr const wchar_t* kNoPoint =
+    L"no point; give x,y or distance<angle, with @ from the last point";
+/// Takes an answer for a point: as parsePoint, but @ without a base counts from the point that was
+/// given last in this drawing, at first the origin. Nothing when it is no point.
+std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d* base);
+/// Parses "x,y[,z]" or "distance<degrees", with "@" before it from `base`, which "@" alone gives;
+/// nothing when it is no point.
 std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3d* base);
 /// Handle of `(handent "2A")`, or nothing when the text has another form.
 std::optional<std::wstring> parseHandent(const std::wstring& text);

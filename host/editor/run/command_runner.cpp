@@ -7,6 +7,7 @@
 
 #include "host/control/effects.h"
 #include "host/control/guarded_call.h"
+#include "host/editor/run/command_names.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
@@ -25,20 +26,23 @@ std::map<std::wstring, const BuiltinCommand*>& builtins() {
 }
 
 struct Resolved {
-    std::wstring name;  ///< global name, upper case
+    std::wstring name;   ///< global name, upper case
+    std::wstring typed;  ///< upper case, without prefixes
     Adesk::Int32 flags = 0;
     AcRxFunctionPtr function = nullptr;  ///< of a module's command
     const BuiltinCommand* builtin = nullptr;
 };
 
 bool resolveExactly(const std::wstring& name, Resolved& resolved) {
+    const std::wstring key = foldCase(name);
     if (const auto command = findModuleCommand(name)) {
-        resolved = {foldCase(command->globalName), command->flags, command->function, nullptr};
+        resolved = {foldCase(command->globalName), key, command->flags, command->function, nullptr};
         return true;
     }
-    const auto found = builtins().find(foldCase(name));
+    auto found = builtins().find(key);
+    if (found == builtins().end()) found = builtins().find(commandBehind(key));
     if (found == builtins().end()) return false;
-    resolved = {found->first, found->second->flags, nullptr, found->second};
+    resolved = {found->first, key, found->second->flags, nullptr, found->second};
     return true;
 }
 
@@ -118,6 +122,15 @@ std::vector<const BuiltinCommand*> builtinCommands() {
     return all;
 }
 
+std::vector<std::wstring> commandNames() {
+    std::vector<std::wstring> names;
+    for (const auto& entry : builtins())
+        names.push_back(entry.first);
+    for (const RegisteredCommand& command : registeredCommands())
+        names.push_back(command.globalName);
+    return names;
+}
+
 CommandStatus runCommand(const std::wstring& typedName) {
     Resolved command;
     if (!resolve(typedName, command)) return CommandStatus::Unknown;
@@ -131,6 +144,7 @@ CommandStatus runCommand(const std::wstring& typedName) {
     }
     ActiveCommand now;
     now.name = command.name;
+    now.typed = command.typed;
     now.flags = command.flags;
     setActiveCommand(&now);
     Store* const store = currentStore();

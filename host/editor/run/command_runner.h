@@ -25,9 +25,12 @@ void registerBuiltins(const BuiltinCommand* commands, std::size_t count);
 /// All own commands by name, for help texts.
 std::vector<const BuiltinCommand*> builtinCommands();
 
+/// Names of all commands: the host's own, then those of modules.
+std::vector<std::wstring> commandNames();
+
 /// Resolves a typed name (any case; a leading "_", "." or "-" is accepted) against the modules'
-/// groups in registration order and then the host's own, and runs the command with its
-/// notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
+/// groups in registration order, then the host's own and their aliases, and runs the command with
+/// its notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
 /// cancelled, failed, then the accounting. A module's command counts as cancelled when a prompt in
 /// it was cancelled, else as ended. All it changes in the drawing that is current at its start,
 /// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is

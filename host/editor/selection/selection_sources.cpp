@@ -8,6 +8,7 @@
 #include "host/editor/state/sysvars.h"
 #include "host/picking/hit_test.h"
 #include "host/picking/layer_states.h"
+#include "host/picking/view.h"
 #include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 #include "host/tags/tag_view.h"
@@ -28,8 +29,9 @@ double pickRadius(const Store& store) {
 }
 
 AcDbObjectId entityUnder(const Store& store, const AcGePoint3d& point) {
-    const std::vector<AcDbObjectId> found = entitiesAt(store, point, pickRadius(store));
-    return found.empty() ? AcDbObjectId() : found.back();
+    const double radius = pickRadius(store);
+    const std::vector<AcDbObjectId> found = entitiesAt(store, point, radius);
+    return found.size() == 1 ? found.front() : nearestOf(found, store, point, radius);
 }
 
 std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& corner,

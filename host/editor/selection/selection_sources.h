@@ -16,7 +16,8 @@ class Store;
 /// Radius of the pick box in drawing units: PICKBOX pixels on a screen of 1000 pixels that shows
 /// VIEWSIZE units.
 double pickRadius(const Store& store);
-/// Topmost entity at a point, or the null id.
+/// The entity that a pick at a point takes, or the null id. With several in the pick box it is the
+/// nearest, of several equally near the newest (chosen: nothing is documented).
 AcDbObjectId entityUnder(const Store& store, const AcGePoint3d& point);
 /// Entities in a box, in the order of selections (newest first by switch).
 std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& corner,

@@ -23,6 +23,8 @@ bool commandActive() { return running != nullptr && running->inFunction; }
 
 std::wstring activeCommand() { return running == nullptr ? std::wstring() : running->name; }
 
+std::wstring typedCommand() { return running == nullptr ? std::wstring() : running->typed; }
+
 Adesk::Int32 activeCommandFlags() { return running == nullptr ? 0 : running->flags; }
 
 void afterCommand(std::function<void()> action) {

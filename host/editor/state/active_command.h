@@ -11,7 +11,8 @@ namespace host {
 /// The command in progress, from the notification of its start to that of its end. Owned by the
 /// command runner.
 struct ActiveCommand {
-    std::wstring name;  ///< global name in upper case
+    std::wstring name;   ///< global name in upper case
+    std::wstring typed;  ///< what was typed for it, upper case: a name, an alias, a variable
     Adesk::Int32 flags = 0;
     bool inFunction = false;
     bool cancelled = false;
@@ -25,6 +26,8 @@ void setActiveCommand(ActiveCommand* command);
 bool commandActive();
 /// Global name of the running command in upper case, or empty.
 std::wstring activeCommand();
+/// What was typed for it, in upper case without prefixes, or empty.
+std::wstring typedCommand();
 /// Flags of the running command, or 0.
 Adesk::Int32 activeCommandFlags();
 /// Runs an action when the running command is over and its end was notified, or at once when none

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/objectarx/geometry.h"
 #include "host/objectarx/object_id.h"
 
 class AcDbDatabase;
@@ -18,6 +19,7 @@ struct DocumentState {
     std::vector<AcDbObjectId> previous;   ///< last selection of a command, for "P"
     std::set<Adesk::UInt64> highlighted;  ///< id words highlighted by acedRedraw and not undone
     bool notificationDue = false;         ///< a pickfirstModified waits for the next idle moment
+    AcGePoint3d lastPoint;                ///< given last at a prompt for a point
     std::wstring fileName;                ///< path of the drawing, for DWGNAME
 };
 

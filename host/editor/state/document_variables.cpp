@@ -4,7 +4,7 @@
 
 #include "host/editor/state/current_drawing.h"
 #include "host/objectarx/database.h"
-#include "host/picking/hit_test.h"
+#include "host/picking/view.h"
 #include "host/store/store.h"
 #include "host/tags/tag_view.h"
 

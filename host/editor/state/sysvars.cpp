@@ -82,13 +82,17 @@ bool readValue(const Variable& variable, SysvarValue& value) {
     return true;
 }
 
+bool isReadOnly(const Variable& variable) {
+    return variable.read != nullptr && variable.write == nullptr;
+}
+
 bool inRange(const Variable& variable, double number) {
     return variable.low <= number && number <= variable.high;
 }
 
 bool writeValue(const Variable& variable, const SysvarValue& value, std::wstring& explanation) {
     const std::wstring name = variable.name;
-    if (variable.read != nullptr && variable.write == nullptr) {
+    if (isReadOnly(variable)) {
         explanation = name + L" is read-only";
         return false;
     }
@@ -145,6 +149,13 @@ bool setSysvarText(const std::wstring& name, const std::wstring& text, std::wstr
         value.number = parseReal(bytes).value_or(NAN);
     }
     return writeValue(*variable, value, explanation);
+}
+
+bool isSysvar(const std::wstring& name) { return find(name) != nullptr; }
+
+bool isReadOnlySysvar(const std::wstring& name) {
+    const Variable* variable = find(name);
+    return variable != nullptr && isReadOnly(*variable);
 }
 
 int sysvarInteger(const wchar_t* name) {

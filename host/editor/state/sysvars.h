@@ -11,6 +11,8 @@ bool sysvarText(const std::wstring& name, std::wstring& value);
 /// Sets a variable from text; false with one line of explanation for an unknown or read-only one,
 /// or a value that does not fit.
 bool setSysvarText(const std::wstring& name, const std::wstring& value, std::wstring& explanation);
+bool isSysvar(const std::wstring& name);
+bool isReadOnlySysvar(const std::wstring& name);
 /// Integer value; 0 for an unknown name.
 int sysvarInteger(const wchar_t* name);
 /// ERRNO of the last failed ADS call.
