@@ -1,10 +1,8 @@
 // Documents: which is current, what reactors hear, and addresses that are used again.
 #include "session_fixture.h"
 
-#include "host/control/effects.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/document_state.h"
-#include "host/objectarx/documents.h"
 
 namespace {
 

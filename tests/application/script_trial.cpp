@@ -12,7 +12,6 @@
 #include "host/dxf/check/drawing_check.h"
 #include "host/objectarx/database.h"
 #include "host/scripting/script.h"
-#include "host/store/store.h"
 #include "host/text/text_codec.h"
 
 namespace {

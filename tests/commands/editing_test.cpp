@@ -1,11 +1,7 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
 #include "common/groups.h"
-#include "host/control/switches.h"
-#include "host/objectarx/entities.h"
 #include "host/store/dictionary_text.h"
-#include "host/tags/tags.h"
-#include "host/text/text_codec.h"
 
 namespace tests {
 namespace {

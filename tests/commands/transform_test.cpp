@@ -8,9 +8,7 @@
 #include "common/groups.h"
 #include "common/library.h"
 #include "host/clone/dimension_blocks.h"
-#include "host/control/switches.h"
 #include "host/store/dictionary_text.h"
-#include "host/tags/tags.h"
 
 namespace tests {
 namespace {

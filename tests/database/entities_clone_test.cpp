@@ -64,6 +64,22 @@ TEST_F(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
 }
 
+TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
+    ObjectBody& line = drawing.add(kLine);
+    ObjectBody& dictionary = drawing.addObject("0 DICTIONARY|100 AcDbDictionary|280 1", line);
+    ObjectBody& record = drawing.addObject("0 XRECORD|100 AcDbXrecord", dictionary);
+    drawing.replaceText(dictionary, "280 1", "280 1|350 FFFF|3 KEY|360 " + drawing.handle(record));
+    drawing.replaceText(line, "|330 ",
+                        "|102 {ACAD_XDICTIONARY|360 " + drawing.handle(dictionary) + "|102 }|330 ");
+    drawing.store().setErased(record, true);
+    Cloning empty(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    const std::string copy = render(empty.of(drawing, dictionary).tags());
+    EXPECT_EQ(copy.substr(copy.find("100 ")), "100 AcDbDictionary|280 1");
+    drawing.store().setErased(dictionary, true);
+    Cloning bare(drawing, {drawing.id(line)}, drawing.id(drawing.model()));
+    EXPECT_EQ(host::extensionDictionaryHandle(bare.of(drawing, line).tags()), 0u);
+}
+
 TEST_F(DeepClone, RefusesWrongCallsWithoutCloning) {
     AcDbDatabase foreign(host::newDrawing());
     ObjectBody& line = drawing.add(kLine);

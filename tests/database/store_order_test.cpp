@@ -93,26 +93,18 @@ TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     EXPECT_FALSE(outer.erased || inner.erased);
 }
 
-TEST(HandleIndex, FindsEveryHandleAndRefusesTakenOnes) {
+TEST(HandleIndex, FindsNeighboursAndTheHighestAndRefusesTakenOnes) {
     host::Store store;
-    std::mt19937_64 random(7);
-    std::vector<std::uint64_t> handles{~std::uint64_t{0}, 1};
-    // Neighbours and far ones, so that probing runs over filled stretches.
-    for (int count = 0; count < 5000; ++count)
-        handles.push_back(random() >> (random() % 64));
-    std::sort(handles.begin(), handles.end());
-    handles.erase(std::unique(handles.begin(), handles.end()), handles.end());
-    handles.erase(std::remove(handles.begin(), handles.end(), 0), handles.end());
+    const std::uint64_t handles[] = {1, 2, 3, 0x1000001, ~std::uint64_t{0}};
     for (const std::uint64_t handle : handles)
         ASSERT_NE(store.create(host::Kind::Entity, "", handle), nullptr);
     for (const std::uint64_t handle : handles) {
-        ASSERT_EQ(store.byHandle(handle)->handle, handle);
-        ASSERT_EQ(store.create(host::Kind::Entity, "", handle), nullptr);
+        EXPECT_EQ(store.byHandle(handle)->handle, handle);
+        EXPECT_EQ(store.create(host::Kind::Entity, "", handle), nullptr);
     }
     // The highest handle is taken: new ones are free ones below.
-    const host::ObjectBody pattern;
-    host::ObjectBody& made = store.duplicate(pattern, kNoIndex);
-    EXPECT_FALSE(std::binary_search(handles.begin(), handles.end(), made.handle));
+    host::ObjectBody& made = store.duplicate(host::ObjectBody(), kNoIndex);
+    EXPECT_EQ(std::count(std::begin(handles), std::end(handles), made.handle), 0);
     EXPECT_EQ(store.byHandle(made.handle), &made);
 }
 

@@ -11,7 +11,6 @@
 #include "common/drawing_order.h"
 #include "common/scene.h"
 #include "drafthost/drawing_inspection.h"
-#include "gtest/gtest.h"
 
 namespace {
 
