@@ -18,6 +18,10 @@ const struct Scripted {
     const wchar_t* script;
     bool moves = false;
     const wchar_t* menuGroup = L"";
+
+    friend std::ostream& operator<<(std::ostream& out, const Scripted& each) {
+        return out << each.name;
+    }
 } kScripts[] = {
     {"MakingTheFirstGroup", "circle line line", {}, L"VelmoGROUPMAKE #1 #3\n\n"},
     {"MakingAGroupOfPickedEntities", "circle (line) line", {1, 5}, L"VelmoGROUPMAKE\n"},

@@ -35,16 +35,6 @@ TEST(GroupingMode, MenuItemsOfTheFirstMenuGroupFollow) {
     }
 }
 
-TEST(GroupingMode, OnlySwitchingOnTouchesPickfirst) {
-    Scene scene("");
-    const auto written = [&](const std::wstring& script) {
-        scene.after(script);
-        return host::effectText(host::EffectKind::SystemVariable);
-    };
-    EXPECT_EQ(written(L"VelmoGROUPACTIVE\n"), L"PICKFIRST=1");
-    EXPECT_EQ(written(L"VelmoGROUPNOTACTIVE\n"), L"");
-}
-
 TEST(GroupingMode, EachDrawingHasItsOwnAndTheMenuShowsTheLast) {
     underEachSetting([](const Switches& settings) {
         Scene scene("(line line)", settings, L"Pelltrix");

