@@ -1,4 +1,6 @@
 // A report of the module in a real message box of Windows.
+#include <windows.h>
+
 #include <thread>
 
 #include "common/scene.h"

@@ -17,7 +17,7 @@ bool asked(const char* word) {
 class EditorWatch : public AcEditorReactor {};
 class DocumentWatch : public AcApDocManagerReactor {};
 
-EditorWatch* editorWatch = nullptr;
+EditorWatch editorWatch;
 DocumentWatch documentWatch;
 
 /// Prints when the library's static objects go.
@@ -58,8 +58,7 @@ void start(void* pkt) {
     if (!asked("single")) linker->registerAppMDIAware(pkt);
     acedRegCmds->addCommand(L"PROBE", L"PROBELEAK", L"PROBELEAK", ACRX_CMD_MODAL, leakCommand);
     acedRegCmds->addCommand(L"PROBE", L"PROBETHROW", L"PROBETHROW", ACRX_CMD_MODAL, throwCommand);
-    editorWatch = new EditorWatch;
-    editor()->addReactor(editorWatch);
+    editor()->addReactor(&editorWatch);
     acDocManager->addReactor(&documentWatch);
     if (asked("early-lisp")) acedDefun(L"ProbeTypes", 1);
 }
@@ -67,9 +66,7 @@ void start(void* pkt) {
 void stop() {
     if (!asked("keep-commands")) acedRegCmds->removeGroup(L"PROBE");
     if (!asked("keep-documents")) acDocManager->removeReactor(&documentWatch);
-    if (asked("keep-editor")) return;
-    editor()->removeReactor(editorWatch);
-    delete editorWatch;
+    if (!asked("keep-editor")) editor()->removeReactor(&editorWatch);
 }
 
 void define() {
