@@ -31,11 +31,11 @@ def run_script(host, work, script, *options):
 
 def draft(host, work, script, target):
     """Transcript and saved drawing."""
-    # The current name of the drawing is a whole path.
-    transcript = re.sub(rb"<[^>]*plan\.dxf>", b"<plan.dxf>",
-                        run_script(host, work, script + f"SAVEAS {target}\n"))
+    transcript = run_script(host, work, script + f"SAVEAS {target}\n")
     with open(os.path.join(work, target), "rb") as drawing:
-        return transcript.replace(target.encode(), b"TARGET"), drawing.read()
+        # Drawings are told by their whole paths.
+        return re.sub(rb"[^ <]*[/\\](plan\.dxf|" + target.encode() + rb")", rb"\1",
+                      transcript).replace(target.encode(), b"TARGET"), drawing.read()
 
 
 def take_logs():
