@@ -12,6 +12,7 @@
 #include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "library.h"
+#include "log_header.h"
 #include "message_service.h"
 #include "support_fixture.h"
 
@@ -50,11 +51,13 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     setRegistryText(L"HKCU\\" + shell, L"Personal", L"C:\\Documents");
     setRegistryText(L"HKCU\\" + shell, L"AppData", L"C:\\Roaming");
     setRegistryText(L"HKLM\\" + bios, L"BIOSVendor", L"Maker");
-    host::setRegistryDword(L"HKLM\\" + bios, L"BIOSVersion", 2);  // no text: left out
+    host::setRegistryDword(L"HKLM\\" + bios, L"BIOSVersion", 2);
     host::setRegistryDword(L"HKLM\\" + processor, L"~MHz", 2400);
     setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
     setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
+    EXPECT_EQ(logHeader(L"").find(L"BIOSVersion"), std::wstring::npos) << "it is no text";
+    setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
     char name[256] = {};
@@ -66,7 +69,8 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
                      L"Windows::ProductName=Windows 7", L"Windows::CurrentVersion=6.1",
                      L"Windows::CurrentBuildNumber=7601", L"ShellFolder::Personal=C:\\Documents",
                      L"ShellFolder::AppData=C:\\Roaming", L"SystemFolder::SystemRoot=C:\\Windows",
-                     L"BIOS::BIOSVendor=Maker", L"Hardware::id= 2400 MHz, Quick, x64",
+                     L"BIOS::BIOSVendor=Maker", L"BIOS::BIOSVersion=2.0",
+                     L"Hardware::id= 2400 MHz, Quick, x64",
                      L"PathLocation::Module=C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx",
                      L"PathLocation::Diagnostics=" + diagnosticsFolder(),
                      L":-------------------------", L"[16:19:18] one", L"[16:19:18] two"}));
