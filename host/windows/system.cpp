@@ -112,8 +112,10 @@ ULONGLONG GetTickCount64() {
 
 void Sleep(DWORD milliseconds) { clockSleep(milliseconds); }
 
-NET_API_STATUS NetStatisticsGet(LPWSTR, LPWSTR service, DWORD, DWORD, LPBYTE* buffer) {
+NET_API_STATUS NetStatisticsGet(LPWSTR, LPWSTR service, DWORD level, DWORD options,
+                                LPBYTE* buffer) {
     *buffer = nullptr;
+    if (level != 0 || options != 0) return ERROR_INVALID_PARAMETER;
     if (callFails("NetStatisticsGet")) return ERROR_GEN_FAILURE;
     const std::optional<std::time_t> start = windowsState().workstationStart;
     if (_wcsicmp(service, L"LanmanWorkstation") != 0 || !start) return NERR_ServiceNotInstalled;
