@@ -26,13 +26,12 @@
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/documents.h"
 #include "host/text/numbers.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
 
 constexpr const char* kDefaultModule = "VelmoGroup.arx";
-
-std::filesystem::path nativePath(const std::string& path) { return std::filesystem::u8path(path); }
 
 /// Reads a whole stream; false on a read error.
 bool readAll(std::FILE* file, std::string& text) {
@@ -50,7 +49,7 @@ bool readScript(const std::string& path, std::string& text) {
         return false;
     }
     std::error_code ignored;
-    if (std::filesystem::is_directory(nativePath(path), ignored)) {
+    if (std::filesystem::is_directory(host::pathFromUtf8(path), ignored)) {
         complain(path + ": a directory, not a script");
         return false;
     }
@@ -109,7 +108,8 @@ bool loadModule(host::Session& session, const Options& options) {
     if (!options.module.empty()) return passed(session.loadModule(options.module));
     const std::string path = programFolder() + kDefaultModule;
     std::error_code ignored;
-    if (std::filesystem::exists(nativePath(path), ignored)) return passed(session.loadModule(path));
+    if (std::filesystem::exists(host::pathFromUtf8(path), ignored))
+        return passed(session.loadModule(path));
     complain(path +
              ": the module is not beside the program: name it with --module, or start with "
              "--no-module");

@@ -21,11 +21,6 @@ bool sane(const host::Box& box) {
            box.top < kFarthest;
 }
 
-host::Box united(const host::Box& a, const host::Box& b) {
-    return {std::min(a.left, b.left), std::min(a.bottom, b.bottom), std::max(a.right, b.right),
-            std::max(a.top, b.top)};
-}
-
 std::vector<Vec> rectangle(double left, double bottom, double right, double top) {
     return {{left, bottom, 0}, {right, bottom, 0}, {right, top, 0}, {left, top, 0}};
 }
@@ -60,12 +55,12 @@ std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
     }
     const std::size_t end = scene.endOf(index).lines;
     if (part.from.lines >= end) return {};
-    host::Box box{kFarthest, kFarthest, -kFarthest, -kFarthest};
+    std::optional<host::Box> box;
     for (std::size_t i = part.from.lines; i < end; ++i) {
         const Vec& p = scene.outline.lines[i].a;
-        box = united(box, {p.x, p.y, p.x, p.y});
+        extend(box, host::Box{p.x, p.y, p.x, p.y});
     }
-    return rectangle(box.left, box.bottom, box.right, box.top);
+    return rectangle(box->left, box->bottom, box->right, box->top);
 }
 
 void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
@@ -90,10 +85,10 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
     for (std::size_t i = firstFrame; i < scene.frames.size(); ++i) {
         host::Outline frame;
         frame.areas.push_back(scene.frames[i].corners);
-        bounds = bounds ? united(*bounds, *frame.bounds()) : *frame.bounds();
+        extend(bounds, frame.bounds());
     }
     if (!bounds || !sane(*bounds)) return;
-    scene.bounds = scene.bounds ? united(*scene.bounds, *bounds) : *bounds;
+    extend(scene.bounds, bounds);
     scene.shown.push_back(
         {&entity, firstPart, scene.parts.size(), firstFrame, scene.frames.size(), *bounds});
 }

@@ -37,13 +37,8 @@ Clipboard& clipboard() {
 Vec cornerOf(const Store& store, const std::vector<ObjectBody*>& entities) {
     OutlineMaker maker(store);
     std::optional<Box> box;
-    for (const ObjectBody* entity : entities) {
-        const auto bounds = maker.outlineOf(*entity).bounds();
-        if (!bounds) continue;
-        if (!box) box = bounds;
-        box->left = std::min(box->left, bounds->left);
-        box->bottom = std::min(box->bottom, bounds->bottom);
-    }
+    for (const ObjectBody* entity : entities)
+        extend(box, maker.outlineOf(*entity).bounds());
     return box ? Vec{box->left, box->bottom, 0} : Vec{};
 }
 

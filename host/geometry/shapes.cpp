@@ -135,6 +135,13 @@ bool anyEdge(const std::vector<Vec>& area, Test test) {
 
 }  // namespace
 
+void extend(std::optional<Box>& box, const std::optional<Box>& other) {
+    if (!other) return;
+    if (!box) box = other;
+    *box = {std::min(box->left, other->left), std::min(box->bottom, other->bottom),
+            std::max(box->right, other->right), std::max(box->top, other->top)};
+}
+
 bool Outline::near(const Vec& point, double tolerance) const {
     const auto close = [&](const auto& stroke) { return distance(stroke, point) <= tolerance; };
     return std::any_of(lines.begin(), lines.end(), close) ||

@@ -13,6 +13,8 @@ namespace host {
 struct Box {
     double left, bottom, right, top;
 };
+/// Grows a box so that it holds `other` too; nothing holds nothing.
+void extend(std::optional<Box>& box, const std::optional<Box>& other);
 
 /// Straight stroke from `a` to `b`; an endless side goes on beyond its point.
 struct Line {

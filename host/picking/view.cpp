@@ -67,11 +67,7 @@ std::optional<Box> extentsOf(const Store& store) {
     for (Index i = space == kNoIndex ? kNoIndex : store.firstLive(space); i != kNoIndex;
          i = store.nextLive(store.at(i))) {
         if (isPaperViewport(store.at(i))) continue;
-        const std::optional<Box> box = maker.outlineOf(store.at(i)).bounds();
-        if (!box) continue;
-        if (!extents) extents = box;
-        *extents = {std::min(extents->left, box->left), std::min(extents->bottom, box->bottom),
-                    std::max(extents->right, box->right), std::max(extents->top, box->top)};
+        extend(extents, maker.outlineOf(store.at(i)).bounds());
     }
     return extents;
 }
