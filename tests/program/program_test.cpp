@@ -9,7 +9,6 @@ TEST_F(ProgramTest, WrongUse) {
         const char* complaint;
     } cases[] = {
         {"--nonsense", "The following argument was not expected: --nonsense"},
-        {"-s", "--script: 1 required FILE missing"},
         {"--set PICKADD", "--set: needs NAME=VALUE, not \"PICKADD\""},
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
         {"/i", "/i needs a drawing"},
