@@ -1,6 +1,8 @@
 // Deep cloning: copies with all they own, references among them turned to the copies.
 #include "host/clone/deep_clone.h"
 
+#include "host/clone/back_pointers.h"
+#include "host/clone/drawing_lists.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -40,6 +42,8 @@ void copyWithOwned(Store& store, const std::vector<ObjectBody*>& sources, Object
 
 void translateReferences(Store& store, const CloneMap& map) {
     translateClones(store, store, map, kNoIndex, fateOfOthers);
+    enterInDefinitions(store, store, map, store.count() + 1);
+    enterInListings(store, store, map);
 }
 
 }  // namespace host

@@ -1,8 +1,10 @@
 // Cloning into another drawing: what comes along, and references turned to what is there.
 #include "host/clone/wblock_clone.h"
 
+#include "host/clone/back_pointers.h"
 #include "host/clone/clone_map.h"
 #include "host/clone/dimension_blocks.h"
+#include "host/clone/drawing_lists.h"
 #include "host/store/dictionary_text.h"
 #include "host/store/references.h"
 #include "host/store/store.h"
@@ -213,6 +215,9 @@ std::vector<Index> wblockClone(const std::vector<const ObjectBody*>& sources, St
         if (pair.clone >= firstNew) renameBlock(from, to, map, to.at(pair.clone));
     translateClones(from, to, map, firstNew, fateOfOthers);
     collector.enterObjects();
+    enterInDefinitions(from, to, map, firstNew);
+    enterInListings(from, to, map);
+    bringClasses(from, to, firstNew);
     return clones;
 }
 

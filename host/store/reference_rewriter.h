@@ -14,7 +14,7 @@ namespace host {
 /// What a reference is part of.
 enum class ReferencePlace {
     Plain,
-    Link,         ///< a bracket of the host's: reactors, extension dictionary
+    Link,         ///< a bracket of the host's: reactors, extension dictionary, uses of a block
     Application,  ///< any other bracket
     Entry,        ///< of a dictionary
     Member,       ///< of a GROUP, a SORTENTSTABLE, the boundary of a HATCH

@@ -42,6 +42,7 @@ void TagPosition::enterBracket(std::string_view value) {
         if (m_depth++ > 0) return;
         m_bracket = value == "{ACAD_REACTORS"      ? Bracket::Reactors
                     : value == "{ACAD_XDICTIONARY" ? Bracket::ExtensionDictionary
+                    : value == "{BLKREFS"          ? Bracket::BlockReferences
                                                    : Bracket::Other;
     } else if (value.front() == '}') {
         m_role = m_depth > 0 ? TagRole::Closes : TagRole::ClosesNone;

@@ -33,7 +33,8 @@ enum class TagRole : unsigned char {
     ClosesNone  ///< would close a bracket where none is open
 };
 
-enum class Bracket : unsigned char { None, Reactors, ExtensionDictionary, Other };
+/// BlockReferences: of a block record, the references to the block.
+enum class Bracket : unsigned char { None, Reactors, ExtensionDictionary, BlockReferences, Other };
 
 /// Follows the tags of one object.
 class TagPosition {

@@ -1,6 +1,10 @@
 // What a saved drawing says where it named objects that were erased.
 #include "host/dxf/save/erased_references.h"
 
+#include <algorithm>
+
+#include "host/store/listings.h"
+
 namespace host {
 
 ErasedReferences::ErasedReferences(const Store& store)
@@ -49,8 +53,22 @@ bool ErasedReferences::pointsAtGone(std::string_view text) const {
     return false;
 }
 
+std::string_view ErasedReferences::withoutGone(const ObjectBody& listing) {
+    std::vector<ListedObject> objects = listedObjects(listing);
+    const auto gone = [this](const ListedObject& each) {
+        const ObjectBody* const target = m_store.byHandle(each.handle);
+        return target != nullptr && isGone(target->self);
+    };
+    const auto left = std::remove_if(objects.begin(), objects.end(), gone);
+    if (left == objects.end()) return listing.tags();
+    objects.erase(left, objects.end());
+    return m_listing = listingOf(listing, objects);
+}
+
 std::string_view ErasedReferences::cleaned(const ObjectBody& body) {
-    if (none() || !pointsAtGone(body.tags())) return body.tags();
+    if (none()) return body.tags();
+    if (isListing(body)) return withoutGone(body);
+    if (!pointsAtGone(body.tags())) return body.tags();
     return m_rewriter.rewritten(body);
 }
 

@@ -13,9 +13,9 @@ namespace host {
 /// that nothing saved points at them. The store is not changed: erasing may still be taken back.
 ///
 /// Dropped are: the link to an extension dictionary, reactors, entries of dictionaries, members of
-/// groups, pairs of sort tables, boundary objects of hatches (with their count; such a hatch
-/// follows its boundary no longer). Every other pointer becomes 0. Pointers at handles that never
-/// existed stay as they are. Chosen.
+/// groups, pairs of sort tables, uses in block records, objects in listings (with their number),
+/// boundary objects of hatches (with theirs; such a hatch follows its boundary no longer). Every
+/// other pointer becomes 0. Pointers at handles that never existed stay as they are. Chosen.
 class ErasedReferences {
   public:
     explicit ErasedReferences(const Store& store);
@@ -32,9 +32,11 @@ class ErasedReferences {
   private:
     bool isGoneHandle(std::string_view value) const;
     bool pointsAtGone(std::string_view text) const;
+    std::string_view withoutGone(const ObjectBody& listing);
 
     const Store& m_store;
     ReferenceRewriter m_rewriter;
+    std::string m_listing;     ///< the last one that was rewritten
     std::vector<bool> m_gone;  ///< by slot index; empty when nothing is erased
 };
 

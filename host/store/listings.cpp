@@ -1,0 +1,83 @@
+// Listings taken apart and put together.
+#include "host/store/listings.h"
+
+#include "host/store/dictionary_text.h"
+#include "host/store/store.h"
+#include "host/tags/tag_walk.h"
+
+namespace host {
+namespace {
+
+bool isLightList(const ObjectBody& body) { return body.type() == "LIGHTLIST"; }
+
+/// Where the entries stand: behind the last group 90 in front of them, which but in an XRECORD is
+/// their number.
+struct Entries {
+    std::size_t countAt = 0;
+    std::size_t begin = 0;  ///< 0 when there is no group 90
+    std::size_t end = 0;
+    std::vector<ListedObject> objects;
+};
+
+Entries read(const ObjectBody& listing) {
+    const bool lights = isLightList(listing);
+    Entries found;
+    TagWalk tag(listing.tags());
+    while (tag.next()) {
+        const bool inPart = tag.zone() == TagZone::Part || tag.zone() == TagZone::Data;
+        if (!inPart || tag.depth() > 0) continue;
+        if (tag.code() == 90 && found.objects.empty()) {
+            found.countAt = tag.begin();
+            found.begin = found.end = tag.end();
+        } else if (found.begin != 0 && tag.code() == (lights ? 5 : 330)) {
+            found.objects.push_back(
+                {parseHandle(tag.value()).value_or(0), std::string(tag.stored())});
+            found.end = tag.end();
+        } else if (lights && tag.code() == 1 && !found.objects.empty()) {
+            found.objects.back().tags += tag.stored();
+            found.end = tag.end();
+        } else if (!found.objects.empty()) {
+            break;
+        }
+    }
+    return found;
+}
+
+}  // namespace
+
+bool isListing(const ObjectBody& body) {
+    if (body.kind == Kind::Object)
+        return body.type() == "FIELDLIST" || body.type() == "SECTION_MANAGER" || isLightList(body);
+    if (body.kind != Kind::Xrecord || body.owner == kNoIndex) return false;
+    const ObjectBody& root = body.store->at(body.owner);
+    if (root.kind != Kind::Dictionary || root.owner != kNoIndex) return false;
+    const auto entry = findEntry(root, L"ACDB_RECOMPOSE_DATA");
+    return entry && entry->handle == body.handle;
+}
+
+std::vector<ListedObject> listedObjects(const ObjectBody& listing) { return read(listing).objects; }
+
+ListedObject listedAs(const ListedObject& entry, std::uint64_t handle) {
+    ListedObject made{handle, {}};
+    TagReader reader(entry.tags);
+    Tag tag;
+    reader.next(tag);
+    addHandleTag(made.tags, tag.code, handle);
+    made.tags += entry.tags.substr(reader.end());
+    return made;
+}
+
+std::string listingOf(const ObjectBody& listing, const std::vector<ListedObject>& objects) {
+    const std::string_view text = listing.tags();
+    const Entries former = read(listing);
+    std::string made(text.substr(0, former.begin));
+    if (former.begin != 0 && listing.kind != Kind::Xrecord) {
+        made.resize(former.countAt);
+        addTag(made, 90, static_cast<int>(objects.size()));
+    }
+    for (const ListedObject& object : objects)
+        made += object.tags;
+    return made += text.substr(former.end);
+}
+
+}  // namespace host

@@ -1,0 +1,32 @@
+// Objects that list others of the whole drawing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/store/object_body.h"
+
+namespace host {
+
+/// True for what the drawing keeps to find all objects of a kind by: fields, section planes,
+/// lights, and what is put together again when a drawing in an older form is loaded. A new object
+/// of the kind belongs into it (assumed), a clone of a listed one included.
+bool isListing(const ObjectBody& body);
+
+/// One listed object: its handle (330, lights 5), and for a light its name (1).
+struct ListedObject {
+    std::uint64_t handle = 0;
+    std::string tags;
+};
+
+/// What a listing names, in its order.
+std::vector<ListedObject> listedObjects(const ObjectBody& listing);
+/// The same entry for another object.
+ListedObject listedAs(const ListedObject& entry, std::uint64_t handle);
+/// The tags of a listing that names these, with their number where it states one (90).
+std::string listingOf(const ObjectBody& listing, const std::vector<ListedObject>& objects);
+
+}  // namespace host
