@@ -1,10 +1,12 @@
 // Load, unload, messages, menus and the AutoLISP function of the module.
+#include <algorithm>
 #include <regex>
 
 #include "common/drafting.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
+#include "host/control/switches.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
@@ -76,26 +78,44 @@ TEST(Entry, RegistersItsFunctionOnceItIsDefined) {
 }
 
 TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {
-    Drafting drafting;
-    drafting.session().newDrawing();
-    drafting.session().sendMessage(kModule, 4);
-    EXPECT_NE(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
-    drafting.session().activate(0);
-    EXPECT_EQ(drafting.session().callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+    for (const bool atOnce : {true, false}) {
+        Drafting drafting;
+        host::Session& session = drafting.session();
+        session.newDrawing();
+        session.unloadModule(kModule);
+        host::switches().loadMessageAtOnce = atOnce;
+        host::clearEffects();
+        session.loadModule(tests::modulePath());
+        const Texts heard = effectTexts(EffectKind::Notification);
+        EXPECT_EQ(std::count(heard.begin(), heard.end(), L"kLoadDwgMsg VelmoGroup.arx"),
+                  atOnce ? 2 : 1);
+        session.sendMessage(kModule, 4);
+        EXPECT_NE(session.callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+        session.activate(0);
+        EXPECT_EQ(session.callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
+    }
 }
 
 TEST(Entry, EachDrawingMetGreysTheMenuItemAnew) {
     Drafting drafting("", L"Morvanta");
-    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
+    const Texts greyed{L"GMorvanta.ID_GRP_ON=~"};
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), greyed);
     drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
-    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
+    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), greyed);
     drafting.run(L"VelmoGROUPMAKE ALL\n\n");
     EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{});
     // Closing forgets the record: a new drawing, even at the same address, starts afresh.
-    drafting.session().closeDrawing();
-    drafting.session().newDrawing();
-    drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
-    EXPECT_EQ(effectTexts(EffectKind::MenuCommand), Texts{L"GMorvanta.ID_GRP_ON=~"});
+    for (const bool unloadedFirst : {true, false}) {
+        host::switches().unloadMessageFirst = unloadedFirst;
+        host::clearEffects();
+        drafting.session().closeDrawing();
+        const Texts heard = effectTexts(EffectKind::Notification);
+        EXPECT_EQ(heard.size(), 2u);
+        EXPECT_EQ(heard[unloadedFirst ? 0 : 1], L"kUnloadDwgMsg VelmoGroup.arx");
+        drafting.session().newDrawing();
+        drafting.run(L"LINE 1,1 2,2\n\nVelmoGROUPMAKE ALL\n\n");
+        EXPECT_EQ(effectTexts(EffectKind::MenuCommand), greyed);
+    }
 }
 
 }  // namespace

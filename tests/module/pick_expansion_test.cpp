@@ -36,6 +36,24 @@ TEST(PickExpansion, EachDrawingRemembersWhatItGathered) {
     });
 }
 
+/// What the host and the module told each other and the user, in order.
+std::vector<host::Effect> effectsUnder(const Switches& settings) {
+    Scene scene("(line line) line", settings);
+    scene.after(
+        L"PICK W 0,-1 9,9\nCOPYCLIP\nPICK NONE\nPICK W 0,-1 9,9\nCOPY 0,0 50,0\n\n"
+        L"PICK ALL\nMOVE 0,0 1,1\nVelmoGROUPMAKE ALL\n\n");
+    return host::effects();
+}
+
+TEST(PickExpansion, EachSettingIsFelt) {
+    const std::vector<host::Effect> usual = effectsUnder({});
+    for (const auto& felt : tests::kFelt) {
+        Switches settings;
+        settings.*felt = !(settings.*felt);
+        EXPECT_FALSE(effectsUnder(settings) == usual) << &felt - tests::kFelt;
+    }
+}
+
 /// State after a pick of the last member of a group of two while calls of one name fail.
 std::string clickWhileFailing(const char* call, long failAt) {
     Scene scene("(line line) line line");
