@@ -1,4 +1,5 @@
 // COPYCLIP, CUTCLIP and PASTECLIP, through a drawing that the application keeps.
+#include <algorithm>
 #include <iterator>
 #include <memory>
 
@@ -15,6 +16,7 @@
 #include "host/editor/state/active_command.h"
 #include "host/objectarx/database.h"
 #include "host/picking/outline.h"
+#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
@@ -75,6 +77,15 @@ CommandStatus runCutClip() {
                          });
 }
 
+/// A viewport shows the model on paper; in model space the real host drops it (assumed).
+bool mayHold(const ObjectBody& space, const std::vector<ObjectBody*>& entities) {
+    const auto isViewport = [](const ObjectBody* entity) { return entity->type() == "VIEWPORT"; };
+    if (isPaperSpace(space) || std::none_of(entities.begin(), entities.end(), isViewport))
+        return true;
+    printProblem(L"VIEWPORT cannot be pasted into model space; go to a layout or copy without it.");
+    return false;
+}
+
 CommandStatus runPasteClip() {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
@@ -90,9 +101,9 @@ CommandStatus runPasteClip() {
     for (Index at = source.firstLive(source.modelSpace()); at != kNoIndex;
          at = source.nextLive(source.at(at)))
         entities.push_back(&source.at(at));
-    EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
-    if (!canTransform(moved, entities)) return CommandStatus::Failed;
     ObjectBody& space = store->at(store->currentSpace());
+    EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
+    if (!mayHold(space, entities) || !canTransform(moved, entities)) return CommandStatus::Failed;
     moved.apply(*store, wblockClone({entities.begin(), entities.end()}, *store, space));
     return CommandStatus::Done;
 }

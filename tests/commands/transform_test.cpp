@@ -227,8 +227,11 @@ TEST_F(TransformTest, RefusalsChangeNothing) {
     EXPECT_NE(shown().find("VIEWPORT"), std::string::npos);
     EXPECT_EQ(run(L"MOVE ALL\n\n1,1 2,2\n"), CommandStatus::Failed);
     EXPECT_NE(shown().find("group 10 is or becomes no finite number"), std::string::npos);
-    run(L"ERASE L\n\nERASE L\n\nPASTECLIP 5,5\n");
-    EXPECT_EQ(entities(), "LINE LINE");
+    run(L"ERASE L\n\nPASTECLIP 5,5\nCOPYCLIP ALL\n\n");
+    EXPECT_EQ(entities(), "LINE VIEWPORT LINE");
+    EXPECT_EQ(run(L"PASTECLIP 9,9\n"), CommandStatus::Failed);
+    EXPECT_NE(shown().find("VIEWPORT cannot be pasted into model space"), std::string::npos);
+    EXPECT_EQ(entities(), "LINE VIEWPORT LINE");
 }
 
 TEST_F(TransformTest, DataOfAnUnknownShapeAreRefused) {
