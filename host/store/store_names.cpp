@@ -163,7 +163,8 @@ std::optional<std::string_view> Store::headerValue(std::string_view name) const 
 
 void Store::setHeaderValue(std::string_view name, int code, std::string_view value) {
     std::string& text = section(SectionKind::Header).text;
-    m_journal->headerChanges(text);
+    // The next free handle only grows, and is set by saving: nothing to undo.
+    if (name != "$HANDSEED") m_journal->headerChanges(text);
     ++revision;
     if (const auto old = headerValue(name)) {
         const std::string copy(value);

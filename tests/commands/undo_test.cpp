@@ -117,6 +117,8 @@ TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
     const std::string kept = entities();
     EXPECT_EQ(run(L"CLOSE\nOPEN" + name), CommandStatus::Done);
     EXPECT_EQ(entities(), kept);
+    EXPECT_EQ(run(L"LINE 0,0 1,1\n\nQSAVE\nU\n"), CommandStatus::Done);
+    EXPECT_EQ(entities(), kept) << "the line goes, not the save";
 }
 
 }  // namespace
