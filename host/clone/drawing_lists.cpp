@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "host/store/dictionary_text.h"
 #include "host/store/listings.h"
@@ -100,8 +101,10 @@ void bringClasses(const Store& from, Store& to, Index firstNew) {
     const Classes there = classesOf(to);
     std::unordered_set<std::string_view> added;
     std::string records;
+    std::string_view former;
     for (Index index = firstNew; index <= to.count(); ++index) {
         const std::string_view type = trimmed(to.at(index).type());
+        if (type == std::exchange(former, type)) continue;  // many of a type stand together
         const auto record = known.find(type);
         if (record == known.end() || there.count(type) != 0 || !added.insert(type).second) continue;
         records += classIn(to.version(), record->second);
