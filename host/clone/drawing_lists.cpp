@@ -75,11 +75,12 @@ std::string classIn(const std::string& version, std::string_view record) {
 
 void enterInListings(const Store& from, Store& to, const CloneMap& map) {
     if (from.rootDictionary() == kNoIndex) return;
+    const std::uint64_t recomposed = recomposedList(from);
     const std::string entries(from.at(from.rootDictionary()).tags());
     DictionaryReader reader(entries);
     for (DictionaryEntry entry; reader.next(entry);) {
         const ObjectBody* const listing = from.byHandle(entry.handle);
-        if (listing == nullptr || listing->erased || !isListing(*listing)) continue;
+        if (listing == nullptr || listing->erased || !isListing(*listing, recomposed)) continue;
         std::vector<ListedObject> clones;
         for (const ListedObject& each : listedObjects(*listing)) {
             const ObjectBody* const source = from.byHandle(each.handle);
@@ -88,7 +89,7 @@ void enterInListings(const Store& from, Store& to, const CloneMap& map) {
         }
         if (clones.empty()) continue;
         ObjectBody* const there = listingIn(to, *listing, from.decode(entry.key));
-        if (there == nullptr || !isListing(*there)) continue;
+        if (there == nullptr || there->type() != listing->type()) continue;
         std::vector<ListedObject> all = listedObjects(*there);
         all.insert(all.end(), clones.begin(), clones.end());
         there->setTags(listingOf(*there, all));

@@ -45,14 +45,17 @@ Entries read(const ObjectBody& listing) {
 
 }  // namespace
 
-bool isListing(const ObjectBody& body) {
-    if (body.kind == Kind::Object)
-        return body.type() == "FIELDLIST" || body.type() == "SECTION_MANAGER" || isLightList(body);
-    if (body.kind != Kind::Xrecord || body.owner == kNoIndex) return false;
-    const ObjectBody& root = body.store->at(body.owner);
-    if (root.kind != Kind::Dictionary || root.owner != kNoIndex) return false;
-    const auto entry = findEntry(root, L"ACDB_RECOMPOSE_DATA");
-    return entry && entry->handle == body.handle;
+std::uint64_t recomposedList(const Store& store) {
+    const Index root = store.rootDictionary();
+    if (root == kNoIndex) return 0;
+    const auto entry = findEntry(store.at(root), L"ACDB_RECOMPOSE_DATA");
+    return entry ? entry->handle : 0;
+}
+
+bool isListing(const ObjectBody& body, std::uint64_t recomposedList) {
+    if (body.kind == Kind::Xrecord) return body.handle == recomposedList;
+    return body.kind == Kind::Object &&
+           (body.type() == "FIELDLIST" || body.type() == "SECTION_MANAGER" || isLightList(body));
 }
 
 std::vector<ListedObject> listedObjects(const ObjectBody& listing) { return read(listing).objects; }

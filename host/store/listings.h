@@ -11,10 +11,14 @@
 
 namespace host {
 
+/// Handle of the record of what is put together again when a drawing in an older form is loaded; 0
+/// when there is none.
+std::uint64_t recomposedList(const Store& store);
+
 /// True for what the drawing keeps to find all objects of a kind by: fields, section planes,
-/// lights, and what is put together again when a drawing in an older form is loaded. A new object
-/// of the kind belongs into it (assumed), a clone of a listed one included.
-bool isListing(const ObjectBody& body);
+/// lights, and that record. A new object of the kind belongs into it (assumed), a clone of a listed
+/// one included.
+bool isListing(const ObjectBody& body, std::uint64_t recomposedList);
 
 /// One listed object: its handle (330, lights 5), and for a light its name (1).
 struct ListedObject {

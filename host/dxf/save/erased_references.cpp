@@ -19,6 +19,7 @@ ErasedReferences::ErasedReferences(const Store& store)
     for (Index index = 1; index <= count && !any; ++index)
         any = store.at(index).erased;
     if (!any) return;
+    m_recomposed = recomposedList(store);
     m_gone.resize(count + 1);
     std::vector<bool> known(count + 1);
     std::vector<Index> path;
@@ -67,7 +68,7 @@ std::string_view ErasedReferences::withoutGone(const ObjectBody& listing) {
 
 std::string_view ErasedReferences::cleaned(const ObjectBody& body) {
     if (none()) return body.tags();
-    if (isListing(body)) return withoutGone(body);
+    if (isListing(body, m_recomposed)) return withoutGone(body);
     if (!pointsAtGone(body.tags())) return body.tags();
     return m_rewriter.rewritten(body);
 }

@@ -1,6 +1,8 @@
 // What a saved drawing says where it named objects that were erased.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -36,8 +38,9 @@ class ErasedReferences {
 
     const Store& m_store;
     ReferenceRewriter m_rewriter;
-    std::string m_listing;     ///< the last one that was rewritten
-    std::vector<bool> m_gone;  ///< by slot index; empty when nothing is erased
+    std::uint64_t m_recomposed = 0;  ///< see listings.h
+    std::string m_listing;           ///< the last one that was rewritten
+    std::vector<bool> m_gone;        ///< by slot index; empty when nothing is erased
 };
 
 }  // namespace host
