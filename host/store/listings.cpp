@@ -10,11 +10,12 @@ namespace {
 
 bool isLightList(const ObjectBody& body) { return body.type() == "LIGHTLIST"; }
 
-/// Where the entries stand: behind the last group 90 in front of them, which but in an XRECORD is
-/// their number.
+/// The last group 90 in front of the entries, which but in an XRECORD is their number, and where
+/// they stand.
 struct Entries {
-    std::size_t countAt = 0;
-    std::size_t begin = 0;  ///< 0 when there is no group 90
+    std::size_t countBegin = 0;
+    std::size_t countEnd = 0;  ///< 0 when there is no such group
+    std::size_t begin = 0;
     std::size_t end = 0;
     std::vector<ListedObject> objects;
 };
@@ -27,9 +28,10 @@ Entries read(const ObjectBody& listing) {
         const bool inPart = tag.zone() == TagZone::Part || tag.zone() == TagZone::Data;
         if (!inPart || tag.depth() > 0) continue;
         if (tag.code() == 90 && found.objects.empty()) {
-            found.countAt = tag.begin();
-            found.begin = found.end = tag.end();
-        } else if (found.begin != 0 && tag.code() == (lights ? 5 : 330)) {
+            found.countBegin = tag.begin();
+            found.countEnd = found.begin = found.end = tag.end();
+        } else if (found.countEnd != 0 && tag.code() == (lights ? 5 : 330)) {
+            if (found.objects.empty()) found.begin = tag.begin();
             found.objects.push_back(
                 {parseHandle(tag.value()).value_or(0), std::string(tag.stored())});
             found.end = tag.end();
@@ -73,10 +75,12 @@ ListedObject listedAs(const ListedObject& entry, std::uint64_t handle) {
 std::string listingOf(const ObjectBody& listing, const std::vector<ListedObject>& objects) {
     const std::string_view text = listing.tags();
     const Entries former = read(listing);
+    if (former.countEnd == 0) return std::string(text);
     std::string made(text.substr(0, former.begin));
-    if (former.begin != 0 && listing.kind != Kind::Xrecord) {
-        made.resize(former.countAt);
-        addTag(made, 90, static_cast<int>(objects.size()));
+    if (listing.kind != Kind::Xrecord) {
+        std::string count;
+        addTag(count, 90, static_cast<int>(objects.size()));
+        made.replace(former.countBegin, former.countEnd - former.countBegin, count);
     }
     for (const ListedObject& object : objects)
         made += object.tags;

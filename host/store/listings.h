@@ -30,7 +30,8 @@ struct ListedObject {
 std::vector<ListedObject> listedObjects(const ObjectBody& listing);
 /// The same entry for another object.
 ListedObject listedAs(const ListedObject& entry, std::uint64_t handle);
-/// The tags of a listing that names these, with their number where it states one (90).
+/// The tags of a listing that names these, with their number where it states one (90). One without
+/// that group stays as it is.
 std::string listingOf(const ObjectBody& listing, const std::vector<ListedObject>& objects);
 
 }  // namespace host
