@@ -52,15 +52,18 @@ std::map<std::wstring, std::wstring>& nameCache() {
     return cache;
 }
 
+bool isFolder(const std::wstring& name) {
+    const DWORD attributes = ::GetFileAttributesW(name.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// Makes the folder with all missing parents; true when it is there, whoever made it.
 bool createFolders(const std::wstring& folder) {
-    const DWORD attributes = ::GetFileAttributesW(folder.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const std::size_t slash = folder.find_last_of(L"\\/");
-    if (slash != std::wstring::npos && slash > 0 && !createFolders(folder.substr(0, slash))) {
-        return false;
-    }
-    // Another process may make it at the same time.
-    return ::CreateDirectoryW(folder.c_str(), NULL) || ::GetLastError() == ERROR_ALREADY_EXISTS;
+    if (isFolder(folder)) return true;
+    const std::wstring parent = folder.substr(0, folder.find_last_of(L"\\/"));
+    if (parent != folder) createFolders(parent);
+    ::CreateDirectoryW(folder.c_str(), NULL);
+    return isFolder(folder);
 }
 
 enum class OpenResult { Opened, Missing, Failed };
@@ -130,7 +133,7 @@ bool fileExists(const std::wstring& name) {
 
 void deleteWorkingLog() {
     const std::wstring name = workingLogName();
-    if (!name.empty() && tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
+    if (tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
 }
 
 void appendToWorkingLog(const std::wstring& text) {

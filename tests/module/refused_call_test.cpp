@@ -25,6 +25,7 @@ constexpr struct {
     {kMake, "acedSSLength", 6},
     {kRemove, "AcDbDatabase::deepCloneObjects"},
     {kRemove, "acedSSAdd"},
+    {L"VelmoGROUPDELETE #2\n\n", "acedSSLength"},
     // Its clone is made, but it does not go.
     {kRemove, "AcDbObject::erase", 1, "begin(3) line* circle line* end line circle"},
 };
