@@ -52,7 +52,7 @@ constexpr Work kWorks[] = {
     {"(line) line", L"", L"VelmoGROUPMAKE #2 #4\n\n"},
     {"line", L"SETVAR TILEMODE 0\nLINE 1,1 2,2\n\n", L"VelmoGROUPMAKE ALL\n\n"},
     {"line", L"", L"VelmoGROUPMAKE ALL\n\n", "", true},
-    {"", L"", L"VelmoGROUPMAKE #1 #2 #4\n\nVelmoGROUPMAKE #3\n\n", "mixed_members.dxf"},
+    {"", L"", L"VelmoGROUPMAKE #1 #2 #4\n\nVelmoGROUPMAKE #3\n\nREGEN\n", "mixed_members.dxf"},
     {"", L"", L"VelmoGROUPMAKE ALL\n\n4,5\n", "no_point.dxf"},
     {"(line line)", L"", L"VelmoGROUPREMOVEMEMBER #2 #3\n\n"},
     {"(line)", L"", L"VelmoGROUPDELETE #2\n\n"},

@@ -23,6 +23,7 @@ constexpr struct {
     {kMake, "acedSSLength", 4},
     {kMake, "acedSSLength", 5},
     {kMake, "acedSSLength", 6},
+    {kMake, "acdbOpenObject", 12},  // the block of a marker in the selection
     {kRemove, "AcDbDatabase::deepCloneObjects"},
     {kRemove, "acedSSAdd"},
     {L"VelmoGROUPDELETE #2\n\n", "acedSSLength"},

@@ -184,15 +184,17 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
 TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
     Scene scene("line");
     tests::insertBlock(scene, L"VELMO_GB", L"");
+    tests::insertBlock(scene, L"VELMO_GE", L"");
     const wchar_t* const tags[] = {L"OTHER", L"VELMO_GE"};
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 3; ++i) {
         Opened<AcDbAttribute> attribute;
-        openAttribute(scene, 0, i, attribute);
-        attribute->setTag(tags[i]);
+        openAttribute(scene, i / 2, i % 2, attribute);
+        if (i < 2) attribute->setTag(tags[i]);
+        if (i == 2) attribute->erase();  // a reference without what its block defines
     }
     scene.after(L"VelmoGROUPMAKE ALL\n\n");
     scene.click({2});
-    EXPECT_EQ(scene.picked(), "1 2 3 4");
+    EXPECT_EQ(scene.picked(), "1 2 3 4 5");
     const AcDbObjectId erased = scene.entities()[1];
     scene.after(L"ERASE #2\n\n");
     std::wstring tag;
