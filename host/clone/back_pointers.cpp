@@ -124,4 +124,12 @@ void enterInDefinitions(const Store& from, Store& to, const CloneMap& map, Index
     UserLists(from, to, map, firstNew).run();
 }
 
+void leaveDefinition(ObjectBody& definition, std::uint64_t user) {
+    std::string left;
+    TagWalk tag(definition.tags());
+    while (tag.next())
+        if (!namesUser(definition, tag) || parseHandle(tag.value()) != user) left += tag.stored();
+    if (left != definition.tags()) definition.setTags(left);
+}
+
 }  // namespace host

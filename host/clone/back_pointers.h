@@ -11,4 +11,7 @@ namespace host {
 /// from slot `firstNew` on are translated themselves. Behind the translation.
 void enterInDefinitions(const Store& from, Store& to, const CloneMap& map, Index firstNew);
 
+/// Makes a definition forget one that uses another now.
+void leaveDefinition(ObjectBody& definition, std::uint64_t user);
+
 }  // namespace host

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "host/clone/back_pointers.h"
 #include "host/clone/deep_clone.h"
 #include "host/store/body_text.h"
 #include "host/store/fields.h"
@@ -56,7 +57,7 @@ ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& l
 
 ObjectBody& copyPicture(Store& store, ObjectBody& entity) {
     constexpr FieldPlace kRecordOfTable{"AcDbTable", 343};
-    const ObjectBody& old = *pictureOf(entity);
+    ObjectBody& old = *pictureOf(entity);
     ObjectBody& made = makeAnonymousBlock(store, isTable(entity) ? L'T' : L'D', old);
     std::vector<ObjectBody*> contents;
     for (Index at = store.firstLive(old.self); at != kNoIndex; at = store.nextLive(store.at(at)))
@@ -68,6 +69,7 @@ ObjectBody& copyPicture(Store& store, ObjectBody& entity) {
     setFieldValue(text, blockPlace(entity), store.encode(symbolName(made)));
     if (isTable(entity)) setFieldValue(text, kRecordOfTable, formatHandle(made.handle));
     entity.setTags(text);
+    leaveDefinition(old, entity.handle);
     return made;
 }
 

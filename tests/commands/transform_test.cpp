@@ -267,11 +267,13 @@ TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
 /// Each table shows its own block, also when it is a copy.
 TEST_F(TransformTest, ATablesBlockGoesAlong) {
     session->newDrawing();
-    const ObjectBody& block = makeAnonymousBlock(store(), L'T', store().at(store().modelSpace()));
+    ObjectBody& block = makeAnonymousBlock(store(), L'T', store().at(store().modelSpace()));
     const ObjectBody& table =
         add("ACAD_TABLE", "100 AcDbBlockReference|2 " + store().encode(symbolName(block)) +
                               "|10 1.0|20 2.0|30 0.0|100 AcDbTable|343 " +
                               formatHandle(block.handle) + "|11 1.0|21 0.0|31 0.0");
+    const std::string users = "102\n{BLKREFS\n331\n" + formatHandle(table.handle) + "\n102\n}\n";
+    block.setTags(std::string(block.tags()) + users);
     const std::string before = groups(table, {2, 343});
     const auto showsItsOwn = [&](int occurrence) {
         const ObjectBody& each = entity("ACAD_TABLE", occurrence);
@@ -280,6 +282,7 @@ TEST_F(TransformTest, ATablesBlockGoesAlong) {
     };
     run(L"COPY L\n\n0,0 5,5\n\nCOPYCLIP L\n\n");
     EXPECT_EQ(groups(table, {2, 343}), before);
+    EXPECT_EQ(std::string(block.tags().substr(block.tags().size() - users.size())), users);
     EXPECT_NE(groups(entity("ACAD_TABLE", 1), {2}), groups(table, {2}));
     EXPECT_TRUE(showsItsOwn(1));
     session->newDrawing();
