@@ -50,6 +50,7 @@ class Collector {
     }
 
     void follow(const ObjectBody& source) {
+        if (source.type() == "SHAPE") bringShapeFiles();
         const bool hardEntries = source.kind == Kind::Dictionary && ownsHard(source.tags());
         TagWalk tag(source.tags());
         while (tag.next()) {
@@ -57,8 +58,11 @@ class Collector {
             const TagType type = tagTypeOf(tag.code());
             const bool owned =
                 type == TagType::HardOwner || (hardEntries && type == TagType::SoftOwner);
-            if (!owned && type != TagType::HardPointer) continue;
+            constexpr int kExtended = 1005;  // a dimension's own text style, arrows and linetypes
+            if (!owned && type != TagType::HardPointer && tag.code() != kExtended) continue;
             const ObjectBody* target = m_from.byHandle(parseHandle(tag.value()).value_or(0));
+            if (tag.code() == kExtended && (target == nullptr || !isRecordKind(target->kind)))
+                continue;
             if (owned && goesAlong(source, target, m_map)) {
                 m_to.appendChild(m_to.objectsList(), copy(*target, m_map.cloneOf(source)));
             } else if (!owned && target != nullptr && !target->erased &&
@@ -81,6 +85,29 @@ class Collector {
         }
     }
 
+    /// A shape does not say which of the loaded files has it.
+    void bringShapeFiles() {
+        const Index styles = m_from.table("STYLE");
+        Index at = styles != kNoIndex ? m_from.firstLive(styles) : kNoIndex;
+        for (; at != kNoIndex; at = m_from.nextLive(m_from.at(at)))
+            if (symbolName(m_from.at(at)).empty() && m_map.cloneOf(m_from.at(at)) == kNoIndex)
+                bringRecord(m_from.at(at));
+    }
+
+    /// The record of the target that stands for one of the source. A shape file has no name: there
+    /// the file (3) tells.
+    ObjectBody* counterpart(const ObjectBody& record, Index table, const std::wstring& name) const {
+        if (!name.empty()) return m_to.symbol(table, name);
+        const auto fileOf = [](const ObjectBody& body) {
+            const auto file = findTag(body.tags(), 3);
+            return foldCase(body.store->decode(file ? file->value : ""));
+        };
+        for (Index at = m_to.firstLive(table); at != kNoIndex; at = m_to.nextLive(m_to.at(at)))
+            if (symbolName(m_to.at(at)).empty() && fileOf(m_to.at(at)) == fileOf(record))
+                return &m_to.at(at);
+        return nullptr;
+    }
+
     void bringSymbol(const char* table, std::string_view name) {
         const ObjectBody* record = m_from.symbol(table, m_from.decode(name));
         if (record != nullptr && !record->erased && m_map.cloneOf(*record) == kNoIndex)
@@ -95,7 +122,7 @@ class Collector {
         const bool isBlock = record.kind == Kind::BlockRecord;
         const bool anonymous = isBlock && name.size() > 1 && name[0] == L'*' &&
                                foldCase(name).find(L"SPACE") == std::wstring::npos;
-        const ObjectBody* there = anonymous ? nullptr : m_to.symbol(table, name);
+        const ObjectBody* there = anonymous ? nullptr : counterpart(record, table, name);
         if (there != nullptr && !there->erased) return m_map.add(record, *there);
         if (anonymous) {
             ObjectBody& made = makeAnonymousBlock(m_to, name[1], record);

@@ -39,6 +39,10 @@ const char* tableNamedBy(const ObjectBody& body, const TagWalk& tag) {
     if (code == 1003) return "LAYER";
     if (code > kHighestNaming || !tag.own()) return nullptr;
     if (body.kind == Kind::LayerRecord) return code == 6 ? "LTYPE" : nullptr;
+    if (body.kind == Kind::Object) {
+        if (code == 6) return body.type() == "MLINESTYLE" ? "LTYPE" : nullptr;
+        return code == 7 && body.type() == "TABLESTYLE" ? "STYLE" : nullptr;
+    }
     if (!isEntityKind(body.kind) && body.kind != Kind::BlockBegin && body.kind != Kind::BlockEnd)
         return nullptr;
     if (code == 6 && tag.zone() > TagZone::Common) return nullptr;

@@ -61,6 +61,8 @@ TEST_F(Check, DamageIsFound) {
         {"6=CONTINUOUS", "6=DOT", "LAYER 14: LTYPE \"DOT\" is not defined"},
         {"67=1|8=0", "67=1|8=Wall", "note: LINE 31: LAYER \"Wall\" is not defined"},
         {"|7=Standard", "|7=Other", "TEXT 38: STYLE \"Other\" is not defined"},
+        {"0=GROUP|5=43|330=41", "0=MLINESTYLE|5=43|330=41|100=AcDbMlineStyle|6=DOT",
+         "note: MLINESTYLE 43: LTYPE \"DOT\" is not defined"},
         {"66=1|2=Door", "66=1|2=Gate", "INSERT 32: BLOCK_RECORD \"Gate\" is not defined"},
         {"1001=ACAD", "1001=MINE", "LINE 31: APPID \"MINE\" is not defined"},
         {"66=1|2=Door", "66=0|2=Door", "INSERT 32: has attributes and does not announce them (66)"},

@@ -47,8 +47,9 @@ void checkPointer(CheckContext& context, const ObjectSummary& summary, const Tag
 void checkName(CheckContext& context, const ObjectBody& body, const char* table,
                std::string_view name) {
     if (context.isDefined(table, name)) return;
-    // A layer that is missing is made on loading.
-    context.add(table == std::string_view("LAYER") ? Severity::Note : Severity::Error, body,
+    // A layer that is missing is made on loading, a style of tables or multilines has a default.
+    const bool mended = table == std::string_view("LAYER") || body.kind == Kind::Object;
+    context.add(mended ? Severity::Note : Severity::Error, body,
                 std::string(table) + " \"" + std::string(name) + "\" is not defined");
 }
 
@@ -77,7 +78,8 @@ void checkTag(CheckContext& context, const ObjectSummary& summary, const TagWalk
     if (isReferenceCode(tag.code())) return checkPointer(context, summary, tag);
     checkNumber(context, body, tag.tag());
     const char* const table = tableNamedBy(body, tag);
-    const bool empty = tag.value().empty() && summary.type == "DIMENSION";
+    const bool mayBeEmpty = summary.type == "DIMENSION" || body.kind == Kind::Object;
+    const bool empty = tag.value().empty() && mayBeEmpty;
     if (table != nullptr && tag.depth() == 0 && !empty)
         checkName(context, body, table, tag.value());
 }

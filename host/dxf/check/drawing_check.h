@@ -25,10 +25,10 @@ namespace host {
 /// point back (a note outside extension dictionaries). Pointers: not empty, hexadecimal, not
 /// dangling (an error for owners and hard pointers, a note for soft pointers, plot styles, extended
 /// data and the reactors of images). Names of linetypes, styles, blocks and APPIDs defined; a note
-/// for layers of entities. 66 only with ATTRIB ... SEQEND, and SEQEND owned by what it ends.
-/// Solids from AC1027 on have their geometry; a record of geometry for nothing is a note. Subclass
-/// markers in order. No value that is no number where one belongs (NaN and infinity are
-/// none), no NUL.
+/// for layers of entities and in styles of tables and multilines. 66 only with ATTRIB ... SEQEND,
+/// and SEQEND owned by what it ends. Solids from AC1027 on have their geometry; a record of
+/// geometry for nothing is a note. Subclass markers in order. No value that is no number where one
+/// belongs (NaN and infinity are none), no NUL.
 std::vector<Finding> checkDrawing(const Store& store);
 
 /// Loads a file and checks it; what loading had to supply is reported first, as errors. Nothing,
