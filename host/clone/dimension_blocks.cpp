@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "host/clone/deep_clone.h"
+#include "host/content/fields.h"
 #include "host/store/body_text.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
 #include "host/tags/tags.h"

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "host/content/fields.h"
 #include "host/objectarx/entities.h"
 #include "host/objects/class_table.h"
 #include "host/objects/opening.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 
 namespace host {

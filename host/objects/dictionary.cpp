@@ -1,9 +1,9 @@
 // AcDbDictionary: entries by key.
+#include "host/content/dictionary_text.h"
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

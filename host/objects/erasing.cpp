@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

@@ -1,10 +1,10 @@
 // Database objects: who they are, erasing, extension dictionaries.
+#include "host/content/dictionary_text.h"
+#include "host/content/paper_viewport.h"
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
-#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

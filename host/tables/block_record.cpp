@@ -1,13 +1,13 @@
 // Block table records: their entities, base point, and the walk over a block.
 #include <unordered_set>
 
+#include "host/content/fields.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
 #include "host/tags/tags.h"

@@ -1,6 +1,6 @@
 // Dictionaries, extension dictionaries and xrecords.
 #include "database/entities_drawing.h"
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 
 using entities::Drawing;
 using entities::Opened;

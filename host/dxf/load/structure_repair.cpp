@@ -2,8 +2,8 @@
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/symbol_records.h"
 
+#include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace host {

@@ -1,5 +1,5 @@
 // Finding, reading and editing the fields of an entity in its tags.
-#include "host/store/fields.h"
+#include "host/content/fields.h"
 #include "host/store/symbol_records.h"
 
 #include <array>
