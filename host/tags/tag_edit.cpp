@@ -29,16 +29,6 @@ double TagEdit::real(std::size_t at) {
     return 0.0;
 }
 
-double TagEdit::real(int code, double otherwise) {
-    const auto at = find(code);
-    return at ? real(*at) : otherwise;
-}
-
-int TagEdit::integer(int code, int otherwise) const {
-    const auto at = find(code);
-    return at ? integerOf(m_tags[*at].value, otherwise) : otherwise;
-}
-
 std::optional<std::size_t> TagEdit::coordinate(std::size_t at, int shift) const {
     const int first = m_tags[at].code;
     for (std::size_t next = at + 1; next < size() && m_tags[next].code != first; ++next) {
