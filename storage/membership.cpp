@@ -54,13 +54,15 @@ class GroupWalk {
         m_text = nextEntityHandle(start);
     }
 
-    /// Walks until the start is met again, the drawing ends or the order of markers is wrong.
-    void run() {
+    /// Walks until the start is met again, the drawing ends, the order of markers is wrong, or
+    /// something is met in front of the end marker that is known to have no group.
+    void run(const IdMap<GroupVerdict>& known = {}) {
         AcDbObjectId current = idFromHandleText(m_text);
         while (m_text != m_startText && !m_abort && !current.isNull()) {
             if (visit(current) == Step::kMember) {
                 m_members.append(current);
                 if (!m_beginFound) m_beforeEnd = m_members.length();
+                if (!m_beginFound && endsHere(known.find(current))) break;
                 m_text = nextEntityHandle(current);
             }
             current = idFromHandleText(m_text);
@@ -159,6 +161,12 @@ class GroupWalk {
         return Step::kMoved;
     }
 
+    /// A start that is a marker may end a walk that goes over it; its own stops there instead.
+    bool endsHere(const GroupVerdict* known) {
+        m_abort = known != nullptr && !known->found && !isMarker(m_members.first());
+        return m_abort;
+    }
+
     /// True also for what cannot be read.
     bool isMarker(const AcDbObjectId& id) const {
         std::wstring tag;
@@ -220,7 +228,7 @@ bool GroupSearch::verify(AcDbObjectIdArray& group, const AcDbObjectId& start) {
         return true;
     }
     GroupWalk walk(start);
-    walk.run();
+    walk.run(m_known);
     m_lastVerdict = walk.verdict();
     const bool found = announce(m_lastVerdict);
     if (found) walk.give(group);

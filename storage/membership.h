@@ -25,8 +25,9 @@ struct GroupVerdict {
 };
 
 /// Answers for many entities while the drawing stays as it is, and walks each group once: from
-/// another member the walk would give the same members in a turned order. It knows nothing of the
-/// drawing beyond that and has to end before the drawing changes.
+/// another member the walk would give the same members in a turned order, and one that comes to
+/// what has no group would go on from there in the same way. It knows nothing of the drawing beyond
+/// that and has to end before the drawing changes.
 class GroupSearch {
   public:
     /// As verifyGroup, lines printed included. Of a group that was given before, `group` receives
