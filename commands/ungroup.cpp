@@ -1,6 +1,4 @@
 // VelmoGROUPDELETE: dissolves whole groups.
-#include <optional>
-
 #include "command_selection.h"
 #include "command_source.h"
 #include "document_data.h"
@@ -32,7 +30,7 @@ int ungroupSelected(const ads_name selection) {
 /// other entities markers are erased.
 int ungroupWholeGroups(const ads_name selection) {
     int ungrouped = 0;
-    std::optional<GroupSearch> search(std::in_place);
+    GroupSearch search;
     const Adesk::Int32 length = selectionLength(selection, DIAG_HERE);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kSelectedConversion, DIAG_HERE);
@@ -40,14 +38,13 @@ int ungroupWholeGroups(const ads_name selection) {
         AcDbObjectIdArray group(0, kIdListGrowth);
         if (!isGroupedEntity(id)) {
             group.append(id);
-        } else if (!search->verify(group, id)) {
+        } else if (!search.verify(group, id)) {
             continue;
         }
         for (int k = 0; k < group.length(); ++k) {
             if (ungroupEntity(group[k])) ++ungrouped;
         }
-        // What was found out holds no longer when a marker is gone.
-        if (group.last().isErased()) search.emplace();
+        if (group.last().isErased()) search.forget();  // a marker
     }
     return ungrouped;
 }

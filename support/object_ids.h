@@ -43,6 +43,8 @@ class IdMap {
         return found == m_values.end() ? nullptr : &found->second;
     }
 
+    void clear() { m_values.clear(); }
+
   private:
     std::pmr::monotonic_buffer_resource m_memory;
     std::pmr::unordered_map<AcDbObjectId, T, HashId, SameId> m_values{&m_memory};

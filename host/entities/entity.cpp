@@ -1,7 +1,6 @@
 // Properties that every entity has, and opening entities.
 #include "host/control/faults.h"
 #include "host/entities/entity_support.h"
-#include "host/objects/result_buffer_tools.h"
 
 namespace host {
 namespace {

@@ -3,7 +3,6 @@
 
 #include "host/control/faults.h"
 #include "host/objectarx/database.h"
-#include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"

@@ -6,7 +6,6 @@
 #include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace host {
 namespace {

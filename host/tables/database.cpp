@@ -6,7 +6,6 @@
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace {
 

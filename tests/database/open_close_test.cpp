@@ -1,6 +1,5 @@
 // The rules of opening and closing, and the faults of callers that break them.
 #include "database/entities_drawing.h"
-#include "host/objects/opening.h"
 #include "host/store/body_text.h"
 
 using entities::Drawing;

@@ -5,7 +5,6 @@
 
 #include "host/dxf/load/drawing_builder.h"
 #include "host/dxf/load/drawing_linker.h"
-#include "host/tags/tags.h"
 
 namespace host {
 
