@@ -77,7 +77,7 @@ struct ObjectBody {
     bool erased : 1;
     bool openForWrite : 1;
     bool releasedLater : 1;    ///< its extension dictionary was erased without being released
-    bool erasedWithOwner : 1;  ///< erased because its owner was; comes back with it
+    bool erasedWithOwner : 1;  ///< erased because its owner was
     bool undone : 1;           ///< erased because its making was undone; see journal.h
 
     ObjectBody()
