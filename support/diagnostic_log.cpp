@@ -17,7 +17,8 @@ constexpr DWORD kPauseMilliseconds = 500;
 constexpr wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
 
 std::wstring environmentValue(const wchar_t* name) {
-    std::wstring value(::GetEnvironmentVariableW(name, NULL, 0), L'\0');
+    std::wstring value;
+    value.resize(::GetEnvironmentVariableW(name, NULL, 0));
     const auto size = static_cast<DWORD>(value.size());
     const DWORD length = ::GetEnvironmentVariableW(name, &value[0], size);
     value.resize(length < size ? length : 0);  // it may have grown in between

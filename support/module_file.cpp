@@ -12,7 +12,8 @@ std::wstring withoutFolder(const std::wstring& path) {
 }
 
 std::wstring longForm(const std::wstring& path) {
-    std::wstring text(kPathBufferLength, L'\0');
+    std::wstring text;
+    text.resize(kPathBufferLength);
     text.resize(::GetLongPathNameW(path.c_str(), &text[0], kPathBufferLength));
     return text.empty() ? path : text;
 }
@@ -20,7 +21,8 @@ std::wstring longForm(const std::wstring& path) {
 }  // namespace
 
 std::wstring modulePath(HMODULE hModule) {
-    std::wstring path(kPathBufferLength, L'\0');
+    std::wstring path;
+    path.resize(kPathBufferLength);
     path.resize(::GetModuleFileNameW(hModule, &path[0], kPathBufferLength));
     return path;
 }
