@@ -11,6 +11,7 @@
 #include "host/control/faults.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/objectarx/database.h"
+#include "host/objects/erasing.h"
 #include "host/store/store.h"
 #include "pick_reactor.h"
 #include "ratio.h"
@@ -46,6 +47,12 @@ class GroupDrawing {
         return ids;
     }
 
+    /// Makes of the group what a user leaves who erases its end marker.
+    void eraseEndMarker() {
+        host::Store& store = m_session.database()->store();
+        host::eraseWithOwned(store.at(store.lastLive(store.modelSpace())));
+    }
+
   private:
     host::Session m_session;
 };
@@ -73,6 +80,14 @@ void windowOverTheGroup(benchmark::State& state) {
     const GroupDrawing drawing(state.range(0));
     const std::vector<AcDbObjectId> members = drawing.members();
     measure(state, {members.rbegin(), members.rend()}, members.size() + 2);
+}
+
+/// No walk finds a group here, and the host lists the newest entity first.
+void windowOverAGroupWithoutEnd(benchmark::State& state) {
+    GroupDrawing drawing(state.range(0));
+    const std::vector<AcDbObjectId> members = drawing.members();
+    drawing.eraseEndMarker();
+    measure(state, {members.rbegin(), members.rend()}, members.size());
 }
 
 /// Drawings of groups of 100, and the module's own reactor to their selections.
@@ -132,5 +147,9 @@ BENCHMARK(pickAllTenfold)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(pickOneMember)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(windowOverTheGroup)->RangeMultiplier(10)->Range(10, 10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(windowOverAGroupWithoutEnd)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -61,7 +61,3 @@ void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& cou
     updateMarker(begin.id, begin.position, end.handle, count);
     updateMarker(end.id, end.position, begin.handle, count);
 }
-
-bool sameTag(const std::wstring& left, const std::wstring& right) {
-    return _wcsicmp(left.c_str(), right.c_str()) == 0;
-}

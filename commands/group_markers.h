@@ -26,6 +26,3 @@ void readBeginMarker(const AcDbObjectId& markerId, Marker& begin);
 
 /// Makes the two markers of a group name each other, with the same count text.
 void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& count);
-
-/// Compares tags without regard to case.
-bool sameTag(const std::wstring& left, const std::wstring& right);

@@ -26,28 +26,25 @@ int ungroupSelected(const ads_name selection) {
     return ungrouped;
 }
 
-/// Dissolves the group of a member. One that does not verify is left whole.
-int ungroupWholeGroup(const AcDbObjectId& member) {
-    int ungrouped = 0;
-    AcDbObjectIdArray group(0, kIdListGrowth);
-    if (!verifyGroup(group, member)) return ungrouped;
-    for (int i = 0; i < group.length(); ++i) {
-        if (ungroupEntity(group[i])) ++ungrouped;
-    }
-    return ungrouped;
-}
-
+/// Dissolves the groups of the selected members; one that does not verify is left whole. Of the
+/// other entities markers are erased.
 int ungroupWholeGroups(const ads_name selection) {
     int ungrouped = 0;
+    GroupSearch search;
     const Adesk::Int32 length = selectionLength(selection, DIAG_HERE);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kSelectedConversion, DIAG_HERE);
         if (id.isErased()) continue;
-        if (isGroupedEntity(id)) {
-            ungrouped += ungroupWholeGroup(id);
-        } else if (ungroupEntity(id)) {
-            ++ungrouped;
+        AcDbObjectIdArray group(0, kIdListGrowth);
+        if (!isGroupedEntity(id)) {
+            group.append(id);
+        } else if (!search.verify(group, id)) {
+            continue;
         }
+        for (int k = 0; k < group.length(); ++k) {
+            if (ungroupEntity(group[k])) ++ungrouped;
+        }
+        if (group.last().isErased()) search.forget();  // a marker
     }
     return ungrouped;
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/store/paper_viewport.h"
+#include "host/content/paper_viewport.h"
 
 namespace picture {
 namespace {

@@ -47,10 +47,7 @@ bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjec
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
         std::wstring tag;
         if (id.isNull() || !readMarkerTag(id, tag)) return false;
-        if (_wcsicmp(tag.c_str(), beginTag.c_str()) == 0 ||
-            _wcsicmp(tag.c_str(), endTag.c_str()) == 0) {
-            markers.append(id);
-        }
+        if (sameTag(tag, beginTag) || sameTag(tag, endTag)) markers.append(id);
     }
     return true;
 }

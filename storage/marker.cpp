@@ -172,6 +172,10 @@ bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag) {
     return readable;
 }
 
+bool sameTag(const std::wstring& left, const std::wstring& right) {
+    return _wcsicmp(left.c_str(), right.c_str()) == 0;
+}
+
 void updateMarker(const AcDbObjectId& markerId, const AcGePoint3d& point,
                   const std::wstring& firstText, const std::wstring& otherText) {
     Opened<AcDbBlockReference> reference;

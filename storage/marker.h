@@ -30,6 +30,9 @@ std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted);
 /// The same for the tag. False when the host did not let the entity be read: it may be a marker.
 bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag);
 
+/// Compares tags without regard to case.
+bool sameTag(const std::wstring& left, const std::wstring& right);
+
 /// Moves a marker and its attributes to `point` when they stand farther than 0.01 drawing units
 /// from it, and rewrites the attribute texts. Call it with markers only.
 void updateMarker(const AcDbObjectId& markerId, const AcGePoint3d& point,

@@ -54,13 +54,15 @@ class GroupWalk {
         m_text = nextEntityHandle(start);
     }
 
-    /// Walks until the start is met again, the drawing ends or the order of markers is wrong.
-    void run() {
+    /// Walks until the start is met again, the drawing ends, the order of markers is wrong, or
+    /// something is met in front of the end marker that is known to have no group.
+    void run(const GroupSearch* search = nullptr) {
         AcDbObjectId current = idFromHandleText(m_text);
         while (m_text != m_startText && !m_abort && !current.isNull()) {
             if (visit(current) == Step::kMember) {
                 m_members.append(current);
                 if (!m_beginFound) m_beforeEnd = m_members.length();
+                if (!m_beginFound && search != nullptr && endsAt(search->find(current))) break;
                 m_text = nextEntityHandle(current);
             }
             current = idFromHandleText(m_text);
@@ -69,7 +71,7 @@ class GroupWalk {
 
     GroupVerdict verdict() const {
         const int missing = m_count - m_members.length();
-        return {!m_abort && m_beginFound && missing >= 0, missing};
+        return {!m_abort && m_beginFound && missing >= 0, missing, !m_abort && !m_beginFound};
     }
 
     /// The group in the order of verifyGroup, once it was found.
@@ -159,6 +161,13 @@ class GroupWalk {
         return Step::kMoved;
     }
 
+    /// A start that is a marker may end a walk that goes over it; its own stops there instead.
+    bool endsAt(const GroupVerdict* known) {
+        if (known == nullptr || known->found || isMarker(m_members.first())) return false;
+        m_abort = !known->endless;
+        return true;
+    }
+
     /// True also for what cannot be read.
     bool isMarker(const AcDbObjectId& id) const {
         std::wstring tag;
@@ -208,22 +217,39 @@ bool verifyGroup(AcDbObjectIdArray& group, const AcDbObjectId& start) {
 }
 
 bool GroupSearch::verify(AcDbObjectIdArray& group, const AcDbObjectId& start) {
-    // Only now: a search that is asked once does not pay for the next question.
-    for (int i = 0; i < m_lastSharers.length(); ++i) {
-        m_known.add(m_lastSharers[i], m_lastVerdict);
-    }
-    m_lastSharers.setLogicalLength(0);
-    if (const GroupVerdict* known = m_known.find(start)) {
+    remember();  // only now: a search that is asked once does not pay for the next question
+    if (const GroupVerdict* known = find(start)) {
         if (!announce(*known)) return false;
         group.setLogicalLength(0);
         group.append(start);
         return true;
     }
     GroupWalk walk(start);
-    walk.run();
+    walk.run(this);
     m_lastVerdict = walk.verdict();
     const bool found = announce(m_lastVerdict);
     if (found) walk.give(group);
     m_lastSharers = walk.takeSharers();
     return found;
+}
+
+void GroupSearch::forget() {
+    remember();
+    m_known.clear();
+}
+
+const GroupVerdict* GroupSearch::find(const AcDbObjectId& id) const {
+    static constexpr GroupVerdict endless{false, 0, true};
+    return m_endless.has(id) ? &endless : m_known.find(id);
+}
+
+void GroupSearch::remember() {
+    for (int i = 0; i < m_lastSharers.length(); ++i) {
+        if (m_lastVerdict.endless) {
+            m_endless.add(m_lastSharers[i]);
+        } else {
+            m_known.add(m_lastSharers[i], m_lastVerdict);
+        }
+    }
+    m_lastSharers.setLogicalLength(0);
 }

@@ -22,18 +22,27 @@ bool verifyGroup(AcDbObjectIdArray& group, const AcDbObjectId& start);
 struct GroupVerdict {
     bool found = false;
     int missing = 0;
+    bool endless = false;  ///< no end marker stands behind where it began
 };
 
 /// Answers for many entities while the drawing stays as it is, and walks each group once: from
-/// another member the walk would give the same members in a turned order. It knows nothing of the
-/// drawing beyond that and has to end before the drawing changes.
+/// another member the walk would give the same members in a turned order, and one that comes to
+/// what has no group would go on from there in the same way. It knows nothing of the drawing beyond
+/// that and has to end before the drawing changes, unless that is told.
 class GroupSearch {
   public:
     /// As verifyGroup, lines printed included. Of a group that was given before, `group` receives
     /// `start` alone.
     bool verify(AcDbObjectIdArray& group, const AcDbObjectId& start);
+    /// Markers were erased: only what has no end marker behind it is as it was.
+    void forget();
+    /// Null when nothing is known.
+    const GroupVerdict* find(const AcDbObjectId& id) const;
 
   private:
+    void remember();
+
+    IdSet m_endless;
     IdMap<GroupVerdict> m_known;
     AcDbObjectIdArray m_lastSharers{0, kIdListGrowth};  ///< of the last verdict, not in m_known yet
     GroupVerdict m_lastVerdict;

@@ -1,7 +1,7 @@
 // Lists and sets of object ids.
 //
-// Ids are compared with c5ObjIdIsEqualTo. The interface's `operator==`, which its lists search
-// with, is that call; only what brings a comparison of its own has to name it.
+// Ids are compared with c5ObjIdIsEqualTo. The interface's `operator==` is that call; only what
+// brings a comparison of its own has to name it.
 #pragma once
 
 #include <cwchar>
@@ -44,6 +44,8 @@ class IdMap {
         const auto found = m_values.find(id);
         return found == m_values.end() ? nullptr : &found->second;
     }
+
+    void clear() { m_values.clear(); }
 
   private:
     std::pmr::monotonic_buffer_resource m_memory;

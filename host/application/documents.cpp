@@ -158,11 +158,6 @@ AcApDocument* AcApDocManager::curDocument() const {
     return session == nullptr ? nullptr : session->impl().documents.current();
 }
 
-AcApDocument* AcApDocManager::mdiActiveDocument() const {
-    host::Session* session = host::currentSession();
-    return session == nullptr ? nullptr : session->impl().active;
-}
-
 void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
     if (reactor == nullptr) {
         host::reportModuleFault("AcApDocManager::addReactor: null reactor");

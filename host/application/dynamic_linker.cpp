@@ -2,7 +2,6 @@
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
-#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

@@ -2,7 +2,6 @@
 #include <dlfcn.h>
 
 #include "host/application/module_library.h"
-#include "host/text/paths.h"
 
 namespace host {
 

@@ -68,7 +68,6 @@ Session::~Session() {
 }
 
 void Session::Impl::activate(HostDocument& document) {
-    active = &document;
     documents.setCurrent(&document);
     modules.documentActivated(document);
 }
@@ -93,7 +92,6 @@ void Session::Impl::close(HostDocument& document) {
     if (switches().unloadMessageFirst) modules.documentClosing(document);
     documents.announceDestruction(document);
     if (!switches().unloadMessageFirst) modules.documentClosing(document);
-    if (active == &document) active = nullptr;
     documents.destroy(document);
 }
 

@@ -19,8 +19,6 @@ struct Session::Impl {
     Documents documents;
     Modules modules;
     LispCalls lisp;
-    /// The document with the focus; modules may see another one current for a moment.
-    HostDocument* active = nullptr;
     std::function<bool(const char*, int)> progress;
     std::function<void(const std::string&)> diagnostics;
     HeldCounts heldAtStart = {};  ///< left over by an earlier session of the process

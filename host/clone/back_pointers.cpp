@@ -7,7 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "host/store/references.h"
+#include "host/content/references.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

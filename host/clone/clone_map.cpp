@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "host/content/fields.h"
 #include "host/store/data_records.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 
 namespace host {

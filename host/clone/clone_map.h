@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "host/content/reference_rewriter.h"
 #include "host/store/object_body.h"
-#include "host/store/reference_rewriter.h"
 
 namespace host {
 

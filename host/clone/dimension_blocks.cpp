@@ -5,8 +5,8 @@
 
 #include "host/clone/back_pointers.h"
 #include "host/clone/deep_clone.h"
+#include "host/content/fields.h"
 #include "host/store/body_text.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
 #include "host/tags/tags.h"

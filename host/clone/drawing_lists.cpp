@@ -6,8 +6,8 @@
 #include <unordered_set>
 #include <utility>
 
-#include "host/store/dictionary_text.h"
-#include "host/store/listings.h"
+#include "host/content/dictionary_text.h"
+#include "host/content/listings.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

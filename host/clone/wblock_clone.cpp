@@ -5,8 +5,8 @@
 #include "host/clone/clone_map.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/clone/drawing_lists.h"
-#include "host/store/dictionary_text.h"
-#include "host/store/references.h"
+#include "host/content/dictionary_text.h"
+#include "host/content/references.h"
 #include "host/store/store.h"
 
 namespace host {

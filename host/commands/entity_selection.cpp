@@ -43,7 +43,7 @@ CommandStatus editSelection(Locked locked, const EntityWork& work) {
 
 void eraseEntities(const std::vector<ObjectBody*>& entities) {
     for (ObjectBody* entity : entities)
-        eraseWithOwned(*entity, true);
+        eraseWithOwned(*entity);
     dropErasedFromPickfirst();
 }
 

@@ -41,7 +41,7 @@ const wchar_t* segmentPrompt(std::size_t lines) {
 }
 
 void undoSegment(Segments& figure) {
-    if (ObjectBody* line = Store::resolve(figure.lines.back())) eraseWithOwned(*line, true);
+    if (ObjectBody* line = Store::resolve(figure.lines.back())) eraseWithOwned(*line);
     figure.lines.pop_back();
     figure.points.pop_back();
 }

@@ -9,7 +9,6 @@
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/store/store.h"
-#include "host/text/text_codec.h"
 
 namespace host {
 namespace {

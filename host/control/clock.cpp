@@ -32,8 +32,6 @@ void clockSleep(std::uint32_t milliseconds) {
 
 void clockFix(std::time_t moment) { state = {true, moment, 0}; }
 
-void clockUseMachine() { state = {}; }
-
 std::uint64_t clockSlept() { return state.slept; }
 
 }  // namespace host

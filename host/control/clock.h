@@ -10,9 +10,8 @@ namespace host {
 std::time_t clockNow();
 /// Milliseconds that pass; with a fixed clock the time moves on at once.
 void clockSleep(std::uint32_t milliseconds);
-/// Fixes the clock at a moment; sleeping moves it. clockUseMachine goes back to real time.
+/// Fixes the clock at a moment; only sleeping moves it from then on.
 void clockFix(std::time_t moment);
-void clockUseMachine();
 /// Milliseconds slept since the clock was fixed.
 std::uint64_t clockSlept();
 

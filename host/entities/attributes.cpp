@@ -84,10 +84,6 @@ Acad::ErrorStatus AcDbAttribute::setTag(const ACHAR* tag) {
     return changeText(*this, "AcDbAttribute::setTag", field::attributeTag, tag);
 }
 
-Adesk::Boolean AcDbAttribute::isInvisible() const {
-    return flagIn(body(), field::attributeFlags, field::kInvisible);
-}
-
 Acad::ErrorStatus AcDbAttribute::setInvisible(Adesk::Boolean invisible) {
     return changeFlag(*this, "AcDbAttribute::setInvisible", field::attributeFlags,
                       field::kInvisible, invisible);

@@ -111,7 +111,7 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, AcDbObjectId id,
-                                                    AcDb::OpenMode mode, bool openErasedOne) {
+                                                    AcDb::OpenMode mode) {
     attribute = nullptr;
     if (callFails("AcDbBlockReference::openAttribute")) return Acad::eWasOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
@@ -119,7 +119,7 @@ Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, A
     if (found == nullptr || found->store != body().store || found->owner != body().self) {
         return Acad::eInvalidInput;
     }
-    return openAs(attribute, *found, mode, openErasedOne);
+    return openAs(attribute, *found, mode);
 }
 
 Acad::ErrorStatus AcDbBlockReference::openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode) {

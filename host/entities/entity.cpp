@@ -1,7 +1,6 @@
 // Properties that every entity has, and opening entities.
 #include "host/control/faults.h"
 #include "host/entities/entity_support.h"
-#include "host/objects/result_buffer_tools.h"
 
 namespace host {
 namespace {
@@ -86,24 +85,19 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source,
     return Acad::eOk;
 }
 
-ACHAR* AcDbEntity::layer() const { return newString(getField(body(), field::layer)); }
-
 Adesk::UInt16 AcDbEntity::colorIndex() const {
     const int color = getField(body(), field::color);
     return color >= 0 && color <= kByLayer ? static_cast<Adesk::UInt16>(color) : kByLayer;
 }
 
-ACHAR* AcDbEntity::linetype() const { return newString(getField(body(), field::linetype)); }
-
 AcDbObjectId AcDbEntity::layerId() const {
     return symbolId(body(), "LAYER", getField(body(), field::layer));
 }
 
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErasedEntity) {
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode) {
     entity = nullptr;
     if (callFails("acdbOpenAcDbEntity")) return Acad::eWasOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
     ObjectBody* body = bodyOfId(id, "acdbOpenAcDbEntity");
-    return body != nullptr ? openAs(entity, *body, mode, openErasedEntity) : Acad::eInvalidInput;
+    return body != nullptr ? openAs(entity, *body, mode) : Acad::eInvalidInput;
 }

@@ -3,7 +3,6 @@
 
 #include "host/control/faults.h"
 #include "host/objectarx/database.h"
-#include "host/objects/opening.h"
 #include "host/objects/result_buffer_tools.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"
@@ -49,12 +48,12 @@ Index following(const Store& store, const ObjectBody& body) {
 }
 
 /// Adds the stored tags but for the type, the handle and the owner, which stand in front.
-void addOwnGroups(ResultList& list, const ObjectBody& body) {
+void addOwnTags(ResultList& list, const ObjectBody& body) {
     TagWalk tag(body.tags());
     while (tag.next() && tag.zone() != TagZone::Extended) {
         const bool stands = tag.role() == TagRole::Type || tag.role() == TagRole::Handle ||
                             tag.role() == TagRole::Owner;
-        if (!stands) list.addGroup(*body.store, tag.tag(), tag.reader());
+        if (!stands) list.addTag(*body.store, tag.tag(), tag.reader());
     }
 }
 
@@ -95,7 +94,7 @@ resbuf* acdbEntGet(const ads_name entity) {
     list.addText(0, store.decode(body->type()));
     list.addName(330, store.idOf(body->owner));
     list.addText(5, fromUtf8(formatHandle(body->handle)));
-    addOwnGroups(list, *body);
+    addOwnTags(list, *body);
     // A sequence end names the entity that it ends.
     if (body->kind == Kind::SequenceEnd) list.addName(-2, store.idOf(body->owner));
     return list.release();

@@ -15,7 +15,7 @@ Acad::ErrorStatus startChange(const AcDbObject& object, const char* call) {
 Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
     const ObjectBody& body = parent.body();
     if (body.store == nullptr || body.sequenceEnd == kNoIndex) return Acad::eNullObjectId;
-    return openAs(end, body.store->at(body.sequenceEnd), mode, false);
+    return openAs(end, body.store->at(body.sequenceEnd), mode);
 }
 
 std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity) {

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "host/content/fields.h"
 #include "host/objectarx/entities.h"
 #include "host/objects/class_table.h"
 #include "host/objects/opening.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -17,11 +17,11 @@ namespace host {
 Acad::ErrorStatus startChange(const AcDbObject& object, const char* call);
 /// Opens a body as the class that is wanted, without a fault point; null on failure.
 template <typename T>
-Acad::ErrorStatus openAs(T*& object, ObjectBody& body, AcDb::OpenMode mode, bool openErased) {
+Acad::ErrorStatus openAs(T*& object, ObjectBody& body, AcDb::OpenMode mode) {
     object = nullptr;
     if (!classOf(body.kind)->isDerivedFrom(T::desc())) return Acad::eNotThatKindOfClass;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = openBody(opened, body, mode, openErased);
+    const Acad::ErrorStatus status = openBody(opened, body, mode);
     if (status == Acad::eOk) object = static_cast<T*>(opened);
     return status;
 }

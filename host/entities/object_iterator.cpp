@@ -26,17 +26,6 @@ void describeIterators(std::vector<std::string>& lines) {
     }
 }
 
-/// The next sub-entity of a parent by slot, erased ones included; slots grow in append order.
-Index neighbour(const Store& store, Index parent, Index from, bool backwards) {
-    const Index limit = backwards ? kNoIndex : store.count() + 1;
-    for (Index at = from; at != limit; backwards ? --at : ++at) {
-        const ObjectBody& body = store.at(at);
-        const bool delivered = body.kind == Kind::Attribute || body.kind == Kind::Vertex;
-        if (delivered && !body.undone && body.owner == parent) return at;
-    }
-    return kNoIndex;
-}
-
 }  // namespace
 }  // namespace host
 
@@ -53,27 +42,16 @@ AcDbObjectIterator::~AcDbObjectIterator() {
     countReturned(Held::Iterator);
 }
 
-void AcDbObjectIterator::start(bool afterEnd, bool skipDeleted) {
-    m_current.setNull();
-    const ObjectBody* parent = Store::resolve(m_parent);
-    if (afterEnd || parent == nullptr) return;
-    const Store& store = *parent->store;
-    // Sub-entities join the drawing after their parent, so the search begins there.
-    m_current = store.idOf(skipDeleted ? store.firstLive(parent->self)
-                                       : neighbour(store, parent->self, parent->self + 1, false));
+void AcDbObjectIterator::start() {
+    const ObjectBody* const parent = Store::resolve(m_parent);
+    m_current = parent != nullptr ? parent->store->idOf(parent->store->firstLive(parent->self))
+                                  : AcDbObjectId();
 }
 
-void AcDbObjectIterator::step(bool backwards, bool skipDeleted) {
-    const ObjectBody* current = Store::resolve(m_current);
-    m_current.setNull();
-    if (current == nullptr) return;
-    const Store& store = *current->store;
-    if (!skipDeleted) {
-        const Index from = backwards ? current->self - 1 : current->self + 1;
-        m_current = store.idOf(neighbour(store, current->owner, from, backwards));
-        return;
-    }
-    m_current = store.idOf(backwards ? store.previousLive(*current) : store.nextLive(*current));
+void AcDbObjectIterator::step() {
+    const ObjectBody* const current = Store::resolve(m_current);
+    m_current = current != nullptr ? current->store->idOf(current->store->nextLive(*current))
+                                   : AcDbObjectId();
 }
 
 bool AcDbObjectIterator::done() const { return m_current.isNull(); }

@@ -49,8 +49,6 @@ std::string newText(std::string_view type, std::string_view lastSubclass) {
 
 using namespace host;
 
-AcDbText::AcDbText() : AcDbText(freshBody(Kind::Text, newText("TEXT", "AcDbText"))) {}
-
 AcGePoint3d AcDbText::position() const { return getField(body(), field::textPosition); }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& position) {

@@ -1,7 +1,6 @@
 // Growable array of the interface.
 #pragma once
 
-#include <algorithm>
 #include <vector>
 
 /// Growable array with value semantics. All of it is assumed; growth by the growth length is a
@@ -23,27 +22,8 @@ class AcArray {
         m_items.insert(m_items.end(), copy.begin(), copy.end());
         return *this;
     }
-    AcArray& insertAt(int index, const T& value) {
-        const T copy = value;
-        m_items.insert(m_items.begin() + index, copy);
-        return *this;
-    }
-    /// Removes the first element equal to `value` at or after `start`; false when there is none.
-    bool remove(const T& value, int start = 0) {
-        const int index = find(value, start);
-        if (index < 0) return false;
-        m_items.erase(m_items.begin() + index);
-        return true;
-    }
-    /// Index of the first element equal to `value` at or after `start`, or -1.
-    int find(const T& value, int start = 0) const {
-        const auto found = std::find(m_items.begin() + start, m_items.end(), value);
-        return found == m_items.end() ? -1 : static_cast<int>(found - m_items.begin());
-    }
-    bool contains(const T& value, int start = 0) const { return find(value, start) >= 0; }
 
     int length() const { return static_cast<int>(m_items.size()); }
-    bool isEmpty() const { return m_items.empty(); }
     /// Cuts the array or fills it up with default values; 0 keeps the storage.
     AcArray& setLogicalLength(int length) {
         m_items.resize(static_cast<std::size_t>(length));
@@ -52,8 +32,6 @@ class AcArray {
 
     T& operator[](int index) { return m_items[static_cast<std::size_t>(index)]; }
     const T& operator[](int index) const { return m_items[static_cast<std::size_t>(index)]; }
-    T& at(int index) { return m_items[static_cast<std::size_t>(index)]; }
-    const T& at(int index) const { return m_items[static_cast<std::size_t>(index)]; }
     T& first() { return m_items.front(); }
     const T& first() const { return m_items.front(); }
     T& last() { return m_items.back(); }

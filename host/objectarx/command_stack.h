@@ -15,7 +15,6 @@ using AcRxFunctionPtr = void (*)();
 
 /// Flags of a command. Documented.
 constexpr Adesk::Int32 ACRX_CMD_MODAL = 0x0;
-constexpr Adesk::Int32 ACRX_CMD_TRANSPARENT = 0x1;
 constexpr Adesk::Int32 ACRX_CMD_USEPICKSET = 0x2;
 constexpr Adesk::Int32 ACRX_CMD_REDRAW = 0x4;
 

@@ -18,8 +18,7 @@ class AcDbIdMapping {
     ~AcDbIdMapping();
     AcDbIdMapping(const AcDbIdMapping&) = delete;
     AcDbIdMapping& operator=(const AcDbIdMapping&) = delete;
-    /// The clone of `source`, or the null id. For the host's own use.
-    AcDbObjectId cloneOf(AcDbObjectId source) const;
+    /// For the host's own use.
     host::CloneMap& map() { return *m_map; }
 
   private:
@@ -39,12 +38,6 @@ class AcDbDatabase : public AcHeapOperators {
     Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode);
     Acad::ErrorStatus getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode);
     Acad::ErrorStatus getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode);
-    Acad::ErrorStatus getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode) {
-        return getSymbolTable(table, mode);
-    }
-    Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode) {
-        return getSymbolTable(table, mode);
-    }
     /// The object with a handle, erased or not. eUnknownHandle (with the null id) when there is
     /// none; `createIfNotFound` is not served (eNotApplicable). Assumed order of arguments.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,

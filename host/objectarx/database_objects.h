@@ -15,7 +15,7 @@ struct ViewAccess;  // the host's way to re-point a view; host/objects/opening.h
 
 namespace AcDb {
 /// How an object is opened. Names documented, values assumed.
-enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
+enum OpenMode { kForRead = 0, kForWrite = 1 };
 }  // namespace AcDb
 
 /// Root of the database classes: a view over the stored tags of one object.
@@ -35,18 +35,17 @@ class AcDbObject : public AcRxObject {
     AcDbObjectId ownerId() const;
     /// The handle; null while the object is not in a database. Documented.
     void getAcDbHandle(AcDbHandle& handle) const;
-    AcDbDatabase* database() const;
 
     /// Ends this opening. eOk, or eNotInDatabase for an object that is in no database. Documented.
     /// eInvalidOpenState and a report when it is not open (chosen).
     Acad::ErrorStatus close();
     /// Turns the only reader into the writer. eHadMultipleReaders when there are more. Documented.
     Acad::ErrorStatus upgradeOpen();
-    /// Marks the object erased, or takes the mark back; needs write access (eNotOpenForWrite),
-    /// eWasErased when it is erased already. A dictionary entry leaves its dictionary for good. A
-    /// block reference takes its attributes along, every object its extension dictionary (these
-    /// two assumed). eCannotBeErasedByCaller for the viewport that is the paper of a layout
-    /// (assumed). Documented.
+    /// Marks the object erased; needs write access (eNotOpenForWrite), eWasErased when it is erased
+    /// already. Taking the mark back is not served (eNotApplicable). A dictionary entry leaves its
+    /// dictionary for good. A block reference takes its attributes along, every object its
+    /// extension dictionary (these two assumed). eCannotBeErasedByCaller for the viewport that is
+    /// the paper of a layout (assumed). Documented.
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
 
     /// Gives the object an extension dictionary. eAlreadyInDb when it has one, eNotOpenForWrite
@@ -75,20 +74,18 @@ class AcDbObject : public AcRxObject {
     host::ObjectBody* m_body;
 };
 
-/// Opens the object with `id`. On failure `object` is null. eNullObjectId, eWasErased (unless
-/// `openErased`), eAtMaxReaders after 256 readers, eWasOpenForRead, eWasOpenForWrite,
-/// eWasNotifying; eOnLockedLayer for writing an entity on a locked layer. A stale id is a fault of
+/// Opens the object with `id`. On failure `object` is null. eNullObjectId, eWasErased,
+/// eAtMaxReaders after 256 readers, eWasOpenForRead, eWasOpenForWrite;
+/// eOnLockedLayer for writing an entity on a locked layer. A stale id is a fault of
 /// the caller and gives eInvalidInput. Documented, error names partly assumed.
-Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                 bool openErased = false);
+Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode);
 
 /// The same for a wanted class; eNotThatKindOfClass leaves the object closed. Documented form.
 template <typename T>
-Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                 bool openErased = false) {
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode) {
     object = nullptr;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = acdbOpenObject(opened, id, mode, openErased);
+    const Acad::ErrorStatus status = acdbOpenObject(opened, id, mode);
     if (status != Acad::eOk) return status;
     object = T::cast(opened);
     if (object != nullptr) return Acad::eOk;
@@ -108,7 +105,6 @@ class AcDbDictionary : public AcDbObject {
     Acad::ErrorStatus getAt(const ACHAR* key, AcDbObject*& entry, AcDb::OpenMode mode) const;
     /// Id of the entry under `key`. eKeyNotFound. Documented.
     Acad::ErrorStatus getAt(const ACHAR* key, AcDbObjectId& id) const;
-    bool has(const ACHAR* key) const;
     /// Puts a new object under `key`, erasing what stood there; the dictionary becomes its owner
     /// and the object stays open for write until the caller closes it. eNotOpenForWrite,
     /// eInvalidKey, eNullObjectPointer, eAlreadyInDb. Documented, error names assumed.

@@ -35,8 +35,6 @@ class AcApDocManager : public AcRxObject {
     ACRX_DECLARE_MEMBERS(AcApDocManager)
     /// The document current for database access, or null when none is open. Documented.
     virtual AcApDocument* curDocument() const;
-    /// The document with the focus. Documented.
-    virtual AcApDocument* mdiActiveDocument() const;
     virtual void addReactor(AcApDocManagerReactor* reactor);
     virtual void removeReactor(AcApDocManagerReactor* reactor);
 };

@@ -39,27 +39,22 @@ class AcDbEntity : public AcDbObject {
     /// Documented name, extent assumed.
     Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source,
                                         Adesk::Boolean doSubents = Adesk::kTrue);
-    /// Layer name as an allocated copy that the caller frees with acutDelString.
-    ACHAR* layer() const;
     Adesk::UInt16 colorIndex() const;
-    ACHAR* linetype() const;
     AcDbObjectId layerId() const;
 };
 
 /// Opens an entity; eNotThatKindOfClass for an object that is none. Otherwise as acdbOpenObject.
 /// Assumed.
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErasedEntity = false);
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode);
 
 /// Frees a string that an interface call allocated for the caller; null is harmless. Assumed.
 void acutDelString(ACHAR*& text);
 
-/// Single line of text. Defaults of a new one: position (0, 0, 0), height 0 (by
+/// Single line of text. Defaults of a new attribute or definition: position (0, 0, 0), height 0 (by
 /// switch others), rotation 0, left, baseline. Documented. Angles are radians.
 class AcDbText : public AcDbEntity {
   public:
     ACRX_DECLARE_MEMBERS(AcDbText)
-    AcDbText();
     explicit AcDbText(host::ObjectBody* body) : AcDbEntity(body) {}
 
     AcGePoint3d position() const;
@@ -111,7 +106,6 @@ class AcDbAttribute : public AcDbText {
 
     const ACHAR* tagConst() const;
     Acad::ErrorStatus setTag(const ACHAR* tag);
-    Adesk::Boolean isInvisible() const;
     Acad::ErrorStatus setInvisible(Adesk::Boolean invisible);
     Acad::ErrorStatus setFieldLength(Adesk::UInt16 length);
 };
@@ -123,7 +117,7 @@ class AcDbSequenceEnd : public AcDbEntity {
     explicit AcDbSequenceEnd(host::ObjectBody* body) : AcDbEntity(body) {}
 };
 
-/// Walks the sub-entities of one entity in their order; the sequence end is not delivered. The
+/// Walks the live sub-entities of one entity in their order, without the sequence end. The
 /// caller deletes it before the entity is closed. Assumed.
 class AcDbObjectIterator : public AcRxObject {
   public:
@@ -132,10 +126,10 @@ class AcDbObjectIterator : public AcRxObject {
     static AcRxClass* desc();
     AcRxClass* isA() const override;
 
-    /// To the first sub-entity or, with `afterEnd`, behind the last one, where done() is true.
-    void start(bool afterEnd = false, bool skipDeleted = true);
+    /// To the first sub-entity.
+    void start();
     /// To the next one; harmless when done.
-    void step(bool backwards = false, bool skipDeleted = true);
+    void step();
     bool done() const;
     /// Id of the current sub-entity, or the null id when done.
     AcDbObjectId objectId() const;
@@ -166,8 +160,8 @@ class AcDbBlockReference : public AcDbEntity {
     /// New iterator over the attributes; the caller deletes it. Assumed.
     AcDbObjectIterator* attributeIterator() const;
     /// Opens an attribute of this reference; `attribute` is null on failure. Assumed.
-    Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
-                                    bool openErasedOne = false);
+    Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id,
+                                    AcDb::OpenMode mode);
     /// Opens the sequence end; eNullObjectId (chosen) and null when there are no attributes.
     Acad::ErrorStatus openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode);
 };

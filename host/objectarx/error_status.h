@@ -31,7 +31,6 @@ enum ErrorStatus {
     eWasErased = 80,
     eWasOpenForRead = 82,
     eWasOpenForWrite = 83,
-    eWasNotifying = 85,
     eOnLockedLayer = 87,
     eAtMaxReaders = 90,
     eHadMultipleReaders = 94,

@@ -18,7 +18,6 @@ bool c5ObjIdIsEqualTo(const AcDbObjectId& left, const AcDbObjectId& right);
 class AcDbObjectId {
   public:
     AcDbObjectId() = default;
-    static const AcDbObjectId kNull;
 
     bool isNull() const { return m_value == 0; }
     void setNull() { m_value = 0; }
@@ -29,8 +28,6 @@ class AcDbObjectId {
     bool isErased() const;
     /// The object's handle; the null handle for a null or stale id.
     AcDbHandle handle() const;
-    /// The database that holds the object, or null. Owned by the host.
-    AcDbDatabase* database() const;
 
     bool operator==(const AcDbObjectId& other) const { return c5ObjIdIsEqualTo(*this, other); }
     bool operator!=(const AcDbObjectId& other) const { return !c5ObjIdIsEqualTo(*this, other); }

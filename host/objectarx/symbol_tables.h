@@ -42,37 +42,35 @@ class AcDbSymbolTable : public AcDbObject {
     /// True when a record of that name exists that is not erased. Documented, erasure assumed.
     bool has(const ACHAR* name) const;
     /// Id of a record. eKeyNotFound when there is none (assumed), eWasErased and the null id for
-    /// an erased one that was not asked for. Documented.
-    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id,
-                            bool getErasedRecord = false) const;
+    /// an erased one. Documented.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
     /// Opens a record; null on failure. As above, or the status of the opening. Documented.
-    Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
-                            bool openErasedRecord = false) const;
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
+                            AcDb::OpenMode mode) const;
     /// Adds a new record, which stays open for write. eNotOpenForWrite, eDuplicateRecordName,
     /// eInvalidSymbolTableName, eWrongObjectType. Documented, error names assumed.
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
 };
 
-/// Walks the main entities of a block in drawing order. The caller deletes it before the record is
-/// closed. Names documented, arguments assumed.
+class AcDbBlockTableRecord;
+
+/// Walks the live main entities of a block in drawing order, from the first on. The caller deletes
+/// it before the record is closed. Names documented, arguments assumed.
 class AcDbBlockTableRecordIterator : public AcRxObject {
   public:
-    AcDbBlockTableRecordIterator(AcDbObjectId block, bool atBeginning, bool skipDeleted);
+    explicit AcDbBlockTableRecordIterator(const AcDbBlockTableRecord& block);
     ~AcDbBlockTableRecordIterator() override;
     static AcRxClass* desc();
     AcRxClass* isA() const override;
 
-    void start(bool atBeginning = true, bool skipDeleted = true);
-    /// To the next (or former) entity; harmless when done.
-    void step(bool forward = true, bool skipDeleted = true);
+    /// To the next entity; harmless when done.
+    void step();
     bool done() const;
     /// Opens the current entity; null on failure. The caller closes it.
-    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
-                                bool openErasedEntity = false) const;
+    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode) const;
 
   private:
-    AcDbObjectId m_block;
     AcDbObjectId m_current;
 };
 
@@ -88,8 +86,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     /// New iterator; the caller deletes it. Documented.
-    Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
-                                  bool skipDeleted = true) const;
+    Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator) const;
     /// True when the block holds at least one attribute definition. Chosen for constant ones.
     bool hasAttributeDefinitions() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
@@ -102,7 +99,6 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     AcDbLayerTableRecord();
     explicit AcDbLayerTableRecord(host::ObjectBody* body) : AcDbSymbolTableRecord(body) {}
 
-    AcCmColor color() const;
     Acad::ErrorStatus setColor(const AcCmColor& color);
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId id);
     bool isLocked() const;
@@ -118,21 +114,19 @@ class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
 };
 
 /// Adds the typed openings of one table class to the general table.
-#define HOST_TYPED_TABLE(TABLE, RECORD)                                                  \
-    class TABLE : public AcDbSymbolTable {                                               \
-      public:                                                                            \
-        ACRX_DECLARE_MEMBERS(TABLE)                                                      \
-        explicit TABLE(host::ObjectBody* body) : AcDbSymbolTable(body) {}                \
-        using AcDbSymbolTable::getAt;                                                    \
-        Acad::ErrorStatus getAt(const ACHAR* name, RECORD*& record, AcDb::OpenMode mode, \
-                                bool openErasedRecord = false) const {                   \
-            record = nullptr;                                                            \
-            AcDbSymbolTableRecord* opened = nullptr;                                     \
-            const Acad::ErrorStatus status =                                             \
-                AcDbSymbolTable::getAt(name, opened, mode, openErasedRecord);            \
-            if (status == Acad::eOk) record = static_cast<RECORD*>(opened);              \
-            return status;                                                               \
-        }                                                                                \
+#define HOST_TYPED_TABLE(TABLE, RECORD)                                                          \
+    class TABLE : public AcDbSymbolTable {                                                       \
+      public:                                                                                    \
+        ACRX_DECLARE_MEMBERS(TABLE)                                                              \
+        explicit TABLE(host::ObjectBody* body) : AcDbSymbolTable(body) {}                        \
+        using AcDbSymbolTable::getAt;                                                            \
+        Acad::ErrorStatus getAt(const ACHAR* name, RECORD*& record, AcDb::OpenMode mode) const { \
+            record = nullptr;                                                                    \
+            AcDbSymbolTableRecord* opened = nullptr;                                             \
+            const Acad::ErrorStatus status = AcDbSymbolTable::getAt(name, opened, mode);         \
+            if (status == Acad::eOk) record = static_cast<RECORD*>(opened);                      \
+            return status;                                                                       \
+        }                                                                                        \
     }
 
 HOST_TYPED_TABLE(AcDbBlockTable, AcDbBlockTableRecord);

@@ -1,11 +1,10 @@
 // AcDbDictionary: entries by key.
+#include "host/content/dictionary_text.h"
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace {
 
@@ -28,7 +27,7 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObject*& entry,
     entry = nullptr;
     if (host::callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
     host::ObjectBody* const value = valueOf(body(), key);
-    return value != nullptr ? host::openBody(entry, *value, mode, false) : Acad::eKeyNotFound;
+    return value != nullptr ? host::openBody(entry, *value, mode) : Acad::eKeyNotFound;
 }
 
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) const {
@@ -39,8 +38,6 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) cons
     id = value->store->idOf(*value);
     return Acad::eOk;
 }
-
-bool AcDbDictionary::has(const ACHAR* key) const { return valueOf(body(), key) != nullptr; }
 
 Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, AcDbObjectId& id) {
     id.setNull();
@@ -61,7 +58,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, 
     if (status != Acad::eOk) return status;
     if (const auto entry = host::findEntry(content, key)) {
         host::removeEntry(content, entry->handle);
-        if (former != nullptr && former->owner == content.self) host::eraseWithOwned(*former, true);
+        if (former != nullptr && former->owner == content.self) host::eraseWithOwned(*former);
     }
     host::ObjectBody& value = newValue->body();
     store.appendChild(store.objectsList(), value);
@@ -79,6 +76,6 @@ Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* key) {
     const Acad::ErrorStatus status = host::mayOpen(*value, AcDb::kForWrite, true);
     if (status != Acad::eOk) return status;
     host::removeEntry(content, value->handle);
-    if (value->owner == content.self) host::eraseWithOwned(*value, true);
+    if (value->owner == content.self) host::eraseWithOwned(*value);
     return Acad::eOk;
 }

@@ -3,10 +3,9 @@
 
 #include <vector>
 
+#include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace host {
 namespace {
@@ -19,7 +18,7 @@ ObjectBody* ownDictionary(const ObjectBody& body) {
                : nullptr;
 }
 
-/// What goes and comes back together with a body.
+/// What goes together with a body.
 std::vector<ObjectBody*> ownedBodies(const ObjectBody& body) {
     const Store& store = *body.store;
     std::vector<ObjectBody*> owned;
@@ -42,16 +41,14 @@ std::vector<ObjectBody*> ownedBodies(const ObjectBody& body) {
 
 }  // namespace
 
-void eraseWithOwned(ObjectBody& body, bool erasing) {
+void eraseWithOwned(ObjectBody& body) {
     Store& store = *body.store;
     std::vector<ObjectBody*> waiting{&body};
     while (!waiting.empty()) {
         ObjectBody& next = *waiting.back();
         waiting.pop_back();
-        if (next.erased == erasing) continue;
-        // What was erased by itself before stays erased.
-        if (!erasing && &next != &body && !next.erasedWithOwner) continue;
-        store.setErased(next, erasing);
+        if (next.erased) continue;
+        store.setErased(next, true);
         const std::vector<ObjectBody*> owned = ownedBodies(next);
         waiting.insert(waiting.end(), owned.rbegin(), owned.rend());
     }

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// Erases or restores a body with all it owns: sub-entities, sequence end, extension dictionary
+/// Erases a body with all it owns: sub-entities, sequence end, extension dictionary
 /// with its entries. No access checks.
-void eraseWithOwned(ObjectBody& body, bool erasing);
+void eraseWithOwned(ObjectBody& body);
 
 }  // namespace host

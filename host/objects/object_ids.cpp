@@ -8,8 +8,6 @@
 #include "host/store/store_parts.h"
 #include "host/tags/tags.h"
 
-const AcDbObjectId AcDbObjectId::kNull;
-
 bool c5ObjIdIsEqualTo(const AcDbObjectId& left, const AcDbObjectId& right) {
     return left.asWord() == right.asWord();
 }
@@ -24,11 +22,6 @@ bool AcDbObjectId::isErased() const {
 AcDbHandle AcDbObjectId::handle() const {
     const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::handle");
     return body != nullptr ? AcDbHandle(body->handle) : AcDbHandle();
-}
-
-AcDbDatabase* AcDbObjectId::database() const {
-    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::database");
-    return body != nullptr ? body->store->database : nullptr;
 }
 
 AcDbHandle::AcDbHandle(const ACHAR* text) {

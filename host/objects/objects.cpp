@@ -1,12 +1,11 @@
 // Database objects: who they are, erasing, extension dictionaries.
+#include "host/content/dictionary_text.h"
+#include "host/content/paper_viewport.h"
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
-#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 AcDbObjectId AcDbObject::objectId() const {
     const host::ObjectBody& content = body();
@@ -20,21 +19,17 @@ AcDbObjectId AcDbObject::ownerId() const {
 
 void AcDbObject::getAcDbHandle(AcDbHandle& handle) const { handle = AcDbHandle(body().handle); }
 
-AcDbDatabase* AcDbObject::database() const {
-    const host::ObjectBody& content = body();
-    return content.store != nullptr ? content.store->database : nullptr;
-}
-
 Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
     if (host::callFails("AcDbObject::erase")) return Acad::eCannotBeErasedByCaller;
     host::ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (content.store == nullptr) return Acad::eNotInDatabase;
-    if (content.erased && erasing) return Acad::eWasErased;
-    if (erasing && host::isPaperViewport(content)) return Acad::eCannotBeErasedByCaller;
+    if (!erasing) return Acad::eNotApplicable;
+    if (content.erased) return Acad::eWasErased;
+    if (host::isPaperViewport(content)) return Acad::eCannotBeErasedByCaller;
     host::ObjectBody& owner = content.store->at(content.owner);
-    if (erasing && owner.kind == host::Kind::Dictionary) host::removeEntry(owner, content.handle);
-    host::eraseWithOwned(content, erasing);
+    if (owner.kind == host::Kind::Dictionary) host::removeEntry(owner, content.handle);
+    host::eraseWithOwned(content);
     return Acad::eOk;
 }
 
@@ -75,7 +70,7 @@ Acad::ErrorStatus AcDbObject::releaseExtensionDictionary() {
     content.setTags(text);
     content.releasedLater = false;
     if (dictionary != nullptr && dictionary->owner == content.self)
-        host::eraseWithOwned(*dictionary, true);
+        host::eraseWithOwned(*dictionary);
     return Acad::eOk;
 }
 

@@ -78,9 +78,7 @@ ClosedViews& closedViews() {
     return views;
 }
 
-int openings(const ObjectBody& body) {
-    return body.readers + (body.openForWrite ? 1 : 0) + (body.openForNotify ? 1 : 0);
-}
+int openings(const ObjectBody& body) { return body.readers + (body.openForWrite ? 1 : 0); }
 
 /// Forgets every opening of a body; its view stays.
 void dropOpenings(ObjectBody& body) {
@@ -88,7 +86,6 @@ void dropOpenings(ObjectBody& body) {
         countReturned(Held::Object);
     body.readers = 0;
     body.openForWrite = false;
-    body.openForNotify = false;
 }
 
 void retireView(ObjectBody& body) {
@@ -101,7 +98,6 @@ void listOpenings(const ObjectBody& body, std::vector<std::string>& lines) {
     for (int reader = 0; reader < body.readers; ++reader)
         lines.push_back(describe(body) + " open for read");
     if (body.openForWrite) lines.push_back(describe(body) + " open for write");
-    if (body.openForNotify) lines.push_back(describe(body) + " open for notify");
 }
 
 void listHeld(std::vector<std::string>& lines) {
@@ -162,32 +158,21 @@ ObjectBody* bodyOfId(AcDbObjectId id, const char* call) {
 
 Acad::ErrorStatus mayOpen(const ObjectBody& body, AcDb::OpenMode mode, bool openErased) {
     if (body.erased && !openErased) return Acad::eWasErased;
-    if (body.openForNotify) return Acad::eWasNotifying;
-    switch (mode) {
-        case AcDb::kForRead:
-            if (body.openForWrite) return Acad::eWasOpenForWrite;
-            return body.readers == kMaxReaders ? Acad::eAtMaxReaders : Acad::eOk;
-        case AcDb::kForWrite:
-            if (body.openForWrite) return Acad::eWasOpenForWrite;
-            if (body.readers != 0) return Acad::eWasOpenForRead;
-            if (isEntityKind(body.kind) && body.store->onLockedLayer(body))
-                return Acad::eOnLockedLayer;
-            return Acad::eOk;
-        case AcDb::kForNotify:
-            return Acad::eOk;
-    }
-    return Acad::eInvalidInput;
+    if (body.openForWrite) return Acad::eWasOpenForWrite;
+    if (mode == AcDb::kForRead)
+        return body.readers == kMaxReaders ? Acad::eAtMaxReaders : Acad::eOk;
+    if (body.readers != 0) return Acad::eWasOpenForRead;
+    return isEntityKind(body.kind) && body.store->onLockedLayer(body) ? Acad::eOnLockedLayer
+                                                                      : Acad::eOk;
 }
 
-Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode,
-                           bool openErased) {
+Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode) {
     object = nullptr;
-    const Acad::ErrorStatus status = mayOpen(body, mode, openErased);
+    const Acad::ErrorStatus status = mayOpen(body, mode, false);
     if (status != Acad::eOk) return status;
     if (body.view == nullptr) makeView(body);
     if (mode == AcDb::kForRead) ++body.readers;
     if (mode == AcDb::kForWrite) body.openForWrite = true;
-    if (mode == AcDb::kForNotify) body.openForNotify = true;
     takeObject();
     object = body.view;
     return Acad::eOk;
@@ -243,9 +228,7 @@ Acad::ErrorStatus AcDbObject::close() {
     }
     host::ObjectBody& content = *m_body;
     if (content.store == nullptr) return Acad::eNotInDatabase;
-    if (content.openForNotify)
-        content.openForNotify = false;
-    else if (content.openForWrite)
+    if (content.openForWrite)
         content.openForWrite = false;
     else
         --content.readers;
@@ -255,10 +238,9 @@ Acad::ErrorStatus AcDbObject::close() {
 }
 
 Acad::ErrorStatus AcDbObject::upgradeOpen() {
-    if (host::callFails("AcDbObject::upgradeOpen")) return Acad::eWasNotifying;
+    if (host::callFails("AcDbObject::upgradeOpen")) return Acad::eHadMultipleReaders;
     host::ObjectBody& content = body();
     if (content.openForWrite) return Acad::eWasOpenForWrite;
-    if (content.openForNotify) return Acad::eWasNotifying;
     if (content.readers == 0) return Acad::eNotOpenForRead;
     if (content.readers > 1) return Acad::eHadMultipleReaders;
     if (host::isEntityKind(content.kind) && content.store->onLockedLayer(content))
@@ -268,12 +250,11 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                 bool openErased) {
+Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode) {
     object = nullptr;
     if (host::callFails("acdbOpenObject")) return Acad::eWasOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
     host::ObjectBody* const content = host::bodyOfId(id, "acdbOpenObject");
     if (content == nullptr) return Acad::eInvalidInput;
-    return host::openBody(object, *content, mode, openErased);
+    return host::openBody(object, *content, mode);
 }

@@ -23,8 +23,7 @@ Acad::ErrorStatus mayOpen(const ObjectBody& body, AcDb::OpenMode mode, bool open
 
 /// Opens an object: acdbOpenObject without its fault point, for the host's own calls. `object` is
 /// null on failure.
-Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode,
-                           bool openErased);
+Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode);
 
 /// Fresh body on the heap for an object made with `new`: its first tags, in UTF-8, without
 /// handle and owner.

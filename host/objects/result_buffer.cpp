@@ -9,7 +9,6 @@
 #include <unordered_set>
 
 #include "host/control/accounting.h"
-#include "host/control/faults.h"
 #include "host/objectarx/entities.h"
 #include "host/objects/result_buffer_tools.h"
 

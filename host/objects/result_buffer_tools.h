@@ -43,7 +43,7 @@ class ResultList {
     /// The tag that `reader` has just read; a point takes the tags of its other coordinates
     /// along. Texts are decoded, references become entity names ({0, 0} when nothing is there).
     /// Adds nothing for a code that result buffers have no value for.
-    void addGroup(const Store& store, const Tag& tag, TagReader& reader);
+    void addTag(const Store& store, const Tag& tag, TagReader& reader);
 
     bool empty() const { return m_first == nullptr; }
     /// The list; the caller owns it (acutRelRb). Null when nothing was added.

@@ -153,7 +153,7 @@ void ResultList::addCopy(const resbuf& buffer) {
     }
 }
 
-void ResultList::addGroup(const Store& store, const Tag& tag, TagReader& reader) {
+void ResultList::addTag(const Store& store, const Tag& tag, TagReader& reader) {
     switch (valueKindOf(tag.code)) {
         case ValueKind::Real:
             addReal(tag.code, parseReal(tag.value).value_or(0.0));

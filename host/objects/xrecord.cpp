@@ -132,7 +132,7 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const {
     const host::Store* const store = content.store;
     static const host::Store& unbound = *new host::Store;  // decodes texts of new objects
     while (reader.next(tag))
-        list.addGroup(store != nullptr ? *store : unbound, tag, reader);
+        list.addTag(store != nullptr ? *store : unbound, tag, reader);
     *chain = list.release();
     return Acad::eOk;
 }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/store/paper_viewport.h"
+#include "host/content/paper_viewport.h"
 #include "host/store/store.h"
 
 namespace host {

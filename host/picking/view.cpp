@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/content/fields.h"
+#include "host/content/paper_viewport.h"
 #include "host/picking/outline.h"
-#include "host/store/fields.h"
-#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 
 namespace host {

@@ -76,15 +76,13 @@ struct ObjectBody {
     bool ownsData = false;  ///< data was allocated for this body, not borrowed from a load
     bool erased : 1;
     bool openForWrite : 1;
-    bool openForNotify : 1;
     bool releasedLater : 1;    ///< its extension dictionary was erased without being released
-    bool erasedWithOwner : 1;  ///< erased because its owner was; comes back with it
+    bool erasedWithOwner : 1;  ///< erased because its owner was
     bool undone : 1;           ///< erased because its making was undone; see journal.h
 
     ObjectBody()
         : erased(false),
           openForWrite(false),
-          openForNotify(false),
           releasedLater(false),
           erasedWithOwner(false),
           undone(false) {}

@@ -31,10 +31,6 @@ Store::Store()
 
 Store::~Store() { openStores[m_serial] = nullptr; }
 
-Store* Store::withSerial(std::uint32_t serial) {
-    return serial < openStores.size() ? openStores[serial] : nullptr;
-}
-
 ObjectBody* Store::resolve(AcDbObjectId id) {
     const std::uint64_t serial = id.asWord() >> 32;
     const Index index = static_cast<Index>(id.asWord());

@@ -53,8 +53,6 @@ class Store {
         if (index == kNoIndex) return {};
         return AcDbObjectId::fromWord(std::uint64_t{m_serial} << 32 | index);
     }
-    /// The open store with a serial number, or null.
-    static Store* withSerial(std::uint32_t serial);
     /// The body that an id names, in whatever open store; null for a null or stale id.
     static ObjectBody* resolve(AcDbObjectId id);
     ObjectBody& at(Index index) const {
@@ -121,6 +119,8 @@ class Store {
     Index modelSpace() const;
     /// Record named "*Paper_Space": the active layout's.
     Index paperSpace() const;
+    /// True with TILEMODE on; a drawing that does not say has it on.
+    bool modelTabCurrent() const;
     /// Model space with TILEMODE on or CVPORT other than 1, else the active paper space.
     Index currentSpace() const;
 

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kSectionNames[] = {"HEADER",   "CLASSES", "TABLES",  "BLOCKS",
                                          "ENTITIES", "OBJECTS", "ACDSDATA"};
 
-std::wstring groupText(const ObjectBody& body, int code, const wchar_t* otherwise) {
+std::wstring tagText(const ObjectBody& body, int code, const wchar_t* otherwise) {
     const auto place = findTag(body.tags(), code);
     if (!place) return otherwise;
     if (body.store != nullptr) return body.store->decode(place->value);
@@ -93,10 +93,13 @@ Index Store::paperSpace() const {
     return m_paperSpace;
 }
 
-Index Store::currentSpace() const {
+bool Store::modelTabCurrent() const {
     const auto tilemode = headerValue("$TILEMODE");
-    const bool modelTab = !tilemode || parseInteger(*tilemode).value_or(1) != 0;
-    return modelTab || currentViewport != 1 ? modelSpace() : paperSpace();
+    return !tilemode || parseInteger(*tilemode).value_or(1) != 0;
+}
+
+Index Store::currentSpace() const {
+    return modelTabCurrent() || currentViewport != 1 ? modelSpace() : paperSpace();
 }
 
 ObjectBody* Store::symbol(Index table, std::wstring_view name) const {
@@ -179,8 +182,8 @@ std::string Store::version() const {
     return std::string(headerValue("$ACADVER").value_or("AC1009"));
 }
 
-std::wstring symbolName(const ObjectBody& record) { return groupText(record, 2, L""); }
+std::wstring symbolName(const ObjectBody& record) { return tagText(record, 2, L""); }
 
-std::wstring layerName(const ObjectBody& entity) { return groupText(entity, 8, L"0"); }
+std::wstring layerName(const ObjectBody& entity) { return tagText(entity, 8, L"0"); }
 
 }  // namespace host

@@ -5,7 +5,6 @@
 // the nearest members below and above the body's index.
 #include "host/store/journal.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace host {
 

@@ -1,13 +1,13 @@
 // Block table records: their entities, base point, and the walk over a block.
 #include <unordered_set>
 
+#include "host/content/fields.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
 #include "host/tags/tags.h"
@@ -48,16 +48,6 @@ void listIterators(std::vector<std::string>& lines) {
         lines.push_back("iterator over a block");
 }
 
-/// The sibling before or behind, erased ones included: they are in no list, so slots are searched.
-Index nextSlot(const Store& store, Index block, Index from, bool forward) {
-    for (Index index = forward ? from + 1 : from - 1; index != kNoIndex && index <= store.count();
-         forward ? ++index : --index)
-        if (store.at(index).owner == block && isMainEntity(store.at(index)) &&
-            !store.at(index).undone)
-            return index;
-    return kNoIndex;
-}
-
 }  // namespace
 }  // namespace host
 
@@ -89,12 +79,11 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator,
-                                                    bool atBeginning, bool skipDeleted) const {
+Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator) const {
     iterator = nullptr;
     if (host::callFails("AcDbBlockTableRecord::newIterator")) return Acad::eOutOfMemory;
     if (body().store == nullptr) return Acad::eNotInDatabase;
-    iterator = new AcDbBlockTableRecordIterator(objectId(), atBeginning, skipDeleted);
+    iterator = new AcDbBlockTableRecordIterator(*this);
     return Acad::eOk;
 }
 
@@ -121,13 +110,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     return Acad::eOk;
 }
 
-AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(AcDbObjectId block, bool atBeginning,
-                                                           bool skipDeleted)
-    : m_block(block) {
+AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(const AcDbBlockTableRecord& block) {
     host::addHeldLister(host::listIterators);
     host::iterators().insert(this);
     host::countHeld(host::Held::Iterator);
-    start(atBeginning, skipDeleted);
+    const host::Store& store = *block.body().store;
+    m_current = store.idOf(store.firstLive(block.body().self));
 }
 
 AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() {
@@ -135,34 +123,17 @@ AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() {
     host::countReturned(host::Held::Iterator);
 }
 
-void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipDeleted) {
-    m_current.setNull();
-    const host::ObjectBody* const block =
-        host::bodyOfId(m_block, "AcDbBlockTableRecordIterator::start");
-    if (block == nullptr) return;
-    const host::Store& store = *block->store;
-    host::Index index = atBeginning ? store.firstLive(block->self) : store.lastLive(block->self);
-    if (!skipDeleted)
-        index =
-            host::nextSlot(store, block->self, atBeginning ? 0 : store.count() + 1, atBeginning);
-    m_current = store.idOf(index);
-}
-
-void AcDbBlockTableRecordIterator::step(bool forward, bool skipDeleted) {
+void AcDbBlockTableRecordIterator::step() {
     const host::ObjectBody* const current =
         host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::step");
-    m_current.setNull();
-    if (current == nullptr) return;
-    const host::Store& store = *current->store;
-    host::Index index = forward ? store.nextLive(*current) : store.previousLive(*current);
-    if (!skipDeleted) index = host::nextSlot(store, current->owner, current->self, forward);
-    m_current = store.idOf(index);
+    m_current = current != nullptr ? current->store->idOf(current->store->nextLive(*current))
+                                   : AcDbObjectId();
 }
 
 bool AcDbBlockTableRecordIterator::done() const { return m_current.isNull(); }
 
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
-                                                          bool openErasedEntity) const {
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity,
+                                                          AcDb::OpenMode mode) const {
     entity = nullptr;
     if (host::callFails("AcDbBlockTableRecordIterator::getEntity")) return Acad::eWasOpenForWrite;
     if (done()) return Acad::eInvalidIndex;
@@ -170,7 +141,7 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, A
         host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::getEntity");
     if (current == nullptr) return Acad::eInvalidInput;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = host::openBody(opened, *current, mode, openErasedEntity);
+    const Acad::ErrorStatus status = host::openBody(opened, *current, mode);
     if (status == Acad::eOk) entity = static_cast<AcDbEntity*>(opened);
     return status;
 }

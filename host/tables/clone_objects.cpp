@@ -18,8 +18,7 @@ Acad::ErrorStatus findOwner(const Store& store, AcDbObjectId id, ObjectBody*& ow
     if (owner->kind != Kind::BlockRecord) return Acad::eWrongObjectType;
     if (owner->erased) return Acad::eWasErased;
     if (owner->openForWrite) return Acad::eWasOpenForWrite;
-    if (owner->readers > 0) return Acad::eWasOpenForRead;
-    return owner->openForNotify ? Acad::eWasNotifying : Acad::eOk;
+    return owner->readers > 0 ? Acad::eWasOpenForRead : Acad::eOk;
 }
 
 Acad::ErrorStatus checkSource(const Store& store, const ObjectBody& source, Index firstOwner) {
@@ -52,15 +51,10 @@ Acad::ErrorStatus findSources(const Store& store, const AcDbObjectIdArray& ids,
 AcDbIdMapping::AcDbIdMapping() : m_map(std::make_unique<host::CloneMap>()) {}
 AcDbIdMapping::~AcDbIdMapping() = default;
 
-AcDbObjectId AcDbIdMapping::cloneOf(AcDbObjectId source) const {
-    const host::ObjectBody* body = host::Store::resolve(source);
-    return body != nullptr ? body->store->idOf(m_map->cloneOf(*body)) : AcDbObjectId();
-}
-
 Acad::ErrorStatus AcDbDatabase::deepCloneObjects(AcDbObjectIdArray& objectIds, AcDbObjectId& owner,
                                                  AcDbIdMapping& idMap, bool deferXlation) {
     if (host::callFails(host::kCall)) return Acad::eOutOfMemory;
-    if (objectIds.isEmpty()) return Acad::eOk;
+    if (objectIds.length() == 0) return Acad::eOk;
     host::ObjectBody* target = nullptr;
     Acad::ErrorStatus status = host::findOwner(store(), owner, target);
     if (status != Acad::eOk) return status;

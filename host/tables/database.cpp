@@ -6,7 +6,6 @@
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
 
 namespace {
 
@@ -18,7 +17,7 @@ Acad::ErrorStatus openTable(Table*& table, const host::Store& store, const char*
     const host::Index index = store.table(name);
     if (index == host::kNoIndex) return Acad::eKeyNotFound;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = host::openBody(opened, store.at(index), mode, false);
+    const Acad::ErrorStatus status = host::openBody(opened, store.at(index), mode);
     if (status == Acad::eOk) table = static_cast<Table*>(opened);
     return status;
 }
@@ -58,10 +57,7 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
     return Acad::eOk;
 }
 
-bool AcDbDatabase::tilemode() const {
-    const auto value = m_store->headerValue("$TILEMODE");
-    return !value || host::parseInteger(*value).value_or(1) != 0;
-}
+bool AcDbDatabase::tilemode() const { return m_store->modelTabCurrent(); }
 
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
     if (host::callFails("AcDbDatabase::setClayer")) return Acad::eInvalidInput;

@@ -37,13 +37,6 @@ AcDbLayerTableRecord::AcDbLayerTableRecord()
           return host::freshBody(host::Kind::LayerRecord, text);
       }()) {}
 
-AcCmColor AcDbLayerTableRecord::color() const {
-    AcCmColor color;
-    const int stored = storedColor(body());
-    color.setColorIndex(static_cast<Adesk::UInt16>(stored < 0 ? -stored : stored));
-    return color;
-}
-
 Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
     if (host::callFails("AcDbLayerTableRecord::setColor")) return Acad::eInvalidInput;
     host::ObjectBody& content = body();

@@ -69,36 +69,35 @@ bool AcDbSymbolTable::has(const ACHAR* name) const {
 
 namespace {
 
-Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name, bool erasedToo,
+Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name,
                              host::ObjectBody*& record) {
     record = nullptr;
     if (name == nullptr || table.store == nullptr) return Acad::eKeyNotFound;
     record = table.store->symbol(table.self, name);
     if (record == nullptr) return Acad::eKeyNotFound;
-    return record->erased && !erasedToo ? Acad::eWasErased : Acad::eOk;
+    return record->erased ? Acad::eWasErased : Acad::eOk;
 }
 
 }  // namespace
 
-Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id,
-                                         bool getErasedRecord) const {
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id) const {
     id.setNull();
     if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
     host::ObjectBody* record = nullptr;
-    const Acad::ErrorStatus status = findRecord(body(), name, getErasedRecord, record);
+    const Acad::ErrorStatus status = findRecord(body(), name, record);
     if (status == Acad::eOk) id = record->store->idOf(*record);
     return status;
 }
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
-                                         AcDb::OpenMode mode, bool openErasedRecord) const {
+                                         AcDb::OpenMode mode) const {
     record = nullptr;
     if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
     host::ObjectBody* found = nullptr;
-    Acad::ErrorStatus status = findRecord(body(), name, openErasedRecord, found);
+    Acad::ErrorStatus status = findRecord(body(), name, found);
     if (status != Acad::eOk) return status;
     AcDbObject* opened = nullptr;
-    status = host::openBody(opened, *found, mode, openErasedRecord);
+    status = host::openBody(opened, *found, mode);
     if (status == Acad::eOk) record = static_cast<AcDbSymbolTableRecord*>(opened);
     return status;
 }

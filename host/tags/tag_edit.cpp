@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 
@@ -27,16 +27,6 @@ double TagEdit::real(std::size_t at) {
     if (value && std::isfinite(*value)) return *value;
     if (!m_malformed) m_malformed = m_tags[at].code;
     return 0.0;
-}
-
-double TagEdit::real(int code, double otherwise) {
-    const auto at = find(code);
-    return at ? real(*at) : otherwise;
-}
-
-int TagEdit::integer(int code, int otherwise) const {
-    const auto at = find(code);
-    return at ? integerOf(m_tags[*at].value, otherwise) : otherwise;
 }
 
 std::optional<std::size_t> TagEdit::coordinate(std::size_t at, int shift) const {

@@ -26,8 +26,6 @@ class TagEdit {
 
     /// The number of a tag; 0, with the tag remembered as malformed, when it is no finite one.
     double real(std::size_t at);
-    double real(int code, double otherwise);
-    int integer(int code, int otherwise) const;
     /// The point whose first coordinate stands at a tag; missing coordinates are 0.
     Vec point(std::size_t at);
 

@@ -34,8 +34,6 @@ int OwnTags::integer(int code, int standard) const {
     return tag == nullptr ? standard : integerOf(tag->value, standard);
 }
 
-bool OwnTags::has(int code) const { return find(code) != nullptr; }
-
 double realOf(std::string_view value, double standard) {
     const std::optional<double> number = parseReal(value);
     return number && std::isfinite(*number) ? *number : standard;

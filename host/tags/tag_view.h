@@ -20,7 +20,6 @@ class OwnTags {
     /// Finite number, or `standard` when it is missing or none.
     double real(int code, double standard) const;
     int integer(int code, int standard) const;
-    bool has(int code) const;
 
   private:
     const Tag* find(int code) const;

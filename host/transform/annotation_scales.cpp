@@ -1,7 +1,7 @@
 // Following an extension dictionary to the data for annotation scales.
 #include "host/transform/annotation_scales.h"
 
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 #include "host/store/store.h"
 
 namespace host {

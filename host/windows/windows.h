@@ -12,8 +12,6 @@
 #include <cwchar>
 
 #define WINAPI
-#define APIENTRY WINAPI
-#define CALLBACK
 
 using BOOL = int;
 using BYTE = std::uint8_t;
@@ -21,7 +19,6 @@ using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
 using UINT = unsigned int;
 using LONG = std::int32_t;
-using ULONG = std::uint32_t;
 using LONGLONG = std::int64_t;
 using ULONGLONG = std::uint64_t;
 using LONG_PTR = std::intptr_t;
@@ -69,8 +66,6 @@ using PHKEY = HKEY*;
 
 #define REG_NONE 0
 #define REG_SZ 1
-#define REG_EXPAND_SZ 2
-#define REG_BINARY 3
 #define REG_DWORD 4
 #define KEY_READ 0x20019
 #define MB_ICONERROR 0x10

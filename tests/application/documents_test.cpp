@@ -71,7 +71,6 @@ TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
     session->closeDrawing();
     session->closeDrawing();
     EXPECT_EQ(acDocManager->curDocument(), nullptr);
-    EXPECT_EQ(acDocManager->mdiActiveDocument(), nullptr);
     EXPECT_EQ(currentDocumentState(), nullptr);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
 }

@@ -3,9 +3,9 @@
 
 #include "common/groups.h"
 #include "host/commands/entity_maker.h"
+#include "host/content/dictionary_text.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 
 namespace tests {
 

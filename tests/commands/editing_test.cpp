@@ -1,7 +1,7 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
 #include "common/groups.h"
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 
 namespace tests {
 namespace {

@@ -8,7 +8,7 @@
 #include "common/groups.h"
 #include "common/library.h"
 #include "host/clone/dimension_blocks.h"
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 
 namespace tests {
 namespace {

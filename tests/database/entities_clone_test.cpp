@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "entities_drawing.h"
+#include "host/clone/clone_map.h"
 
 using namespace entities;
 using host::ObjectBody;
@@ -20,7 +21,7 @@ struct Cloning {
         status = drawing.database().deepCloneObjects(list, owner, map);
     }
     ObjectBody& of(Drawing& drawing, const ObjectBody& source) {
-        return *host::Store::resolve(map.cloneOf(drawing.id(source)));
+        return drawing.store().at(map.map().cloneOf(source));
     }
 };
 

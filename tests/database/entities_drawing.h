@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "common/groups.h"
+#include "host/content/fields.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/objectarx/arxHeaders.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 
 namespace entities {

@@ -57,25 +57,6 @@ INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
 
 using EraseWithOwned = entities::DrawingTest;
 
-TEST_F(EraseWithOwned, BringsBackWhatItTookAndNothingElse) {
-    host::Store& store = drawing.store();
-    host::ObjectBody& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference");
-    host::ObjectBody& first = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
-    host::ObjectBody& second = drawing.add("0 ATTRIB|100 AcDbEntity|8 0", insert);
-    host::ObjectBody& end = drawing.addEnd(insert);
-    store.setErased(first, true);
-    host::eraseWithOwned(insert, true);
-    EXPECT_TRUE(second.erased && end.erased);
-    EXPECT_EQ(store.firstLive(insert.self), kNoIndex);
-    EXPECT_EQ(store.lastLive(insert.self), kNoIndex);
-    host::eraseWithOwned(insert, false);
-    EXPECT_FALSE(second.erased || end.erased);
-    EXPECT_TRUE(first.erased);
-    EXPECT_EQ(store.firstLive(insert.self), second.self);
-    store.setErased(first, false);
-    EXPECT_EQ(store.nextLive(first), second.self);
-}
-
 TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
     host::Store& store = drawing.store();
     host::ObjectBody& outer = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", drawing.model());
@@ -87,10 +68,8 @@ TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
         host::addHandleTag(text, 350, store.at(body->owner).handle);
         body->setTags(text);
     }
-    host::eraseWithOwned(outer, true);
+    host::eraseWithOwned(outer);
     EXPECT_TRUE(outer.erased && inner.erased);
-    host::eraseWithOwned(outer, false);
-    EXPECT_FALSE(outer.erased || inner.erased);
 }
 
 TEST(HandleIndex, FindsNeighboursAndTheHighestAndRefusesTakenOnes) {

@@ -21,7 +21,7 @@ class Saving : public DrawingFiles {
         return groups;
     }
     void erase(host::Store& store, std::uint64_t handle) const {
-        host::eraseWithOwned(*store.byHandle(handle), true);
+        host::eraseWithOwned(*store.byHandle(handle));
     }
 };
 

@@ -10,7 +10,6 @@
 #include "host/control/switches.h"
 #include "host/editor/run/editor_services.h"
 #include "host/editor/state/menus.h"
-#include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
 
 namespace tests {

@@ -1,11 +1,9 @@
 // The pick-first set: gestures, notifications, and how modules read and set it.
 #include "host/editor/selection/pickfirst.h"
-#include "host/editor/state/notify.h"
 
 #include "editor/editor_fixture.h"
 #include "host/control/accounting.h"
 #include "host/control/switches.h"
-#include "host/editor/run/command_runner.h"
 #include "host/editor/state/sysvars.h"
 
 namespace tests {

@@ -1,6 +1,5 @@
 // Attaching, detaching and accounting of editor reactors.
 #include "editor/editor_fixture.h"
-#include "host/control/accounting.h"
 #include "host/editor/state/notify.h"
 
 namespace tests {

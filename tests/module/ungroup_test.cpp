@@ -25,4 +25,14 @@ TEST(Ungroup, OfAPickedGroupIsFollowedByOnePickThatIsNotWidened) {
     EXPECT_EQ(scene.click({1}), order + "1 3 4 5 | " + tests::kGathering);
 }
 
+TEST(Ungroup, AMarkerThatGoesMayMakeAGroupOfWhatWasNone) {
+    Scene scene("(line line line line line)");
+    scene.after(L"VelmoGROUPNOTACTIVE\nERASE #2 #3\n\n");
+    scene.after(L"COPY #2 #3\n\n0,0 0,9\n\n");
+    scene.after(L"COPY #5\n\n0,0 0,9\n\n");
+    ASSERT_EQ(scene.order(), "begin(5) line* line* line* end line* line* end");
+    scene.after(L"VelmoGROUPDELETE #6 #5 #7\n\n");
+    EXPECT_EQ(scene.order(), "line line line line line");
+}
+
 }  // namespace

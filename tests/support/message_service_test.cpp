@@ -1,7 +1,6 @@
 // The message service: what reaches the command line, in which pieces, and what goes elsewhere.
 #include "message_service.h"
 
-#include "diagnostics.h"
 #include "host/control/fake_windows.h"
 #include "support_fixture.h"
 

@@ -1,6 +1,6 @@
 // The drawing check: blocks, layouts and dictionaries.
+#include "host/content/dictionary_text.h"
 #include "host/dxf/check/check_context.h"
-#include "host/store/dictionary_text.h"
 #include "host/store/symbol_records.h"
 
 namespace host {

@@ -1,6 +1,6 @@
 // The drawing check, tag by tag: numbers, pointers, names, brackets.
+#include "host/content/references.h"
 #include "host/dxf/check/check_context.h"
-#include "host/store/references.h"
 #include "host/tags/tag_codes.h"
 
 namespace host {

@@ -1,10 +1,10 @@
 // Second step of loading: handles, names, blocks, spaces and owners.
 #include "host/dxf/load/drawing_linker.h"
 
+#include "host/content/dictionary_text.h"
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/body_text.h"
 #include "host/store/data_records.h"
-#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace host {

@@ -5,7 +5,6 @@
 
 #include "host/dxf/load/drawing_builder.h"
 #include "host/dxf/load/drawing_linker.h"
-#include "host/tags/tags.h"
 
 namespace host {
 
@@ -26,8 +25,7 @@ std::unique_ptr<Store> readDrawing(InputFile& file, DxfError& error,
     if (!linker.link()) return nullptr;
     if (supplied != nullptr) *supplied = linker.supplied();
     // A drawing that was saved on a layout's tab opens there, in paper space.
-    const auto tilemode = store->headerValue("$TILEMODE");
-    if (tilemode && parseInteger(*tilemode) == 0) store->currentViewport = 1;
+    if (!store->modelTabCurrent()) store->currentViewport = 1;
     store->revision = 0;
     return store;
 }

@@ -24,15 +24,15 @@ std::string_view RawObject::name() const {
 }
 
 bool ObjectReader::advance() {
-    if (!m_stream.next(m_group)) {
+    if (!m_stream.next(m_tag)) {
         m_type.clear();
-        m_group = {};
-        m_group.code = -1;
+        m_tag = {};
+        m_tag.code = -1;
         m_typeLine = m_stream.line();
         return false;
     }
-    if (m_group.code == 0) {
-        m_type.assign(trimmed(m_group.value));
+    if (m_tag.code == 0) {
+        m_type.assign(trimmed(m_tag.value));
         m_typeLine = m_stream.line();
     }
     return true;
@@ -40,22 +40,22 @@ bool ObjectReader::advance() {
 
 bool ObjectReader::start() {
     if (!advance()) return false;
-    if (m_group.code == 0) return true;
+    if (m_tag.code == 0) return true;
     return m_stream.fail(m_stream.line(),
                          "the file does not begin with group 0; this is not a DXF drawing");
 }
 
 void ObjectReader::append(std::string& text) const {
-    if (!m_group.stored.empty()) {
-        text.append(m_group.stored);
+    if (!m_tag.stored.empty()) {
+        text.append(m_tag.stored);
     } else {
-        addTag(text, m_group.code, m_group.value);
+        addTag(text, m_tag.code, m_tag.value);
     }
 }
 
 /// Notes what a tag tells about the object.
 bool ObjectReader::note(RawObject& object, TagRole role) {
-    const std::string_view value = m_group.value;
+    const std::string_view value = m_tag.value;
     if (role == TagRole::Handle) {
         object.handleLine = m_stream.line() + 1;
         const auto handle = parseHandle(value);
@@ -70,7 +70,7 @@ bool ObjectReader::note(RawObject& object, TagRole role) {
         object.facts.owner = parseHandle(value).value_or(0);
         object.facts.hasOwner = true;
     }
-    switch (m_group.code) {
+    switch (m_tag.code) {
         case 67:
             if (object.hasSpace) break;
             object.hasSpace = true;
@@ -99,9 +99,9 @@ bool ObjectReader::read(RawObject& object) {
     addTag(object.text, 0, m_type);
     TagPosition position;
     position.enter(0, m_type);
-    while (advance() && m_group.code != 0) {
+    while (advance() && m_tag.code != 0) {
         append(object.text);
-        position.enter(m_group.code, m_group.value);
+        position.enter(m_tag.code, m_tag.value);
         if (position.own() && !note(object, position.role())) return false;
     }
     if (object.text.size() > kLargestObject) {
@@ -113,35 +113,35 @@ bool ObjectReader::read(RawObject& object) {
 bool ObjectReader::skipMark() {
     const std::string mark = m_type;
     if (!advance()) return !m_stream.failed();
-    if (m_group.code == 0) return true;
-    return m_stream.fail(m_stream.line(), "group " + std::to_string(m_group.code) + " behind " +
+    if (m_tag.code == 0) return true;
+    return m_stream.fail(m_stream.line(), "group " + std::to_string(m_tag.code) + " behind " +
                                               mark + " belongs to nothing; remove it");
 }
 
 bool ObjectReader::skipMark(std::string& strays) {
-    while (advance() && (m_group.code != 0 || m_type == "ENDSEC"))
+    while (advance() && (m_tag.code != 0 || m_type == "ENDSEC"))
         append(strays);
     return !m_stream.failed();
 }
 
 bool ObjectReader::readSectionName(std::string& name) {
     const long line = m_typeLine;
-    if (!advance() || m_group.code != 2 || trimmed(m_group.value).empty()) {
+    if (!advance() || m_tag.code != 2 || trimmed(m_tag.value).empty()) {
         return m_stream.fail(line,
                              "the section has no name (group 2); the file is damaged or cut "
                              "off, fetch a whole copy");
     }
-    name.assign(trimmed(m_group.value));
+    name.assign(trimmed(m_tag.value));
     m_type = "SECTION " + name;
     return true;
 }
 
-bool ObjectReader::readRaw(std::string& text, const GroupSeen& seen) {
+bool ObjectReader::readRaw(std::string& text, const TagSeen& seen) {
     while (advance()) {
-        if (m_group.code == 0 && (m_type == "ENDSEC" || m_type == "SECTION" || m_type == "EOF")) {
+        if (m_tag.code == 0 && (m_type == "ENDSEC" || m_type == "SECTION" || m_type == "EOF")) {
             return true;
         }
-        if (seen) seen(m_group, m_stream.line());
+        if (seen) seen(m_tag, m_stream.line());
         append(text);
     }
     return !m_stream.failed();

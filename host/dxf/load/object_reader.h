@@ -55,8 +55,8 @@ class ObjectReader {
     bool readSectionName(std::string& name);
     /// Appends everything up to the next "0 ENDSEC" to `text`, showing each tag with its line to
     /// `seen` when that is not empty. Stands there afterwards.
-    using GroupSeen = std::function<void(const TagStream::Tag& tag, long line)>;
-    bool readRaw(std::string& text, const GroupSeen& seen = {});
+    using TagSeen = std::function<void(const TagStream::Tag& tag, long line)>;
+    bool readRaw(std::string& text, const TagSeen& seen = {});
 
     TagStream& stream() { return m_stream; }
 
@@ -66,7 +66,7 @@ class ObjectReader {
     void append(std::string& text) const;
 
     TagStream& m_stream;
-    TagStream::Tag m_group;
+    TagStream::Tag m_tag;
     std::string m_type;
     long m_typeLine = 0;
 };

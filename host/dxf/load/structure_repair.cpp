@@ -2,8 +2,8 @@
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/symbol_records.h"
 
+#include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
-#include "host/store/dictionary_text.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -67,7 +67,7 @@ constexpr char kSolidLinetype[] = " 70\n0\n  3\nSolid line\n 72\n65\n 73\n0\n 40
 constexpr char kStyle[] =
     " 70\n0\n 40\n0.0\n 41\n1.0\n 50\n0.0\n 71\n0\n 42\n2.5\n  3\ntxt\n  4\n\n";
 
-std::string blockRecordGroups() {
+std::string blockRecordTags() {
     std::string text;
     addHandleTag(text, 340, 0);
     return text;
@@ -104,7 +104,7 @@ void supplyTables(Store& store) {
 
 ObjectBody& supplyBlockRecord(Store& store, std::string_view name) {
     const RecordForm form{"BLOCK_RECORD", Kind::BlockRecord, "AcDbBlockTableRecord",
-                          blockRecordGroups()};
+                          blockRecordTags()};
     return supplyRecord(store, store.table("BLOCK_RECORD"), form, name);
 }
 

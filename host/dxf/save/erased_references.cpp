@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/store/listings.h"
+#include "host/content/listings.h"
 
 namespace host {
 

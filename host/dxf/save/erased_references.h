@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/store/reference_rewriter.h"
+#include "host/content/reference_rewriter.h"
 #include "host/store/store.h"
 
 namespace host {

@@ -1,6 +1,7 @@
 // Where selected entities come from: a pick, a box, the whole space, a handle.
 #include <algorithm>
 
+#include "host/content/paper_viewport.h"
 #include "host/control/switches.h"
 #include "host/editor/selection/filter.h"
 #include "host/editor/selection/selection_sources.h"
@@ -9,7 +10,6 @@
 #include "host/picking/hit_test.h"
 #include "host/picking/layer_states.h"
 #include "host/picking/view.h"
-#include "host/store/paper_viewport.h"
 #include "host/store/store.h"
 #include "host/tags/tag_view.h"
 

@@ -16,21 +16,16 @@ constexpr int kModelViewport = 2;
 
 Store& storeOf(const DocumentState& document) { return document.database->store(); }
 
-bool modelTabCurrent(const Store& store) {
-    const auto value = store.headerValue("$TILEMODE");
-    return !value || integerOf(*value, 1) != 0;
-}
-
 }  // namespace
 
 bool readTileMode(const DocumentState& document, SysvarValue& value) {
-    value.number = modelTabCurrent(storeOf(document)) ? 1 : 0;
+    value.number = storeOf(document).modelTabCurrent() ? 1 : 0;
     return true;
 }
 
 bool writeTileMode(Store& store, const SysvarValue& value, std::wstring&) {
     const bool model = value.number != 0;
-    if (model == modelTabCurrent(store)) return true;
+    if (model == store.modelTabCurrent()) return true;
     store.setHeaderValue("$TILEMODE", 70, model ? "1" : "0");
     store.currentViewport = model ? kModelViewport : kPaperViewport;
     return true;
@@ -43,7 +38,7 @@ bool readViewport(const DocumentState& document, SysvarValue& value) {
 
 bool writeViewport(Store& store, const SysvarValue& value, std::wstring& explanation) {
     const int viewport = static_cast<int>(value.number);
-    if (viewport == kPaperViewport && modelTabCurrent(store)) {
+    if (viewport == kPaperViewport && store.modelTabCurrent()) {
         explanation = L"CVPORT 1 is the sheet of a layout; set TILEMODE to 0 first";
         return false;
     }
@@ -93,7 +88,7 @@ bool readDrawingName(const DocumentState& document, SysvarValue& value) {
 
 bool readCurrentTab(const DocumentState& document, SysvarValue& value) {
     const Store& store = storeOf(document);
-    value.text = modelTabCurrent(store) ? L"Model" : layoutName(store, store.paperSpace());
+    value.text = store.modelTabCurrent() ? L"Model" : layoutName(store, store.paperSpace());
     return true;
 }
 

@@ -29,7 +29,7 @@ AcEditor* editor() { return AcEditor::cast(acrxSysRegistry()->at(L"AcEditor")); 
 
 void leakCommand() {
     AcDbBlockTable* table = nullptr;
-    acdbHostApplicationServices()->workingDatabase()->getBlockTable(table, AcDb::kForRead);
+    acdbHostApplicationServices()->workingDatabase()->getSymbolTable(table, AcDb::kForRead);
 }
 
 void throwCommand() { throw 1; }

@@ -1,5 +1,5 @@
 // Symbols that entities and records refer to by name.
-#include "host/store/references.h"
+#include "host/content/references.h"
 
 namespace host {
 namespace {

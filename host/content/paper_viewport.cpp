@@ -1,8 +1,8 @@
 // The viewport that is the paper of a layout itself.
-#include "host/store/paper_viewport.h"
+#include "host/content/paper_viewport.h"
 
+#include "host/content/fields.h"
 #include "host/store/body_text.h"
-#include "host/store/fields.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
 

@@ -1,5 +1,5 @@
 // Rewriting references: lists and counts around them stay true.
-#include "host/store/reference_rewriter.h"
+#include "host/content/reference_rewriter.h"
 
 namespace host {
 

@@ -1,10 +1,10 @@
 // Finding, reading and editing the fields of an entity in its tags.
-#include "host/store/fields.h"
-#include "host/store/symbol_records.h"
+#include "host/content/fields.h"
 
 #include <array>
 
 #include "host/store/store.h"
+#include "host/store/symbol_records.h"
 #include "host/tags/tag_walk.h"
 #include "host/text/text_codec.h"
 

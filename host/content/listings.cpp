@@ -1,7 +1,7 @@
 // Listings taken apart and put together.
-#include "host/store/listings.h"
+#include "host/content/listings.h"
 
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"
 

@@ -1,5 +1,5 @@
 // The entries of a dictionary: reading, finding, adding and removing.
-#include "host/store/dictionary_text.h"
+#include "host/content/dictionary_text.h"
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
