@@ -18,8 +18,8 @@ void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double
     from = std::fmod(from, kTurn);
     if (!std::isfinite(from)) from = 0;
     if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;
-    m_outline.arcs.push_back(
-        {m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep});
+    m_outline.arcs.push_back({m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep,
+                              m_outline.lines.size()});
 }
 
 void Pen::circle(const Vec& centre, double radius) const {
@@ -31,10 +31,11 @@ void Pen::bulge(const Vec& a, const Vec& b, double bulge) const {
     const Vec chord = b - a;
     const double side = (1 - bulge * bulge) / (4 * bulge);
     const Vec centre = (a + b) * 0.5 + Vec{-chord.y, chord.x, 0} * side;
-    const Vec first = (bulge > 0 ? a : b) - centre;
+    const Vec first = a - centre;
     const double radius = std::hypot(first.x, first.y);
     if (radius == 0) return line(a, b);
-    arc(centre, {radius, 0, 0}, {0, radius, 0}, std::atan2(first.y, first.x),
+    const double turn = bulge > 0 ? 1 : -1;  // a clockwise angle counts downwards
+    arc(centre, {radius, 0, 0}, {0, radius * turn, 0}, std::atan2(first.y * turn, first.x),
         4 * std::atan(std::fabs(bulge)));
 }
 
