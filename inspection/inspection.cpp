@@ -91,15 +91,16 @@ class Judge {
         std::vector<Pair> pairs;
         const std::vector<Marker>& markers = m_reading.markers;
         std::size_t open = 0;  // the first of the pairs whose end was not met yet
+        long met = 0;          // by a walk from the first marker on
         for (std::size_t i = 0; i < markers.size(); ++i) {
             for (; markers[i].endTag && open < pairs.size(); ++open) {
                 pairs[open].end = i;
+                pairs[open].between += met;
                 pairs[open].holdsBegin = open + 1 < pairs.size();
             }
-            const long behind = m_steps.own(i) + m_steps.behind(i);
-            for (std::size_t pair = open; pair < pairs.size(); ++pair)
-                pairs[pair].between += 1 + behind;
-            if (markers[i].begins() && !markers[i].endTag) pairs.push_back({i, i, behind, false});
+            ++met;
+            if (markers[i].begins() && !markers[i].endTag) pairs.push_back({i, i, -met, false});
+            met += m_steps.own(i) + m_steps.behind(i);
         }
         pairs.resize(open);
         return pairs;
