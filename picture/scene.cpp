@@ -96,7 +96,7 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
 }  // namespace
 
 std::vector<Vec> Scene::cornersOf(const Shown& one) const {
-    constexpr std::size_t kFew = 16;
+    constexpr std::size_t kFew = 64;
     const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
     const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
                           one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
