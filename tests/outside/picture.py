@@ -9,6 +9,7 @@ import tempfile
 from selenium import webdriver
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
 
 OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
            " --disable-background-networking --disable-component-update --window-size=1500,950")
@@ -51,6 +52,9 @@ def main(browser, picture):
     row = browser.find_element(By.CSS_SELECTOR, "#group2 .row")
     ActionChains(browser).move_to_element(row).perform()
     by_legend = widths(browser, "group1"), widths(browser, "group2")
+    heading = browser.find_element(By.CSS_SELECTOR, ".head")
+    ActionChains(browser).move_to_element(heading).send_keys(Keys.TAB).perform()
+    by_key = widths(browser, "group1"), widths(browser, "group2")
     handle = line.get_attribute("id")[1:]
     checks = {
         f"{len(members)} members of the first group": len(members) == 6,
@@ -60,6 +64,7 @@ def main(browser, picture):
         f"the other group as before: {lit}": lit[1] == calm[1],
         f"the other one lit by its line in the legend: {by_legend}":
             by_legend == (calm[0], lit[0]),
+        f"the first one lit by the Tab key: {by_key}": by_key == lit,
     }
     failed = [what for what, holds in checks.items() if not holds]
     for what in failed:
