@@ -51,25 +51,25 @@ bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMar
     return false;
 }
 
-/// "matrix(...)" or, for upright words as wide as they are, " x= y=". `a` and `b` are where the
-/// units along and across the words go.
-std::string placed(const Spot& at, const Vec& a, const Vec& b) {
-    std::string text;
+/// Appends "matrix(...)" or, for upright words as wide as they are, " x= y=". `a` and `b` are where
+/// the units along and across the words go.
+void addPlace(std::string& text, const Spot& at, const Vec& a, const Vec& b) {
     constexpr double kStraight = 1e-4;
     if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight &&
         std::fabs(a.x - 1) < kStraight && b.y > 0) {
-        text = " x=\"";
+        text += " x=\"";
         addNumber(text, at.x);
         text += "\" y=\"";
         addNumber(text, at.y);
-        return text + '"';
+        text += '"';
+        return;
     }
     char turn[96];
     std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", a.x, -a.y, -b.x,
                   b.y);
-    text = turn;
+    text += turn;
     addSpot(text, at);
-    return text + ")\"";
+    text += ")\"";
 }
 
 }  // namespace
@@ -155,7 +155,7 @@ void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& 
         const OutlinePart& part = m_scene.parts[i];
         const OutlineMark& from = part.from;
         const OutlineMark end = m_scene.endOf(i);
-        if (!host::hasForm(host::trimmed(part.source->type()))) continue;
+        if (!part.hasForm) continue;
         std::string own = styleOf(shown, part, look, role);
         if (own != style) flush(svg, style, wide);
         style.swap(own);
@@ -184,12 +184,11 @@ std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, c
     std::string style = m_inks.weightClass(inner, part.layer);
     if (role == Role::Plain)
         style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
-    const std::string_view type = host::trimmed(part.source->type());
-    if (type == "HATCH") {
+    if (part.type == "HATCH") {
         const auto solid = host::findTag(part.source->tags(), 70);
         return joined(solid && host::integerOf(solid->value) == 1 ? "h s" : "h", style);
     }
-    return type == "POINT" ? joined("p", style) : style;
+    return part.type == "POINT" ? joined("p", style) : style;
 }
 
 void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
@@ -217,7 +216,8 @@ void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
         const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
         const Vec base = writing.isParagraph ? box[3] - b * below : box[0];
         open(svg, "text", style);
-        svg += placed(m_view.spot(base + along * writing.anchor), a, b) + " font-size=\"";
+        addPlace(svg, m_view.spot(base + along * writing.anchor), a, b);
+        svg += " font-size=\"";
         addNumber(svg, std::max(size / kCapital, 0.01));
         svg += '"';
         if (writing.anchor > 0)
@@ -227,7 +227,9 @@ void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
             addNumber(svg, width * m_view.scale);
             svg += '"';
         }
-        svg += '>' + xml(lines[i]) + "</text>";
+        svg += '>';
+        svg += xml(lines[i]);
+        svg += "</text>";
     }
 }
 

@@ -49,8 +49,7 @@ std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
 std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
     const OutlinePart& part = scene.parts[index];
     if (isMain) {
-        const std::string_view type = host::trimmed(part.source->type());
-        const std::vector<Vec> own = ownFrame(type, OwnTags(part.source->tags()));
+        const std::vector<Vec> own = ownFrame(part.type, OwnTags(part.source->tags()));
         if (!own.empty()) return own;
     }
     const std::size_t end = scene.endOf(index).lines;
@@ -65,14 +64,13 @@ std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
 
 void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
     for (std::size_t i = firstPart; i < scene.parts.size(); ++i) {
+        if (scene.parts[i].hasForm) continue;
         const host::ObjectBody& source = *scene.parts[i].source;
-        const std::string_view type = host::trimmed(source.type());
-        if (host::hasForm(type)) continue;
         std::vector<Vec> corners = frameOf(scene, i, &source == &entity);
         if (!corners.empty())
             scene.frames.push_back({std::move(corners), &source});
         else if (&source == &entity)
-            ++scene.shapeless[std::string(type)];
+            ++scene.shapeless[std::string(scene.parts[i].type)];
     }
 }
 

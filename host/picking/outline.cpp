@@ -42,7 +42,7 @@ bool hasPicture(std::string_view type) {
 
 /// The picture of a dimension is in the coordinates of the drawing, that of a table in its own.
 Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
-    if (trimmed(shape.entity.type()) != "ACAD_TABLE") return shape.pen;
+    if (shape.type != "ACAD_TABLE") return shape.pen;
     const Vec along = pointOf(shape.tags, 11, {1, 0, 0});
     Transform place = rotation(std::atan2(along.y, along.x));
     place.origin = pointOf(shape.tags, 10) - place.turn(baseOf(record));
@@ -84,15 +84,16 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     // What a block holds on layers of its own stays when the layer of its reference is off.
     if (isReference ? m_layers.frozen(layer) : !m_layers.drawn(layer)) return;
     if (tags.integer(60, 0) == 1) return;
-    const Shape shape{m_store, entity, tags, pen};
+    const Shape shape{m_store, entity, type, tags, pen};
     const ObjectBody* picture = hasPicture(type) ? blockOf(tags) : nullptr;
     if (isReference) {
         drawReference(shape, layer);
     } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {
         drawBlock(picture, penOfPicture(shape, *picture), layer);
     } else {
-        if (m_parts != nullptr) m_parts->push_back({&entity, layer, m_outline->mark()});
-        drawShape(shape, !m_blocks.empty());
+        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, m_outline->mark()});
+        const bool hasForm = drawShape(shape, !m_blocks.empty());
+        if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
     }
 }
 

@@ -55,9 +55,10 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
-void Pen::write(Writing writing, const std::vector<Vec>& corners) const {
+void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const {
     writing.area = m_outline.areas.size();
-    area(corners);
+    const Vec from = m_place.apply(corner), a = m_place.turn(along), b = m_place.turn(up);
+    m_outline.areas.push_back({from, from + a, from + a + b, from + b});
     m_outline.writings.push_back(std::move(writing));
 }
 
@@ -89,7 +90,8 @@ Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
 }
 
 Pen objectPen(const Shape& shape) {
-    return shape.pen.inside(objectSystem(pointOf(shape.tags, 210, {0, 0, 1})));
+    if (!shape.tags.has(210)) return shape.pen;
+    return shape.pen.inside(objectSystem(pointOf(shape.tags, 210)));
 }
 
 }  // namespace host

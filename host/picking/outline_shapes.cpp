@@ -1,7 +1,6 @@
 // The form of each kind of entity that stands on its own.
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
@@ -147,21 +146,20 @@ void drawDefinition(const Shape& shape, bool insideBlock) {
 
 }  // namespace
 
-bool hasForm(std::string_view type) {
-    return type == "ATTDEF" || type == "SEQEND" || type == "INSERT" ||
-           std::any_of(std::begin(kShapes), std::end(kShapes),
-                       [&](const KindOfShape& kind) { return kind.type == type; });
-}
-
-void drawShape(const Shape& shape, bool insideBlock) {
-    const std::string_view type = trimmed(shape.entity.type());
-    if (type == "ATTDEF") return drawDefinition(shape, insideBlock);
-    if (type == "SEQEND") return;
+bool drawShape(const Shape& shape, bool insideBlock) {
+    if (shape.type == "SEQEND") return true;
     for (const KindOfShape& kind : kShapes) {
-        if (kind.type == type) return kind.draw(shape);
+        if (kind.type != shape.type) continue;
+        kind.draw(shape);
+        return true;
+    }
+    if (shape.type == "ATTDEF") {
+        drawDefinition(shape, insideBlock);
+        return true;
     }
     for (const Vec& point : pointsOf(shape.tags, 10))
         shape.pen.point(point);
+    return false;
 }
 
 void drawPolyline(const Shape& shape) {

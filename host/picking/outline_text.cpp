@@ -18,7 +18,7 @@ void drawBox(const Pen& pen, const Vec& corner, double angle, double width, doub
              double slant, Writing writing) {
     const Transform turned = rotation(angle);
     const Vec along = turned.turn({width, 0, 0}), up = turned.turn({height * slant, height, 0});
-    pen.write(std::move(writing), {corner, corner + along, corner + along + up, corner + up});
+    pen.write(std::move(writing), corner, along, up);
 }
 
 /// Tangent of the oblique angle, at most that of 85 degrees.
@@ -69,8 +69,7 @@ void drawText(const Shape& shape, bool isDefinition) {
     if ((generation & kUpsideDown) != 0) height = -height, slant = -slant;
     const int horizontal = tags.integer(72, 0);
     // The vertical mode is 73 in texts and 74 in attributes, where 73 is a field length.
-    const std::string_view type = trimmed(shape.entity.type());
-    const int vertical = tags.integer(type == "TEXT" ? 73 : 74, 0);
+    const int vertical = tags.integer(shape.type == "TEXT" ? 73 : 74, 0);
     Vec start = pointOf(tags, 10);
     double angle = toRadians(tags.real(50, 0));
     const Vec end = pointOf(tags, 11, start);
