@@ -38,7 +38,7 @@ class Play {
 
     Repair outcome(const Pair& pair) const {
         if (m_gone[pair.begin] && m_gone[pair.end]) return Repair::Dissolved;
-        if (m_gone[pair.begin] || m_gone[pair.end]) return Repair::Damaged;
+        if (m_gone[pair.begin] || m_gone[pair.end]) return Repair::Halved;
         const Marker& begin = m_markers[pair.begin];
         const Marker& end = m_markers[pair.end];
         const bool counted = countOf(begin.count) == pair.between;

@@ -31,7 +31,8 @@ enum class Repair {
     Shortened,  ///< the count is lowered
     Linked,     ///< its markers name each other again
     Dissolved,  ///< both markers go, the members stay
-    Damaged,    ///< its markers do not become a pair
+    Damaged,    ///< its markers stay and do not become a pair
+    Halved,     ///< one of its markers goes
 };
 
 /// Main entity of a space. Texts are UTF-8.
