@@ -65,7 +65,7 @@ class Drawer {
                            {4, 4, m_view.width() - 4, m_view.height() - 4}, m_groups);
         const double height =
             std::max(m_view.height(), legend() ? frames.legendBottom() + kNotes : 0) + kHead;
-        constexpr std::size_t kUsualBytes = 120;  // for an entity
+        constexpr std::size_t kUsualBytes = 200;  // for an entity
         std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 ";
         svg.reserve(kUsualBytes * m_scene.shown.size());
         addSpot(svg, {width, height});

@@ -112,6 +112,7 @@ Scene readScene(const host::Store& store, host::Index space) {
     scene.shown.reserve(store.count());
     scene.parts.reserve(store.count());
     scene.outline.lines.reserve(store.count());
+    scene.outline.arcs.reserve(store.count());
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {
