@@ -32,8 +32,6 @@ void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     AcDbObjectId recordId;
     DIAG_CHECK(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
                Acad::eOk);
-    dictionary.close();
-
     const std::wstring text = prefix + GroupSuffix::kRecordText;
     const ResultBuffers chain(acutBuildList(kTextCode, text.c_str(), 0));
     if (chain.get() == nullptr) return;

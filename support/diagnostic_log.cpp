@@ -17,11 +17,11 @@ constexpr DWORD kPauseMilliseconds = 500;
 constexpr wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
 
 std::wstring environmentValue(const wchar_t* name) {
-    const DWORD needed = ::GetEnvironmentVariableW(name, NULL, 0);
     std::wstring value;
-    value.resize(needed);
-    const DWORD length = needed == 0 ? 0 : ::GetEnvironmentVariableW(name, &value[0], needed);
-    value.resize(length < needed ? length : 0);
+    value.resize(::GetEnvironmentVariableW(name, NULL, 0));
+    const auto size = static_cast<DWORD>(value.size());
+    const DWORD length = ::GetEnvironmentVariableW(name, &value[0], size);
+    value.resize(length < size ? length : 0);  // it may have grown in between
     return value;
 }
 
@@ -52,15 +52,18 @@ std::map<std::wstring, std::wstring>& nameCache() {
     return cache;
 }
 
+bool isFolder(const std::wstring& name) {
+    const DWORD attributes = ::GetFileAttributesW(name.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// Makes the folder with all missing parents; true when it is there, whoever made it.
 bool createFolders(const std::wstring& folder) {
-    const DWORD attributes = ::GetFileAttributesW(folder.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES) return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const std::size_t slash = folder.find_last_of(L"\\/");
-    if (slash != std::wstring::npos && slash > 0 && !createFolders(folder.substr(0, slash))) {
-        return false;
-    }
-    // Another process may make it at the same time.
-    return ::CreateDirectoryW(folder.c_str(), NULL) || ::GetLastError() == ERROR_ALREADY_EXISTS;
+    if (isFolder(folder)) return true;
+    const std::wstring parent = folder.substr(0, folder.find_last_of(L"\\/"));
+    if (parent != folder) createFolders(parent);
+    ::CreateDirectoryW(folder.c_str(), NULL);
+    return isFolder(folder);
 }
 
 enum class OpenResult { Opened, Missing, Failed };
@@ -130,7 +133,7 @@ bool fileExists(const std::wstring& name) {
 
 void deleteWorkingLog() {
     const std::wstring name = workingLogName();
-    if (!name.empty() && tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
+    if (tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
 }
 
 void appendToWorkingLog(const std::wstring& text) {

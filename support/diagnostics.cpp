@@ -26,9 +26,8 @@ std::string narrowText(const std::wstring& text) {
 
 void writeStandardOutput(const std::wstring& text) {
     const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
-    if (output == NULL || output == INVALID_HANDLE_VALUE) return;
     const std::string narrow = narrowText(text);
-    DWORD written = 0;
+    DWORD written = {};
     ::WriteFile(output, narrow.data(), static_cast<DWORD>(narrow.size()), &written, NULL);
 }
 

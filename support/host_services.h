@@ -7,9 +7,7 @@
 /// expected class. It stays the host's; look it up afresh at each use.
 template <typename T>
 T* hostService(const ACHAR* key) {
-    AcRxObject* object = acrxSysRegistry()->at(key);
-    if (object == nullptr || !object->isA()->isDerivedFrom(T::desc())) return nullptr;
-    return static_cast<T*>(object);
+    return T::cast(acrxSysRegistry()->at(key));
 }
 
 /// The drawing that all storage operations work on; null when no drawing is open.

@@ -26,8 +26,8 @@ bool isSwitchOn(const wchar_t* name) {
         ERROR_SUCCESS) {
         return false;
     }
-    DWORD type = 0;
-    DWORD value = 0;
+    DWORD type = {};
+    DWORD value = {};
     DWORD size = sizeof value;
     const bool on = ::RegQueryValueExW(hkRegistryKey, name, NULL, &type,
                                        reinterpret_cast<BYTE*>(&value), &size) == ERROR_SUCCESS &&

@@ -42,8 +42,8 @@ std::vector<BYTE> registryData(bool ofUser, const wchar_t* key, const wchar_t* n
     const HKEY root = ofUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
     HKEY open = NULL;
     if (::RegOpenKeyExW(root, key, 0, KEY_READ, &open) != ERROR_SUCCESS) return {};
-    DWORD type = REG_NONE;
-    DWORD size = 0;
+    DWORD type = {};
+    DWORD size = {};
     std::vector<BYTE> data;
     if (::RegQueryValueExW(open, name, NULL, &type, NULL, &size) == ERROR_SUCCESS &&
         type == wantedType) {

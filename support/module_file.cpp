@@ -3,33 +3,28 @@
 
 namespace {
 
+/// Takes the longest path that Windows allows, with its end.
+constexpr DWORD kPathBufferLength = 32768;
+
 std::wstring withoutFolder(const std::wstring& path) {
     const std::size_t slash = path.find_last_of(L"\\/");
     return slash == std::wstring::npos ? path : path.substr(slash + 1);
 }
 
 std::wstring longForm(const std::wstring& path) {
-    const DWORD needed = ::GetLongPathNameW(path.c_str(), NULL, 0);
-    std::wstring text(needed, L'\0');
-    const DWORD length = needed == 0 ? 0 : ::GetLongPathNameW(path.c_str(), &text[0], needed);
-    if (length == 0 || length >= needed) return path;
-    text.resize(length);
-    return text;
+    std::wstring text;
+    text.resize(kPathBufferLength);
+    text.resize(::GetLongPathNameW(path.c_str(), &text[0], kPathBufferLength));
+    return text.empty() ? path : text;
 }
 
 }  // namespace
 
 std::wstring modulePath(HMODULE hModule) {
-    // Windows cuts a path that does not fit, and allows at most this many characters.
-    constexpr DWORD longest = 32768;
-    for (DWORD size = MAX_PATH; size <= 2 * longest; size *= 2) {
-        std::wstring path(size, L'\0');
-        const DWORD length = ::GetModuleFileNameW(hModule, &path[0], size);
-        if (length >= size) continue;
-        path.resize(length);
-        return path;
-    }
-    return std::wstring();
+    std::wstring path;
+    path.resize(kPathBufferLength);
+    path.resize(::GetModuleFileNameW(hModule, &path[0], kPathBufferLength));
+    return path;
 }
 
 std::wstring moduleFileName(HMODULE hModule) {

@@ -23,8 +23,10 @@ struct SameId {
 /// how ids compare is the host's. Not scrambled either: what stands together in a drawing mostly
 /// has neighbouring handles, and stays together in memory.
 struct HashId {
+    static constexpr std::size_t kHandleBufferLength = 17;
+
     std::size_t operator()(const AcDbObjectId& id) const {
-        ACHAR text[17] = {};
+        ACHAR text[kHandleBufferLength] = {};
         id.handle().getIntoAsciiBuffer(text);
         return static_cast<std::size_t>(std::wcstoull(text, nullptr, 16));
     }

@@ -8,17 +8,20 @@
 
 namespace {
 
+/// Language and code page, four digits each, and the end of the text.
+constexpr std::size_t kDigitsBufferLength = 9;
+
 /// "\StringFileInfo\<language><code page>\" of the first translation; empty when there is none.
 std::wstring stringTable(const void* block) {
     void* value = nullptr;
-    UINT bytes = 0;
+    UINT bytes = {};
     wchar_t translationQuery[] = L"\\VarFileInfo\\Translation";
     if (!::VerQueryValueW(block, translationQuery, &value, &bytes) || bytes < 2 * sizeof(WORD)) {
         return std::wstring();
     }
     const WORD* const translation = static_cast<const WORD*>(value);
-    wchar_t digits[9] = {};
-    std::swprintf(digits, 9, L"%04X%04X", static_cast<unsigned>(translation[0]),
+    wchar_t digits[kDigitsBufferLength] = {};
+    std::swprintf(digits, kDigitsBufferLength, L"%04X%04X", static_cast<unsigned>(translation[0]),
                   static_cast<unsigned>(translation[1]));
     return std::wstring(L"\\StringFileInfo\\") + digits + L"\\";
 }
@@ -27,13 +30,12 @@ std::wstring stringTable(const void* block) {
 
 std::wstring versionString(HMODULE hModule, const wchar_t* name) {
     const std::wstring file = modulePath(hModule);
-    const DWORD size = ::GetFileVersionInfoSizeW(file.c_str(), NULL);
-    if (size == 0) return std::wstring();
-    std::vector<BYTE> block(size);
+    std::vector<BYTE> block(::GetFileVersionInfoSizeW(file.c_str(), NULL));
+    const DWORD size = static_cast<DWORD>(block.size());
     if (!::GetFileVersionInfoW(file.c_str(), 0, size, block.data())) return std::wstring();
     const std::wstring table = stringTable(block.data());
     void* value = nullptr;
-    UINT characters = 0;
+    UINT characters = {};
     if (table.empty() ||
         !::VerQueryValueW(block.data(), (table + name).c_str(), &value, &characters)) {
         return std::wstring();

@@ -25,8 +25,8 @@ bool variableIsZero(const wchar_t* name) {
 /// Ids of a selection set in its order.
 AcDbObjectIdArray idsOf(const ads_name set) {
     AcDbObjectIdArray ids(0, kIdListGrowth);
-    Adesk::Int32 length = 0;
-    if (acedSSLength(set, &length) != RTNORM) length = 0;
+    Adesk::Int32 length = {};
+    if (acedSSLength(set, &length) != RTNORM) return ids;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name name = {};
         AcDbObjectId id;

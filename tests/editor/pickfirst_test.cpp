@@ -51,7 +51,7 @@ class Pickfirst : public EditorTest {
         ads_name name = {0, 0}, entity;
         for (AcDbObjectId id : ids(which)) {
             acdbGetAdsName(entity, id);
-            acedSSAdd(entity, name[0] == 0 ? nullptr : name, name);
+            acedSSAdd(entity, name[1] == 0 ? nullptr : name, name);
         }
         const int result = acedSSSetFirst(name, nullptr);
         acedSSFree(name);

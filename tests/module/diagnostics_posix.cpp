@@ -45,12 +45,14 @@ struct Work {
     const wchar_t* before;
     const wchar_t* script;
     const char* file = "";  ///< drawing in place of `words`
+    bool andAllLater = false;
 };
 
 constexpr Work kWorks[] = {
     {"(line) line", L"", L"VelmoGROUPMAKE #2 #4\n\n"},
     {"line", L"SETVAR TILEMODE 0\nLINE 1,1 2,2\n\n", L"VelmoGROUPMAKE ALL\n\n"},
-    {"", L"", L"VelmoGROUPMAKE #1 #2 #4\n\nVelmoGROUPMAKE #3\n\n", "mixed_members.dxf"},
+    {"line", L"", L"VelmoGROUPMAKE ALL\n\n", "", true},
+    {"", L"", L"VelmoGROUPMAKE #1 #2 #4\n\nVelmoGROUPMAKE #3\n\nREGEN\n", "mixed_members.dxf"},
     {"", L"", L"VelmoGROUPMAKE ALL\n\n4,5\n", "no_point.dxf"},
     {"(line line)", L"", L"VelmoGROUPREMOVEMEMBER #2 #3\n\n"},
     {"(line)", L"", L"VelmoGROUPDELETE #2\n\n"},
@@ -74,7 +76,7 @@ bool gather(const Work& work, long failAt, Lines& lines) {
     if (*work.file != 0)
         scene.session().openDrawing(TESTS_FOLDER + std::string("/module/") + work.file);
     scene.after(work.before);
-    host::setFaultPlan({failAt, false, ""});
+    host::setFaultPlan({failAt, work.andAllLater, ""});
     scene.after(work.script);
     const bool hit = host::faultsInjected() > 0;
     host::setFaultPlan({});
@@ -128,6 +130,11 @@ std::vector<std::wstring> outside() {
 }
 
 TEST(Diagnostics, OrdinaryWorkFailsNoCheckAndStaysInTheDrawing) {
+    Lines lines;
+    for (const Work& work : kWorks)
+        gather(work, 0, lines);
+    for (const std::string& line : lines)
+        EXPECT_TRUE(line.empty() || line[0] == '>') << line;
     EXPECT_EQ(outside(), std::vector<std::wstring>());
     const Switch assertStartup(L"AssertStartup");
     EXPECT_EQ(outside(), std::vector<std::wstring>());

@@ -23,8 +23,10 @@ constexpr struct {
     {kMake, "acedSSLength", 4},
     {kMake, "acedSSLength", 5},
     {kMake, "acedSSLength", 6},
+    {kMake, "acdbOpenObject", 12},  // the block of a marker in the selection
     {kRemove, "AcDbDatabase::deepCloneObjects"},
     {kRemove, "acedSSAdd"},
+    {L"VelmoGROUPDELETE #2\n\n", "acedSSLength"},
     // Its clone is made, but it does not go.
     {kRemove, "AcDbObject::erase", 1, "begin(3) line* circle line* end line circle"},
 };

@@ -181,6 +181,26 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
     EXPECT_EQ(contents(begin), attribute(handleOf(store, "INSERT", 1)) + attribute("1"));
 }
 
+TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
+    Scene scene("line");
+    tests::insertBlock(scene, L"VELMO_GB", L"");
+    tests::insertBlock(scene, L"VELMO_GE", L"");
+    const wchar_t* const tags[] = {L"OTHER", L"VELMO_GE"};
+    for (int i = 0; i < 3; ++i) {
+        Opened<AcDbAttribute> attribute;
+        openAttribute(scene, i / 2, i % 2, attribute);
+        if (i < 2) attribute->setTag(tags[i]);
+        if (i == 2) attribute->erase();  // a reference without what its block defines
+    }
+    scene.after(L"VelmoGROUPMAKE ALL\n\n");
+    scene.click({2});
+    EXPECT_EQ(scene.picked(), "1 2 3 4 5");
+    const AcDbObjectId erased = scene.entities()[1];
+    scene.after(L"ERASE #2\n\n");
+    std::wstring tag;
+    EXPECT_TRUE(readMarkerTag(erased, tag));
+}
+
 /// Where the markers are, and the text of one.
 std::string markerAt(const Scene& scene, const AcDbObjectId& id) {
     return tests::markerPlaces(scene.store()) + " " +

@@ -28,6 +28,7 @@ TEST(Tracking, OnlyAfterClipboardCommandsIsTheSelectionStillWidened) {
     EXPECT_EQ(copyAfter([](Scene&) { host::notifyCommandEnded(L"MIRROR"); }), kUntracked);
     EXPECT_EQ(copyAfter([](Scene& scene) { scene.run(L"SETVAR TEXTSIZE 3\n"); }), kUntracked);
     EXPECT_EQ(copyAfter([](Scene&) { host::notifyCommandEnded(L"PASTECLIP"); }), kUntracked);
+    EXPECT_EQ(copyAfter([](Scene& scene) { scene.saveAndReopen(); }), kUntracked);
     // Only a command that ends forgets.
     EXPECT_EQ(copyAfter([](Scene&) { host::notifyCommandCancelled(L"COPY"); }), kTracked);
     EXPECT_EQ(copyAfter([](Scene&) { host::notifyCommandFailed(L"COPY"); }), kTracked);

@@ -52,9 +52,9 @@ Adesk::IntPtr lastGeneration = 0;
 
 /// The place that a name points to while its set is open, in whatever drawing; else null.
 OpenSet* placeOf(const ads_name name) {
-    if (name == nullptr || name[0] < 1 || name[0] > static_cast<Adesk::IntPtr>(kMostSelectionSets))
+    if (name == nullptr || name[0] < 0 || name[0] >= static_cast<Adesk::IntPtr>(kMostSelectionSets))
         return nullptr;
-    OpenSet& place = places[name[0] - 1];
+    OpenSet& place = places[name[0]];
     return place.set != nullptr && place.generation == name[1] ? &place : nullptr;
 }
 
@@ -88,7 +88,7 @@ void openSet(SelectionSet set, ads_name name) {
     place->generation = ++lastGeneration;
     place->drawing = currentStore()->serial();
     countHeld(Held::SelectionSet);
-    name[0] = place - places + 1;
+    name[0] = place - places;  // of the first set 0: only both words together are a name
     name[1] = place->generation;
 }
 
