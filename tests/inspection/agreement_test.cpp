@@ -97,7 +97,8 @@ void expectAgreement(const std::string& file) {
                                  ": " + group.reason + "; now " + drafting.order();
         // Damaged are also markers that stay as they are and are wrong.
         const bool lasts = seen != "dissolved" && seen != "halved";
-        EXPECT_TRUE(told == "damaged" ? lasts : told == seen) << told << ", not " << seen << ": " << what;
+        EXPECT_TRUE(told == "damaged" ? lasts : told == seen)
+            << told << ", not " << seen << ": " << what;
         const auto isWhole = [&](const Group& each) {
             return each.begin == group.begin && each.end == group.end &&
                    each.state == inspection::State::Whole;
