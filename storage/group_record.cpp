@@ -52,7 +52,6 @@ bool createXrecord(const AcDbObjectId& entityId) {
     if (status == Acad::eAlreadyInDb) return false;
     DIAG_ASSERT(status == Acad::eOk, L"entity->createExtensionDictionary() == Acad::eOk");
     const AcDbObjectId dictionaryId = entity->extensionDictionary();
-    entity.close();
     storeRecord(dictionaryId, *record.get());
     return status == Acad::eOk;
 }
@@ -61,20 +60,16 @@ bool isGroupedEntity(const AcDbObjectId& entityId) {
     if (entityId.isErased()) return false;
     Opened<AcDbObject> entity;
     if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) return false;
-    const AcDbObjectId dictionaryId = entity->extensionDictionary();
-    entity.close();
-
     Opened<AcDbDictionary> dictionary;
-    if (acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForRead) != Acad::eOk) {
+    if (acdbOpenObject(dictionary.receive(), entity->extensionDictionary(), AcDb::kForRead) !=
+        Acad::eOk) {
         return false;
     }
     const std::wstring prefix = groupPrefix();
     Opened<AcDbObject> entry;
-    const Acad::ErrorStatus found = dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(),
-                                                      entry.receive(), AcDb::kForRead);
-    dictionary.close();
-    if (found != Acad::eOk || !entry->isA()->isDerivedFrom(AcDbXrecord::desc())) return false;
-    return recordText(*static_cast<AcDbXrecord*>(entry.get())) == prefix + GroupSuffix::kRecordText;
+    dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(), entry.receive(), AcDb::kForRead);
+    const AcDbXrecord* record = AcDbXrecord::cast(entry.get());
+    return record != nullptr && recordText(*record) == prefix + GroupSuffix::kRecordText;
 }
 
 bool deleteXrecord(const AcDbObjectId& entityId) {

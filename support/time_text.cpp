@@ -3,9 +3,11 @@
 
 #include <ctime>
 #include <cwchar>
-#include <iterator>
 
 namespace {
+
+/// Longer than any time that is printed, in every language of the system.
+constexpr std::size_t kTextBufferLength = 128;
 
 std::wstring timeText(const SYSTEMTIME& time, const wchar_t* format) {
     std::tm fields = {};
@@ -16,8 +18,8 @@ std::wstring timeText(const SYSTEMTIME& time, const wchar_t* format) {
     fields.tm_hour = time.wHour;
     fields.tm_min = time.wMinute;
     fields.tm_sec = time.wSecond;
-    wchar_t text[128] = {};
-    return std::wstring(text, std::wcsftime(text, std::size(text), format, &fields));
+    wchar_t text[kTextBufferLength] = {};
+    return std::wstring(text, std::wcsftime(text, kTextBufferLength, format, &fields));
 }
 
 }  // namespace

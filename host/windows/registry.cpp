@@ -51,8 +51,9 @@ void closeRegistryKeys() {
 
 using namespace host;
 
-LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD, REGSAM, PHKEY result) {
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM, PHKEY result) {
     if (callFails("RegOpenKeyExW")) return ERROR_GEN_FAILURE;
+    if (options != 0) return ERROR_INVALID_PARAMETER;
     const std::wstring root = rootPath(key);
     if (root.empty()) return ERROR_INVALID_HANDLE;
     const std::wstring path = root + L"\\" + lowerCase(subKey);
