@@ -35,16 +35,6 @@ TEST_F(Services, PrintfTakesWideText) {
     EXPECT_EQ(printed().size(), 4096u);
 }
 
-TEST_F(Services, OneEffectForEachCall) {
-    acutPrintf(L"\nOne");
-    acedPrompt(L"100%s");
-    EXPECT_EQ(effectTexts(EffectKind::CommandLine),
-              (std::vector<std::wstring>{L"\nOne", L"100%s"}));
-    printed();
-    acdbFail(L"it broke\n");
-    EXPECT_EQ(printed(), L"Application " + host::fromUtf8(PROGRAM_FILE) + L" ERROR: it broke\n");
-}
-
 TEST_F(Services, MenuItemsOfLoadedGroups) {
     host::setMenuGroupLoaded(L"Plans", true);
     EXPECT_EQ(acedIsMenuGroupLoaded(L"PLANS"), 1);

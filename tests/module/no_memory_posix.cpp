@@ -42,7 +42,7 @@ namespace {
 constexpr const char* kModule = "VelmoGroup.arx";
 
 /// Without it most allocations are made by code of the standard library's own.
-#ifdef __OPTIMIZE__
+#ifdef MODULE_OPTIMISED
 constexpr bool kInlined = true;
 #else
 constexpr bool kInlined = false;
