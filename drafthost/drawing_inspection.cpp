@@ -1,4 +1,4 @@
-// Gives an inspection the spaces of a drawing and the extents of what they show.
+// Gives an inspection the spaces of a drawing and tells it what their entities are.
 #include "drafthost/drawing_inspection.h"
 
 #include "host/editor/state/current_drawing.h"
@@ -31,10 +31,17 @@ inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
     for (const Index space : spacesOf(store))
         spaces.push_back({store.idOf(space), spaceName(store, space)});
     host::OutlineMaker maker(store);
-    inspection::ExtentsOf extents = [&](AcDbObjectId id) -> std::optional<inspection::Extents> {
-        const std::optional<host::Box> box = maker.outlineOf(*Store::resolve(id)).bounds();
-        if (!box) return std::nullopt;
-        return inspection::Extents{box->left, box->bottom, box->right, box->top};
+    const inspection::Describe describe = [&](AcDbObjectId id) {
+        const host::ObjectBody& body = *Store::resolve(id);
+        const auto layer = host::findTag(body.tags(), 8);
+        inspection::Entity entity{
+            id, host::formatHandle(body.handle),
+            host::toUtf8(store.decode(host::trimmed(body.type()))),
+            host::toUtf8(store.decode(layer ? host::trimmed(layer->value) : "0"))};
+        const std::optional<host::Box> box =
+            withExtents ? maker.outlineOf(body).bounds() : std::nullopt;
+        if (box) entity.extents = {box->left, box->bottom, box->right, box->top};
+        return entity;
     };
-    return inspection::inspect(drawing, spaces, withExtents ? extents : inspection::ExtentsOf());
+    return inspection::inspect(drawing, spaces, describe);
 }

@@ -12,6 +12,7 @@
 namespace {
 
 bool outputClosed = false;
+bool lineIsOpen = false;  ///< of standard output
 bool failed = false;
 std::string* captured = nullptr;
 
@@ -33,6 +34,7 @@ void writeOutput(const std::string& text) {
     }
     if (outputClosed || text.empty()) return;
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) noteFailure();
+    lineIsOpen = text.back() != '\n';
 }
 
 void flushOutput() {
@@ -43,7 +45,9 @@ bool outputFailed() { return failed; }
 
 void complain(const std::string& line) {
     if (!outputClosed) std::fflush(stdout);  // keeps the order where both go to one place
-    std::fprintf(stderr, "drafthost: %s\n", line.c_str());
+    const bool oneScreen = isInteractive() && standardErrorIsTerminal();
+    std::fprintf(stderr, "%sdrafthost: %s\n", lineIsOpen && oneScreen ? "\n" : "", line.c_str());
+    lineIsOpen = lineIsOpen && !oneScreen;
 }
 
 void writeErrors(const std::string& lines) {

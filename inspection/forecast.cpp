@@ -15,8 +15,16 @@ class Play {
           m_steps(steps) {}
 
     void run() {
+        m_end = m_markers.size();
         for (std::size_t i = m_markers.size(); i-- > 0;) {
+            m_between += m_steps.behind(i);
             if (m_markers[i].selectedBegin) settle(i);
+            if (isEnd(i)) {
+                m_end = i;
+                m_between = 0;
+            } else if (!m_gone[i]) {
+                m_between += 1 + m_steps.own(i);
+            }
         }
         for (std::size_t i = 0; i < m_markers.size(); ++i) {
             const Marker& marker = m_markers[i];
@@ -30,7 +38,7 @@ class Play {
 
     Repair outcome(const Pair& pair) const {
         if (m_gone[pair.begin] && m_gone[pair.end]) return Repair::Dissolved;
-        if (m_gone[pair.begin] || m_gone[pair.end]) return Repair::Damaged;
+        if (m_gone[pair.begin] || m_gone[pair.end]) return Repair::Halved;
         const Marker& begin = m_markers[pair.begin];
         const Marker& end = m_markers[pair.end];
         const bool counted = countOf(begin.count) == pair.between;
@@ -42,25 +50,30 @@ class Play {
     }
 
   private:
-    /// Walks from a begin marker to the next end marker and settles the two.
+    bool isEnd(std::size_t i) const { return !m_gone[i] && m_markers[i].endTag; }
+
+    /// Settles a begin marker and the end marker that the walk from it reaches.
     void settle(std::size_t begin) {
-        long between = m_steps.own(begin) + m_steps.behind(begin);
-        std::size_t end = begin + 1;
-        for (; end < m_markers.size() && (m_gone[end] || !m_markers[end].endTag); ++end) {
-            between += m_steps.behind(end);
-            if (!m_gone[end]) between += 1 + m_steps.own(end);
-        }
-        if (end == m_markers.size()) return;
+        if (m_end == m_markers.size()) return;
+        const long between = m_between + m_steps.own(begin);
         const int expected = countOf(m_markers[begin].count);
         if (between == 0 ? expected != 0 : between > expected) {
             erase(begin);
-            erase(end);
+            erase(m_end);
+            if (m_gone[m_end]) goOn();
             return;
         }
         const std::wstring count =
             between == expected ? m_markers[begin].count : std::to_wstring(between);
-        link(begin, end, count);
-        link(end, begin, count);
+        link(begin, m_end, count);
+        link(m_end, begin, count);
+    }
+
+    /// From an end marker that is gone to the next one.
+    void goOn() {
+        do {
+            m_between += m_steps.behind(m_end) + (m_gone[m_end] ? 0 : 1 + m_steps.own(m_end));
+        } while (++m_end < m_markers.size() && !isEnd(m_end));
     }
 
     void link(std::size_t i, std::size_t other, const std::wstring& count) {
@@ -88,6 +101,8 @@ class Play {
     std::vector<Marker> m_markers;
     std::vector<bool> m_gone;
     Steps& m_steps;
+    std::size_t m_end = 0;  ///< the end marker that a walk from the current marker reaches
+    long m_between = 0;     ///< what that walk meets behind the marker and what it owns
 };
 
 }  // namespace

@@ -29,25 +29,6 @@ class Working {
     AcDbDatabase* m_former;
 };
 
-/// Text of the first item with a code in an entity's definition data.
-std::string itemText(const resbuf* item, short code) {
-    while (item != nullptr && item->restype != code)
-        item = item->rbnext;
-    return item != nullptr && item->resval.rstring != nullptr ? host::toUtf8(item->resval.rstring)
-                                                              : std::string();
-}
-
-Entity describe(const Place& place) {
-    constexpr short kType = 0, kHandle = 5, kLayer = 8;
-    ads_name name = {};
-    acdbGetAdsName(name, place.id);
-    const ResultBuffers data(acdbEntGet(name));
-    Entity entity{place.id, itemText(data.get(), kHandle), itemText(data.get(), kType),
-                  itemText(data.get(), kLayer), place.hasRecord};
-    if (entity.layer.empty()) entity.layer = "0";
-    return entity;
-}
-
 Extents united(const Extents& a, const Extents& b) {
     return {std::min(a[0], b[0]), std::min(a[1], b[1]), std::max(a[2], b[2]), std::max(a[3], b[3])};
 }
@@ -56,12 +37,12 @@ Extents united(const Extents& a, const Extents& b) {
 class Judge {
   public:
     Judge(const Reading& reading, const std::string& space, const std::string& otherPrefix,
-          const ExtentsOf& extentsOf, Inspection& result)
+          const Describe& describe, Inspection& result)
         : m_reading(reading),
           m_steps(reading),
           m_space(space),
           m_otherPrefix(otherPrefix),
-          m_extentsOf(extentsOf),
+          m_describe(describe),
           m_result(result) {}
 
     void run() {
@@ -91,15 +72,16 @@ class Judge {
         std::vector<Pair> pairs;
         const std::vector<Marker>& markers = m_reading.markers;
         std::size_t open = 0;  // the first of the pairs whose end was not met yet
+        long met = 0;          // by a walk from the first marker on
         for (std::size_t i = 0; i < markers.size(); ++i) {
             for (; markers[i].endTag && open < pairs.size(); ++open) {
                 pairs[open].end = i;
+                pairs[open].between += met;
                 pairs[open].holdsBegin = open + 1 < pairs.size();
             }
-            const long behind = m_steps.own(i) + m_steps.behind(i);
-            for (std::size_t pair = open; pair < pairs.size(); ++pair)
-                pairs[pair].between += 1 + behind;
-            if (markers[i].begins() && !markers[i].endTag) pairs.push_back({i, i, behind, false});
+            ++met;
+            if (markers[i].begins() && !markers[i].endTag) pairs.push_back({i, i, -met, false});
+            met += m_steps.own(i) + m_steps.behind(i);
         }
         pairs.resize(open);
         return pairs;
@@ -127,14 +109,14 @@ class Judge {
     }
 
     void addMember(Group& group, const Place& place) {
-        group.members.push_back(describe(place));
-        if (!m_extentsOf) return;
-        const std::optional<Extents> drawn = m_extentsOf(place.id);
+        Entity& member = group.members.emplace_back(m_describe(place.id));
+        member.hasRecord = place.hasRecord;
+        const std::optional<Extents>& drawn = member.extents;
         if (drawn) group.extents = group.extents ? united(*group.extents, *drawn) : *drawn;
     }
 
     Stray& addStray(const Place& place) {
-        const Entity entity = describe(place);
+        const Entity entity = m_describe(place.id);
         return m_result.strays.emplace_back(Stray{entity.handle, entity.type, {}, m_space, {}});
     }
 
@@ -160,7 +142,7 @@ class Judge {
     Steps m_steps;
     const std::string& m_space;
     const std::string& m_otherPrefix;
-    const ExtentsOf& m_extentsOf;
+    const Describe& m_describe;
     Inspection& m_result;
     std::vector<bool> m_settled;  ///< places of markers and members
 };
@@ -173,7 +155,7 @@ long Inspection::whole() const {
 }
 
 Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
-                   const ExtentsOf& extentsOf) {
+                   const Describe& describe) {
     const Working working(drawing);
     const std::wstring prefix = groupPrefix();
     const Names names(prefix);
@@ -183,7 +165,7 @@ Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
     result.prefix = host::toUtf8(prefix);
     for (const Space& space : spaces) {
         const Reading reading = readSpace(space.block, names, others);
-        Judge(reading, space.name, otherPrefix, extentsOf, result).run();
+        Judge(reading, space.name, otherPrefix, describe, result).run();
     }
     return result;
 }

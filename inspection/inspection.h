@@ -31,18 +31,20 @@ enum class Repair {
     Shortened,  ///< the count is lowered
     Linked,     ///< its markers name each other again
     Dissolved,  ///< both markers go, the members stay
-    Damaged,    ///< its markers do not become a pair
+    Damaged,    ///< its markers stay and do not become a pair
+    Halved,     ///< one of its markers goes
 };
+
+/// Left, bottom, right and top in drawing units.
+using Extents = std::array<double, 4>;
 
 /// Main entity of a space. Texts are UTF-8.
 struct Entity {
     AcDbObjectId id;
     std::string handle, type, layer;
+    std::optional<Extents> extents = {};  ///< of what is drawn of it; nothing when nobody asked
     bool hasRecord = false;
 };
-
-/// Left, bottom, right and top in drawing units.
-using Extents = std::array<double, 4>;
 
 /// A begin marker and the end marker that follows it.
 struct Group {
@@ -78,13 +80,13 @@ struct Space {
     AcDbObjectId block;
     std::string name;
 };
-/// Extents of what is drawn of an entity, or nothing.
-using ExtentsOf = std::function<std::optional<Extents>(AcDbObjectId)>;
+/// What an entity is and where; whether it has a record is judged here.
+using Describe = std::function<Entity(AcDbObjectId)>;
 
 /// Judges the groups of a drawing, which is the working one meanwhile. Objects are opened for read
 /// and closed again; none may be open for write. Time grows with the number of entities.
 Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
-                   const ExtentsOf& extentsOf = {});
+                   const Describe& describe);
 
 /// "whole", "short", ... as the list prints it.
 const char* nameOf(State state);

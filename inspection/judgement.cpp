@@ -19,6 +19,8 @@ std::string outlook(Repair repair, long between, bool locked) {
             return "the next save links its markers again";
         case Repair::Dissolved:
             return "the next save dissolves it";
+        case Repair::Halved:
+            return "the next save takes one of its markers away";
         case Repair::Stays:
         case Repair::Damaged:
             break;

@@ -51,24 +51,25 @@ bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMar
     return false;
 }
 
-/// "matrix(...)" or, for upright words, " x= y=".
-std::string placed(const Spot& at, const Vec& along, const Vec& up) {
-    std::string text;
-    const Vec a = along * (1 / flatLength(along)), b = up * (1 / flatLength(up));
+/// Appends "matrix(...)" or, for upright words as wide as they are, " x= y=". `a` and `b` are where
+/// the units along and across the words go.
+void addPlace(std::string& text, const Spot& at, const Vec& a, const Vec& b) {
     constexpr double kStraight = 1e-4;
-    if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight && a.x > 0 && b.y > 0) {
-        text = " x=\"";
+    if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight &&
+        std::fabs(a.x - 1) < kStraight && b.y > 0) {
+        text += " x=\"";
         addNumber(text, at.x);
         text += "\" y=\"";
         addNumber(text, at.y);
-        return text + '"';
+        text += '"';
+        return;
     }
     char turn[96];
     std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", a.x, -a.y, -b.x,
                   b.y);
-    text = turn;
+    text += turn;
     addSpot(text, at);
-    return text + ")\"";
+    text += ")\"";
 }
 
 }  // namespace
@@ -131,6 +132,19 @@ void EntityWriter::flush(std::string& svg, const std::string& style, std::string
     m_areas.clear();
 }
 
+/// In the order in which they were drawn: what is filled has to be one line around.
+void EntityWriter::addStrokes(const OutlineMark& from, const OutlineMark& end) {
+    const Outline& outline = m_scene.outline;
+    std::size_t line = from.lines;
+    for (std::size_t arc = from.arcs; arc < end.arcs; ++arc) {
+        for (; line < outline.arcs[arc].lines; ++line)
+            m_strokes.line(outline.lines[line]);
+        m_strokes.arc(outline.arcs[arc]);
+    }
+    for (; line < end.lines; ++line)
+        m_strokes.line(outline.lines[line]);
+}
+
 void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& look, Role role) {
     const Outline& outline = m_scene.outline;
     const std::size_t start = svg.size();
@@ -141,14 +155,11 @@ void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& 
         const OutlinePart& part = m_scene.parts[i];
         const OutlineMark& from = part.from;
         const OutlineMark end = m_scene.endOf(i);
-        if (!host::hasForm(host::trimmed(part.source->type()))) continue;
+        if (!part.hasForm) continue;
         std::string own = styleOf(shown, part, look, role);
         if (own != style) flush(svg, style, wide);
         style.swap(own);
-        for (std::size_t k = from.lines; k < end.lines; ++k)
-            m_strokes.line(outline.lines[k]);
-        for (std::size_t k = from.arcs; k < end.arcs; ++k)
-            m_strokes.arc(outline.arcs[k]);
+        addStrokes(from, end);
         for (std::size_t k = from.areas; k < end.areas; ++k) {
             if (!isWriting(outline, from, end, k)) m_areas.area(outline.areas[k]);
         }
@@ -173,9 +184,11 @@ std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, c
     std::string style = m_inks.weightClass(inner, part.layer);
     if (role == Role::Plain)
         style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
-    const std::string_view type = host::trimmed(part.source->type());
-    if (type == "HATCH") return joined("h", style);
-    return type == "POINT" ? joined("p", style) : style;
+    if (part.type == "HATCH") {
+        const auto solid = host::findTag(part.source->tags(), 70);
+        return joined(solid && host::integerOf(solid->value) == 1 ? "h s" : "h", style);
+    }
+    return part.type == "POINT" ? joined("p", style) : style;
 }
 
 void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
@@ -183,22 +196,28 @@ void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
     const std::vector<Vec>& box = m_scene.outline.areas[writing.area];
     const Vec along = box[1] - box[0], up = box[3] - box[0];
     const double width = flatLength(along), tall = flatLength(up);
-    if (!(width > 0) || !(tall > 0)) return;
+    const double stretch = writing.fitted ? 1 : width / (tall * writing.aspect);
+    if (!(width > 0) || !(tall > 0) || !std::isfinite(stretch)) return;
+    const Vec a = along * (stretch / width), b = up * (1 / tall);
     const double line = tall * writing.line;
     std::vector<std::wstring> lines;
     if (writing.isParagraph) {
-        const double characters = std::min(1e6, width / (kCharacter * line));
-        lines = linesOfParagraphs(writing.words, static_cast<std::size_t>(characters) + 1);
+        const double character = line / kCapital * kCharacter * stretch;
+        const double fitting = std::min(1e6, width / character);
+        lines = linesOfParagraphs(writing.words, static_cast<std::size_t>(fitting) + 1);
     } else {
         lines = {singleLine(writing.words)};
     }
     const double size = line * m_view.scale;
+    const double written = line * (1 + static_cast<double>(lines.size() - 1) * kLineDistance);
+    const double room = (tall - written) * writing.above;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (lines[i].find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
-        const double below = line * (1 + static_cast<double>(i) * kLineDistance);
-        const Vec base = writing.isParagraph ? box[3] - up * (below / tall) : box[0];
+        const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
+        const Vec base = writing.isParagraph ? box[3] - b * below : box[0];
         open(svg, "text", style);
-        svg += placed(m_view.spot(base + along * writing.anchor), along, up) + " font-size=\"";
+        addPlace(svg, m_view.spot(base + along * writing.anchor), a, b);
+        svg += " font-size=\"";
         addNumber(svg, std::max(size / kCapital, 0.01));
         svg += '"';
         if (writing.anchor > 0)
@@ -208,7 +227,9 @@ void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
             addNumber(svg, width * m_view.scale);
             svg += '"';
         }
-        svg += '>' + xml(lines[i]) + "</text>";
+        svg += '>';
+        svg += xml(lines[i]);
+        svg += "</text>";
     }
 }
 

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double kRowHeight = 20, kReasonHeight = 15, kLabelHeight = 18;
 constexpr double kCharacter = 6.9;  ///< mean width in a text of 12 units
-/// With more groups than these, labels of whole groups carry the number alone, or are left out.
-constexpr std::size_t kFullLabels = 40, kAnyLabels = 400;
+/// With more groups than these, labels do not count members; those of whole groups are left out.
+constexpr std::size_t kFullLabels = 40, kAnyLabels = 400, kMostLabels = 2000;
 
 std::string membersOf(const inspection::Group& group) {
     const std::size_t count = group.members.size();
@@ -54,12 +54,41 @@ std::vector<std::string> wrapped(const std::string& text, std::size_t width) {
     return lines;
 }
 
+/// What is wrong with a group, in lines for the legend.
+std::vector<std::string> reasonOf(const inspection::Group& group) {
+    constexpr std::size_t kWidth = 42;
+    if (isWhole(group)) return {};
+    return wrapped(group.reason + "; " + group.outlook, kWidth);
+}
+
 }  // namespace
+
+GroupFrames::GroupFrames(Area legend, Area canvas,
+                         const std::vector<const inspection::Group*>& groups)
+    : m_legend(legend), m_canvas(canvas), m_rows(groups.size(), {0, 0}) {
+    m_legend.bottom = legend.top;
+    for (const bool whole : {false, true}) {
+        for (std::size_t i = 0; i < groups.size(); ++i) {
+            if (isWhole(*groups[i]) != whole) continue;
+            const double height =
+                kRowHeight + kReasonHeight * static_cast<double>(reasonOf(*groups[i]).size());
+            if (m_legend.bottom + height <= legend.bottom)
+                m_legend.bottom += m_rows[i].height = height;
+            else
+                ++m_unlisted;
+        }
+    }
+    double top = legend.top;
+    for (Row& row : m_rows) {
+        row.top = top;
+        top += row.height;
+    }
+}
 
 std::string GroupFrames::open(std::size_t number, const inspection::Group& group,
                               const std::vector<Spot>& spots) {
     std::string svg = "<g class=\"g " + styleOf(number, group) + "\" id=\"group" +
-                      std::to_string(number) + "\">\n";
+                      std::to_string(number) + "\" tabindex=\"0\">\n";
     const std::vector<Spot> corners = hull(spots);
     m_hasHull = !corners.empty();
     if (!m_hasHull) return svg;
@@ -82,9 +111,10 @@ std::string GroupFrames::close(std::size_t number, const inspection::Group& grou
 }
 
 std::string GroupFrames::label(std::size_t number, const inspection::Group& group) {
-    if (!m_hasHull || (isWhole(group) && m_groups > kAnyLabels)) return {};
+    if (!m_hasHull || m_taken.size() == kMostLabels) return {};
+    if (isWhole(group) && m_rows.size() > kAnyLabels) return {};
     std::string text = std::to_string(number);
-    if (m_groups <= kFullLabels || !isWhole(group)) text += " \u00b7 " + membersOf(group);
+    if (m_rows.size() <= kFullLabels) text += " \u00b7 " + membersOf(group);
     if (!isWhole(group)) text += std::string(", ") + nameOf(group.state);
     const double width = kCharacter * static_cast<double>(text.size()) + 12;
     constexpr double kAbove = 15;
@@ -108,16 +138,9 @@ std::string GroupFrames::label(std::size_t number, const inspection::Group& grou
 }
 
 std::string GroupFrames::legendRow(std::size_t number, const inspection::Group& group) {
-    std::vector<std::string> reason;
-    constexpr std::size_t kReasonWidth = 42;
-    if (!isWhole(group)) reason = wrapped(group.reason + "; " + group.outlook, kReasonWidth);
-    const double height = kRowHeight + kReasonHeight * static_cast<double>(reason.size());
-    if (m_row + height > m_legend.bottom) {
-        ++m_unlisted;
-        return {};
-    }
-    const double top = m_row;
-    m_row += height;
+    const auto [top, height] = m_rows[number - 1];
+    if (height == 0) return {};
+    const std::vector<std::string> reason = reasonOf(group);
     const double text = m_legend.left + 26;
     std::string svg = "<g class=\"row\"><rect" + at("x", m_legend.left) + at("y", top) +
                       at("width", m_legend.right - m_legend.left) + at("height", height) +

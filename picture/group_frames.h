@@ -17,9 +17,9 @@ struct Area {
 /// Places hulls, labels and the lines of the legend; one for each picture.
 class GroupFrames {
   public:
-    /// The legend begins at `x` and `y` and ends above `bottom`.
-    GroupFrames(Area legend, Area canvas, std::size_t groups)
-        : m_legend(legend), m_canvas(canvas), m_groups(groups), m_row(legend.top) {}
+    /// Groups by their number, from 1. Where the legend has no room for all of them, those that are
+    /// not whole come before others.
+    GroupFrames(Area legend, Area canvas, const std::vector<const inspection::Group*>& groups);
 
     /// Opens the group's element: its hull around the spots of its members.
     std::string open(std::size_t number, const inspection::Group& group,
@@ -30,14 +30,18 @@ class GroupFrames {
     const std::string& labels() const { return m_labels; }
     /// Groups that found no place in the legend.
     long unlisted() const { return m_unlisted; }
+    double legendBottom() const { return m_legend.bottom; }
 
   private:
     std::string label(std::size_t number, const inspection::Group& group);
     std::string legendRow(std::size_t number, const inspection::Group& group);
 
+    struct Row {
+        double top, height;
+    };
+
     Area m_legend, m_canvas;
-    std::size_t m_groups;
-    double m_row;
+    std::vector<Row> m_rows;  ///< in the legend, of each group; without height when it is not there
     long m_unlisted = 0;
     bool m_hasHull = false;
     Spot m_top{};  ///< of the open group: the highest corner of its hull

@@ -118,7 +118,10 @@ Look::Look(const host::ObjectBody& entity) {
 }
 
 const Inks::Layer& Inks::layerOf(std::string_view name) {
+    if (m_last != nullptr && name == m_lastName) return *m_last;
     const auto [place, isNew] = m_layers.try_emplace(name, Layer{kInk, -3});
+    m_lastName = name;
+    m_last = &place->second;
     const host::ObjectBody* record =
         isNew ? m_store.symbol("LAYER", m_store.decode(name)) : nullptr;
     if (record == nullptr) return place->second;

@@ -55,8 +55,10 @@ class Inks {
 
     const host::Store& m_store;
     std::unordered_map<std::string_view, Layer> m_layers;  ///< names borrowed from the drawing
-    std::map<Rgb, std::string> m_colours;                  ///< with their classes
-    std::map<int, int> m_weights;  ///< hundredths of a millimetre that are in use
+    std::string_view m_lastName;                           ///< looked up last
+    const Layer* m_last = nullptr;
+    std::map<Rgb, std::string> m_colours;  ///< with their classes
+    std::map<int, int> m_weights;          ///< hundredths of a millimetre that are in use
 };
 
 }  // namespace picture

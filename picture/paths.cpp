@@ -35,6 +35,7 @@ void addHundredths(std::string& text, long long value) {
 }
 
 host::Vec pointAt(const host::Arc& arc, double t) {
+    if (t == 0) return arc.centre + arc.u;
     return arc.centre + arc.u * std::cos(t) + arc.v * std::sin(t);
 }
 
@@ -114,10 +115,12 @@ void PathData::arc(const host::Arc& arc) {
     // The axes of the ellipse that the two given radii belong to.
     const host::Vec& u = arc.u;
     const host::Vec& v = arc.v;
-    const double turn =
-        std::atan2(2 * (u.x * v.x + u.y * v.y), u.x * u.x + u.y * u.y - v.x * v.x - v.y * v.y) / 2;
-    const host::Vec major = u * std::cos(turn) + v * std::sin(turn);
-    const host::Vec minor = v * std::cos(turn) - u * std::sin(turn);
+    const double uu = u.x * u.x + u.y * u.y, vv = v.x * v.x + v.y * v.y;
+    const double skew = u.x * v.x + u.y * v.y;
+    const bool areAxes = std::fabs(skew) <= 1e-12 * (uu + vv);  // as good as always
+    const double turn = areAxes ? 0 : std::atan2(2 * skew, uu - vv) / 2;
+    const host::Vec major = areAxes ? u : u * std::cos(turn) + v * std::sin(turn);
+    const host::Vec minor = areAxes ? v : v * std::cos(turn) - u * std::sin(turn);
     const double rx = std::hypot(major.x, major.y) * m_view.scale;
     const double ry = std::hypot(minor.x, minor.y) * m_view.scale;
     constexpr double kFlat = 0.005;
@@ -128,21 +131,25 @@ void PathData::arc(const host::Arc& arc) {
         return line({all ? arc.centre - longer : pointAt(arc, arc.from),
                      all ? arc.centre + longer : pointAt(arc, arc.from + arc.sweep)});
     }
-    const double tilt = -std::atan2(major.y, major.x) * 360 / kTurn;
+    const double tilt =
+        std::fabs(rx - ry) < kFlat ? 0 : -std::atan2(major.y, major.x) * 360 / kTurn;
     const bool clockwise = u.x * v.y - u.y * v.x < 0;
-    const int pieces = whole ? 2 : 1;
-    go(grid(pointAt(arc, arc.from)));
-    for (int i = 1; i <= pieces; ++i) {
-        const Grid end = grid(pointAt(arc, arc.from + arc.sweep * i / pieces));
+    const host::Vec start = pointAt(arc, arc.from);
+    const Grid first = grid(start);
+    const auto reach = [&](const Grid& end, bool large) {
         m_text += 'a';
         pair(hundredths(rx), hundredths(ry));
         m_text += ' ';
-        addNumber(m_text, std::fabs(rx - ry) < kFlat ? 0 : tilt);
-        m_text += !whole && arc.sweep > kTurn / 2 ? " 1" : " 0";
+        addNumber(m_text, tilt);
+        m_text += large ? " 1" : " 0";
         m_text += clockwise ? " 1 " : " 0 ";
         pair(end.x - m_at.x, end.y - m_at.y);
         m_at = end;
-    }
+    };
+    go(first);
+    if (!whole) return reach(grid(pointAt(arc, arc.from + arc.sweep)), arc.sweep > kTurn / 2);
+    reach(grid(arc.centre * 2 - start), false);
+    reach(first, false);
 }
 
 void PathData::area(const std::vector<host::Vec>& corners) {

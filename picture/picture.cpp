@@ -17,6 +17,7 @@ namespace picture {
 namespace {
 
 constexpr double kWidth = 1120, kHeight = 760, kMargin = 34, kLegend = 320, kHead = 52;
+constexpr double kNotes = 68;  ///< below the legend
 /// Members up to which each gets a wide unseen stroke to point at.
 constexpr std::size_t kMostWide = 5000;
 
@@ -46,8 +47,10 @@ class Drawer {
           m_view(viewOf(m_scene.bounds)),
           m_inks(store),
           m_writer(store, m_scene, m_view, m_inks, mostBytes(store)),
-          m_inspection(inspection),
-          m_spaceName(spaceName) {
+          m_spaceName(spaceName),
+          m_strays(std::count_if(
+              inspection.strays.begin(), inspection.strays.end(),
+              [&](const inspection::Stray& stray) { return stray.space == spaceName; })) {
         for (const inspection::Group& group : inspection.groups) {
             if (group.space != spaceName) continue;
             m_groups.push_back(&group);
@@ -57,11 +60,12 @@ class Drawer {
     }
 
     std::string draw(const std::string& title) {
-        const double height = std::max(m_view.height(), m_groups.empty() ? 0.0 : 300.0) + kHead;
         const double width = std::max(m_view.width(), 360.0) + (legend() ? kLegend : 0);
-        GroupFrames frames({width - kLegend + 8, 12, width - 20, height - kHead - 56},
-                           {4, 4, m_view.width() - 4, m_view.height() - 4}, m_groups.size());
-        constexpr std::size_t kUsualBytes = 120;  // for an entity
+        GroupFrames frames({width - kLegend + 8, 12, width - 20, kHeight - kNotes},
+                           {4, 4, m_view.width() - 4, m_view.height() - 4}, m_groups);
+        const double height =
+            std::max(m_view.height(), legend() ? frames.legendBottom() + kNotes : 0) + kHead;
+        constexpr std::size_t kUsualBytes = 200;  // for an entity
         std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 ";
         svg.reserve(kUsualBytes * m_scene.shown.size());
         addSpot(svg, {width, height});
@@ -76,7 +80,7 @@ class Drawer {
     }
 
   private:
-    bool legend() const { return !m_inspection.groups.empty() || !m_inspection.strays.empty(); }
+    bool legend() const { return !m_groups.empty() || m_strays > 0; }
 
     static std::size_t mostBytes(const host::Store& store) {
         constexpr std::size_t kAlways = 2000000;
@@ -97,21 +101,19 @@ class Drawer {
     void writeEntities(std::string& svg, GroupFrames& frames) {
         svg += "<g transform=\"translate(0 " + std::to_string(static_cast<int>(kHead)) + ")\">\n";
         const std::vector<Shown>& shown = m_scene.shown;
-        std::vector<bool> done(m_groups.size() + 1, false);
+        std::vector<std::size_t> ends(m_groups.size() + 1, 0);
+        for (std::size_t i = 0; i < shown.size(); ++i)
+            ends[groupOf(shown[i])] = i + 1;
         for (std::size_t i = 0; i < shown.size();) {
-            const std::size_t number = groupOf(shown[i]);
-            std::size_t last = i + 1;
-            while (number != 0 && last < shown.size() && groupOf(shown[last]) == number)
-                ++last;
+            const std::size_t number = groupOf(shown[i]), last = number == 0 ? i + 1 : ends[number];
             if (number == 0)
                 m_writer.write(svg, shown[i], Role::Plain, "");
             else
                 writeGroup(svg, frames, number, {i, last});
-            done[number] = true;
             i = last;
         }
-        for (std::size_t number = 1; number < done.size(); ++number) {
-            if (!done[number]) writeGroup(svg, frames, number, {0, 0});  // nothing of it is shown
+        for (std::size_t number = 1; number < ends.size(); ++number) {
+            if (ends[number] == 0) writeGroup(svg, frames, number, {0, 0});  // nothing is shown
         }
         svg += frames.labels() + "</g>\n";
     }
@@ -132,8 +134,11 @@ class Drawer {
         if (group.state != inspection::State::Whole)
             note += std::string(", ") + nameOf(group.state) + ": " + xml(group.reason);
         const Role role = m_groupOf.size() > kMostWide ? Role::Member : Role::WideMember;
-        for (std::size_t i = range.first; i < range.last; ++i)
-            m_writer.write(svg, m_scene.shown[i], role, note);
+        for (std::size_t i = range.first; i < range.last; ++i) {
+            const bool isMember = groupOf(m_scene.shown[i]) == number;  // a marker may be between
+            m_writer.write(svg, m_scene.shown[i], isMember ? role : Role::Plain,
+                           isMember ? note : "");
+        }
         svg += frames.close(number, group);
     }
 
@@ -160,10 +165,13 @@ class Drawer {
     std::string footnotes(const GroupFrames& frames, double width, double height) const {
         std::vector<std::string> notes;
         if (frames.unlisted() > 0)
-            notes.push_back("and " + std::to_string(frames.unlisted()) + " more groups");
-        if (!m_inspection.strays.empty())
-            notes.push_back(std::to_string(m_inspection.strays.size()) +
-                            " stray markers or records; --groups lists them");
+            notes.push_back("and " + std::to_string(frames.unlisted()) +
+                            " more groups; --groups lists them");
+        if (m_strays > 0)
+            notes.push_back(
+                std::to_string(m_strays) +
+                (m_strays == 1 ? " stray marker or record" : " stray markers or records") +
+                "; --groups lists " + (m_strays == 1 ? "it" : "them"));
         std::string types;
         for (const auto& [type, count] : m_scene.shapeless)
             types += (types.empty() ? "" : ", ") + std::to_string(count) + " " + type;
@@ -188,8 +196,8 @@ class Drawer {
     View m_view;
     Inks m_inks;
     EntityWriter m_writer;
-    const inspection::Inspection& m_inspection;
     const std::string& m_spaceName;
+    long m_strays;                                             ///< in the space
     std::vector<const inspection::Group*> m_groups;            ///< of the space
     std::unordered_map<std::uint64_t, std::size_t> m_groupOf;  ///< numbers from 1, by entity
 };

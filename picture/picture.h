@@ -9,9 +9,10 @@
 namespace picture {
 
 /// One space of a drawing, complete and by itself: style and titles, no script. Pointing at a
-/// member of a group, at its label or at its line in the legend lights the whole group. `title`
-/// names the drawing, `spaceName` the space as the inspection does. The text grows with the drawing
-/// as its file does; block references become frames where it would grow beyond that.
+/// member of a group or at its line in the legend lights the whole group; a click or the Tab key
+/// keeps it lit. `title` names the drawing, `spaceName` the space as the inspection does. The text
+/// grows with the drawing as its file does; block references become frames where it would grow
+/// beyond that.
 std::string draw(const host::Store& store, host::Index space, const std::string& title,
                  const std::string& spaceName, const inspection::Inspection& inspection);
 

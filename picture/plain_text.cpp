@@ -87,6 +87,7 @@ std::vector<std::wstring> linesOfParagraphs(std::wstring_view text, std::size_t 
 }
 
 std::wstring singleLine(std::wstring_view text) {
+    if (text.find(L"%%") == std::wstring_view::npos) return std::wstring(text);
     std::wstring plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text.substr(i, 2) != L"%%" || i + 2 >= text.size()) {

@@ -49,8 +49,7 @@ std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
 std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
     const OutlinePart& part = scene.parts[index];
     if (isMain) {
-        const std::string_view type = host::trimmed(part.source->type());
-        const std::vector<Vec> own = ownFrame(type, OwnTags(part.source->tags()));
+        const std::vector<Vec> own = ownFrame(part.type, OwnTags(part.source->tags()));
         if (!own.empty()) return own;
     }
     const std::size_t end = scene.endOf(index).lines;
@@ -65,14 +64,13 @@ std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
 
 void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
     for (std::size_t i = firstPart; i < scene.parts.size(); ++i) {
+        if (scene.parts[i].hasForm) continue;
         const host::ObjectBody& source = *scene.parts[i].source;
-        const std::string_view type = host::trimmed(source.type());
-        if (host::hasForm(type)) continue;
         std::vector<Vec> corners = frameOf(scene, i, &source == &entity);
         if (!corners.empty())
             scene.frames.push_back({std::move(corners), &source});
         else if (&source == &entity)
-            ++scene.shapeless[std::string(type)];
+            ++scene.shapeless[std::string(scene.parts[i].type)];
     }
 }
 
@@ -96,7 +94,7 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
 }  // namespace
 
 std::vector<Vec> Scene::cornersOf(const Shown& one) const {
-    constexpr std::size_t kFew = 16;
+    constexpr std::size_t kFew = 64;
     const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
     const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
                           one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
@@ -114,6 +112,7 @@ Scene readScene(const host::Store& store, host::Index space) {
     scene.shown.reserve(store.count());
     scene.parts.reserve(store.count());
     scene.outline.lines.reserve(store.count());
+    scene.outline.arcs.reserve(store.count());
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {

@@ -22,18 +22,19 @@ path{fill:none;stroke:var(--c,var(--ink));stroke-width:var(--w,1.25px);stroke-li
 text{fill:var(--c,var(--ink));white-space:pre}
 .f{fill:var(--c,var(--ink));fill-opacity:.8;stroke-width:.4px}
 .h{--w:.8px;fill:var(--c,var(--ink));fill-opacity:.1;fill-rule:evenodd}
+.s{fill-opacity:.4}
 .p{--w:3px}
 .fr{stroke-dasharray:4 3;--w:.9px;stroke-opacity:.8}
 .note{font-size:9px;fill-opacity:.8}
 .hit{stroke:transparent;stroke-width:11px;pointer-events:stroke}
 .hull{fill:var(--c);stroke:var(--c);stroke-width:18px;opacity:.1;pointer-events:none;transition:opacity .12s}
 .bad .rim{stroke:var(--bad);--w:1.3px;stroke-dasharray:7 4;pointer-events:none}
-.g{cursor:default}
-.g:hover .hull{opacity:.24}
-.g:hover .m{--lit:1.9px}
+.g{cursor:default;outline:none}
+.g:hover .hull,.g:focus .hull{opacity:.24}
+.g:hover .m,.g:focus .m{--lit:1.9px}
 .m path{stroke-width:calc(var(--w,1.25px) + var(--lit,0px))}
 .m .hit{stroke-width:11px}
-.g:hover .m text{font-weight:700}
+.g:hover .m text,.g:focus .m text{font-weight:700}
 .tag rect{fill:var(--paper);stroke:var(--c);stroke-width:1px}
 .tag{pointer-events:none}
 .tag.bad rect{stroke:var(--bad)}
@@ -41,7 +42,7 @@ text{fill:var(--c,var(--ink));white-space:pre}
 .tag text{font-weight:600;fill:var(--c)}
 .tag.bad text,.row .why{fill:var(--bad)}
 .row rect{fill:transparent}
-.g:hover .row rect{fill:var(--c);fill-opacity:.14}
+.g:hover .row rect,.g:focus .row rect{fill:var(--c);fill-opacity:.14}
 .row .dot{fill:var(--c)}
 .row .small,.small{font-size:11px;fill:var(--soft)}
 .row .why{font-size:11px}

@@ -203,6 +203,14 @@ std::optional<Box> Outline::bounds(const OutlineMark& from) const {
         add(lines[i].b);
     }
     for (std::size_t i = from.arcs; i < arcs.size(); ++i) {
+        if (arcs[i].sweep >= kTurn) {
+            const Vec& u = arcs[i].u;
+            const Vec& v = arcs[i].v;
+            const Vec reach{std::hypot(u.x, v.x), std::hypot(u.y, v.y), 0};
+            add(arcs[i].centre - reach);
+            add(arcs[i].centre + reach);
+            continue;
+        }
         for (const Vec& point : extremes(arcs[i]))
             add(point);
     }

@@ -26,7 +26,8 @@ struct Line {
 struct Arc {
     Vec centre, u, v;
     double from = 0;
-    double sweep = 0;  ///< above 0, at most a full turn
+    double sweep = 0;       ///< above 0, at most a full turn
+    std::size_t lines = 0;  ///< of the outline, that were drawn before it
 };
 
 /// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
@@ -34,7 +35,9 @@ struct Writing {
     std::size_t area = 0;  ///< index into Outline::areas
     std::wstring words;    ///< as they are stored, with formatting codes
     double line = 1;       ///< part of the area's height that one line takes
+    double aspect = 1;     ///< width of the area by its height before anything stretches it
     double anchor = 0;     ///< part of the width that lies before the alignment point: 0, 0.5 or 1
+    double above = 0;      ///< of a paragraph: part of the height above that point: 0, 0.5 or 1
     bool isParagraph = false;
     bool fitted = false;  ///< fills the width whatever the font
 };

@@ -34,6 +34,21 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
     return turned * scale;
 }
 
+/// True for what an anonymous block shows.
+bool hasPicture(std::string_view type) {
+    return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION" ||
+           type == "ACAD_TABLE";
+}
+
+/// The picture of a dimension is in the coordinates of the drawing, that of a table in its own.
+Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
+    if (shape.type != "ACAD_TABLE") return shape.pen;
+    const Vec along = pointOf(shape.tags, 11, {1, 0, 0});
+    Transform place = rotation(std::atan2(along.y, along.x));
+    place.origin = pointOf(shape.tags, 10) - place.turn(baseOf(record));
+    return shape.pen.inside(place);
+}
+
 }  // namespace
 
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
@@ -64,16 +79,21 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     const OwnTags tags(entity.tags());
     std::string_view layer = tags.text(8, "0");
     if (layer == "0" && !m_blocks.empty()) layer = layerOfReference;
-    if (!m_layers.drawn(layer) || tags.integer(60, 0) == 1) return;
-    const Shape shape{m_store, entity, tags, pen};
     const std::string_view type = trimmed(entity.type());
-    if (type == "INSERT" || type == "MINSERT") {
+    const bool isReference = type == "INSERT" || type == "MINSERT";
+    // What a block holds on layers of its own stays when the layer of its reference is off.
+    if (isReference ? m_layers.frozen(layer) : !m_layers.drawn(layer)) return;
+    if (tags.integer(60, 0) == 1) return;
+    const Shape shape{m_store, entity, type, tags, pen};
+    const ObjectBody* picture = hasPicture(type) ? blockOf(tags) : nullptr;
+    if (isReference) {
         drawReference(shape, layer);
-    } else if (type == "DIMENSION") {
-        drawBlock(blockOf(tags), pen, layer);
+    } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {
+        drawBlock(picture, penOfPicture(shape, *picture), layer);
     } else {
-        if (m_parts != nullptr) m_parts->push_back({&entity, layer, m_outline->mark()});
-        drawShape(shape, !m_blocks.empty());
+        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, m_outline->mark()});
+        const bool hasForm = drawShape(shape, !m_blocks.empty());
+        if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
     }
 }
 

@@ -28,8 +28,8 @@ class Pen {
     void bulge(const Vec& a, const Vec& b, double bulge) const;
     void path(const std::vector<Vec>& points, bool closed) const;
     void area(const std::vector<Vec>& points) const;
-    /// The area of four corners that words fill; `writing.area` is set here.
-    void write(Writing writing, const std::vector<Vec>& corners) const;
+    /// The area that words fill, from a corner along and up; `writing.area` is set here.
+    void write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
     const Transform& place() const { return m_place; }
@@ -43,15 +43,15 @@ class Pen {
 struct Shape {
     const Store& store;
     const ObjectBody& entity;
+    std::string_view type;
     const OwnTags& tags;
     const Pen& pen;
 };
 
 /// Draws an entity that needs no other one's content; `insideBlock` hides attribute definitions
-/// that are not constant. Kinds without a form of their own are drawn as the points they name.
-void drawShape(const Shape& shape, bool insideBlock);
-/// False for a kind of entity that drawShape knows by its points alone.
-bool hasForm(std::string_view type);
+/// that are not constant. Kinds without a form of their own are drawn as the points they name, and
+/// then the result is false.
+bool drawShape(const Shape& shape, bool insideBlock);
 void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
@@ -68,8 +68,10 @@ Pen objectPen(const Shape& shape);
 /// from its mark up to that of the next part.
 struct OutlinePart {
     const ObjectBody* source;
+    std::string_view type;
     std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
     OutlineMark from;
+    bool hasForm = false;  ///< false for a kind that is known by its points alone
 };
 
 /// Makes outlines of main entities. Layers and blocks are looked up once each where that pays;

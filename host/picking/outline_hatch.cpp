@@ -2,16 +2,21 @@
 #include <cmath>
 
 #include "host/geometry/angles.h"
+#include "host/geometry/spline.h"
 #include "host/picking/outline.h"
 
 namespace host {
 namespace {
 
+constexpr int kSpline = 4;
+
 /// What one edge or corner of a boundary collected so far.
 struct Edge {
     int type = 0;                    ///< 0 corner of a polyline, 1 line, 2 arc, 3 ellipse, 4 spline
     std::vector<Vec> first, second;  ///< points 10 and 11
+    std::vector<double> knots, weights;
     double radius = 0, from = 0, to = 360, bulge = 0;
+    int degree = 3;
     bool counterClockwise = true;
 };
 
@@ -32,9 +37,11 @@ void take(Edge& edge, const Tag& tag) {
             break;
         case 40:
             edge.radius = value;
+            if (edge.type == kSpline) edge.knots.push_back(value);
             break;
         case 42:
             edge.bulge = value;
+            if (edge.type == kSpline) edge.weights.push_back(value);
             break;
         case 50:
             edge.from = value;
@@ -45,6 +52,9 @@ void take(Edge& edge, const Tag& tag) {
         case 73:
             edge.counterClockwise = value != 0;
             break;
+        case 94:
+            edge.degree = integerOf(tag.value);
+            break;
         default:
             break;
     }
@@ -54,7 +64,8 @@ void drawEdge(const Pen& pen, const Edge& edge) {
     if (edge.first.empty()) return;
     const Vec& start = edge.first.front();
     if (edge.type == 1 && !edge.second.empty()) return pen.line(start, edge.second.front());
-    if (edge.type == 4) return pen.path(edge.first, false);
+    if (edge.type == kSpline)
+        return pen.path(pointsAlong({edge.degree, edge.first, edge.knots, edge.weights}), false);
     if (edge.type != 2 && edge.type != 3) return pen.point(start);
     Vec u{edge.radius, 0, 0};
     double ratio = 1;

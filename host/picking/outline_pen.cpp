@@ -18,8 +18,8 @@ void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double
     from = std::fmod(from, kTurn);
     if (!std::isfinite(from)) from = 0;
     if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;
-    m_outline.arcs.push_back(
-        {m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep});
+    m_outline.arcs.push_back({m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep,
+                              m_outline.lines.size()});
 }
 
 void Pen::circle(const Vec& centre, double radius) const {
@@ -31,10 +31,11 @@ void Pen::bulge(const Vec& a, const Vec& b, double bulge) const {
     const Vec chord = b - a;
     const double side = (1 - bulge * bulge) / (4 * bulge);
     const Vec centre = (a + b) * 0.5 + Vec{-chord.y, chord.x, 0} * side;
-    const Vec first = (bulge > 0 ? a : b) - centre;
+    const Vec first = a - centre;
     const double radius = std::hypot(first.x, first.y);
     if (radius == 0) return line(a, b);
-    arc(centre, {radius, 0, 0}, {0, radius, 0}, std::atan2(first.y, first.x),
+    const double turn = bulge > 0 ? 1 : -1;  // a clockwise angle counts downwards
+    arc(centre, {radius, 0, 0}, {0, radius * turn, 0}, std::atan2(first.y * turn, first.x),
         4 * std::atan(std::fabs(bulge)));
 }
 
@@ -54,9 +55,10 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
-void Pen::write(Writing writing, const std::vector<Vec>& corners) const {
+void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const {
     writing.area = m_outline.areas.size();
-    area(corners);
+    const Vec from = m_place.apply(corner), a = m_place.turn(along), b = m_place.turn(up);
+    m_outline.areas.push_back({from, from + a, from + a + b, from + b});
     m_outline.writings.push_back(std::move(writing));
 }
 
@@ -88,7 +90,8 @@ Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
 }
 
 Pen objectPen(const Shape& shape) {
-    return shape.pen.inside(objectSystem(pointOf(shape.tags, 210, {0, 0, 1})));
+    if (!shape.tags.has(210)) return shape.pen;
+    return shape.pen.inside(objectSystem(pointOf(shape.tags, 210)));
 }
 
 }  // namespace host

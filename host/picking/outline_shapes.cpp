@@ -1,9 +1,9 @@
 // The form of each kind of entity that stands on its own.
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "host/geometry/angles.h"
+#include "host/geometry/spline.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
 
@@ -59,11 +59,23 @@ void drawLightPolyline(const Shape& shape) {
         pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
 }
 
-/// By its fit points where it has some, else by its control points.
+std::vector<double> realsOf(const OwnTags& tags, int code) {
+    std::vector<double> values;
+    for (const Tag& tag : tags.tags()) {
+        if (tag.code == code) values.push_back(realOf(tag.value));
+    }
+    return values;
+}
+
+/// By its control points; by its fit points where these alone are there.
 void drawSpline(const Shape& shape) {
-    const bool closed = (shape.tags.integer(70, 0) & 1) != 0;
-    const std::vector<Vec> fit = pointsOf(shape.tags, 11);
-    shape.pen.path(fit.empty() ? pointsOf(shape.tags, 10) : fit, closed);
+    const OwnTags& tags = shape.tags;
+    const Spline spline{tags.integer(71, 3), pointsOf(tags, 10), realsOf(tags, 40),
+                        realsOf(tags, 41)};
+    const bool closed = (tags.integer(70, 0) & 1) != 0;
+    const std::vector<Vec> fit = isCurve(spline) ? std::vector<Vec>() : pointsOf(tags, 11);
+    const bool through = fit.size() > 1;
+    shape.pen.path(pointsAlong(through ? splineThrough(fit, closed) : spline), closed);
 }
 
 /// SOLID and TRACE name the third and fourth corner crosswise.
@@ -134,21 +146,20 @@ void drawDefinition(const Shape& shape, bool insideBlock) {
 
 }  // namespace
 
-bool hasForm(std::string_view type) {
-    return type == "ATTDEF" || type == "SEQEND" || type == "INSERT" || type == "DIMENSION" ||
-           std::any_of(std::begin(kShapes), std::end(kShapes),
-                       [&](const KindOfShape& kind) { return kind.type == type; });
-}
-
-void drawShape(const Shape& shape, bool insideBlock) {
-    const std::string_view type = trimmed(shape.entity.type());
-    if (type == "ATTDEF") return drawDefinition(shape, insideBlock);
-    if (type == "SEQEND") return;
+bool drawShape(const Shape& shape, bool insideBlock) {
+    if (shape.type == "SEQEND") return true;
     for (const KindOfShape& kind : kShapes) {
-        if (kind.type == type) return kind.draw(shape);
+        if (kind.type != shape.type) continue;
+        kind.draw(shape);
+        return true;
+    }
+    if (shape.type == "ATTDEF") {
+        drawDefinition(shape, insideBlock);
+        return true;
     }
     for (const Vec& point : pointsOf(shape.tags, 10))
         shape.pen.point(point);
+    return false;
 }
 
 void drawPolyline(const Shape& shape) {

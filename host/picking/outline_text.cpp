@@ -13,11 +13,18 @@ namespace {
 constexpr double kCharacterWidth = 0.8;
 constexpr double kLineDistance = 5.0 / 3;
 
+/// `slant` leans the box to the right: its tangent.
 void drawBox(const Pen& pen, const Vec& corner, double angle, double width, double height,
-             Writing writing) {
+             double slant, Writing writing) {
     const Transform turned = rotation(angle);
-    const Vec along = turned.turn({width, 0, 0}), up = turned.turn({0, height, 0});
-    pen.write(std::move(writing), {corner, corner + along, corner + along + up, corner + up});
+    const Vec along = turned.turn({width, 0, 0}), up = turned.turn({height * slant, height, 0});
+    pen.write(std::move(writing), corner, along, up);
+}
+
+/// Tangent of the oblique angle, at most that of 85 degrees.
+double slantOf(const OwnTags& tags) {
+    constexpr double kMost = 85;
+    return std::tan(toRadians(std::clamp(tags.real(51, 0), -kMost, kMost)));
 }
 
 /// Part of the width or height that lies before the alignment point, by tags 72 and 73.
@@ -51,13 +58,18 @@ Extent extentOf(const std::wstring& text) {
 
 void drawText(const Shape& shape, bool isDefinition) {
     const OwnTags& tags = shape.tags;
-    const double height = tags.real(40, 0);
+    constexpr int kBackward = 2, kUpsideDown = 4;
+    const int generation = tags.integer(71, 0);
     std::wstring value = shape.store.decode(tags.text(isDefinition ? 2 : 1));
-    double width = height * kCharacterWidth * tags.real(41, 1) * static_cast<double>(value.size());
+    const double aspect = kCharacterWidth * static_cast<double>(value.size());
+    double height = tags.real(40, 0);
+    double width = height * tags.real(41, 1) * aspect;
+    double slant = slantOf(tags);
+    if ((generation & kBackward) != 0) width = -width, slant = -slant;
+    if ((generation & kUpsideDown) != 0) height = -height, slant = -slant;
     const int horizontal = tags.integer(72, 0);
     // The vertical mode is 73 in texts and 74 in attributes, where 73 is a field length.
-    const std::string_view type = trimmed(shape.entity.type());
-    const int vertical = tags.integer(type == "TEXT" ? 73 : 74, 0);
+    const int vertical = tags.integer(shape.type == "TEXT" ? 73 : 74, 0);
     Vec start = pointOf(tags, 10);
     double angle = toRadians(tags.real(50, 0));
     const Vec end = pointOf(tags, 11, start);
@@ -72,8 +84,8 @@ void drawText(const Shape& shape, bool isDefinition) {
     }
     if (value.empty()) return;
     const double anchor = stretched ? 0 : partBefore(horizontal);
-    drawBox(objectPen(shape), start, angle, width, height,
-            {0, std::move(value), 1, anchor, false, stretched});
+    drawBox(objectPen(shape), start, angle, width, height, slant,
+            {0, std::move(value), 1, aspect, anchor, 0, false, stretched});
 }
 
 void drawMText(const Shape& shape) {
@@ -96,8 +108,9 @@ void drawMText(const Shape& shape) {
     const Vec direction = pointOf(tags, 11, paragraphDirection(tags.real(50, 0)));
     const double angle = std::atan2(direction.y, direction.x);
     const Vec offset{-width * 0.5 * (attachment % 3), -tall * (1 - 0.5 * (attachment / 3)), 0};
-    drawBox(shape.pen, pointOf(tags, 10) + rotation(angle).turn(offset), angle, width, tall,
-            {0, std::move(value), height / tall, 0.5 * (attachment % 3), true, false});
+    drawBox(shape.pen, pointOf(tags, 10) + rotation(angle).turn(offset), angle, width, tall, 0,
+            {0, std::move(value), height / tall, width / tall, 0.5 * (attachment % 3),
+             0.5 * (attachment / 3), true, false});
 }
 
 }  // namespace host

@@ -30,6 +30,9 @@ const Form kForms[] = {
     {"LWPOLYLINE;90 3;70 1;10 0;20 0;10 4;20 0;10 4;20 4", 2, 2, 2, 1, 0, 0, 4, 4},
     {"LWPOLYLINE;90 2;70 0;10 0;20 0;42 -1;10 4;20 0", 2, 2, 2, -2, 0, 0, 4, 2},
     {"SPLINE;70 0;40 0;40 1;10 9;20 9;11 0;21 0;11 2;21 2", 1, 1, 9, 9, 0, 0, 2, 2},
+    {"SPLINE;70 8;71 2;40 0;40 0;40 0;40 1;40 1;40 1;10 0;20 0;10 2;20 4;10 4;20 0", 2, 2, 2, 4, 0,
+     0, 4, 2},
+    {"TEXT;10 0;20 0;40 2;1 four;51 45;71 2", -7.5, 1.5, -0.5, 1.5, -8.4, 0, 0, 2},
     {"TEXT;10 0;20 0;40 2;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
     {"TEXT;10 9;20 9;11 0;21 0;40 2;1 four;72 1;73 2", -3, 0.9, 9, 9, -3.2, -1, 3.2, 1},
     {"MTEXT;10 0;20 0;40 3;41 0;71 1;1 ab\\Pabcd", 9, -7, 9, 1, 0, -8, 9.6, 0},
@@ -97,6 +100,8 @@ TEST_F(BlockHits, ReferencesPlaceTheirBlock) {
     add("INSERT;2 SQUARE;10 101;20 0;70 3;71 2;44 5;45 5");  // c: 3 by 2 squares from (100,0)
     EXPECT_EQ(in(99.99, -0.01, 111.01, 6.01, false), "c");
     EXPECT_EQ(at(110.5, 6), "c");
+    add("ACAD_TABLE;2 square;10 10;20 20;11 0;21 1");  // d: (9,19) to (10,20)
+    EXPECT_EQ(at(9.5, 19), "d");
 }
 
 TEST_F(BlockHits, NothingVisibleIsNoGraphics) {
@@ -122,7 +127,7 @@ TEST_F(BlockHits, LayersOfContentAndReference) {
     EXPECT_EQ(at(0.5, 5), "d");
     EXPECT_EQ(at(0.5, 6), "");
     add("INSERT;2 SQUARE;8 off;10 11;20 0");
-    EXPECT_EQ(at(10.5, 1), "");
+    EXPECT_EQ(at(10.5, 1) + at(10.5, 5), "e") << "layer 0 inside is off, another one is not";
     host::ObjectBody& zero = *store.symbol("LAYER", L"0");
     std::string text(zero.tags());
     host::replaceValue(text, *host::findTag(text, 62), "-7");

@@ -1,6 +1,8 @@
 # A picture of a grouped drawing in a browser: pointing at a member lights its group and no other.
+# And the picture that the README shows is what the program draws.
 #
 # usage: picture.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER [LAUNCHER...]
+import filecmp
 import os
 import subprocess
 import sys
@@ -9,21 +11,40 @@ import tempfile
 from selenium import webdriver
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
 
 OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
            " --disable-background-networking --disable-component-update --window-size=1500,950")
+# Groups of the README's picture, and what is erased of one without the module, which would mend it.
+SHOWN = """VelmoGROUPMAKE (ssget "X" '((8 . "FURNITURE")))
+
+VelmoGROUPMAKE W 7,0 10,8
+
+VelmoGROUPMAKE W 10.2,0 18,9.4
+
+"""
+ERASED = 'ERASE (handent "D0") (handent "D3")\n\n'
 GROUPS = "VelmoGROUPMAKE W 7,0 10,8\n\nVelmoGROUPMAKE W -2.9,-3 3,6\n\n"
 
 
-def make_picture(host, samples, work):
+def make_picture(host, samples, work, groups, erased=""):
     os.makedirs(work, exist_ok=True)
-    grouped, picture = os.path.join(work, "grouped.dxf"), os.path.join(work, "grouped.svg")
-    plan = os.path.join(samples, "plan.dxf")
-    launch = [*sys.argv[4:], host]
-    subprocess.run([*launch, "--script", "-", plan], input=f"{GROUPS}SAVEAS {grouped}\n", text=True,
-                   check=True, stdout=subprocess.DEVNULL)
-    subprocess.run([*launch, "--picture", picture, grouped], check=True)
+    grouped, picture = os.path.join(work, "plan.dxf"), os.path.join(work, "plan.svg")
+    host = [*sys.argv[4:], host]
+    for options, script in (([os.path.join(samples, "plan.dxf")], f"{groups}SAVEAS {grouped}\n"),
+                            (["--no-module", grouped], f"{erased}QSAVE\n")):
+        subprocess.run([*host, "--script", "-", *options], input=script, text=True, check=True,
+                       stdout=subprocess.DEVNULL)
+    subprocess.run([*host, "--picture", picture, grouped], check=True)
     return picture
+
+
+def is_in_readme(samples, picture):
+    shown = os.path.join(samples, "..", "docs", "groups.svg")
+    if filecmp.cmp(shown, picture, shallow=False):
+        return True
+    print(f"failed: docs/groups.svg is no more what the program draws: look at {picture}, copy it")
+    return False
 
 
 def browse(profile):
@@ -51,6 +72,9 @@ def main(browser, picture):
     row = browser.find_element(By.CSS_SELECTOR, "#group2 .row")
     ActionChains(browser).move_to_element(row).perform()
     by_legend = widths(browser, "group1"), widths(browser, "group2")
+    heading = browser.find_element(By.CSS_SELECTOR, ".head")
+    ActionChains(browser).move_to_element(heading).send_keys(Keys.TAB).perform()
+    by_key = widths(browser, "group1"), widths(browser, "group2")
     handle = line.get_attribute("id")[1:]
     checks = {
         f"{len(members)} members of the first group": len(members) == 6,
@@ -60,6 +84,7 @@ def main(browser, picture):
         f"the other group as before: {lit}": lit[1] == calm[1],
         f"the other one lit by its line in the legend: {by_legend}":
             by_legend == (calm[0], lit[0]),
+        f"the first one lit by the Tab key: {by_key}": by_key == lit,
     }
     failed = [what for what, holds in checks.items() if not holds]
     for what in failed:
@@ -68,10 +93,11 @@ def main(browser, picture):
 
 
 with tempfile.TemporaryDirectory() as folder:
-    drawn = make_picture(*sys.argv[1:4])
+    drawn = make_picture(*sys.argv[1:4], GROUPS)
     window = browse(folder)
     try:
         status = main(window, drawn)
     finally:
         window.quit()
-sys.exit(status)
+current = is_in_readme(sys.argv[2], make_picture(*sys.argv[1:4], SHOWN, ERASED))
+sys.exit(status if current else 1)
