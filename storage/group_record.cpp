@@ -21,6 +21,21 @@ std::wstring recordText(const AcDbXrecord& record) {
     return {};
 }
 
+/// Null when the entity has none or cannot be opened.
+AcDbObjectId extensionDictionaryOf(const AcDbObjectId& entityId) {
+    Opened<AcDbObject> entity;
+    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) return {};
+    return entity->extensionDictionary();
+}
+
+/// Opens what the dictionary has under the key; nothing when either is missing.
+void openEntry(const AcDbObjectId& dictionaryId, const std::wstring& key,
+               Opened<AcDbObject>& entry) {
+    Opened<AcDbDictionary> dictionary;
+    if (acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForRead) != Acad::eOk) return;
+    dictionary->getAt(key.c_str(), entry.receive(), AcDb::kForRead);
+}
+
 /// Puts `record` with the group text into the extension dictionary.
 void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     const std::wstring prefix = groupPrefix();
@@ -32,6 +47,8 @@ void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     AcDbObjectId recordId;
     DIAG_CHECK(dictionary->setAt((prefix + GroupSuffix::kRecordKey).c_str(), &record, recordId) ==
                Acad::eOk);
+    dictionary.close();
+
     const std::wstring text = prefix + GroupSuffix::kRecordText;
     const ResultBuffers chain(acutBuildList(kTextCode, text.c_str(), 0));
     if (chain.get() == nullptr) return;
@@ -52,22 +69,16 @@ bool createXrecord(const AcDbObjectId& entityId) {
     if (status == Acad::eAlreadyInDb) return false;
     DIAG_ASSERT(status == Acad::eOk, L"entity->createExtensionDictionary() == Acad::eOk");
     const AcDbObjectId dictionaryId = entity->extensionDictionary();
+    entity.close();
     storeRecord(dictionaryId, *record.get());
     return status == Acad::eOk;
 }
 
 bool isGroupedEntity(const AcDbObjectId& entityId) {
     if (entityId.isErased()) return false;
-    Opened<AcDbObject> entity;
-    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) return false;
-    Opened<AcDbDictionary> dictionary;
-    if (acdbOpenObject(dictionary.receive(), entity->extensionDictionary(), AcDb::kForRead) !=
-        Acad::eOk) {
-        return false;
-    }
     const std::wstring prefix = groupPrefix();
     Opened<AcDbObject> entry;
-    dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(), entry.receive(), AcDb::kForRead);
+    openEntry(extensionDictionaryOf(entityId), prefix + GroupSuffix::kRecordKey, entry);
     const AcDbXrecord* record = AcDbXrecord::cast(entry.get());
     return record != nullptr && recordText(*record) == prefix + GroupSuffix::kRecordText;
 }

@@ -142,6 +142,7 @@ Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
                     Acad::eOk)) {
         return Insertion::kRefused;
     }
+    blocks.close();
     NewObject<AcDbBlockReference> reference(new AcDbBlockReference(point, block));
     DIAG_CHECK(reference->setScaleFactors(AcGeScale3d(1.0)) == Acad::eOk);
     DIAG_CHECK(reference->setLayer((groupPrefix() + GroupSuffix::kLayer).c_str(), Adesk::kTrue) ==

@@ -30,14 +30,14 @@ std::wstring environmentValue(const wchar_t* name) {
 ULONGLONG workstationStart() {
     wchar_t service[] = L"LanmanWorkstation";
     LPBYTE buffer = NULL;
-    if (::NetStatisticsGet(NULL, service, 0, 0, &buffer) != NERR_Success) {
-        constexpr ULONGLONG stepsInMillisecond = 10000;
-        return currentMoment() - ::GetTickCount64() * stepsInMillisecond;
+    ULONGLONG start = {};
+    if (::NetStatisticsGet(NULL, service, 0, 0, &buffer) == NERR_Success) {
+        const auto* const statistics = reinterpret_cast<const STAT_WORKSTATION_0*>(buffer);
+        start = static_cast<ULONGLONG>(statistics->StatisticsStartTime.QuadPart);
+        ::NetApiBufferFree(buffer);
     }
-    const auto* const statistics = reinterpret_cast<const STAT_WORKSTATION_0*>(buffer);
-    const auto start = static_cast<ULONGLONG>(statistics->StatisticsStartTime.QuadPart);
-    ::NetApiBufferFree(buffer);
-    return start;
+    constexpr ULONGLONG stepsInMillisecond = 10000;
+    return start != 0 ? start : currentMoment() - ::GetTickCount64() * stepsInMillisecond;
 }
 
 std::wstring newWorkingLogName(const std::wstring& base) {

@@ -90,7 +90,7 @@ Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
 }
 
 Pen objectPen(const Shape& shape) {
-    if (!shape.tags.has(210)) return shape.pen;
+    if (shape.tags.text(210).empty()) return shape.pen;
     return shape.pen.inside(objectSystem(pointOf(shape.tags, 210)));
 }
 
