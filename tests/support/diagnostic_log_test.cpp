@@ -107,6 +107,7 @@ TEST_F(Support, AFolderThatCannotBeMadeIsReportedOnceAWrite) {
     writeFile(logFolder(), "a file where the folder should be");
     messageService(L"still printed");
     EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
+    EXPECT_NE(onlyBox().find(L"\nFile : <Diagnostics>\n"), std::wstring::npos);
     EXPECT_EQ(effectText(host::EffectKind::CommandLine), L"still printed\n");
     EXPECT_EQ(readFile(logFolder()), "a file where the folder should be");
     std::filesystem::remove_all(temporaryFolder());
