@@ -44,6 +44,25 @@ TEST(Repair, WhatIsNamedAlmostLikeAMarkerStays) {
     EXPECT_EQ(afterRegen(scene), "line insert insert begin()? begin()? |  | ");
 }
 
+TEST(Repair, AGroupOfMarkersAloneGoes) {
+    Scene scene("(line)");
+    scene.after(L"VelmoGROUPMAKE #1 #3\n\n");
+    EXPECT_EQ(scene.order(), "line* begin(0) end");
+    EXPECT_EQ(afterRegen(scene), "line* |  | \n1 Groups Updated. ");
+}
+
+TEST(Repair, TagsAreMarkersInAnyCase) {
+    Scene scene("(line line)");
+    {
+        Opened<AcDbAttribute> attribute;
+        tests::openAttribute(scene, 1, 0, attribute);
+        attribute->setTag(L"velmo_ge");
+    }
+    EXPECT_NE(afterRegen(scene).find("1 Groups Updated"), std::string::npos);
+    scene.after(L"VelmoGROUPMAKE ALL\n\n");
+    EXPECT_EQ(scene.order(), "begin(2) line* line* end");
+}
+
 TEST(Repair, MarkersStayWhereTheyStand) {
     Scene scene("(line line) (line)");
     scene.run(L"VelmoGROUPNOTACTIVE\n");
