@@ -28,14 +28,6 @@ AcDbObjectId extensionDictionaryOf(const AcDbObjectId& entityId) {
     return entity->extensionDictionary();
 }
 
-/// Opens what the dictionary has under the key; nothing when either is missing.
-void openEntry(const AcDbObjectId& dictionaryId, const std::wstring& key,
-               Opened<AcDbObject>& entry) {
-    Opened<AcDbDictionary> dictionary;
-    if (acdbOpenObject(dictionary.receive(), dictionaryId, AcDb::kForRead) != Acad::eOk) return;
-    dictionary->getAt(key.c_str(), entry.receive(), AcDb::kForRead);
-}
-
 /// Puts `record` with the group text into the extension dictionary.
 void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     const std::wstring prefix = groupPrefix();
@@ -76,9 +68,15 @@ bool createXrecord(const AcDbObjectId& entityId) {
 
 bool isGroupedEntity(const AcDbObjectId& entityId) {
     if (entityId.isErased()) return false;
+    Opened<AcDbDictionary> dictionary;
+    if (acdbOpenObject(dictionary.receive(), extensionDictionaryOf(entityId), AcDb::kForRead) !=
+        Acad::eOk) {
+        return false;
+    }
     const std::wstring prefix = groupPrefix();
     Opened<AcDbObject> entry;
-    openEntry(extensionDictionaryOf(entityId), prefix + GroupSuffix::kRecordKey, entry);
+    dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(), entry.receive(), AcDb::kForRead);
+    dictionary.close();
     const AcDbXrecord* record = AcDbXrecord::cast(entry.get());
     return record != nullptr && recordText(*record) == prefix + GroupSuffix::kRecordText;
 }

@@ -4,11 +4,11 @@
 #include "diagnostics.h"
 #include "host_guards.h"
 #include "host_services.h"
+#include "object_ids.h"
 
 namespace {
 
 constexpr CheckSource DIAG_SOURCE = L"HandleText";
-constexpr int kHandleBufferLength = 17;
 
 }  // namespace
 

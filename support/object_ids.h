@@ -10,6 +10,9 @@
 
 #include "platform.h"
 
+/// Characters of a handle as text, with its end.
+constexpr int kHandleBufferLength = 17;
+
 /// Growth length of every list of ids.
 constexpr int kIdListGrowth = 8;
 
@@ -23,8 +26,6 @@ struct SameId {
 /// how ids compare is the host's. Not scrambled either: what stands together in a drawing mostly
 /// has neighbouring handles, and stays together in memory.
 struct HashId {
-    static constexpr std::size_t kHandleBufferLength = 17;
-
     std::size_t operator()(const AcDbObjectId& id) const {
         ACHAR text[kHandleBufferLength] = {};
         id.handle().getIntoAsciiBuffer(text);
