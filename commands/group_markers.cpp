@@ -23,9 +23,9 @@ std::wstring readMarkerCount(const AcDbObjectId& markerId) {
     DIAG_ASSERT(acdbOpenObject(definition.receive(), reference->blockTableRecord(),
                                AcDb::kForRead) == Acad::eOk,
                 L"acdbOpenObject(pBlkDefRecord, blkDefId, AcDb::kForRead) == Acad::eOk");
-    if (!definition || !definition->hasAttributeDefinitions()) return {};
+    if (!definition.isOpen() || !definition->hasAttributeDefinitions()) return {};
     const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
-    if (!attributes) return {};
+    if (!attributes.isThere()) return {};
     // The count stands in the second attribute; the first is never looked at.
     attributes->start();
     attributes->step();

@@ -51,7 +51,7 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
     Iterator<AcDbBlockTableRecordIterator> entities;
     DIAG_CHECK(definitionRecord->newIterator(entities.receive()) == Acad::eOk);
     bool first = true;
-    for (; entities && !entities->done(); entities->step()) {
+    for (; !entities.done(); entities->step()) {
         Opened<AcDbEntity> entity;
         DIAG_CHECK(entities->getEntity(entity.receive(), AcDb::kForRead) == Acad::eOk);
         const AcDbAttributeDefinition* definition = AcDbAttributeDefinition::cast(entity.get());
@@ -79,7 +79,7 @@ bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first) {
     if (!openBlock(*reference, block)) return false;
     if (!block->hasAttributeDefinitions()) return true;
     const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
-    if (!attributes || attributes->done()) return true;
+    if (attributes.done()) return true;
     Opened<AcDbAttribute> attribute;
     if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
                                              AcDb::kForRead) == Acad::eOk)) {
@@ -101,7 +101,7 @@ void rewriteAttributes(AcDbBlockReference& reference, const AcGePoint3d& point,
     const AcGeTol tolerance = placeTolerance();
     const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
     bool first = true;
-    for (; attributes && !attributes->done(); attributes->step()) {
+    for (; !attributes.done(); attributes->step()) {
         const std::wstring& text = first ? texts.first : texts.other;
         first = false;
         Opened<AcDbAttribute> attribute;

@@ -30,7 +30,7 @@ AcDbObjectId sequenceEndToStepOver(AcDbEntity& entity) {
     } else if (AcDb2dPolyline* polyline = AcDb2dPolyline::cast(&entity)) {
         DIAG_CHECK(polyline->openSequenceEnd(end.receive(), AcDb::kForRead) == Acad::eOk);
     }
-    return end ? end->objectId() : AcDbObjectId();
+    return end.isOpen() ? end->objectId() : AcDbObjectId();
 }
 
 /// Says what a walk came to; true when it found a group.
@@ -111,7 +111,7 @@ class GroupWalk {
         Step step = Step::kMember;
         int index = 1;
         const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
-        for (; attributes && !attributes->done(); attributes->step()) {
+        for (; !attributes.done(); attributes->step()) {
             Opened<AcDbAttribute> attribute;
             if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
                                                      AcDb::kForRead) == Acad::eOk)) {
