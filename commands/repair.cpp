@@ -1,7 +1,7 @@
 // The repair pass: brings every group of the drawing back in line with its markers.
 #include <string>
 
-#include "command_source.h"
+#include "diagnostics.h"
 #include "group_forming.h"
 #include "group_markers.h"
 #include "group_naming.h"
@@ -15,10 +15,10 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kRepair;
-constexpr int kBlockName = 2;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
+const int kBlockName = 2;
 /// Matches the blocks of both kinds of marker.
-constexpr const wchar_t* kAnyMarker = L"_G?";
+const wchar_t* const kAnyMarker = L"_G?";
 
 /// Ids of all block references in the drawing whose block name matches, in the host's order.
 AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* conversionText) {

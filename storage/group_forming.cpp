@@ -10,17 +10,18 @@
 #include "handle_text.h"
 #include "host_guards.h"
 #include "host_services.h"
+#include "decimal_text.h"
 #include "marker.h"
 #include "object_ids.h"
 #include "selection.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"GroupForming";
-constexpr const wchar_t* kConversion = L"acdbGetObjectId(id, name) == Acad::eOk";
-constexpr const wchar_t* kProceed = L"Continue";
+const CheckSource DIAG_SOURCE = L"GroupForming";
+const wchar_t* const kConversion = L"acdbGetObjectId(id, entity) == Acad::eOk";
+const wchar_t* const kProceed = L"Continue";
 /// Stands in a begin marker until its end marker exists.
-constexpr const wchar_t* kEndMarkerPending = L"ENT_HANDL";
+const wchar_t* const kEndMarkerPending = L"ENT_HANDL";
 
 /// The confirmation step of forming a group. Its answer is fixed: nobody is asked.
 std::wstring confirmForming() { return kProceed; }
@@ -30,7 +31,7 @@ std::wstring confirmForming() { return kProceed; }
 AcDbObjectId lastEntity(Insertion marker) {
     ads_name name = {};
     AcDbObjectId id;
-    if (marker == Insertion::kRefused || !DIAG_CHECK(acdbEntLast(name) == RTNORM)) return id;
+    if (marker == kInsertionRefused || !DIAG_CHECK(acdbEntLast(name) == RTNORM)) return id;
     DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
@@ -45,9 +46,9 @@ bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjec
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
-        std::wstring tag;
-        if (id.isNull() || !readMarkerTag(id, tag)) return false;
-        if (sameTag(tag, beginTag) || sameTag(tag, endTag)) markers.append(id);
+        FirstAttribute first;
+        if (id.isNull() || !readFirstAttribute(id, first)) return false;
+        if (sameTag(first.tag, beginTag) || sameTag(first.tag, endTag)) markers.append(id);
     }
     return true;
 }
@@ -75,9 +76,11 @@ void putBack(const AcDbObjectIdArray& markers, const ads_name selection) {
 
 /// What a re-cloning does with the entities of its selection.
 struct Sources {
-    AcDbObjectIdArray changed{0, kIdListGrowth};  // those whose record was given or taken away
-    AcDbObjectIdArray toClone{0, kIdListGrowth};  // those with the owner of the first one
-    AcDbObjectIdArray toErase{0, kIdListGrowth};  // these and, on purpose, those of other owners
+    Sources() : changed(0, kIdListGrowth), toClone(0, kIdListGrowth), toErase(0, kIdListGrowth) {}
+
+    AcDbObjectIdArray changed;  // those whose record was given or taken away
+    AcDbObjectIdArray toClone;  // those with the owner of the first one
+    AcDbObjectIdArray toErase;  // these and, on purpose, those of other owners
 };
 
 /// Gives or takes each entity's record and sorts the entities by owner; false, and no further, at
@@ -88,7 +91,7 @@ bool prepareSources(const ads_name selection, Records records, Sources& sources)
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
-        const bool changed = records == Records::kGive ? createXrecord(id) : ungroupEntity(id);
+        const bool changed = records == kGiveRecords ? createXrecord(id) : ungroupEntity(id);
         if (changed) sources.changed.append(id);
         Opened<AcDbEntity> entity;
         if (!DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk)) {
@@ -101,7 +104,9 @@ bool prepareSources(const ads_name selection, Records records, Sources& sources)
     return true;
 }
 
+/// Markers alone make a group of nothing: the host is not asked what it thinks of that.
 bool cloneSources(Sources& sources) {
+    if (sources.toClone.length() == 0) return true;
     AcDbObjectId space = currentSpaceId();
     AcDbDatabase* database = workingDatabase();
     AcDbIdMapping clones;
@@ -112,10 +117,10 @@ bool cloneSources(Sources& sources) {
 
 void restoreRecords(const AcDbObjectIdArray& changed, Records records) {
     for (int i = 0; i < changed.length(); ++i) {
-        if (records == Records::kGive) {
+        if (records == kGiveRecords) {
             deleteXrecord(changed[i]);
         } else {
-            createXrecord(changed[i]);
+            restoreXrecord(changed[i]);
         }
     }
 }
@@ -131,14 +136,14 @@ void eraseAll(const AcDbObjectIdArray& ids) {
 bool bracketClones(const ads_name selection, const AcGePoint3d& point, const std::wstring& prefix) {
     Adesk::Int32 members = {};
     if (!DIAG_CHECK(acedSSLength(selection, &members) == RTNORM)) return false;
-    const std::wstring count = std::to_wstring(members);
+    const std::wstring count = decimalText(members);
     const Insertion inserted =
         insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count);
-    if (inserted == Insertion::kRefused) return false;
+    if (inserted == kInsertionRefused) return false;
     const AcDbObjectId begin = lastEntity(inserted);
     const std::wstring beginHandle = handleText(begin);
-    if (!recloneIntoCurrentSpace(selection, Records::kGive)) {
-        if (inserted == Insertion::kDone) eraseObject(begin);
+    if (!recloneIntoCurrentSpace(selection, kGiveRecords)) {
+        if (inserted == kInserted) eraseObject(begin);
         return false;
     }
     DIAG_CHECK(acedSSFree(selection) == RTNORM);
@@ -186,12 +191,14 @@ bool formGroup(const ads_name selection, const AcGePoint3d& point) {
     if (confirmForming() != kProceed) return false;
     const std::wstring prefix = groupPrefix();
     AcDbObjectIdArray oldMarkers(0, kIdListGrowth);
-    if (!findMarkers(selection, prefix, oldMarkers)) return false;
-    const bool formed = takeOut(oldMarkers, selection) && bracketClones(selection, point, prefix);
+    const bool known = findMarkers(selection, prefix, oldMarkers);
+    const bool formed =
+        known && takeOut(oldMarkers, selection) && bracketClones(selection, point, prefix);
     if (formed) {
         eraseAll(oldMarkers);
     } else {
-        putBack(oldMarkers, selection);
+        if (known) putBack(oldMarkers, selection);
+        acutPrintf(L"\nNo group formed: an entity cannot be read or copied.");
     }
     return formed;
 }
