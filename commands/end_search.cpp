@@ -61,8 +61,8 @@ int EndSearch::wayOf(const AcDbObjectId& first, const std::wstring& handle) {
                 continue;
             }
             const AcDbObjectId behind = idFromHandleText(led.m_sBehind);
-            m_aWays[way].m_bLost = behind.isErased();
-            if (behind.isErased()) continue;
+            m_aWays[way].m_bLost = behind.isNull() || behind.isErased();
+            if (m_aWays[way].m_bLost) continue;
             const Passed part = {AcDbObjectId(), way};
             passed.push_back(part);
             text = led.m_sBehind;

@@ -19,7 +19,7 @@ class EndSearch {
     explicit EndSearch(const std::wstring& endTag);
 
     struct Answer {
-        AcDbObjectId m_idEnd;     ///< null when the drawing ends first
+        AcDbObjectId m_idEnd;    ///< null when the drawing ends first
         std::wstring m_sHandle;  ///< of the end marker
         int m_nBetween;          ///< entities of any kind, other begin markers included
     };

@@ -53,7 +53,8 @@ void widenToGroups(ads_name selection) {
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kSelectedConversion, DIAG_HERE);
         // What earlier answers gave is in the set already.
-        if (isGroupedEntity(id) && search.find(id, group) == GroupSearch::kNew) addAll(selection, group);
+        if (isGroupedEntity(id) && search.find(id, group) == GroupSearch::kNew)
+            addAll(selection, group);
     }
 }
 
@@ -106,8 +107,7 @@ void groupMake() {
             break;
         case kSelectedAtPrompt:
             widenToGroups(selection.name());
-            highlight(selection.name(), selectionLength(selection.name(), DIAG_HERE),
-                      kHighlightOn);
+            highlight(selection.name(), selectionLength(selection.name(), DIAG_HERE), kHighlightOn);
     }
     ensureMarkerBlocks();
     AcGePoint3d point;

@@ -4,13 +4,13 @@
 #include <string>
 
 #include "current_space.h"
+#include "decimal_text.h"
 #include "diagnostics.h"
 #include "group_naming.h"
 #include "group_record.h"
 #include "handle_text.h"
 #include "host_guards.h"
 #include "host_services.h"
-#include "decimal_text.h"
 #include "marker.h"
 #include "object_ids.h"
 #include "selection.h"
@@ -169,7 +169,7 @@ bool ungroupEntity(const AcDbObjectId& entityId) {
         return true;
     }
     const std::wstring prefix = groupPrefix();
-    const std::wstring tag = readMarkerText(entityId, MarkerText::kTag);
+    const std::wstring tag = readMarkerText(entityId, kMarkerTag);
     if (tag == prefix + GroupSuffix::kEndMarker || tag == prefix + GroupSuffix::kBeginMarker) {
         eraseObject(entityId);
     }

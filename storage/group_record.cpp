@@ -76,9 +76,7 @@ bool createXrecord(const AcDbObjectId& entityId) {
     return giveRecord(entityId, kNewDictionaryOnly);
 }
 
-bool restoreXrecord(const AcDbObjectId& entityId) {
-    return giveRecord(entityId, kAnyDictionary);
-}
+bool restoreXrecord(const AcDbObjectId& entityId) { return giveRecord(entityId, kAnyDictionary); }
 
 bool isGroupedEntity(const AcDbObjectId& entityId) {
     if (entityId.isErased()) return false;

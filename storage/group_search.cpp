@@ -12,9 +12,8 @@ namespace {
 /// Of what was met between the indices `from` and `to`, what a walk meets last; null for nothing.
 template <typename Met>
 const Met* lastMet(const std::vector<Met>& met, int from, int to) {
-    const auto found =
-        std::lower_bound(met.begin(), met.end(), to,
-                         [](const Met& one, int index) { return one.m_nIndex < index; });
+    const auto found = std::lower_bound(
+        met.begin(), met.end(), to, [](const Met& one, int index) { return one.m_nIndex < index; });
     return found != met.end() && found->m_nIndex <= from ? &*found : nullptr;
 }
 
@@ -89,7 +88,8 @@ bool GroupSearch::walkToStart(Place at, Path& path) const {
         const bool meetsStart = start != nullptr && start->m_nLine == at.m_nLine &&
                                 start->m_nIndex <= at.m_nIndex - (jumped ? 1 : 0);
         take(at.m_nLine, at.m_nIndex, meetsStart ? start->m_nIndex + 1 : 0, path);
-        if (meetsStart || line.m_end != kOtherLine) return meetsStart || line.m_end == kEndOfDrawing;
+        if (meetsStart || line.m_end != kOtherLine)
+            return meetsStart || line.m_end == kEndOfDrawing;
         at.m_nLine = line.m_nOtherLine;
         at.m_nIndex = line.m_nOtherIndex;
     }
@@ -148,7 +148,8 @@ bool GroupSearch::isUsable(int line, Phase phase) const {
     while (!m_aLines[line].m_bStale && m_aLines[line].m_end == kOtherLine) {
         line = m_aLines[line].m_nOtherLine;
     }
-    return !m_aLines[line].m_bStale && (phase == kToFirstMarker || m_aLines[line].m_end != kBeginMarker);
+    return !m_aLines[line].m_bStale &&
+           (phase == kToFirstMarker || m_aLines[line].m_end != kBeginMarker);
 }
 
 int GroupSearch::addLine(End end) {
@@ -220,7 +221,8 @@ void GroupSearch::noteGiven(const Path& path) {
     for (std::size_t i = 0; i < path.m_aStretches.size(); ++i) {
         const Stretch& stretch = path.m_aStretches[i];
         Line& line = m_aLines[stretch.m_nLine];
-        if (start != nullptr && start->m_nLine == stretch.m_nLine && start->m_nIndex == line.m_nGiven)
+        if (start != nullptr && start->m_nLine == stretch.m_nLine &&
+            start->m_nIndex == line.m_nGiven)
             ++line.m_nGiven;
         if (stretch.m_nTo <= line.m_nGiven && stretch.m_nFrom >= line.m_nGiven)
             line.m_nGiven = stretch.m_nFrom + 1;

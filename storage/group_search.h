@@ -6,7 +6,8 @@
 //
 // - Up to the first marker all starts of one stretch walk alike: from one of them the walk comes
 //   over the others, and over the same members behind them, to the same marker.
-// - Behind that marker the walk does not depend on where it began, only on where it stops, namely at
+// - Behind that marker the walk does not depend on where it began, only on where it stops, namely
+// at
 //   its start. What it meets on the way from one entity to the next is the entity's own; only at
 //   the jump may the text by which the start is recognised be written in another way.
 //
@@ -38,8 +39,8 @@ class GroupSearch {
     GroupSearch();
 
     /// The group of `start`, announced as verifyGroup announces it. For kNew `group` receives, in
-    /// the order of verifyGroup, what no earlier answer gave, and always both markers and the start;
-    /// otherwise it stays as it was.
+    /// the order of verifyGroup, what no earlier answer gave, and always both markers and the
+    /// start; otherwise it stays as it was.
     Answer find(const AcDbObjectId& start, AcDbObjectIdArray& group);
     /// The same with the whole group each time; false when there is none.
     bool findWhole(const AcDbObjectId& start, AcDbObjectIdArray& group);

@@ -15,7 +15,7 @@ struct WalkState {
     bool m_bCounted;         ///< a count was read
     AcDbObjectId m_idBegin;  ///< the last begin marker that was named or met
     AcDbObjectId m_idEnd;
-    int m_nCount;         ///< the last count that was read, else 0
+    int m_nCount;          ///< the last count that was read, else 0
     std::wstring m_sText;  ///< handle text of the entity that comes next
 };
 

@@ -13,8 +13,8 @@ enum MarkerText { kMarkerTag, kMarkerText };
 
 /// What became of a marker that was to be inserted.
 enum Insertion {
-    kInserted,        ///< it is the last entity (acdbEntLast) now
-    kNoBlock,         ///< the drawing lacks the block: a line is printed, the drawing is as it was
+    kInserted,         ///< it is the last entity (acdbEntLast) now
+    kNoBlock,          ///< the drawing lacks the block: a line is printed, the drawing is as it was
     kInsertionRefused  ///< by the host; the drawing is as it was
 };
 
@@ -34,8 +34,8 @@ Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
 /// entity be read: it may be a marker.
 bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first);
 
-/// The tag of the entity's first attribute or, for kMarkerText, that attribute's text when the tag is a
-/// marker tag (compared exactly). Empty for anything but a block reference with attributes.
+/// The tag of the entity's first attribute or, for kMarkerText, that attribute's text when the tag
+/// is a marker tag (compared exactly). Empty for anything but a block reference with attributes.
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted);
 
 /// Compares tags without regard to case.

@@ -45,7 +45,7 @@ class Raised {
 
 bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression) {
     if (holds || !G_diagnostics.assertionsEnabled) return holds;
-    reportAssertion(site.source.name, site.source.addedLines + site.line, expression);
+    reportAssertion(site.source, site.line, expression);
     if (::IsDebuggerPresent()) ::DebugBreak();
     return holds;
 }

@@ -27,15 +27,13 @@ class Switch {
     ~Switch() { host::resetWindows(); }
 };
 
-/// "SOURCE CALL" of a report; the thousands of the line, where they tell the file, behind SOURCE.
+/// "SOURCE CALL" of a report.
 std::string reportLine(const std::wstring& box) {
     const auto after = [&](const std::wstring& word) {
         return box.substr(box.find(word) + word.size());
     };
     const std::wstring source = after(L"\nFile : <"), call = after(L"\nAssertion : <");
-    const int thousands = std::stoi(after(L"\nLine : ")) / 1000;
-    return host::toUtf8(source.substr(0, source.find(L'>'))) +
-           (thousands > 0 ? std::to_string(thousands) : "") + ' ' +
+    return host::toUtf8(source.substr(0, source.find(L'>'))) + ' ' +
            host::toUtf8(call.substr(0, call.find(L">\n")));
 }
 

@@ -36,7 +36,7 @@ inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAt
 inline void insertBlock(Scene&, const std::wstring& name, const std::wstring& text) {
     AcDbObjectId block;
     createMarkerBlock(block, name);
-    ASSERT_EQ(insertMarker(name, {}, text, L""), Insertion::kDone);
+    ASSERT_EQ(insertMarker(name, {}, text, L""), kInserted);
 }
 
 /// Rewrites the text of an attribute.
