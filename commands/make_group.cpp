@@ -86,7 +86,7 @@ bool markerPoint(const ads_name selection, AcGePoint3d& point) {
 void finish(ads_name freed) {
     // The members are clones, which were never highlighted: this finds nothing to do, and neither
     // does the second release. Both are to fail in silence.
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (acedSSLength(freed, &length) == RTNORM) highlight(freed, length, kHighlightOff);
     logCommandUse(L"Make or Add Group");
     docData().m_aGatheredIds.setLogicalLength(0);

@@ -42,7 +42,7 @@ AcDbObjectId lastEntity(Insertion marker) {
 bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjectIdArray& markers) {
     const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
     const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
@@ -87,7 +87,7 @@ struct Sources {
 /// one that cannot be read.
 bool prepareSources(const ads_name selection, Records records, Sources& sources) {
     AcDbObjectId commonOwner;
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
@@ -134,7 +134,7 @@ void eraseAll(const AcDbObjectIdArray& ids) {
 /// Re-clones the selection, which holds no markers, between two new ones and frees it. False, with
 /// nothing changed, when there is no begin marker or no clones.
 bool bracketClones(const ads_name selection, const AcGePoint3d& point, const std::wstring& prefix) {
-    Adesk::Int32 members = {};
+    Adesk::Int32 members = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &members) == RTNORM)) return false;
     const std::wstring count = decimalText(members);
     const Insertion inserted =

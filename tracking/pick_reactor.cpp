@@ -25,7 +25,7 @@ bool variableIsZero(const wchar_t* name) {
 /// Ids of a selection set in its order.
 AcDbObjectIdArray idsOf(const ads_name set) {
     AcDbObjectIdArray ids(0, kIdListGrowth);
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (acedSSLength(set, &length) != RTNORM) return ids;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name name = {};
