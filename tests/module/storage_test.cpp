@@ -203,8 +203,7 @@ TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
 
 /// Where the markers are, and the text of one.
 std::string markerAt(const Scene& scene, const AcDbObjectId& id) {
-    return tests::markerPlaces(scene.store()) + " " +
-           host::toUtf8(readMarkerText(id, kMarkerText));
+    return tests::markerPlaces(scene.store()) + " " + host::toUtf8(readMarkerText(id, kMarkerText));
 }
 
 TEST(Storage, AMarkerIsMovedWhenItStandsFartherThanAHundredth) {
