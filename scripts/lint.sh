@@ -27,6 +27,7 @@ grep -nE '^\s*#\s*if' "${module[@]}" && report "conditional compilation in the m
 grep -nE '#include "(host|tests|drafthost|inspection|picture)/' "${module[@]}" && report "the module looks into the host"
 grep -nE '#include <(windows|afx)' "${module[@]}" | grep -v '^support/platform.h' &&
     report "only support/platform.h names the platform's headers"
+scripts/module_language.py || report "the platform's compiler cannot compile the lines above"
 
 # The rooms of the host: an include goes to the same room or to one above it in host/rooms.txt. What
 # stands beside the rooms (windows, mfc) sees them down to text.

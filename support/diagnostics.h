@@ -43,7 +43,8 @@ inline CheckSite checkSite(CheckSource source, int line) {
 #define DIAG_WIDE(literal) DIAG_WIDE_TOKEN(literal)
 #define DIAG_WIDE_TOKEN(literal) L##literal
 
-/// What DIAG_ASSERT does: reports, then breaks into an attached debugger. Gives `holds`.
+/// What DIAG_ASSERT does: reports, then breaks into an attached debugger. Gives `holds`; throws
+/// nothing.
 bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression);
 /// Shows the message box, waits for it, and hands report line and call stack to diagnosticsOutput.
 void reportAssertion(const wchar_t* source, int line, const wchar_t* expression);
