@@ -19,6 +19,11 @@ module_room(module_storage storage SEES support)
 module_room(module_commands commands SEES support module storage)
 module_room(module_tracking tracking SEES support module storage commands)
 module_room(module_entry module/entry SEES support module commands tracking)
+# What every file of them includes. The files of a room use the same names, so each is compiled alone.
+target_precompile_headers(module_support PRIVATE ${module_root}/support/platform.h)
+foreach(room state storage commands tracking entry)
+  target_precompile_headers(module_${room} REUSE_FROM module_support)
+endforeach()
 
 # The moment of the build: a source that any change of the module writes anew.
 file(GLOB module_sources CONFIGURE_DEPENDS ${module_root}/module/*.h ${module_root}/module/*.cpp

@@ -222,4 +222,8 @@ int countOf(const std::wstring& text, bool* isNumber) {
     return static_cast<int>(value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : value);
 }
 
+int digitsOf(const std::wstring& text) {
+    return countOf(text.substr(0, text.find_first_not_of(L"0123456789")));
+}
+
 }  // namespace inspection
