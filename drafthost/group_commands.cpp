@@ -1,7 +1,6 @@
 // GROUPLIST and PICTURE, and the watch over saves.
 #include "drafthost/group_commands.h"
 
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -9,7 +8,7 @@
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/output.h"
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
@@ -55,7 +54,7 @@ host::CommandStatus runPicture() {
     return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
 }
 
-const host::BuiltinCommand kCommands[] = {
+const host::CommandTable kGroupCommands = {
     {L"GROUPLIST", 0, runGroupList, L"lists the groups of the drawing and what is wrong with them"},
     {L"PICTURE", 0, runPicture, L"draws the current space and its groups as SVG: file"},
 };
@@ -82,7 +81,7 @@ class SaveWatch::Reactor : public AcEditorReactor {
     inspection::Inspection m_before;
 };
 
-void registerGroupCommands() { host::registerBuiltins(kCommands, std::size(kCommands)); }
+void registerGroupCommands() { host::registerBuiltins(kGroupCommands); }
 
 SaveWatch::SaveWatch() : m_reactor(std::make_unique<Reactor>()) {
     editor()->addReactor(m_reactor.get());

@@ -25,12 +25,6 @@ AcRxDynamicLinker& dynamicLinker() {
 
 }  // namespace host
 
-AcRxClass* AcRxDynamicLinker::desc() {
-    static AcRxClass descriptor(L"AcRxDynamicLinker", AcRxObject::desc());
-    return &descriptor;
-}
-AcRxClass* AcRxDynamicLinker::isA() const { return desc(); }
-
 bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
     if (host::callFails("unlockApplication")) return false;
     host::Module* module = host::moduleOf(pkt, "unlockApplication");

@@ -27,7 +27,7 @@ CommandStatus runArx() {
     const bool load = word == L"L" || word == L"LOAD";
     if (!load && word != L"U" && word != L"UNLOAD") {
         return session.fail(
-            {toUtf8(option.text) + " is no option: ? lists, L loads, U unloads", 1});
+            {toUtf8(option.text) + " is no option: ? lists, L loads, U unloads"});
     }
     const Answer file = prompt(L"\nApplication file: ");
     if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;
@@ -38,12 +38,10 @@ CommandStatus runArx() {
     return outcome ? CommandStatus::Done : session.fail(outcome);
 }
 
-const BuiltinCommand kCommands[] = {
-    {L"ARX", 0, runArx, L"applications: ? lists, L loads a file, U unloads one by its name"},
-};
-
 }  // namespace
 
-void registerModuleCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+const CommandTable kModuleCommands = {
+    {L"ARX", 0, runArx, L"applications: ? lists, L loads a file, U unloads one by its name"},
+};
 
 }  // namespace host

@@ -1,10 +1,9 @@
 // COPYCLIP, CUTCLIP and PASTECLIP, through a drawing that the application keeps.
 #include <algorithm>
-#include <iterator>
 #include <memory>
 
 #include "host/clone/wblock_clone.h"
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/content/fields.h"
@@ -98,9 +97,8 @@ CommandStatus runPasteClip() {
         return CommandStatus::Cancelled;
     Store& source = clipboard().drawing->store();
     std::vector<ObjectBody*> entities;
-    for (Index at = source.firstLive(source.modelSpace()); at != kNoIndex;
-         at = source.nextLive(source.at(at)))
-        entities.push_back(&source.at(at));
+    for (ObjectBody& entity : source.children(source.modelSpace()))
+        entities.push_back(&entity);
     ObjectBody& space = store->at(store->currentSpace());
     EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
     if (!mayHold(space, entities) || !canTransform(moved, entities)) return CommandStatus::Failed;
@@ -111,20 +109,15 @@ CommandStatus runPasteClip() {
 constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 constexpr Adesk::Int32 kKeepsPickfirst = ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW;
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+void dropClipboard() { clipboard() = {}; }
+
+const CommandTable kClipboardCommands = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
     {L"CUTCLIP", kTakesPickfirst, runCutClip, L"the same, and erases them"},
     {L"PASTECLIP", 0, runPasteClip, L"inserts what the clipboard holds: insertion point"},
 };
-
-}  // namespace
-
-void registerClipboardCommands() {
-    dropClipboard();
-    registerBuiltins(kCommands, std::size(kCommands));
-}
-
-void dropClipboard() { clipboard() = {}; }
 
 }  // namespace host

@@ -1,7 +1,7 @@
 // LINE, CIRCLE, POINT and TEXT.
 #include <cmath>
 
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/point_or_word.h"
@@ -151,15 +151,13 @@ CommandStatus runText() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kFigureCommands = {
     {L"LINE", 0, runLine, L"line segments: points, C closes, U takes one back, Enter ends"},
     {L"CIRCLE", 0, runCircle, L"a circle: centre, radius"},
     {L"POINT", 0, runPoint, L"a point"},
     {L"TEXT", 0, runText, L"a line of text: start, height, rotation in degrees, text"},
 };
-
-}  // namespace
-
-void registerFigureCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

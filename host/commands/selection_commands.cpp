@@ -1,8 +1,7 @@
 // ERASE and SELECT.
-#include <iterator>
 #include <vector>
 
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
 #include "host/editor/dialogue/input.h"
@@ -30,13 +29,11 @@ CommandStatus runSelect() {
 
 constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kSelectionCommands = {
     {L"ERASE", kTakesPickfirst, runErase, L"erases the selected entities"},
     {L"SELECT", kTakesPickfirst, runSelect, L"selects entities for the P of later commands"},
 };
-
-}  // namespace
-
-void registerSelectionCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

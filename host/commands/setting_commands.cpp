@@ -1,8 +1,7 @@
 // SETVAR, REGEN and MENULOAD.
-#include <iterator>
 #include <string>
 
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
@@ -66,14 +65,12 @@ CommandStatus runMenuload() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kSettingCommands = {
     {L"SETVAR", 0, runSetvar, L"shows or sets a system variable: name, value; ? lists all"},
     {L"REGEN", 0, runRegen, L"regenerates the drawing"},
     {L"MENULOAD", 0, runMenuload, L"makes a menu group count as loaded: name"},
 };
-
-}  // namespace
-
-void registerSettingCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

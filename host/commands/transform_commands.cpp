@@ -1,6 +1,4 @@
 // MOVE, COPY and MIRROR.
-#include <iterator>
-
 #include "host/clone/deep_clone.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
@@ -145,16 +143,14 @@ CommandStatus runMirror() { return editSelection(Locked::Taken, mirrorEntities);
 
 constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kTransformCommands = {
     {L"MOVE", kTakesPickfirst, runMove, L"moves entities: base point, second point"},
     {L"COPY", kTakesPickfirst, runCopy,
      L"copies entities: base point, a second point for each copy, Enter ends; Esc keeps them"},
     {L"MIRROR", kTakesPickfirst, runMirror,
      L"mirrors entities, texts and patterns too: two points, erase the sources or not"},
 };
-
-}  // namespace
-
-void registerTransformCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

@@ -1,7 +1,5 @@
 // U, UNDO and REDO of whole commands.
-#include <iterator>
-
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
@@ -56,14 +54,12 @@ CommandStatus runRedo() {
     return finish(store->journal().redo(), L"Everything has been redone.");
 }
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kUndoCommands = {
     {L"U", 0, runU, L"undoes the last command that changed the drawing"},
     {L"UNDO", 0, runUndo, L"undoes several of them: number"},
     {L"REDO", 0, runRedo, L"redoes what the last U or UNDO undid"},
 };
-
-}  // namespace
-
-void registerUndoCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

@@ -1,10 +1,9 @@
 // ZOOM. Nothing is displayed: what the view decides is how far the pick box reaches.
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <sstream>
 
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
@@ -74,13 +73,11 @@ CommandStatus runZoom() {
     }
 }
 
-const BuiltinCommand kCommands[] = {
+}  // namespace
+
+const CommandTable kViewCommands = {
     {L"ZOOM", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runZoom,
      L"how far picks reach: E extents, W two corners, a factor n or nX"},
 };
-
-}  // namespace
-
-void registerViewCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
 
 }  // namespace host

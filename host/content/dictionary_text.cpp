@@ -3,16 +3,9 @@
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
-
-namespace {
-
-std::wstring decodedKey(const ObjectBody& dictionary, std::string_view key) {
-    return dictionary.store != nullptr ? dictionary.store->decode(key) : fromUtf8(key);
-}
-
-}  // namespace
 
 bool DictionaryReader::next(DictionaryEntry& entry) {
     bool haveKey = false;
@@ -39,7 +32,7 @@ std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstr
     DictionaryReader reader(dictionary.tags());
     DictionaryEntry entry;
     while (reader.next(entry))
-        if (foldCase(decodedKey(dictionary, entry.key)) == folded) return entry;
+        if (foldCase(dictionary.decode(entry.key)) == folded) return entry;
     return std::nullopt;
 }
 
@@ -83,6 +76,6 @@ std::string newDictionaryText(bool hard) {
     return text;
 }
 
-bool ownsHard(std::string_view dictionaryText) { return integerTag(dictionaryText, 280, 0) != 0; }
+bool ownsHard(std::string_view dictionaryText) { return integerTag(dictionaryText, 280) != 0; }
 
 }  // namespace host

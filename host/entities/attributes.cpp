@@ -1,6 +1,6 @@
 // Attribute definitions of blocks and attributes of placed block references.
-#include "host/entities/entity_support.h"
-#include "host/tags/tags.h"
+#include "host/entities/field_setters.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "host/control/faults.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 

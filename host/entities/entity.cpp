@@ -1,6 +1,6 @@
 // Properties that every entity has, and opening entities.
 #include "host/control/faults.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 
 namespace host {
 namespace {

@@ -1,6 +1,6 @@
 // Single-line text, and what attributes and their definitions have in common with it.
 #include "host/control/switches.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 #include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 

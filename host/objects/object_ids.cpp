@@ -5,7 +5,7 @@
 #include "host/control/switches.h"
 #include "host/objects/opening.h"
 #include "host/store/store.h"
-#include "host/store/store_parts.h"
+#include "host/store/store_memory.h"
 #include "host/tags/tags.h"
 
 bool c5ObjIdIsEqualTo(const AcDbObjectId& left, const AcDbObjectId& right) {

@@ -9,7 +9,7 @@
 #include "host/objects/class_table.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/store/store_parts.h"
+#include "host/store/store_memory.h"
 #include "host/tags/tags.h"
 
 namespace host {

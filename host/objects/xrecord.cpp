@@ -1,7 +1,7 @@
 // AcDbXrecord: a chain of tags as an object's content.
 #include "host/control/faults.h"
 #include "host/objects/opening.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"
 
@@ -39,12 +39,6 @@ std::string hexOf(const ads_binary& bytes) {
     return text;
 }
 
-std::string encoded(const host::ObjectBody& xrecord, const ACHAR* text) {
-    if (text == nullptr) return {};
-    const host::Store* const store = xrecord.store;
-    return store != nullptr ? store->encode(text) : host::encodeText(text, host::Encoding());
-}
-
 /// Appends a reference as a handle; the empty name as 0. False for an id that names no object of
 /// the xrecord's drawing.
 bool addReference(std::string& text, const host::ObjectBody& xrecord, const resbuf& item) {
@@ -63,7 +57,7 @@ Acad::ErrorStatus addItem(std::string& text, const host::ObjectBody& xrecord, co
     if (code < 1 || code > 369 || code == 5 || code == 105) return Acad::eInvalidDxfCode;
     switch (host::valueKindOf(code)) {
         case host::ValueKind::Text:
-            host::addTag(text, code, encoded(xrecord, item.resval.rstring));
+            host::addTag(text, code, xrecord.encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
             break;
         case host::ValueKind::Real:
             host::addTag(text, code, item.resval.rreal);

@@ -6,7 +6,7 @@
 #include "host/geometry/shapes.h"
 #include "host/picking/layer_states.h"
 #include "host/store/object_body.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/content/fields.h"
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
 #include "host/picking/outline.h"
@@ -105,9 +106,8 @@ void drawLeader(const Shape& shape) { shape.pen.path(pointsOf(shape.tags, 10), f
 void drawSingleText(const Shape& shape) { drawText(shape, false); }
 
 void drawAttribute(const Shape& shape) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttribute");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    if ((flags & 1) == 0) drawText(shape, false);
+    const int flags = getField(shape.entity, field::attributeFlags);
+    if ((flags & field::kInvisible) == 0) drawText(shape, false);
 }
 
 struct KindOfShape {
@@ -138,9 +138,9 @@ constexpr KindOfShape kShapes[] = {
 
 /// A definition shows its tag; inside a block only a constant one shows, and then its value.
 void drawDefinition(const Shape& shape, bool insideBlock) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttributeDefinition");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    const bool constant = (flags & 2) != 0, invisible = (flags & 1) != 0;
+    const int flags = getField(shape.entity, field::definitionFlags);
+    const bool constant = (flags & field::kConstant) != 0,
+               invisible = (flags & field::kInvisible) != 0;
     if (!insideBlock || (constant && !invisible)) drawText(shape, !insideBlock);
 }
 
@@ -170,13 +170,11 @@ void drawPolyline(const Shape& shape) {
         double bulge;
     };
     std::vector<Corner> corners;
-    for (Index i = shape.store.firstLive(shape.entity.self); i != kNoIndex;) {
-        const ObjectBody& vertex = shape.store.at(i);
+    for (const ObjectBody& vertex : shape.store.children(shape.entity.self)) {
         const OwnTags tags(vertex.tags());
         const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
         if (!frame && vertex.kind == Kind::Vertex)
             corners.push_back({pointOf(tags, 10), tags.real(42, 0)});
-        i = shape.store.nextLive(vertex);
     }
     const Pen pen = (flags & (k3d | kMeshes)) != 0 ? shape.pen : objectPen(shape);
     const bool asPoints = (flags & kMeshes) != 0 || corners.size() == 1;

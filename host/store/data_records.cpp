@@ -72,7 +72,7 @@ void DataRecords::read(std::string_view text) {
     const auto endPiece = [&](std::size_t end) {
         if (begin == end) return;
         DataPiece piece = pieceOf(text.substr(begin, end - begin));
-        const ObjectBody* const owner = m_store.byHandle(parseHandle(piece.handle).value_or(0));
+        const ObjectBody* const owner = m_store.byHandle(piece.handle);
         if (owner != nullptr) piece.owner = owner->self;
         add(m_pieces.end(), std::move(piece));
         begin = end;

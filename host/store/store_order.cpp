@@ -4,6 +4,7 @@
 // own links as hints: whatever was erased, restored or appended since, the right place is between
 // the nearest members below and above the body's index.
 #include "host/store/journal.h"
+#include "host/store/body_text.h"
 #include "host/store/store.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include "host/objectarx/symbol_tables.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -61,8 +61,8 @@ void makeBlockParts(Store& store, const ObjectBody& record, std::string_view poi
     std::string own;
     addTag(own, 2, stored);
     addTag(own, 70, name.front() == L'*' && !isSpaceName(name) ? kAnonymous : 0);
-    addPointTag(own, 10, realTag(pointTags, 10, 0), realTag(pointTags, 20, 0),
-                realTag(pointTags, 30, 0));
+    addPointTag(own, 10, realTag(pointTags, 10), realTag(pointTags, 20),
+                realTag(pointTags, 30));
     addTag(own, 3, stored);
     addTag(own, 1, "");
     BlockParts parts;
@@ -89,8 +89,8 @@ bool isSpaceName(std::wstring_view name) {
 }
 
 LayerState layerState(const ObjectBody& layer) {
-    constexpr long long kFrozen = 1, kLocked = 4;
-    const long long flags = integerTag(layer.tags(), 70, 0);
+    constexpr int kFrozen = 1, kLocked = 4;
+    const int flags = integerTag(layer.tags(), 70);
     const bool off = integerTag(layer.tags(), 62, 7) < 0;
     return {off, (flags & kFrozen) != 0, (flags & kLocked) != 0};
 }

@@ -16,7 +16,6 @@ namespace host {
 namespace {
 
 constexpr int kBlockHasAttributes = 2;
-constexpr int kConstantAttribute = 2;
 
 /// The body whose tags hold a block's base point: its BLOCK, or a new record itself.
 ObjectBody& pointHolder(ObjectBody& record) {
@@ -27,11 +26,9 @@ ObjectBody& pointHolder(ObjectBody& record) {
 
 void noteAttributeDefinition(ObjectBody& record, const ObjectBody& definition) {
     if (definition.kind != Kind::AttributeDefinition) return;
-    // The definition's own flags stand behind its subclass marker.
-    const auto part = subclassPart(definition.tags(), "AcDbAttributeDefinition");
-    if (part && (integerTag(*part, 70, 0) & kConstantAttribute) != 0) return;
+    if ((getField(definition, field::definitionFlags) & field::kConstant) != 0) return;
     ObjectBody& block = pointHolder(record);
-    const int flags = static_cast<int>(integerTag(block.tags(), 70, 0));
+    const int flags = integerTag(block.tags(), 70);
     if ((flags & kBlockHasAttributes) != 0) return;
     std::string text(block.tags());
     setTag(text, 70, flags | kBlockHasAttributes);
@@ -90,10 +87,8 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
 bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
     const host::ObjectBody& content = body();
     if (content.store == nullptr) return false;
-    const host::Store& store = *content.store;
-    for (host::Index index = store.firstLive(content.self); index != host::kNoIndex;
-         index = store.nextLive(store.at(index)))
-        if (store.at(index).kind == host::Kind::AttributeDefinition) return true;
+    for (const host::ObjectBody& entity : content.store->children(content.self))
+        if (entity.kind == host::Kind::AttributeDefinition) return true;
     return false;
 }
 
@@ -103,9 +98,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     host::ObjectBody& holder = host::pointHolder(content);
     std::string text(holder.tags());
-    host::setTag(text, 10, host::formatReal(origin.x));
-    host::setTag(text, 20, host::formatReal(origin.y));
-    host::setTag(text, 30, host::formatReal(origin.z));
+    host::setPointTag(text, 10, origin.x, origin.y, origin.z);
     holder.setTags(text);
     return Acad::eOk;
 }
@@ -140,8 +133,5 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity,
     host::ObjectBody* const current =
         host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::getEntity");
     if (current == nullptr) return Acad::eInvalidInput;
-    AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = host::openBody(opened, *current, mode);
-    if (status == Acad::eOk) entity = static_cast<AcDbEntity*>(opened);
-    return status;
+    return host::openAs(entity, *current, mode);
 }

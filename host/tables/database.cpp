@@ -15,11 +15,8 @@ Acad::ErrorStatus openTable(Table*& table, const host::Store& store, const char*
     table = nullptr;
     if (host::callFails("AcDbDatabase::getSymbolTable")) return Acad::eWasOpenForWrite;
     const host::Index index = store.table(name);
-    if (index == host::kNoIndex) return Acad::eKeyNotFound;
-    AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = host::openBody(opened, store.at(index), mode);
-    if (status == Acad::eOk) table = static_cast<Table*>(opened);
-    return status;
+    return index != host::kNoIndex ? host::openAs(table, store.at(index), mode)
+                                   : Acad::eKeyNotFound;
 }
 
 }  // namespace

@@ -5,13 +5,13 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace {
 
 /// Colour as stored: negative while the layer is off.
 int storedColor(const host::ObjectBody& layer) {
-    return static_cast<int>(host::integerTag(layer.tags(), 62, 7));
+    return host::integerTag(layer.tags(), 62, 7);
 }
 
 void setInteger(host::ObjectBody& layer, int code, int value) {
@@ -56,10 +56,8 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     if (linetype == nullptr) return Acad::eInvalidInput;
     if (linetype->kind != host::Kind::LinetypeRecord) return Acad::eNotThatKindOfClass;
     if (content.store != nullptr && content.store != linetype->store) return Acad::eWrongDatabase;
-    const std::wstring name = host::symbolName(*linetype);
     std::string text(content.tags());
-    host::setTag(text, 6,
-                 content.store != nullptr ? content.store->encode(name) : host::toUtf8(name));
+    host::setTag(text, 6, content.encode(host::symbolName(*linetype)));
     content.setTags(text);
     return Acad::eOk;
 }
@@ -72,7 +70,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (frozen && isCurrent(content)) return Acad::eInvalidInput;
     constexpr int kFrozen = 1;
-    const int flags = static_cast<int>(host::integerTag(content.tags(), 70, 0));
+    const int flags = host::integerTag(content.tags(), 70);
     setInteger(content, 70, frozen ? flags | kFrozen : flags & ~kFrozen);
     return Acad::eOk;
 }

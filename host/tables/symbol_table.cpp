@@ -2,11 +2,11 @@
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -62,9 +62,8 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
 
 bool AcDbSymbolTable::has(const ACHAR* name) const {
     const host::ObjectBody& content = body();
-    if (name == nullptr || content.store == nullptr) return false;
-    const host::ObjectBody* const record = content.store->symbol(content.self, name);
-    return record != nullptr && !record->erased;
+    return name != nullptr && content.store != nullptr &&
+           content.store->liveSymbol(content.self, name) != nullptr;
 }
 
 namespace {
@@ -94,12 +93,8 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecor
     record = nullptr;
     if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
     host::ObjectBody* found = nullptr;
-    Acad::ErrorStatus status = findRecord(body(), name, found);
-    if (status != Acad::eOk) return status;
-    AcDbObject* opened = nullptr;
-    status = host::openBody(opened, *found, mode);
-    if (status == Acad::eOk) record = static_cast<AcDbSymbolTableRecord*>(opened);
-    return status;
+    const Acad::ErrorStatus status = findRecord(body(), name, found);
+    return status == Acad::eOk ? host::openAs(record, *found, mode) : status;
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {

@@ -47,13 +47,6 @@ std::optional<std::string_view> subclassPart(std::string_view text, std::string_
     return text.substr(begin);
 }
 
-std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence) {
-    TagWalk walk(text);
-    while (walk.next())
-        if (walk.code() == code && walk.depth() == 0 && occurrence-- == 0) return walk.place();
-    return std::nullopt;
-}
-
 void replaceValue(std::string& text, const TagPlace& place, std::string_view value) {
     const std::size_t codeEnd = text.find('\n', place.begin);
     // The value may be a part of the text that is being changed.

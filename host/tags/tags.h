@@ -88,9 +88,6 @@ struct TagPlace {
 /// first marker are the part with an empty name. Nothing when the object has no such part.
 std::optional<std::string_view> subclassPart(std::string_view text, std::string_view subclass);
 
-/// The `occurrence`-th tag (from 0) with a code, outside 102 brackets.
-std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence = 0);
-
 /// Replaces the value of the tag at `place`, which was found in `text`.
 void replaceValue(std::string& text, const TagPlace& place, std::string_view value);
 

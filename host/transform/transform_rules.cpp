@@ -5,7 +5,7 @@
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 #include "host/transform/transform_fields.h"
 
 namespace host {
@@ -73,9 +73,9 @@ constexpr TransformRule kFaceRecordRule = rule("VERTEX", kOnlyExtrusion);
 
 /// What a vertex means depends on its polyline; a face of a mesh names vertices and has no place.
 const TransformRule* vertexRule(const ObjectBody& vertex) {
-    constexpr long long kFaceRecord = 128, kMeshVertex = 64;
+    constexpr int kFaceRecord = 128, kMeshVertex = 64;
     if (vertex.store->at(vertex.owner).kind == Kind::Polyline2d) return &kVertex2dRule;
-    const long long flags = integerTag(vertex.tags(), 70, 0);
+    const int flags = integerTag(vertex.tags(), 70);
     const bool isFace = (flags & kFaceRecord) != 0 && (flags & kMeshVertex) == 0;
     return isFace ? &kFaceRecordRule : &kVertex3dRule;
 }
@@ -103,7 +103,7 @@ const TransformRule* transformRule(const ObjectBody& body) {
         default:
             break;
     }
-    const std::string_view type = trimmed(body.type());
+    const std::string_view type = body.type();
     for (const TransformRule& each : kRules) {
         if (each.type == type) return &each;
     }

@@ -20,9 +20,8 @@ std::string stateOf(const Store& store) {
         if (body.erased || body.size == 0) continue;
         text += std::to_string(at) + ":\n" + std::string(body.tags());
         std::string forward, backward;
-        for (Index child = store.firstLive(at); child != kNoIndex;
-             child = store.nextLive(store.at(child)))
-            forward += " " + std::to_string(child);
+        for (const ObjectBody& child : store.children(at))
+            forward += " " + std::to_string(child.self);
         for (Index child = store.lastLive(at); child != kNoIndex;
              child = store.previousLive(store.at(child)))
             backward = " " + std::to_string(child) + backward;
@@ -45,19 +44,17 @@ CommandsTest::~CommandsTest() {
 
 std::string CommandsTest::entities() const {
     std::string text;
-    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
-         at = store().nextLive(store().at(at))) {
-        const std::wstring layer = layerName(store().at(at));
-        text += (text.empty() ? "" : " ") + std::string(store().at(at).type());
+    for (const ObjectBody& entity : store().children(store().modelSpace())) {
+        const std::wstring layer = layerName(entity);
+        text += (text.empty() ? "" : " ") + std::string(entity.type());
         if (layer != L"0") text += "/" + toUtf8(layer);
     }
     return text;
 }
 
 ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const {
-    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
-         at = store().nextLive(store().at(at)))
-        if (store().at(at).type() == type && occurrence-- == 0) return store().at(at);
+    for (ObjectBody& entity : store().children(store().modelSpace()))
+        if (entity.type() == type && occurrence-- == 0) return entity;
     ADD_FAILURE() << "no " << type;
     return store().at(0);
 }

@@ -2,6 +2,7 @@
 #include "commands/commands_fixture.h"
 #include "common/groups.h"
 #include "host/content/dictionary_text.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 namespace {

@@ -170,8 +170,8 @@ TEST_F(CommandRunner, OneCommandAtATime) {
 }
 
 TEST_F(CommandRunner, TheHostsOwnCommandsRunWithoutADrawing) {
-    static const host::BuiltinCommand own[] = {{L"OWN", ACRX_CMD_MODAL, &builtin, L"test"}};
-    host::registerBuiltins(own, 1);
+    static const host::CommandTable own = {{L"OWN", ACRX_CMD_MODAL, &builtin, L"test"}};
+    host::registerBuiltins(own);
     addCommand(L"G", L"OWN2");
     EXPECT_EQ(runCommand(L"own"), CommandStatus::Done);
     host::setCurrentDocumentState(nullptr);

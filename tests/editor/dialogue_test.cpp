@@ -81,14 +81,14 @@ TEST_F(Dialogue, WrongAnswersAreExplained) {
 }
 
 TEST_F(Dialogue, AWrongAnswerFailsAScriptsCommand) {
-    static const host::BuiltinCommand own[] = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
+    static const host::CommandTable own = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
                                                 [] {
                                                     std::vector<AcDbObjectId> ids;
                                                     host::promptSelection(L"", true, ids);
                                                     return host::CommandStatus::Done;
                                                 },
                                                 L"test"}};
-    host::registerBuiltins(own, 1);
+    host::registerBuiltins(own);
     answers.left = {L"nonsense", L"0,1", L""};
     EXPECT_EQ(host::runCommand(L"CHOOSE"), host::CommandStatus::Failed);
     answers.person = true;

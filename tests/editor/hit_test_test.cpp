@@ -5,7 +5,7 @@
 
 #include "editor/editor_fixture.h"
 #include "host/editor/state/sysvars.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 namespace {
