@@ -31,9 +31,9 @@ inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
     host::OutlineMaker maker(store);
     const inspection::Describe describe = [&](AcDbObjectId id) {
         const host::ObjectBody& body = *Store::resolve(id);
-        inspection::Entity entity{
-            id, host::formatHandle(body.handle), host::toUtf8(store.decode(body.type())),
-            host::toUtf8(store.decode(host::textTag(body.tags(), 8, "0")))};
+        inspection::Entity entity{id, host::formatHandle(body.handle),
+                                  host::toUtf8(store.decode(body.type())),
+                                  host::toUtf8(store.decode(host::textTag(body.tags(), 8, "0")))};
         const std::optional<host::Box> box =
             withExtents ? maker.outlineOf(body).bounds() : std::nullopt;
         if (box) entity.extents = {box->left, box->bottom, box->right, box->top};

@@ -28,35 +28,33 @@ std::map<std::uint32_t, std::vector<std::string>>& lastSaves() {
     return saves;
 }
 
-host::CommandStatus runGroupList() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
-    std::string text = inspection::listText("", inspectDrawing(*store->database, true));
-    for (const std::string& line : lastSaves()[store->serial()])
+host::CommandStatus runGroupList(host::Store& store) {
+    std::string text = inspection::listText("", inspectDrawing(*store.database, true));
+    for (const std::string& line : lastSaves()[store.serial()])
         text += line + "\n";
     text.pop_back();
     host::printLine(host::fromUtf8(text));
     return host::CommandStatus::Done;
 }
 
-host::CommandStatus runPicture() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
+host::CommandStatus runPicture(host::Store& store) {
     const host::Answer answer = host::prompt(L"\nEnter name of picture file: ");
     if (answer.kind != host::Answer::Kind::Text) return host::CommandStatus::Cancelled;
     std::string path = host::withHome(host::toUtf8(answer.text));
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
     const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-    const std::string why = writePicture(*store->database, store->currentSpace(),
+    const std::string why = writePicture(*store.database, store.currentSpace(),
                                          drawing.substr(host::folderPart(drawing).size()), path);
     if (!why.empty()) host::printLine(host::fromUtf8(why));
     return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
 }
 
 const host::CommandTable kGroupCommands = {
-    {L"GROUPLIST", 0, runGroupList, L"lists the groups of the drawing and what is wrong with them"},
-    {L"PICTURE", 0, runPicture, L"draws the current space and its groups as SVG: file"},
+    {L"GROUPLIST", 0, host::onDrawing<runGroupList>,
+     L"lists the groups of the drawing and what is wrong with them"},
+    {L"PICTURE", 0, host::onDrawing<runPicture>,
+     L"draws the current space and its groups as SVG: file"},
 };
 
 AcEditor* editor() { return static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor")); }

@@ -18,8 +18,8 @@ void prepareStreams();
 bool isInteractive();
 bool standardErrorIsTerminal();
 
-/// From here on Ctrl+C asks the program to stop; pressed again, it ends it. With a person `atPrompt`
-/// it cancels alone, and wakes whoever waits for keys.
+/// From here on Ctrl+C asks the program to stop; pressed again, it ends it. With a person
+/// `atPrompt` it cancels alone, and wakes whoever waits for keys.
 void catchInterrupts(bool atPrompt = false);
 /// True once Ctrl+C was pressed.
 bool interruptRequested();

@@ -1,4 +1,5 @@
-// Arguments, streams, Ctrl+C as a signal; jobs in child processes, whose output comes through pipes.
+// Arguments, streams, Ctrl+C as a signal; jobs in child processes, whose output comes through
+// pipes.
 #include "drafthost/process.h"
 
 #include <fcntl.h>

@@ -120,7 +120,8 @@ CommandStatus runOpen() {
     std::string path;
     const PromptStatus status = promptFile(L"\nEnter name of drawing to open: ", path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
-    if (status == PromptStatus::None) return statusOf({"the name of a drawing is missing", kUnreadable});
+    if (status == PromptStatus::None)
+        return statusOf({"the name of a drawing is missing", kUnreadable});
     if (!exists(path) && exists(path + ".dxf")) path += ".dxf";
     return statusOf(session().openDrawing(path));
 }

@@ -26,8 +26,7 @@ CommandStatus runArx() {
     if (word == L"?" || word == L"LIST") return listModules();
     const bool load = word == L"L" || word == L"LOAD";
     if (!load && word != L"U" && word != L"UNLOAD") {
-        return session.fail(
-            {toUtf8(option.text) + " is no option: ? lists, L loads, U unloads"});
+        return session.fail({toUtf8(option.text) + " is no option: ? lists, L loads, U unloads"});
     }
     const Answer file = prompt(L"\nApplication file: ");
     if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;

@@ -36,12 +36,12 @@ class Session {
     // --- documents ----------------------------------------------------------------------------
     /// Opens a new empty drawing and makes it current.
     Outcome newDrawing();
-    /// Loads a drawing and makes it current; kUnreadable when it cannot be read. With a `target` the
-    /// drawing is that file's from then on: QSAVE writes there, and the source stays as it is.
+    /// Loads a drawing and makes it current; kUnreadable when it cannot be read. With a `target`
+    /// the drawing is that file's from then on: QSAVE writes there, and the source stays as it is.
     Outcome openDrawing(const std::string& path, const std::string& target = {});
     /// Saves the current drawing: beginSave, file, saveComplete. An empty path means its own.
-    /// kUnwritable when it cannot be written; the former file is whole then. The first save of a file
-    /// in a session keeps the former one as a backup, the later ones leave that backup alone.
+    /// kUnwritable when it cannot be written; the former file is whole then. The first save of a
+    /// file in a session keeps the former one as a backup, the later ones leave that backup alone.
     Outcome saveDrawing(const std::string& path);
     /// True when this session has written the file.
     bool hasSaved(const std::string& path) const;

@@ -14,9 +14,9 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kUsers[] = {
-    "INSERT",  "LEADER",      "TOLERANCE",   "MULTILEADER", "IMAGE",
-    "WIPEOUT", "PDFUNDERLAY", "DWFUNDERLAY", "DGNUNDERLAY"};
+constexpr std::string_view kUsers[] = {"INSERT",      "LEADER",      "TOLERANCE",
+                                       "MULTILEADER", "IMAGE",       "WIPEOUT",
+                                       "PDFUNDERLAY", "DWFUNDERLAY", "DGNUNDERLAY"};
 
 bool usesDefinitions(const ObjectBody& source) {
     if (!isEntityKind(source.kind)) return false;

@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "host/clone/wblock_clone.h"
-#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
+#include "host/commands/open_drawing.h"
 #include "host/content/fields.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
@@ -85,9 +85,7 @@ bool mayHold(const ObjectBody& space, const std::vector<ObjectBody*>& entities) 
     return false;
 }
 
-CommandStatus runPasteClip() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runPasteClip(Store& store) {
     if (clipboard().drawing == nullptr) {
         printProblem(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
         return CommandStatus::Failed;
@@ -99,10 +97,10 @@ CommandStatus runPasteClip() {
     std::vector<ObjectBody*> entities;
     for (ObjectBody& entity : source.children(source.modelSpace()))
         entities.push_back(&entity);
-    ObjectBody& space = store->at(store->currentSpace());
+    ObjectBody& space = store.at(store.currentSpace());
     EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
     if (!mayHold(space, entities) || !canTransform(moved, entities)) return CommandStatus::Failed;
-    moved.apply(*store, wblockClone({entities.begin(), entities.end()}, *store, space));
+    moved.apply(store, wblockClone({entities.begin(), entities.end()}, store, space));
     return CommandStatus::Done;
 }
 
@@ -117,7 +115,8 @@ const CommandTable kClipboardCommands = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
     {L"CUTCLIP", kTakesPickfirst, runCutClip, L"the same, and erases them"},
-    {L"PASTECLIP", 0, runPasteClip, L"inserts what the clipboard holds: insertion point"},
+    {L"PASTECLIP", 0, onDrawing<runPasteClip>,
+     L"inserts what the clipboard holds: insertion point"},
 };
 
 }  // namespace host

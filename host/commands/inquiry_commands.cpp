@@ -2,8 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
+#include "host/commands/open_drawing.h"
 #include "host/content/dictionary_text.h"
 #include "host/control/effects.h"
 #include "host/dxf/check/drawing_check.h"
@@ -76,9 +76,7 @@ void listApplicationData(const Store& store, const ObjectBody& body) {
     }
 }
 
-CommandStatus runList() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runList(Store& store) {
     std::vector<AcDbObjectId> selection;
     if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel) {
         return CommandStatus::Cancelled;
@@ -88,19 +86,17 @@ CommandStatus runList() {
         if (body == nullptr || body->erased) continue;
         printLine(fromUtf8(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
                   fromUtf8(formatHandle(body->handle)));
-        listGeometry(*store, *body);
-        listAttributes(*store, *body);
-        listApplicationData(*store, *body);
+        listGeometry(store, *body);
+        listAttributes(store, *body);
+        listApplicationData(store, *body);
     }
     return CommandStatus::Done;
 }
 
 /// Prints what the drawing check finds; Failed when the drawing is damaged.
-CommandStatus runAudit() {
-    const Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runAudit(Store& store) {
     long errors = 0;
-    const std::vector<Finding> findings = checkDrawing(*store);
+    const std::vector<Finding> findings = checkDrawing(store);
     for (const Finding& finding : findings) {
         const bool isError = finding.severity == Severity::Error;
         errors += isError ? 1 : 0;
@@ -116,8 +112,9 @@ CommandStatus runAudit() {
 }  // namespace
 
 const CommandTable kInquiryCommands = {
-    {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle, geometry and data of entities"},
-    {L"AUDIT", 0, runAudit, L"checks the drawing for damage, changes nothing"},
+    {L"LIST", ACRX_CMD_USEPICKSET, onDrawing<runList>,
+     L"type, layer, handle, geometry and data of entities"},
+    {L"AUDIT", 0, onDrawing<runAudit>, L"checks the drawing for damage, changes nothing"},
 };
 
 }  // namespace host

@@ -1,9 +1,9 @@
 // ERASE and SELECT.
 #include <vector>
 
-#include "host/commands/open_drawing.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
+#include "host/commands/open_drawing.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/select_objects.h"
@@ -19,8 +19,7 @@ CommandStatus runErase() {
 }
 
 /// Makes a selection the previous one, for "P" of the next command.
-CommandStatus runSelect() {
-    if (drawingOrComplaint() == nullptr) return CommandStatus::Failed;
+CommandStatus runSelect(Store&) {
     std::vector<AcDbObjectId> selection;
     return promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel
                ? CommandStatus::Cancelled
@@ -33,7 +32,8 @@ constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 
 const CommandTable kSelectionCommands = {
     {L"ERASE", kTakesPickfirst, runErase, L"erases the selected entities"},
-    {L"SELECT", kTakesPickfirst, runSelect, L"selects entities for the P of later commands"},
+    {L"SELECT", kTakesPickfirst, onDrawing<runSelect>,
+     L"selects entities for the P of later commands"},
 };
 
 }  // namespace host

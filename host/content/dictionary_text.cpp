@@ -51,9 +51,8 @@ bool removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
 
 void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handle) {
     std::string text(dictionary.tags());
-    std::string entry;
-    addTag(entry, 3, dictionary.store->encode(key));
-    addHandleTag(entry, ownsHard(text) ? 360 : 350, handle);
+    const std::string entry = storedTags(
+        {{3, dictionary.encode(key)}, {ownsHard(text) ? 360 : 350, formatHandle(handle)}});
     // In front of a further subclass part (a default entry) and of extended data.
     std::size_t place = text.size();
     bool inPart = false;
@@ -68,12 +67,8 @@ void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handl
 }
 
 std::string newDictionaryText(bool hard) {
-    std::string text;
-    addTag(text, 0, "DICTIONARY");
-    addTag(text, 100, "AcDbDictionary");
-    if (hard) addTag(text, 280, 1);
-    addTag(text, 281, 1);
-    return text;
+    std::string text = storedTags({{0, "DICTIONARY"}, {100, "AcDbDictionary"}});
+    return text += hard ? "280\n1\n281\n1\n" : "281\n1\n";
 }
 
 bool ownsHard(std::string_view dictionaryText) { return integerTag(dictionaryText, 280) != 0; }

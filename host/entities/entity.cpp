@@ -85,11 +85,6 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source,
     return Acad::eOk;
 }
 
-Adesk::UInt16 AcDbEntity::colorIndex() const {
-    const int color = getField(body(), field::color);
-    return color >= 0 && color <= kByLayer ? static_cast<Adesk::UInt16>(color) : kByLayer;
-}
-
 AcDbObjectId AcDbEntity::layerId() const {
     return symbolId(body(), "LAYER", getField(body(), field::layer));
 }

@@ -32,17 +32,11 @@ Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const I
 }  // namespace
 
 std::string newText(std::string_view type, std::string_view lastSubclass) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, "AcDbText");
+    std::string text = storedTags({{0, type}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbText"}});
     const double at = switches().newTextPosition;
     addPointTag(text, 10, at, at, at);
     addTag(text, 40, switches().newTextHeight);
-    addTag(text, 1, "");
-    addTag(text, 100, lastSubclass);
-    return text;
+    return text += storedTags({{1, ""}, {100, lastSubclass}});
 }
 
 }  // namespace host

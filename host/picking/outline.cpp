@@ -79,7 +79,8 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     if (isReference ? m_layers.frozen(layer) : !m_layers.drawn(layer)) return;
     if (tags.integer(60, 0) == 1) return;
     const Shape shape{m_store, entity, type, tags, pen};
-    const ObjectBody* picture = blockPictureOf(type) != BlockPicture::None ? blockOf(tags) : nullptr;
+    const ObjectBody* picture =
+        blockPictureOf(type) != BlockPicture::None ? blockOf(tags) : nullptr;
     if (isReference) {
         drawReference(shape, layer);
     } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {

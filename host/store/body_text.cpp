@@ -90,10 +90,8 @@ void setExtensionDictionary(std::string& text, std::uint64_t handle) {
     const DictionaryLink old = findDictionaryLink(text);
     if (old.end != 0) text.erase(old.begin, old.end - old.begin);
     if (handle == 0) return;
-    std::string bracket;
-    addTag(bracket, 102, kDictionaryBracket);
-    addHandleTag(bracket, 360, handle);
-    addTag(bracket, 102, "}");
+    const std::string bracket =
+        storedTags({{102, kDictionaryBracket}, {360, formatHandle(handle)}, {102, "}"}});
     std::size_t place = 0;
     TagWalk walk(text);
     while (walk.next() && walk.zone() == TagZone::Head)

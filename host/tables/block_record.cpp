@@ -48,9 +48,11 @@ void listIterators(std::vector<std::string>& lines) {
 }  // namespace
 }  // namespace host
 
+using namespace host;
+
 AcDbBlockTableRecord::AcDbBlockTableRecord()
-    : AcDbSymbolTableRecord(host::freshBody(
-          host::Kind::BlockRecord, host::newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord"))) {}
+    : AcDbSymbolTableRecord(
+          freshBody(Kind::BlockRecord, newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord"))) {}
 
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
     AcDbObjectId id;
@@ -59,66 +61,65 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
 
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity) {
     id.setNull();
-    if (host::callFails("AcDbBlockTableRecord::appendAcDbEntity")) return Acad::eOutOfMemory;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbBlockTableRecord::appendAcDbEntity")) return Acad::eOutOfMemory;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (entity == nullptr) return Acad::eNullObjectPointer;
-    if (!host::isMainEntity(entity->body())) return Acad::eWrongObjectType;
-    host::Store& store = *content.store;
-    const Acad::ErrorStatus status = host::makeResident(*entity, store, content.self);
+    if (!isMainEntity(entity->body())) return Acad::eWrongObjectType;
+    Store& store = *content.store;
+    const Acad::ErrorStatus status = makeResident(*entity, store, content.self);
     if (status != Acad::eOk) return status;
-    host::ObjectBody& added = entity->body();
+    ObjectBody& added = entity->body();
     store.appendChild(content.self, added);
-    host::noteAttributeDefinition(content, added);
-    if (host::isPaperSpace(content)) host::setSpaceMarks(added, true);
+    noteAttributeDefinition(content, added);
+    if (isPaperSpace(content)) setSpaceMarks(added, true);
     id = store.idOf(added);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator) const {
     iterator = nullptr;
-    if (host::callFails("AcDbBlockTableRecord::newIterator")) return Acad::eOutOfMemory;
+    if (callFails("AcDbBlockTableRecord::newIterator")) return Acad::eOutOfMemory;
     if (body().store == nullptr) return Acad::eNotInDatabase;
     iterator = new AcDbBlockTableRecordIterator(*this);
     return Acad::eOk;
 }
 
 bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
-    const host::ObjectBody& content = body();
+    const ObjectBody& content = body();
     if (content.store == nullptr) return false;
-    for (const host::ObjectBody& entity : content.store->children(content.self))
-        if (entity.kind == host::Kind::AttributeDefinition) return true;
+    for (const ObjectBody& entity : content.store->children(content.self))
+        if (entity.kind == Kind::AttributeDefinition) return true;
     return false;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
-    if (host::callFails("AcDbBlockTableRecord::setOrigin")) return Acad::eInvalidInput;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbBlockTableRecord::setOrigin")) return Acad::eInvalidInput;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    host::ObjectBody& holder = host::pointHolder(content);
+    ObjectBody& holder = pointHolder(content);
     std::string text(holder.tags());
-    host::setPointTag(text, 10, origin.x, origin.y, origin.z);
+    setPointTag(text, 10, origin.x, origin.y, origin.z);
     holder.setTags(text);
     return Acad::eOk;
 }
 
 AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(const AcDbBlockTableRecord& block) {
-    host::addHeldLister(host::listIterators);
-    host::iterators().insert(this);
-    host::countHeld(host::Held::Iterator);
-    const host::Store& store = *block.body().store;
+    addHeldLister(listIterators);
+    iterators().insert(this);
+    countHeld(Held::Iterator);
+    const Store& store = *block.body().store;
     m_current = store.idOf(store.firstLive(block.body().self));
 }
 
 AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() {
-    host::iterators().erase(this);
-    host::countReturned(host::Held::Iterator);
+    iterators().erase(this);
+    countReturned(Held::Iterator);
 }
 
 void AcDbBlockTableRecordIterator::step() {
-    const host::ObjectBody* const current =
-        host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::step");
+    const ObjectBody* const current = bodyOfId(m_current, "AcDbBlockTableRecordIterator::step");
     m_current = current != nullptr ? current->store->idOf(current->store->nextLive(*current))
                                    : AcDbObjectId();
 }
@@ -128,10 +129,9 @@ bool AcDbBlockTableRecordIterator::done() const { return m_current.isNull(); }
 Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity,
                                                           AcDb::OpenMode mode) const {
     entity = nullptr;
-    if (host::callFails("AcDbBlockTableRecordIterator::getEntity")) return Acad::eWasOpenForWrite;
+    if (callFails("AcDbBlockTableRecordIterator::getEntity")) return Acad::eWasOpenForWrite;
     if (done()) return Acad::eInvalidIndex;
-    host::ObjectBody* const current =
-        host::bodyOfId(m_current, "AcDbBlockTableRecordIterator::getEntity");
+    ObjectBody* const current = bodyOfId(m_current, "AcDbBlockTableRecordIterator::getEntity");
     if (current == nullptr) return Acad::eInvalidInput;
-    return host::openAs(entity, *current, mode);
+    return openAs(entity, *current, mode);
 }

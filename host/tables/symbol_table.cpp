@@ -39,37 +39,38 @@ bool takesRecord(Kind table, Kind record) {
 }  // namespace
 }  // namespace host
 
+using namespace host;
+
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
     name = nullptr;
-    if (host::callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
-    name = host::newString(host::symbolName(body()));
+    if (callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
+    name = newString(symbolName(body()));
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
-    if (host::callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    const bool anonymous = content.kind == host::Kind::BlockRecord;
-    if (name == nullptr || !host::symbolNameIsValid(name, anonymous))
+    const bool anonymous = content.kind == Kind::BlockRecord;
+    if (name == nullptr || !symbolNameIsValid(name, anonymous))
         return Acad::eInvalidSymbolTableName;
     if (content.store != nullptr) return Acad::eNotApplicable;
     std::string text(content.tags());
-    host::setTag(text, 2, host::toUtf8(name));
+    setTag(text, 2, toUtf8(name));
     content.setTags(text);
     return Acad::eOk;
 }
 
 bool AcDbSymbolTable::has(const ACHAR* name) const {
-    const host::ObjectBody& content = body();
+    const ObjectBody& content = body();
     return name != nullptr && content.store != nullptr &&
            content.store->liveSymbol(content.self, name) != nullptr;
 }
 
 namespace {
 
-Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name,
-                             host::ObjectBody*& record) {
+Acad::ErrorStatus findRecord(const ObjectBody& table, const ACHAR* name, ObjectBody*& record) {
     record = nullptr;
     if (name == nullptr || table.store == nullptr) return Acad::eKeyNotFound;
     record = table.store->symbol(table.self, name);
@@ -81,8 +82,8 @@ Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name,
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id) const {
     id.setNull();
-    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
-    host::ObjectBody* record = nullptr;
+    if (callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    ObjectBody* record = nullptr;
     const Acad::ErrorStatus status = findRecord(body(), name, record);
     if (status == Acad::eOk) id = record->store->idOf(*record);
     return status;
@@ -91,10 +92,10 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id) co
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
                                          AcDb::OpenMode mode) const {
     record = nullptr;
-    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
-    host::ObjectBody* found = nullptr;
+    if (callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    ObjectBody* found = nullptr;
     const Acad::ErrorStatus status = findRecord(body(), name, found);
-    return status == Acad::eOk ? host::openAs(record, *found, mode) : status;
+    return status == Acad::eOk ? openAs(record, *found, mode) : status;
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
@@ -104,22 +105,22 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record) {
     id.setNull();
-    if (host::callFails("AcDbSymbolTable::add")) return Acad::eDuplicateRecordName;
-    host::ObjectBody& table = body();
+    if (callFails("AcDbSymbolTable::add")) return Acad::eDuplicateRecordName;
+    ObjectBody& table = body();
     if (!table.openForWrite) return Acad::eNotOpenForWrite;
     if (record == nullptr) return Acad::eNullObjectPointer;
-    if (!host::takesRecord(table.kind, record->body().kind)) return Acad::eWrongObjectType;
-    const std::wstring name = host::symbolName(record->body());
+    if (!takesRecord(table.kind, record->body().kind)) return Acad::eWrongObjectType;
+    const std::wstring name = symbolName(record->body());
     if (name.empty()) return Acad::eInvalidSymbolTableName;
     if (record->body().store != nullptr) return Acad::eAlreadyInDb;
     if (has(name.c_str())) return Acad::eDuplicateRecordName;
-    host::Store& store = *table.store;
-    const Acad::ErrorStatus status = host::makeResident(*record, store, table.self);
+    Store& store = *table.store;
+    const Acad::ErrorStatus status = makeResident(*record, store, table.self);
     if (status != Acad::eOk) return status;
-    host::ObjectBody& added = record->body();
-    host::addRecord(store, table.self, added, name);
-    if (added.kind == host::Kind::BlockRecord) host::completeBlock(store, added);
-    if (added.kind == host::Kind::LayerRecord) host::addPlotting(store, added);
+    ObjectBody& added = record->body();
+    addRecord(store, table.self, added, name);
+    if (added.kind == Kind::BlockRecord) completeBlock(store, added);
+    if (added.kind == Kind::LayerRecord) addPlotting(store, added);
     id = store.idOf(added);
     return Acad::eOk;
 }

@@ -40,8 +40,7 @@ std::optional<TagPlace> findTag(std::string_view text, const FieldPlace& place) 
     return locate(text, place).tag;
 }
 
-std::string_view rawTag(std::string_view text, const FieldPlace& place,
-                        std::string_view standard) {
+std::string_view rawTag(std::string_view text, const FieldPlace& place, std::string_view standard) {
     const auto tag = findTag(text, place);
     return tag ? tag->value : standard;
 }

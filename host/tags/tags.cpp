@@ -15,6 +15,13 @@ void addTag(std::string& text, int code, std::string_view value) {
     text.append(digits, length).append(1, '\n').append(value).append(1, '\n');
 }
 
+std::string storedTags(std::initializer_list<Tag> tags) {
+    std::string text;
+    for (const Tag& tag : tags)
+        addTag(text, tag.code, tag.value);
+    return text;
+}
+
 void addTag(std::string& text, int code, double value) { addTag(text, code, formatReal(value)); }
 
 void addTag(std::string& text, int code, int value) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,6 +69,8 @@ class TagReader {
     std::size_t m_end = 0;
 };
 
+/// Tags in stored form. A value must not hold a line end.
+std::string storedTags(std::initializer_list<Tag> tags);
 /// Appends one tag in stored form. A value must not hold a line end.
 void addTag(std::string& text, int code, std::string_view value);
 void addTag(std::string& text, int code, double value);

@@ -87,8 +87,8 @@ bool mapTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& frame,
 }  // namespace
 
 bool EntityTransform::refuse(const ObjectBody& main, const std::string& why) {
-    m_problem = std::string(main.type()) + " " + formatHandle(main.handle) +
-                " cannot be " + m_done + " here" + why + "; leave it out of the selection";
+    m_problem = std::string(main.type()) + " " + formatHandle(main.handle) + " cannot be " +
+                m_done + " here" + why + "; leave it out of the selection";
     return false;
 }
 

@@ -18,6 +18,8 @@ constexpr TransformRule rule(std::string_view type, const FieldRule (&fields)[N]
     return {type, mirroring, layout, fields, N};
 }
 
+using namespace role;
+
 constexpr TransformRule kRules[] = {
     rule("LINE", kLine),
     rule("POINT", kPoint),

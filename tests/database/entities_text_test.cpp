@@ -91,7 +91,7 @@ TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
     AcDbAttribute copy;
     copy.setHeight(2.0);
     copy.setPropertiesFrom(&*entity);
-    EXPECT_EQ(copy.colorIndex(), 1);
+    EXPECT_EQ(host::getField(copy.body(), host::field::color), 1);
     EXPECT_EQ(copy.height(), 2.0);
     entity->setLinetype(L"BYLAYER");
     entity->setColorIndex(256);
