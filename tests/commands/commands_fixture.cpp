@@ -1,7 +1,7 @@
 // Rendering drawings as text for whole-state comparisons.
 #include "commands/commands_fixture.h"
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/commands/entity_maker.h"
 #include "host/content/dictionary_text.h"
 #include "host/dxf/check/drawing_check.h"
@@ -59,7 +59,7 @@ ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const 
     return store().at(0);
 }
 
-std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<int> codes) {
+std::string CommandsTest::values(const ObjectBody& body, std::initializer_list<int> codes) {
     std::string text;
     for (const int code : codes) {
         TagReader reader(body.tags());
@@ -72,8 +72,8 @@ std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<i
     return text;
 }
 
-ObjectBody& CommandsTest::add(const std::string& type, const std::string& groups) {
-    return *Store::resolve(addEntity(store(), type, storedGroups(groups)));
+ObjectBody& CommandsTest::add(const std::string& type, const std::string& tags) {
+    return *Store::resolve(addEntity(store(), type, tagsOf(tags)));
 }
 
 ObjectBody& CommandsTest::addObject(Kind kind, const std::string& text, Index owner) const {

@@ -1,4 +1,4 @@
-// Renders drawing order from the stored groups, without the module's own code.
+// Renders drawing order from the stored tags, without the module's own code.
 #include "common/drawing_order.h"
 
 #include <algorithm>
@@ -40,13 +40,13 @@ bool isMarker(const ObjectBody& body, const std::string& suffix) {
 bool hasGroupRecord(const Store& store, const ObjectBody& entity) {
     const ObjectBody* dictionary = store.byHandle(host::extensionDictionaryHandle(entity.tags()));
     if (dictionary == nullptr || dictionary->erased) return false;
-    host::TagReader groups(dictionary->tags());
-    host::Tag group;
+    host::TagReader reader(dictionary->tags());
+    host::Tag tag;
     std::string key;
-    while (groups.next(group)) {
-        if (group.code == 3) key = group.value;
-        if ((group.code != 350 && group.code != 360) || !endsWith(key, "_GROUP")) continue;
-        const auto handle = host::parseHandle(group.value);
+    while (reader.next(tag)) {
+        if (tag.code == 3) key = tag.value;
+        if ((tag.code != 350 && tag.code != 360) || !endsWith(key, "_GROUP")) continue;
+        const auto handle = host::parseHandle(tag.value);
         const ObjectBody* record = store.byHandle(handle.value_or(0));
         const std::string prefix = key.substr(0, key.size() - 6);
         return record != nullptr && !record->erased && record->type() == "XRECORD" &&
@@ -90,12 +90,12 @@ std::string wordFor(const Store& store, const ObjectBody& body, std::uint64_t& o
 std::string contentOf(const host::ObjectBody& entity) {
     std::string content;
     bool bracket = false;
-    host::TagReader groups(entity.tags());
-    host::Tag group;
-    while (groups.next(group)) {
-        if (group.code == 102) bracket = group.value[0] == '{';
-        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
-        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
+    host::TagReader reader(entity.tags());
+    host::Tag tag;
+    while (reader.next(tag)) {
+        if (tag.code == 102) bracket = tag.value[0] == '{';
+        const bool own = tag.code == 5 || tag.code == 102 || tag.code == 330 || bracket;
+        if (!own) content += std::to_string(tag.code) + '=' + std::string(tag.value) + '|';
     }
     return content;
 }

@@ -1,21 +1,26 @@
-// Groups as literals and renderings: "0 LINE|8 0|10 1.5", code, blank, value, parted by bars.
+// Tags as literals and renderings: "0 LINE|8 0|10 1.5", code, blank, value, parted by bars.
 #pragma once
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <string_view>
 
+#include "host/store/store.h"
 #include "host/tags/tags.h"
 
 namespace tests {
 
-inline std::string storedGroups(const std::string& literal) {
+/// Tags in stored form; a line end parts them too. A code stays as it is written.
+inline std::string tagsOf(std::string literal) {
+    std::replace(literal.begin(), literal.end(), '\n', '|');
     std::string text;
-    std::istringstream groups(literal);
-    for (std::string group; std::getline(groups, group, '|');) {
-        const std::size_t blank = group.find(' ');
-        const std::string value = blank == group.npos ? "" : group.substr(blank + 1);
-        host::addTag(text, std::stoi(group.substr(0, blank)), std::string_view(value));
+    std::istringstream tags(literal);
+    for (std::string tag; std::getline(tags, tag, '|');) {
+        if (tag.empty()) continue;
+        const std::size_t blank = std::min(tag.find(' '), tag.size());
+        text.append(blank < 3 ? 3 - blank : 0, ' ').append(tag, 0, blank).append("\n");
+        text.append(tag.substr(std::min(blank + 1, tag.size()))).append("\n");
     }
     return text;
 }
@@ -27,6 +32,15 @@ inline std::string render(std::string_view text) {
         line += (line.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
     }
     return line;
+}
+
+/// Makes an object of any kind under an owner; in no list yet.
+inline host::ObjectBody& make(host::Store& store, const std::string& literal, host::Index owner,
+                              bool isEntity = true) {
+    host::ObjectBody pattern;
+    pattern.setTags(tagsOf(literal));
+    pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
+    return store.duplicate(pattern, owner);
 }
 
 }  // namespace tests

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/tags/tag_values.h"
 
 namespace host {
@@ -37,7 +37,7 @@ TEST(Tags, WhatIsNoNumberIsRefused) {
 }
 
 TEST(Tags, ValuesAreTheObjectsOwn) {
-    std::string text = tests::storedGroups(
+    std::string text = tests::tagsOf(
         "0 MTEXT|102 {MINE|330 A|62 1|102 }|330 B|100 AcDbText|62 2|10  1.5 |100 AcDbText|62 3|"
         "70 2147483647|71 -2147483648|72 1e5|40 1e999|101 Embedded|63 5|330 C|1001 MINE");
     const FieldPlace second{"AcDbText", 62, 1}, third{"AcDbText", 62, 2}, elsewhere{"AcDbLine", 62};
@@ -66,7 +66,7 @@ TEST(Tags, ValuesAreTheObjectsOwn) {
 
 /// Each tag as its code, its zone (Head, Common, Part, Data, Embedded, X) and its role.
 std::string walked(const std::string& literal) {
-    const std::string text = tests::storedGroups(literal);
+    const std::string text = tests::tagsOf(literal);
     std::string line;
     for (TagWalk tag(text); tag.next();) {
         line += (line.empty() ? "" : " ") + std::to_string(tag.code()) + "HCPDEX"[int(tag.zone())];

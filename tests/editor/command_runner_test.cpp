@@ -36,7 +36,7 @@ class CommandRunner : public EditorTest {
         body = nullptr;
         runs = 0;
         for (int i = 0; i < 3; ++i)
-            add("POINT;10 " + std::to_string(i) + ";20 0");
+            add("0 POINT|10 " + std::to_string(i) + "|20 0");
     }
     ~CommandRunner() override { body = nullptr; }
 
