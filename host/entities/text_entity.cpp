@@ -9,14 +9,8 @@ namespace {
 
 /// The vertical mode has a place of its own in each of the three kinds of text.
 const IntegerField& verticalModeOf(const ObjectBody& body) {
-    switch (body.kind) {
-        case Kind::AttributeDefinition:
-            return field::definitionVerticalMode;
-        case Kind::Attribute:
-            return field::attributeVerticalMode;
-        default:
-            return field::textVerticalMode;
-    }
+    if (body.kind == Kind::AttributeDefinition) return field::definitionVerticalMode;
+    return body.kind == Kind::Attribute ? field::attributeVerticalMode : field::textVerticalMode;
 }
 
 /// Sets a mode; eInvalidInput for a number that is none.

@@ -1,6 +1,4 @@
 // Block table records: their entities, base point, and the walk over a block.
-#include <unordered_set>
-
 #include "host/content/fields.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
@@ -33,16 +31,6 @@ void noteAttributeDefinition(ObjectBody& record, const ObjectBody& definition) {
     std::string text(block.tags());
     setTag(text, 70, flags | kBlockHasAttributes);
     block.setTags(text);
-}
-
-std::unordered_set<const AcDbBlockTableRecordIterator*>& iterators() {
-    static auto& all = *new std::unordered_set<const AcDbBlockTableRecordIterator*>;
-    return all;
-}
-
-void listIterators(std::vector<std::string>& lines) {
-    for (std::size_t count = iterators().size(); count > 0; --count)
-        lines.push_back("iterator over a block");
 }
 
 }  // namespace
@@ -106,17 +94,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
 }
 
 AcDbBlockTableRecordIterator::AcDbBlockTableRecordIterator(const AcDbBlockTableRecord& block) {
-    addHeldLister(listIterators);
-    iterators().insert(this);
-    countHeld(Held::Iterator);
+    holdIterator(this, "a block");
     const Store& store = *block.body().store;
     m_current = store.idOf(store.firstLive(block.body().self));
 }
 
-AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() {
-    iterators().erase(this);
-    countReturned(Held::Iterator);
-}
+AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() { returnIterator(this); }
 
 void AcDbBlockTableRecordIterator::step() {
     const ObjectBody* const current = bodyOfId(m_current, "AcDbBlockTableRecordIterator::step");

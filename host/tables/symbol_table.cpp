@@ -22,18 +22,11 @@ void addPlotting(const Store& store, ObjectBody& layer) {
     layer.setTags(text);
 }
 
-/// Kind of the records that a table takes.
+/// False also for the other tables: no class of the interface makes records of theirs.
 bool takesRecord(Kind table, Kind record) {
-    switch (table) {
-        case Kind::BlockTable:
-            return record == Kind::BlockRecord;
-        case Kind::LayerTable:
-            return record == Kind::LayerRecord;
-        case Kind::LinetypeTable:
-            return record == Kind::LinetypeRecord;
-        default:
-            return false;  // no class of the interface makes records of the other tables
-    }
+    return (table == Kind::BlockTable && record == Kind::BlockRecord) ||
+           (table == Kind::LayerTable && record == Kind::LayerRecord) ||
+           (table == Kind::LinetypeTable && record == Kind::LinetypeRecord);
 }
 
 }  // namespace

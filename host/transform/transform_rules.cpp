@@ -94,17 +94,9 @@ const FieldRule* TransformRule::find(int code, std::string_view subclass) const 
 }
 
 const TransformRule* transformRule(const ObjectBody& body) {
-    switch (body.kind) {
-        case Kind::Polyline2d:
-            return &kPolyline2dRule;
-        case Kind::Polyline3d:
-        case Kind::OtherPolyline:
-            return &kPolyline3dRule;
-        case Kind::Vertex:
-            return vertexRule(body);
-        default:
-            break;
-    }
+    if (body.kind == Kind::Vertex) return vertexRule(body);
+    if (body.kind == Kind::Polyline2d) return &kPolyline2dRule;
+    if (body.kind == Kind::Polyline3d || body.kind == Kind::OtherPolyline) return &kPolyline3dRule;
     const std::string_view type = body.type();
     for (const TransformRule& each : kRules) {
         if (each.type == type) return &each;

@@ -1,4 +1,4 @@
-// Fields of texts and attributes: where they stand in the groups, and what edits leave alone.
+// Fields of texts and attributes: where they stand in the tags, and what edits leave alone.
 #include <cmath>
 
 #include "entities_drawing.h"

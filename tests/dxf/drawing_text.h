@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -58,9 +57,7 @@ class DrawingFiles : public testing::Test {
     std::string findings(const std::string& text) const;
 
   private:
-    /// In memory where possible: what is saved is flushed to the disk, thousands of times here.
-    tests::ScratchFolder m_folder{
-        std::filesystem::exists("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path()};
+    tests::ScratchFolder m_folder{tests::quickParent()};
 };
 
 }  // namespace dxf_tests

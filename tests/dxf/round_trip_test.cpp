@@ -70,19 +70,19 @@ TEST_F(RoundTrip, MissingHandlesAndStructureAreSuppliedOnce) {
 }
 
 /// Groups of a file by a reader of its own: no comments, no padding, no $HANDSEED value.
-std::vector<std::string> groupsOf(const std::string& file) {
+std::vector<std::string> tagsIn(const std::string& file) {
     std::ifstream input(file, std::ios::binary);
-    std::vector<std::string> groups;
+    std::vector<std::string> tags;
     std::string code;
     std::string value;
     while (std::getline(input, code) && std::getline(input, value)) {
         if (!value.empty() && value.back() == '\r') value.pop_back();
-        const bool isSeed = !groups.empty() && groups.back() == "9 $HANDSEED";
+        const bool isSeed = !tags.empty() && tags.back() == "9 $HANDSEED";
         const int number = std::stoi(code);
-        if (number != 999) groups.push_back(std::to_string(number) + (isSeed ? "" : " " + value));
+        if (number != 999) tags.push_back(std::to_string(number) + (isSeed ? "" : " " + value));
         if (number == 0 && value == "EOF") break;
     }
-    return groups;
+    return tags;
 }
 
 TEST_F(RoundTrip, DrawingsOfOthersKeepEveryGroup) {
@@ -93,7 +93,7 @@ TEST_F(RoundTrip, DrawingsOfOthersKeepEveryGroup) {
         if (store == nullptr && error.text.find("older than 2000") != std::string::npos) continue;
         ASSERT_NE(store, nullptr) << error.message();
         const std::string first = saved(*store);
-        ASSERT_EQ(groupsOf(path("saved.dxf")), groupsOf(file)) << file;
+        ASSERT_EQ(tagsIn(path("saved.dxf")), tagsIn(file)) << file;
         ASSERT_EQ(saved(*load(first)), first) << file;
         ++loaded;
     }

@@ -16,9 +16,9 @@ class Saving : public DrawingFiles {
         const std::string text = "\n" + read("saved.dxf");
         const std::size_t begin = text.find("\n  5\n" + handle + "\n");
         if (begin == std::string::npos) return "none";
-        std::string groups = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
-        std::replace(groups.begin(), groups.end(), '\n', ' ');
-        return groups;
+        std::string tags = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
+        std::replace(tags.begin(), tags.end(), '\n', ' ');
+        return tags;
     }
     void erase(host::Store& store, std::uint64_t handle) const {
         host::eraseWithOwned(*store.byHandle(handle));

@@ -11,7 +11,7 @@ namespace tests {
 namespace {
 
 struct Form {
-    const char* groups;
+    const char* tags;
     double x, y;                      ///< on the entity
     double missX, missY;              ///< near it, but not on it
     double left, bottom, right, top;  ///< holds all of it; empty for what no window holds
@@ -65,9 +65,9 @@ TEST_F(HitTest, ReachesEachForm) {
         return in(x - 0.02, y - 0.02, x + 0.02, y + 0.02, true);
     };
     for (const Form& form : kForms) {
-        SCOPED_TRACE(form.groups);
+        SCOPED_TRACE(form.tags);
         entities.clear();
-        const AcDbObjectId id = add(form.groups);
+        const AcDbObjectId id = add(form.tags);
         EXPECT_EQ(at(form.x, form.y), "a");
         EXPECT_EQ(at(form.missX, form.missY), "");
         EXPECT_EQ(crossed(form.x, form.y), "a");

@@ -63,9 +63,9 @@ TEST_F(SelectionModes, FollowTheCurrentSpace) {
 }
 
 TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
-    const char* const groups = "0 VIEWPORT|67 1|10 0|20 0|40 100|41 100|69 ";
-    const AcDbObjectId paper = add(groups + std::string("1"), store.paperSpace());  // g
-    add(groups + std::string("2"), store.paperSpace());                             // h
+    const char* const tags = "0 VIEWPORT|67 1|10 0|20 0|40 100|41 100|69 ";
+    const AcDbObjectId paper = add(tags + std::string("1"), store.paperSpace());  // g
+    add(tags + std::string("2"), store.paperSpace());                             // h
     std::wstring explanation;
     ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
     EXPECT_EQ(get(L"A"), "hd");
