@@ -104,7 +104,6 @@ CommandStatus runPasteClip(Store& store) {
     return CommandStatus::Done;
 }
 
-constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 constexpr Adesk::Int32 kKeepsPickfirst = ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW;
 
 }  // namespace
@@ -114,7 +113,7 @@ void dropClipboard() { clipboard() = {}; }
 const CommandTable kClipboardCommands = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
-    {L"CUTCLIP", kTakesPickfirst, runCutClip, L"the same, and erases them"},
+    {L"CUTCLIP", ACRX_CMD_USEPICKSET, runCutClip, L"the same, and erases them"},
     {L"PASTECLIP", 0, onDrawing<runPasteClip>,
      L"inserts what the clipboard holds: insertion point"},
 };

@@ -26,13 +26,11 @@ CommandStatus runSelect(Store&) {
                : CommandStatus::Done;
 }
 
-constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
-
 }  // namespace
 
 const CommandTable kSelectionCommands = {
-    {L"ERASE", kTakesPickfirst, runErase, L"erases the selected entities"},
-    {L"SELECT", kTakesPickfirst, onDrawing<runSelect>,
+    {L"ERASE", ACRX_CMD_USEPICKSET, runErase, L"erases the selected entities"},
+    {L"SELECT", ACRX_CMD_USEPICKSET, onDrawing<runSelect>,
      L"selects entities for the P of later commands"},
 };
 

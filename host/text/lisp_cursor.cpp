@@ -8,12 +8,12 @@
 namespace host {
 namespace {
 
-bool isBlank(wchar_t c) { return std::iswspace(static_cast<std::wint_t>(c)) != 0; }
+bool isSpace(wchar_t c) { return std::iswspace(static_cast<std::wint_t>(c)) != 0; }
 
 }  // namespace
 
 wchar_t LispCursor::peek() {
-    while (m_at < m_text.size() && isBlank(m_text[m_at]))
+    while (m_at < m_text.size() && isSpace(m_text[m_at]))
         ++m_at;
     return m_at < m_text.size() ? m_text[m_at] : L'\0';
 }
@@ -27,7 +27,7 @@ bool LispCursor::accept(wchar_t c) {
 std::wstring LispCursor::atom() {
     peek();
     const std::size_t begin = m_at;
-    while (m_at < m_text.size() && !isBlank(m_text[m_at]) &&
+    while (m_at < m_text.size() && !isSpace(m_text[m_at]) &&
            std::wstring_view(L"()\"'").find(m_text[m_at]) == std::wstring_view::npos)
         ++m_at;
     return m_text.substr(begin, m_at - begin);
