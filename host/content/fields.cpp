@@ -179,6 +179,10 @@ void setField(ObjectBody& body, const TextField& field, std::wstring_view value)
     storeValue(body, field.place, encoded(body, value), value == field.fallback);
 }
 
+bool fitsValue(const ObjectBody& body, std::wstring_view text) {
+    return encoded(body, text).size() <= kLongestValue;
+}
+
 void copyField(const ObjectBody& from, ObjectBody& to, const FieldPlace& place) {
     const auto value = fieldValue(from.tags(), place);
     storeValue(to, place, value ? encoded(to, decoded(from, *value)) : "", !value);

@@ -15,6 +15,13 @@ std::uint64_t pointerOf(const ObjectBody* object, const FieldPlace& place) {
     return parseHandle(fieldValue(object->tags(), place).value_or("0")).value_or(0);
 }
 
+constexpr FieldPlace kLastViewport{"AcDbLayout", 331};
+
+/// The layout of a block record, or null.
+ObjectBody* layoutOf(const ObjectBody& block) {
+    return block.store->byHandle(pointerOf(&block, {"AcDbBlockTableRecord", 340}));
+}
+
 }  // namespace
 
 bool isPaperViewport(const ObjectBody& entity) {
@@ -24,8 +31,17 @@ bool isPaperViewport(const ObjectBody& entity) {
     if (block.kind != Kind::BlockRecord || !isPaperSpace(block)) return false;
     const long long number = integerTag(entity.tags(), 69, 0);
     if (number != 0) return number == 1;
-    const std::uint64_t layout = pointerOf(&block, {"AcDbBlockTableRecord", 340});
-    return pointerOf(store.byHandle(layout), {"AcDbLayout", 331}) == entity.handle;
+    return pointerOf(layoutOf(block), kLastViewport) == entity.handle;
+}
+
+void passOnLastViewport(const ObjectBody& source, const ObjectBody& clone) {
+    if (source.type() != "VIEWPORT" || source.owner != clone.owner || isPaperViewport(source))
+        return;
+    ObjectBody* const layout = layoutOf(source.store->at(source.owner));
+    if (pointerOf(layout, kLastViewport) != source.handle) return;
+    std::string text(layout->tags());
+    setFieldValue(text, kLastViewport, formatHandle(clone.handle));
+    layout->setTags(text);
 }
 
 }  // namespace host

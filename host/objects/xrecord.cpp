@@ -62,9 +62,12 @@ Acad::ErrorStatus addItem(std::string& text, const host::ObjectBody& xrecord, co
     const int code = item.restype;
     if (code < 1 || code > 369 || code == 5 || code == 105) return Acad::eInvalidDxfCode;
     switch (host::valueKindOf(code)) {
-        case host::ValueKind::Text:
-            host::addTag(text, code, encoded(xrecord, item.resval.rstring));
+        case host::ValueKind::Text: {
+            const std::string value = encoded(xrecord, item.resval.rstring);
+            if (value.size() > host::kLongestValue) return Acad::eInvalidResBuf;
+            host::addTag(text, code, value);
             break;
+        }
         case host::ValueKind::Real:
             host::addTag(text, code, item.resval.rreal);
             break;

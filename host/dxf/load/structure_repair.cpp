@@ -25,7 +25,7 @@ ObjectBody& addObject(Store& store, Kind kind, const std::string& text, std::uin
 
 Index supplyTable(Store& store, const char* name, Kind kind) {
     if (const Index table = store.table(name)) return table;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     std::string text;
     addTag(text, 0, "TABLE");
     addTag(text, 2, name);
@@ -50,7 +50,7 @@ ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
                          std::string_view bytes) {
     const std::wstring name = store.decode(bytes);
     if (ObjectBody* const record = store.symbol(table, name)) return *record;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     std::string text = beginObject(form.type, handle, store.at(table).handle);
     addTag(text, 100, "AcDbSymbolTableRecord");
     addTag(text, 100, form.markerName);
@@ -120,12 +120,13 @@ void supplyObjects(Store& store) {
     store.section(SectionKind::Entities);
     store.section(SectionKind::Objects);
     if (store.rootDictionary() != kNoIndex) return;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     const std::string empty = newDictionaryText(false);
     ObjectBody& root = addObject(store, Kind::Dictionary, withIdentity(empty, handle, 0), handle);
     store.appendChild(store.objectsList(), root);
+    const std::uint64_t next = store.freeHandle();
     ObjectBody& groups =
-        addObject(store, Kind::Dictionary, withIdentity(empty, handle + 1, handle), handle + 1);
+        addObject(store, Kind::Dictionary, withIdentity(empty, next, handle), next);
     store.appendChild(store.objectsList(), groups);
     groups.owner = root.self;
     addEntry(root, L"ACAD_GROUP", groups.handle);
