@@ -123,6 +123,7 @@ int start(host::Session& session, const Options& options, const Job& job) {
     const host::Outcome opened =
         job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;
+    if (!job.target.empty()) session.stageSaves(job.target, job.staged);
     if (!setVariables(options)) return kUsage;
     return loadModule(session, options) ? kDone : kFailed;
 }
@@ -181,10 +182,15 @@ int runSession(const Options& options) {
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     if (const int status = prepareOutputFolder(options); status != kDone) return status;
     catchInterrupts();
-    if (options.files.empty()) return runDrawing(options, {{}, {}, script});
-    return runBatch(options, [&](const std::string& file) {
-        return runDrawing(options, {file, outputPath(options, file), script});
-    });
+    if (options.files.empty()) return runDrawing(options, {{}, {}, {}, script});
+    const StagedResults results(options);
+    return runBatch(
+        options,
+        [&](const std::string& file) {
+            return runDrawing(options,
+                              {file, outputPath(options, file), results.staged(file), script});
+        },
+        [&](const std::string& file, int& status) { return results.settle(file, status); });
 }
 
 std::string helpOnCommands() {
