@@ -1,6 +1,7 @@
 // Gives an inspection the spaces of a drawing and tells it what their entities are.
 #include "drafthost/drawing_inspection.h"
 
+#include "drafthost/output.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
@@ -43,5 +44,7 @@ inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
         if (box) entity.extents = {box->left, box->bottom, box->right, box->top};
         return entity;
     };
-    return inspection::inspect(drawing, spaces, describe);
+    inspection::Inspection found = inspection::inspect(drawing, spaces, describe);
+    if (maker.framed() > 0) complain(maker.framesLine());
+    return found;
 }

@@ -118,6 +118,7 @@ Scene readScene(const host::Store& store, host::Index space) {
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {
         if (!host::isPaperViewport(store.at(i))) add(scene, maker, store.at(i));
     }
+    scene.repeating = maker.framed();
     return scene;
 }
 

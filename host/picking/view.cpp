@@ -69,6 +69,7 @@ std::optional<Box> extentsOf(const Store& store) {
         if (isPaperViewport(store.at(i))) continue;
         extend(extents, maker.outlineOf(store.at(i)).bounds());
     }
+    maker.tellFrames();
     return extents;
 }
 

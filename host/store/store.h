@@ -162,6 +162,7 @@ class Store {
     int currentViewport = 2;
     /// Height of the view in drawing units where the drawing keeps none; 0 until it is worked out.
     mutable double assumedViewHeight = 0;
+    mutable bool framesTold = false;  ///< that parts of the drawing are taken as frames
     /// The database object that holds this store.
     AcDbDatabase* database = nullptr;
     /// Counts changes of content, for "modified since saved" and caches.

@@ -277,6 +277,14 @@ std::string oneLine(std::wstring_view message) {
     return toUtf8(line);
 }
 
+std::wstring shortened(std::wstring text) {
+    constexpr std::size_t kMost = 200;
+    if (text.size() <= kMost) return text;
+    text.resize(kMost - 1);
+    if (text.back() >= 0xD800 && text.back() < 0xDC00) text.pop_back();  // half a character
+    return text + L'\u2026';
+}
+
 std::wstring foldCase(std::wstring_view text) {
     std::wstring folded(text);
     for (wchar_t& c : folded) {

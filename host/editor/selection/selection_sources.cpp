@@ -73,13 +73,9 @@ std::vector<AcDbObjectId> selectMatching(const Store& store, const SelectionFilt
 }
 
 std::vector<AcDbObjectId> selectLast(const Store& store) {
-    const Index space = store.currentSpace();
-    for (Index i = space == kNoIndex ? kNoIndex : store.lastLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
-        if (isDrawn(store, entity)) return {store.idOf(entity)};
-        i = store.previousLive(entity);
-    }
-    return {};
+    const AcDbObjectId last = lastDrawn(store);
+    if (last.isNull()) return {};
+    return {last};
 }
 
 std::vector<AcDbObjectId> selectPrevious() {
