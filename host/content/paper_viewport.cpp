@@ -4,22 +4,20 @@
 #include "host/content/fields.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
-
-/// The handle that a tag of an object's subclass names; 0 when there is none.
-std::uint64_t pointerOf(const ObjectBody* object, const FieldPlace& place) {
-    if (object == nullptr) return 0;
-    return parseHandle(fieldValue(object->tags(), place).value_or("0")).value_or(0);
-}
 
 constexpr FieldPlace kLastViewport{"AcDbLayout", 331};
 
 /// The layout of a block record, or null.
 ObjectBody* layoutOf(const ObjectBody& block) {
-    return block.store->byHandle(pointerOf(&block, {"AcDbBlockTableRecord", 340}));
+    return block.store->byHandle(handleTag(block.tags(), {"AcDbBlockTableRecord", 340}));
+}
+
+bool wasWorkedIn(const ObjectBody* layout, const ObjectBody& viewport) {
+    return layout != nullptr && handleTag(layout->tags(), kLastViewport) == viewport.handle;
 }
 
 }  // namespace
@@ -29,18 +27,18 @@ bool isPaperViewport(const ObjectBody& entity) {
     const Store& store = *entity.store;
     const ObjectBody& block = store.at(entity.owner);
     if (block.kind != Kind::BlockRecord || !isPaperSpace(block)) return false;
-    const long long number = integerTag(entity.tags(), 69, 0);
+    const int number = integerTag(entity.tags(), 69);
     if (number != 0) return number == 1;
-    return pointerOf(layoutOf(block), kLastViewport) == entity.handle;
+    return wasWorkedIn(layoutOf(block), entity);
 }
 
 void passOnLastViewport(const ObjectBody& source, const ObjectBody& clone) {
     if (source.type() != "VIEWPORT" || source.owner != clone.owner || isPaperViewport(source))
         return;
     ObjectBody* const layout = layoutOf(source.store->at(source.owner));
-    if (pointerOf(layout, kLastViewport) != source.handle) return;
+    if (!wasWorkedIn(layout, source)) return;
     std::string text(layout->tags());
-    setFieldValue(text, kLastViewport, formatHandle(clone.handle));
+    setTag(text, kLastViewport, formatHandle(clone.handle));
     layout->setTags(text);
 }
 

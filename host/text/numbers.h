@@ -14,7 +14,7 @@ std::string formatHandle(std::uint64_t handle);
 /// The highest handle of an object. Above it stands nothing that readers take: neither do owners
 /// and seeds there raise the next free handle, nor is one given there.
 inline constexpr std::uint64_t kHighestHandle = ~std::uint64_t{0} - (std::uint64_t{1} << 32);
-/// Blanks around the number are accepted, anything else is not.
+/// Blanks around the number are accepted, anything else is not. Reals are finite.
 std::optional<double> parseReal(std::string_view text);
 std::optional<long long> parseInteger(std::string_view text);
 std::optional<std::uint64_t> parseHandle(std::string_view text);

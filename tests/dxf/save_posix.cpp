@@ -66,7 +66,7 @@ TEST_F(SavingOnPosix, LeavesTheOldDrawingOrTheNewOne) {
 }
 
 TEST_F(SavingOnPosix, PermissionsAndLinksStay) {
-    const auto store = load(dxf(kDrawing));
+    const auto store = load(tagsOf(kDrawing));
     ::chmod(write("real.dxf", "old").c_str(), 0640);
     std::filesystem::create_symlink("real.dxf", path("link.dxf"));
     // Not every file system has them.
@@ -79,14 +79,14 @@ TEST_F(SavingOnPosix, PermissionsAndLinksStay) {
               ".dxf-" + std::to_string(::getppid()) + "-1.tmp link.dxf load.dxf real.bak real.dxf");
     EXPECT_EQ(::getxattr(path("real.dxf").c_str(), "user.note", nullptr, 0), tagged ? 1 : -1);
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
-    EXPECT_EQ(read("real.dxf"), dxf(kDrawing));
+    EXPECT_EQ(read("real.dxf"), tagsOf(kDrawing));
     struct stat status;
     ASSERT_EQ(::stat(path("real.dxf").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
 }
 
 TEST_F(SavingOnPosix, DevicesAreNoTarget) {
-    const auto store = load(dxf(kDrawing));
+    const auto store = load(tagsOf(kDrawing));
     host::DxfError error;
     EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
     EXPECT_EQ(error.text,
