@@ -136,23 +136,27 @@ int reportFaults(const Job& job, int status) {
     return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
 }
 
+void writeCommandLine(const std::wstring& text) {
+    writeOutput(host::toUtf8(host::printableLines(text)));
+}
+
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
-    host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    host::setCommandLineSink(
+        [&](const std::wstring& text) { terminal->print(host::printableLines(text)); });
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
     while (!session.leave(*terminal));
-    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    host::setCommandLineSink(writeCommandLine);
 }
 
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet)
-        host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    if (!options.quiet) host::setCommandLineSink(writeCommandLine);
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
