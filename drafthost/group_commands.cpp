@@ -17,7 +17,6 @@
 #include "host/editor/state/document_state.h"
 #include "host/objectarx/editor.h"
 #include "host/store/store.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 #include "inspection/report.h"
 
@@ -43,9 +42,9 @@ host::CommandStatus runGroupList() {
 host::CommandStatus runPicture() {
     const host::Store* store = host::drawingOrComplaint();
     if (store == nullptr) return host::CommandStatus::Failed;
-    const host::Answer answer = host::prompt(L"\nEnter name of picture file: ");
-    if (answer.kind != host::Answer::Kind::Text) return host::CommandStatus::Cancelled;
-    std::string path = host::withHome(host::toUtf8(answer.text));
+    std::string path;
+    if (host::promptFile(L"\nEnter name of picture file: ", path) != host::PromptStatus::Ok)
+        return host::CommandStatus::Cancelled;
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
     const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);

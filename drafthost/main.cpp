@@ -9,6 +9,7 @@
 #include "drafthost/process.h"
 #include "drafthost/run.h"
 #include "drafthost/terminal.h"
+#include "host/text/paths.h"
 
 namespace {
 
@@ -34,6 +35,8 @@ int main(int count, char** values) {
             complain(error + "; drafthost --help lists the options");
             return kUsage;
         }
+        for (std::string& file : options.files)
+            file = host::drawingPath(file);
         status = act(options);
     } catch (const std::bad_alloc&) {
         complain("out of memory");

@@ -37,6 +37,10 @@ void writeOutput(const std::string& text) {
     lineIsOpen = text.back() != '\n';
 }
 
+void endLine() {
+    if (lineIsOpen) writeOutput("\n");
+}
+
 void flushOutput() {
     if (!outputClosed && std::fflush(stdout) != 0) noteFailure();
 }

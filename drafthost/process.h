@@ -5,10 +5,13 @@
 #include <functional>
 #include <string>
 
-/// From here on Ctrl+C asks the program to stop; pressed again, it ends it.
+/// From here on Ctrl+C asks the program to stop, and so do SIGTERM and SIGHUP where the system has
+/// them; a second Ctrl+C ends it. A SIGHUP that was ignored stays so.
 void catchInterrupts();
-/// True once Ctrl+C was pressed.
+/// True once Ctrl+C was pressed or such a signal came.
 bool interruptRequested();
+/// The number of that signal, other than Ctrl+C, or 0.
+int endingSignal();
 
 /// What one of several jobs gave.
 struct JobResult {

@@ -23,7 +23,12 @@ volatile std::sig_atomic_t interrupts = 0;
 /// A process with children ends them before itself.
 volatile std::sig_atomic_t hasChildren = 0;
 
-void onInterrupt(int) {
+volatile std::sig_atomic_t ending = 0;
+
+void onInterrupt(int signal) {
+    if (signal != SIGINT) ending = signal;
+    // A session that ends sends two signals at once; only the second Ctrl+C is impatience.
+    if (signal != SIGINT && interrupts > 0) return;
     interrupts = interrupts + 1;
     if (interrupts > 1 && hasChildren == 0) _exit(kInterrupted);
 }
@@ -186,9 +191,15 @@ void catchInterrupts() {
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+    struct sigaction former = {};
+    sigaction(SIGHUP, nullptr, &former);
+    if (former.sa_handler != SIG_IGN) sigaction(SIGHUP, &action, nullptr);
 }
 
 bool interruptRequested() { return interrupts != 0; }
+
+int endingSignal() { return ending; }
 
 void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t)>& work,
              const std::function<void(std::size_t, JobResult)>& finished) {

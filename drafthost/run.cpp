@@ -135,7 +135,9 @@ int reportFaults(const Job& job, int status) {
     return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
 }
 
-void runTerminal(host::Session& session) {
+/// Gives the exit status.
+int runTerminal(host::Session& session) {
+    endLine();
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
     session.setProgress([&](const char* what, int percent) {
@@ -146,9 +148,14 @@ void runTerminal(host::Session& session) {
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
-    while (!session.leave(*terminal));
+    while (!terminal->gone() && !session.leave(*terminal));
+    if (terminal->gone()) {
+        for (const std::string& line : session.rescueDrawings())
+            complain(line);
+    }
     session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
 }
 
 int runDrawing(const Options& options, const Job& job) {
@@ -165,8 +172,7 @@ int runDrawing(const Options& options, const Job& job) {
     if (status == kDone && !options.script.empty()) {
         status = runJob(*session, options, job);
     } else if (status == kDone && isInteractive()) {
-        runTerminal(*session);
-        status = session->exitStatus();
+        status = runTerminal(*session);
     }
     watch.reset();
     session.reset();
@@ -176,7 +182,10 @@ int runDrawing(const Options& options, const Job& job) {
 
 }  // namespace
 
-int runSession(const Options& options) {
+int runSession(const Options& given) {
+    Options options = given;
+    // Several drawings need a script that is named: parseOptions has seen to that.
+    if (options.script.empty() && !standardInputIsTerminal()) options.script = "-";
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     if (const int status = prepareOutputFolder(options); status != kDone) return status;
@@ -195,6 +204,6 @@ std::string helpOnCommands() {
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "
            "cannot be\n"
            "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
-           "130 Ctrl+C. With several drawings the highest.\n\n" +
+           "130 Ctrl+C, SIGTERM, SIGHUP. With several drawings the highest.\n\n" +
            host::toUtf8(host::commandHelp());
 }

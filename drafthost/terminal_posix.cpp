@@ -4,7 +4,6 @@
 #include <histedit.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
@@ -12,9 +11,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "drafthost/completion.h"
 #include "drafthost/key_reader_posix.h"
 #include "drafthost/output.h"
-#include "host/application/session.h"
+#include "drafthost/process.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
@@ -24,8 +24,10 @@ volatile std::sig_atomic_t interrupted = 0;
 
 void onInterrupt(int) { interrupted = 1; }
 
+bool stopped() { return interrupted != 0 || endingSignal() != 0; }
+
 /// Ctrl+C while a command works counts at its next prompt. (While a line is edited it is a key.)
-void catchInterrupts() {
+void catchControlC() {
     struct sigaction action = {};
     action.sa_handler = onInterrupt;
     sigemptyset(&action.sa_mask);
@@ -49,7 +51,8 @@ class EditedTerminal : public Terminal {
     EditedTerminal& operator=(const EditedTerminal&) = delete;
 
     void print(const std::wstring& text) override;
-    bool stopRequested() const override { return interrupted != 0; }
+    bool stopRequested() const override { return stopped(); }
+    bool gone() const override { return m_gone; }
 
   private:
     static EditedTerminal& of(EditLine* editor) {
@@ -58,26 +61,27 @@ class EditedTerminal : public Terminal {
         return *static_cast<EditedTerminal*>(self);
     }
     static char* promptOf(EditLine* editor) { return of(editor).m_prompt.data(); }
-    static int readKey(EditLine* editor, wchar_t* key) { return of(editor).m_keys.next(*key); }
+    static int readKey(EditLine* editor, wchar_t* key) {
+        EditedTerminal& self = of(editor);
+        const int count = self.m_keys.next(*key);
+        self.m_gone = count != 1 && interrupted == 0;
+        return count;
+    }
     static unsigned char onCancelKey(EditLine*, int) {
         interrupted = 1;
         return CC_EOF;
     }
-    static unsigned char onTabKey(EditLine* editor, int key) {
-        return of(editor).m_completesNames ? completeName(editor, key)
-                                           : _el_fn_complete(editor, key);
-    }
-    /// Completes the name of a command; behind it names of files.
-    static unsigned char completeName(EditLine* editor, int key);
+    static unsigned char onTabKey(EditLine* editor, int key);
     bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 
-    KeyReader m_keys{[] { return interrupted != 0; }};
+    KeyReader m_keys{stopped};
     EditLine* m_editor;
     History* m_history;
     std::string m_prompt;
-    bool m_completesNames = false;
+    bool m_atEmptyPrompt = false;
     std::string m_open;         ///< begin of a line: the editor prints it as prompt
     bool m_atLineBegin = true;  ///< nothing was printed since a line was typed
+    bool m_gone = false;        ///< the terminal, or the program is asked to end
 };
 
 EditedTerminal::EditedTerminal()
@@ -101,7 +105,7 @@ EditedTerminal::EditedTerminal()
     el_set(m_editor, EL_BIND, "^C", "drafthost-cancel", nullptr);
     el_set(m_editor, EL_ADDFN, "drafthost-complete", "Completes a name", onTabKey);
     el_set(m_editor, EL_BIND, "^I", "drafthost-complete", nullptr);
-    catchInterrupts();
+    catchControlC();
 }
 
 EditedTerminal::~EditedTerminal() {
@@ -114,43 +118,36 @@ EditedTerminal::~EditedTerminal() {
     history_end(m_history);
 }
 
-unsigned char EditedTerminal::completeName(EditLine* editor, int key) {
+unsigned char EditedTerminal::onTabKey(EditLine* editor, int) {
     const LineInfo* line = el_line(editor);
-    const std::wstring typed =
-        host::fromUtf8({line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)});
-    if (typed.find(L' ') != std::wstring::npos) return _el_fn_complete(editor, key);
-    std::wstring all, common;
-    std::size_t count = 0;
-    for (const std::wstring& name : host::typableNames()) {
-        if (host::foldCase(name).rfind(host::foldCase(typed), 0) != 0) continue;
-        all += L" " + name;
-        std::size_t same = 0;
-        while (count > 0 && same < std::min(common.size(), name.size()) &&
-               common[same] == name[same])
-            ++same;
-        common = ++count == 1 ? name : common.substr(0, same);
+    const std::string typed(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer));
+    const Completion found = complete(typed, of(editor).m_atEmptyPrompt);
+    if (!found.choices.empty()) {
+        std::string all;
+        for (const std::string& choice : found.choices)
+            all += (all.empty() ? "" : "  ") + choice;
+        writeOutput("\n" + all + "\n");
+        flushOutput();
+        return CC_REDISPLAY;
     }
-    if (common.size() > typed.size() || count == 1) {
-        el_deletestr(editor, static_cast<int>(typed.size()));
-        el_insertstr(editor, host::toUtf8(common).c_str());
-        return CC_REFRESH;
-    }
-    if (count == 0) return CC_ERROR;
-    writeOutput("\n" + host::toUtf8(all.substr(1)) + "\n");
-    flushOutput();
-    return CC_REDISPLAY;
+    if (found.text.empty()) return CC_ERROR;
+    const std::string replaced = typed.substr(typed.size() - found.length);
+    el_deletestr(editor, static_cast<int>(host::fromUtf8(replaced).size()));
+    el_insertstr(editor, found.text.c_str());
+    return CC_REFRESH;
 }
 
 bool EditedTerminal::readLine(const std::wstring& prompt, std::wstring& line,
                               host::Answer& otherwise) {
     int length = 0;
     flushOutput();
-    m_completesNames = asksForCommand(prompt);
+    m_atEmptyPrompt = asksForCommand(prompt);
     m_prompt = m_open.empty() ? host::toUtf8(prompt) : std::exchange(m_open, {});
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.
     el_set(m_editor, EL_PREP_TERM, 1);
-    const char* typed = interrupted == 0 ? el_gets(m_editor, &length) : nullptr;
+    m_gone = m_gone || endingSignal() != 0;
+    const char* typed = interrupted == 0 && !m_gone ? el_gets(m_editor, &length) : nullptr;
     m_atLineBegin = true;
     if (interrupted != 0) {
         interrupted = 0;
@@ -202,7 +199,9 @@ void prepareStreams() {
     if (std::setlocale(LC_CTYPE, "") == nullptr) std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-bool isInteractive() { return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0; }
+bool standardInputIsTerminal() { return isatty(STDIN_FILENO) != 0; }
+
+bool isInteractive() { return standardInputIsTerminal() && isatty(STDOUT_FILENO) != 0; }
 
 bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 

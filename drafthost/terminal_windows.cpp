@@ -27,8 +27,10 @@ class ConsoleTerminal : public Terminal {
     ConsoleTerminal() { SetConsoleCtrlHandler(onControl, TRUE); }
     void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
     bool stopRequested() const override { return interrupted != 0; }
+    bool gone() const override { return m_gone; }
 
   private:
+    bool m_gone = false;
     bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 };
 
@@ -40,7 +42,8 @@ bool ConsoleTerminal::readLine(const std::wstring&, std::wstring& line, host::An
     const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), buffer,
                                    static_cast<DWORD>(std::size(buffer)), &length, nullptr);
     constexpr wchar_t kControlZ = 0x1A;
-    const bool isEnd = !read || length == 0 || buffer[0] == kControlZ;
+    m_gone = !read;
+    const bool isEnd = m_gone || length == 0 || buffer[0] == kControlZ;
     otherwise.kind = interrupted != 0 ? host::Answer::Kind::Cancel : host::Answer::Kind::End;
     if (interrupted == 0 && !isEnd) line.assign(buffer, length);
     return !line.empty();
@@ -78,7 +81,9 @@ void prepareStreams() {
     SetConsoleOutputCP(CP_UTF8);
 }
 
-bool isInteractive() { return isConsole(STD_INPUT_HANDLE) && isConsole(STD_OUTPUT_HANDLE); }
+bool standardInputIsTerminal() { return isConsole(STD_INPUT_HANDLE); }
+
+bool isInteractive() { return standardInputIsTerminal() && isConsole(STD_OUTPUT_HANDLE); }
 
 bool standardErrorIsTerminal() { return isConsole(STD_ERROR_HANDLE); }
 

@@ -18,14 +18,14 @@ Census census(const Group& group, std::string Entity::*property) {
     return counts;
 }
 
-/// "20 LINE, 12 ARC", the most frequent first.
-std::string listed(const Census& counts) {
+/// "20 LINE, 12 ARC", the most frequent first; `where` stands before each name.
+std::string listed(const Census& counts, const std::string& where = "") {
     std::multimap<int, std::string, std::greater<int>> byCount;
     for (const auto& [name, count] : counts)
         byCount.emplace(count, name);
     std::string text;
     for (const auto& [count, name] : byCount)
-        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + name;
+        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + where + name;
     return text;
 }
 
@@ -40,7 +40,7 @@ std::string line(const Group& group) {
                        nameOf(group.state) + ", counts " + std::to_string(group.count);
     if (!group.members.empty()) {
         text += "; holds " + listed(census(group, &Entity::type));
-        text += " on layers " + listed(census(group, &Entity::layer));
+        text += "; " + listed(census(group, &Entity::layer), "on layer ");
     }
     if (group.extents) {
         const Extents& box = *group.extents;

@@ -43,6 +43,9 @@ class Session {
     /// Status 4 when it cannot be written; the former file is whole then. The first save of a file
     /// in a session keeps the former one as a backup, the later ones leave that backup alone.
     Outcome saveDrawing(const std::string& path);
+    /// Writes each changed drawing beside its own file, "plan.dxf" as "plan.recovered.dxf", in the
+    /// state that it has: no module is told. Gives a line for each. Not while a command runs.
+    std::vector<std::string> rescueDrawings();
     /// True when this session has written the file.
     bool hasSaved(const std::string& path) const;
     /// Closes the current document without saving: kUnloadDwgMsg, documentToBeDestroyed.
