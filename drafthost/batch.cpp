@@ -19,8 +19,6 @@ std::string wordsFor(int status, const Options& options) {
     switch (status) {
         case kUsage:
             return "an option is wrong";
-        case kUnreadable:
-            return "cannot be read";
         case kUnwritable:
             return "cannot be written";
         case kDamaged:
@@ -77,7 +75,8 @@ void Summary::take(std::size_t number, JobResult result) {
 
 void Summary::show(std::size_t number, JobResult result) {
     const std::string& file = m_options.files[number];
-    if (m_options.json && !result.ending.empty()) result.output = errorJson(file, result.ending);
+    if (m_options.json && !result.ending.empty())
+        result.output = errorJson(m_options, file, result.ending);
     if (!m_options.script.empty() && !m_options.quiet) writeOutput("== " + file + "\n");
     if (m_options.json && m_listed && !result.output.empty()) writeOutput(",\n");
     m_listed = m_listed || !result.output.empty();
@@ -85,6 +84,7 @@ void Summary::show(std::size_t number, JobResult result) {
     writeErrors(result.errors);
     if (result.status == kDone || result.status == kInterrupted) return;
     const bool ended = result.ending.empty();
+    if (ended && result.status == kUnreadable) return;  // its own line has said so
     m_failures.push_back(file + ": " +
                          (ended ? wordsFor(result.status, m_options) : result.ending));
 }

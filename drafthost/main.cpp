@@ -4,6 +4,7 @@
 
 #include "drafthost/check_report.h"
 #include "drafthost/groups_report.h"
+#include "drafthost/layers_report.h"
 #include "drafthost/options.h"
 #include "drafthost/output.h"
 #include "drafthost/process.h"
@@ -16,10 +17,12 @@ namespace {
 int act(const Options& options) {
     writeOutput(options.information);
     if (!options.information.empty()) return kDone;
-    const bool reads = options.check || options.groups || !options.picture.empty();
+    const bool reads =
+        options.check || options.groups || options.layers || !options.picture.empty();
     if (reads) catchInterrupts();
     if (options.check) return checkFiles(options);
     if (options.groups) return listGroups(options);
+    if (options.layers) return listLayers(options);
     return options.picture.empty() ? runSession(options) : drawFile(options);
 }
 

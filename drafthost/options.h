@@ -28,13 +28,23 @@ struct Options {
     bool noModule = false;
     bool check = false;
     bool groups = false;
-    bool json = false;    ///< the list of findings or groups as JSON
+    bool layers = false;
+    bool json = false;       ///< what --check, --groups or --layers list, as JSON
+    std::string makeGroups;  ///< by "layer", "block" or "color"; empty: no groups are made
+    std::string only = "*";  ///< names to make groups for
+    int least = 2;           ///< entities for a group
+    bool repair = false;
     std::string picture;  ///< file to draw into; empty: nothing is drawn
     std::string layout;   ///< to draw; empty: model space
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits
 };
+
+/// True for a run that changes drawings without a script.
+inline bool changesByItself(const Options& options) {
+    return options.repair || !options.makeGroups.empty();
+}
 
 /// Reads the arguments behind the program's name. False, with one line, when they are wrong.
 bool parseOptions(std::vector<std::string> arguments, Options& options, std::string& error);

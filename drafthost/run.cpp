@@ -12,6 +12,8 @@
 
 #include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
+#include "drafthost/group_job.h"
+#include "drafthost/group_watch.h"
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
 #include "drafthost/process.h"
@@ -162,14 +164,16 @@ int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet)
+    if (!options.quiet && !changesByItself(options))
         host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
-    auto watch = std::make_unique<SaveWatch>();
+    auto watch = std::make_unique<GroupWatch>();
     int status = start(*session, options, job);
-    if (status == kDone && !options.script.empty()) {
+    if (status == kDone && changesByItself(options)) {
+        status = runGroupJob(*session, options, job);
+    } else if (status == kDone && !options.script.empty()) {
         status = runJob(*session, options, job);
     } else if (status == kDone && isInteractive()) {
         status = runTerminal(*session);
@@ -185,14 +189,17 @@ int runDrawing(const Options& options, const Job& job) {
 int runSession(const Options& given) {
     Options options = given;
     // Several drawings need a script that is named: parseOptions has seen to that.
-    if (options.script.empty() && !standardInputIsTerminal()) options.script = "-";
+    if (options.script.empty() && !changesByItself(options) && !standardInputIsTerminal())
+        options.script = "-";
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     if (const int status = prepareOutputFolder(options); status != kDone) return status;
     catchInterrupts();
     if (options.files.empty()) return runDrawing(options, {{}, {}, script});
     return runBatch(options, [&](const std::string& file) {
-        return runDrawing(options, {file, outputPath(options, file), script});
+        std::string target = outputPath(options, file);
+        if (target.empty() && changesByItself(options)) target = file;
+        return runDrawing(options, {file, std::move(target), script});
     });
 }
 

@@ -79,7 +79,7 @@ Json json(const Group& group) {
     return object;
 }
 
-Json json(const std::string& file, const Inspection& found) {
+Json json(const std::string& file, const Inspection& found, const std::string& error) {
     Json groups = Json::array();
     for (const Group& group : found.groups)
         groups.push_back(json(group));
@@ -92,6 +92,7 @@ Json json(const std::string& file, const Inspection& found) {
                               {"reason", stray.reason}});
     }
     return {{"file", file},
+            {"error", error.empty() ? Json() : Json(error)},
             {"prefix", found.prefix},
             {"whole", found.whole()},
             {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
@@ -101,14 +102,19 @@ Json json(const std::string& file, const Inspection& found) {
 
 }  // namespace
 
-std::string listText(const std::string& head, const Inspection& found) {
+std::string nameOf(const Stray& stray) {
+    return "stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " + stray.space;
+}
+
+std::string listText(const std::string& head, const Inspection& found, Listed listed) {
     std::string text;
-    for (const Group& group : found.groups)
-        text += head + line(group) + "\n";
-    for (const Stray& stray : found.strays) {
-        text += head + "stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " +
-                stray.space + ": " + stray.reason + "\n";
+    for (const Group& group : found.groups) {
+        if (listed == Listed::All || group.state != State::Whole)
+            text += head + line(group) + "\n";
     }
+    for (const Stray& stray : found.strays)
+        text += head + nameOf(stray) + ": " + stray.reason + "\n";
+    if (listed == Listed::Faults) return text;
     if (found.groups.empty() && found.strays.empty()) return head + "no groups\n";
     const long whole = found.whole();
     return text + head + std::to_string(whole) + " whole, " +
@@ -116,12 +122,13 @@ std::string listText(const std::string& head, const Inspection& found) {
            std::to_string(found.strays.size()) + " stray\n";
 }
 
-std::string listJson(const std::string& file, const Inspection& found) {
+std::string listJson(const std::string& file, const Inspection& found, const std::string& error) {
     // Names that are no sound UTF-8 must not end the program.
-    return json(file, found).dump(2, ' ', false, Json::error_handler_t::replace);
+    return json(file, found, error).dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
-std::vector<std::string> changes(const Inspection& before, const Inspection& after) {
+std::vector<std::string> changes(const Inspection& before, const Inspection& after,
+                                 const std::string& repair) {
     std::map<std::string, const Group*> left;
     for (const Group& group : after.groups)
         left.emplace(group.begin, &group);
@@ -130,9 +137,9 @@ std::vector<std::string> changes(const Inspection& before, const Inspection& aft
         const auto found = left.find(group.begin);
         const std::string name = "group " + group.begin + " in " + group.space;
         if (found == left.end()) {
-            lines.push_back("the save dissolved " + name + ": " + group.reason);
+            lines.push_back(repair + " dissolved " + name + ": " + group.reason);
         } else if (found->second->count < group.count) {
-            lines.push_back("the save lowered the count of " + name + " from " +
+            lines.push_back(repair + " lowered the count of " + name + " from " +
                             std::to_string(group.count) + " to " +
                             std::to_string(found->second->count));
         }

@@ -8,14 +8,22 @@
 
 namespace inspection {
 
+enum class Listed { All, Faults };
+
 /// One line for each group and stray and one with the totals, each behind `head`; all end in \n.
-std::string listText(const std::string& head, const Inspection& inspection);
+/// Of faults alone: a line for each group that is not whole and each stray.
+std::string listText(const std::string& head, const Inspection& inspection,
+                     Listed listed = Listed::All);
+/// "stray group record 2A (LINE) in Model".
+std::string nameOf(const Stray& stray);
 
-/// One drawing as an object of JSON.
-std::string listJson(const std::string& file, const Inspection& inspection);
+/// One drawing as an object of JSON; `error` is why it could not be read, or empty.
+std::string listJson(const std::string& file, const Inspection& inspection,
+                     const std::string& error = "");
 
-/// What a save did to groups, one line each without line end: those that `before` has and `after`
-/// has no more, or with a smaller count.
-std::vector<std::string> changes(const Inspection& before, const Inspection& after);
+/// What a repair ("the save", "REGEN") did to groups, one line each without line end: those that
+/// `before` has and `after` has no more, or with a smaller count.
+std::vector<std::string> changes(const Inspection& before, const Inspection& after,
+                                 const std::string& repair);
 
 }  // namespace inspection

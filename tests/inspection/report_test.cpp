@@ -73,7 +73,7 @@ TEST(InspectionReport, AChangeByASaveIsOneLine) {
     const inspection::Inspection before = inspectDrawing(*scene.store().database, false);
     scene.run(L"REGEN\n");
     const std::vector<std::string> lines =
-        inspection::changes(before, inspectDrawing(*scene.store().database, false));
+        inspection::changes(before, inspectDrawing(*scene.store().database, false), "the save");
     EXPECT_EQ(lines, (std::vector<std::string>{
                          "the save lowered the count of group " + first + " in Model from 3 to 2",
                          "the save dissolved group " + second +

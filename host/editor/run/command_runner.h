@@ -18,6 +18,8 @@ struct BuiltinCommand {
     Adesk::Int32 flags;   ///< ACRX_CMD_...
     CommandStatus (*run)();
     const wchar_t* help;  ///< one line
+    /// It runs other commands: these are notified and undone, it itself is not.
+    bool runsCommands = false;
 };
 
 /// Adds own commands; a later one of the same name replaces the earlier. The array must live on.
