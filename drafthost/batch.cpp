@@ -2,6 +2,7 @@
 #include "drafthost/batch.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <map>
 #include <new>
@@ -33,12 +34,15 @@ class Summary {
   public:
     explicit Summary(const Options& options) : m_options(options) {}
 
+    /// Shows how far the run is, once it has taken over a second.
+    void begin(std::size_t number);
     void take(std::size_t number, JobResult result);
     /// The lines in the end; gives the exit status.
     int conclude();
 
   private:
     void show(std::size_t number, JobResult result);
+    void showPresent() const;
     std::string howMany() const;
 
     const Options& m_options;
@@ -48,6 +52,8 @@ class Summary {
     std::size_t m_failed = 0;
     std::vector<std::string> m_failures;
     bool m_listed = false;  ///< the list of JSON has an element
+    std::string m_present;  ///< the drawing begun last
+    const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     int m_status = kDone;
 };
 
@@ -56,6 +62,16 @@ std::string Summary::howMany() const {
     const std::string of = m_done < count ? std::to_string(m_done) + " of " : "";
     return of + std::to_string(count) + " drawings, " +
            (m_failed == 0 ? "none" : std::to_string(m_failed)) + " failed";
+}
+
+void Summary::begin(std::size_t number) {
+    m_present = m_options.files[number];
+    showPresent();
+}
+
+void Summary::showPresent() const {
+    const bool early = std::chrono::steady_clock::now() - m_start < std::chrono::seconds(1);
+    if (!early) showStatus(howMany() + "; " + m_present);
 }
 
 void Summary::take(std::size_t number, JobResult result) {
@@ -70,7 +86,7 @@ void Summary::take(std::size_t number, JobResult result) {
         show(at->first, std::move(at->second));
         at = m_waiting.erase(at);
     }
-    showStatus(howMany());
+    showPresent();
 }
 
 void Summary::show(std::size_t number, JobResult result) {
@@ -123,6 +139,7 @@ int runBatch(const Options& options, const std::function<int(const std::string& 
         Summary summary(options);
         runJobs(
             options.files.size(), options.jobs, guarded,
+            [&](std::size_t number) { summary.begin(number); },
             [&](std::size_t number, JobResult result) { summary.take(number, std::move(result)); });
         status = summary.conclude();
     }

@@ -41,7 +41,8 @@ std::string colorIn(std::string_view tags) {
         return part(16) + "-" + part(8) + "-" + part(0);
     }
     constexpr long long kByLayer = 256;
-    const long long index = std::llabs(host::parseInteger(valueOf(tags, 62, "")).value_or(kByLayer));
+    const long long index =
+        std::llabs(host::parseInteger(valueOf(tags, 62, "")).value_or(kByLayer));
     if (index == 0) return "BYBLOCK";
     return index < kByLayer ? std::to_string(index) : std::string();
 }
@@ -50,8 +51,7 @@ std::string colorOf(const Store& store, const ObjectBody& entity) {
     const auto part = host::subclassPart(entity.tags(), "AcDbEntity");
     std::string color = colorIn(part ? *part : entity.tags());
     if (!color.empty()) return color;
-    const ObjectBody* layer =
-        store.symbol("LAYER", store.decode(valueOf(entity.tags(), 8, "0")));
+    const ObjectBody* layer = store.symbol("LAYER", store.decode(valueOf(entity.tags(), 8, "0")));
     color = layer != nullptr ? colorIn(layer->tags()) : color;
     return color.empty() ? "7" : color;
 }
@@ -71,8 +71,8 @@ std::string nameFor(const Store& store, const ObjectBody& entity, LotBy by) {
 std::wstring keyOf(const std::string& name, LotBy by) {
     constexpr std::size_t kDigits = 3;
     const bool number = by == LotBy::Color && name.size() < kDigits;
-    return host::foldCase(host::fromUtf8((number ? std::string(kDigits - name.size(), '0') : "") +
-                                         name));
+    return host::foldCase(
+        host::fromUtf8((number ? std::string(kDigits - name.size(), '0') : "") + name));
 }
 
 }  // namespace

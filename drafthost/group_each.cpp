@@ -27,9 +27,8 @@ std::string amount(long count) {
 
 /// False when a prompt was cancelled.
 bool ask(EachWish& wish) {
-    const auto by =
-        host::promptWord(L"\nOne group for each [Layer/Block/Color] <Layer>: ",
-                         {L"Layer", L"Block", L"Color"}, 0);
+    const auto by = host::promptWord(L"\nOne group for each [Layer/Block/Color] <Layer>: ",
+                                     {L"Layer", L"Block", L"Color"}, 0);
     if (!by) return false;
     wish.by = static_cast<LotBy>(*by);
     const host::Answer only = host::prompt(L"\nNames, with wild cards <*>: ");
@@ -49,8 +48,8 @@ bool ask(EachWish& wish) {
 
 /// "layer WALLS: 12 entities, 3 of them on a locked layer" and what becomes of them.
 std::string lineOn(const Lot& lot, const EachWish& wish, bool forms) {
-    std::string line = host::toUtf8(kWords[static_cast<int>(wish.by)]) + " " + lot.name + ": " +
-                       amount(lot.all());
+    std::string line =
+        host::toUtf8(kWords[static_cast<int>(wish.by)]) + " " + lot.name + ": " + amount(lot.all());
     const auto leftOut = [&](long count, const char* why) {
         if (count > 0) line += ", " + std::to_string(count) + " " + why;
     };

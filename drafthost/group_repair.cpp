@@ -23,8 +23,7 @@ using Strays = std::vector<inspection::Stray>;
 std::vector<AcDbObjectId> entitiesOf(const Store& store, const Strays& strays) {
     std::vector<AcDbObjectId> ids;
     for (const inspection::Stray& stray : strays) {
-        const host::ObjectBody* body =
-            store.byHandle(host::parseHandle(stray.handle).value_or(0));
+        const host::ObjectBody* body = store.byHandle(host::parseHandle(stray.handle).value_or(0));
         if (body != nullptr) ids.push_back(store.idOf(*body));
     }
     return ids;
@@ -64,6 +63,7 @@ CommandStatus repairGroups(Store& store, const TellLine& tell) {
     CommandStatus status = runModuleCommand(L"REGEN", {});
     inspection::Inspection found = inspectDrawing(*store.database, false);
     tellMended(atFirst, found, tell);
+    tellGone(atFirst.strays, found.strays, tell);
     // What is taken away can leave another marker or record alone, so it goes on while it helps.
     for (bool helps = true; helps && status == CommandStatus::Done && !found.strays.empty();) {
         status = runModuleCommand(L"VelmoGROUPDELETE", {}, entitiesOf(store, found.strays));

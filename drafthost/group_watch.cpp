@@ -61,10 +61,9 @@ class GroupWatch::Reactor : public AcEditorReactor {
     void warnOfDamage(const host::Store& store, const std::string& name) {
         if (!m_checked.insert(store.serial()).second) return;
         const std::vector<host::Finding> found = host::checkDrawing(store);
-        const auto errors =
-            std::count_if(found.begin(), found.end(), [](const host::Finding& finding) {
-                return finding.severity == host::Severity::Error;
-            });
+        const auto errors = std::count_if(
+            found.begin(), found.end(),
+            [](const host::Finding& finding) { return finding.severity == host::Severity::Error; });
         const std::size_t count = store.supplied + static_cast<std::size_t>(errors);
         if (count == 0) return;
         complain(name + ": damaged before: " + std::to_string(count) +

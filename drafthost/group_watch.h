@@ -7,8 +7,9 @@
 #include <vector>
 
 /// While it lives it says on standard error which groups the repair before a save, in REGEN or
-/// after a paste dissolved or shortened, and at a drawing's first save whether it is damaged. Make it before a module is loaded, so that it sees a
-/// drawing before the module does, and destroy it before the session.
+/// after a paste dissolved or shortened, and at a drawing's first save whether it is damaged. Make
+/// it before a module is loaded, so that it sees a drawing before the module does, and destroy it
+/// before the session.
 class GroupWatch {
   public:
     GroupWatch();

@@ -193,11 +193,12 @@ int runSession(const Options& given) {
         options.script = "-";
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
-    if (const int status = prepareOutputFolder(options); status != kDone) return status;
+    const OutputFolder folder(options);
+    if (const int status = folder.prepare(); status != kDone) return status;
     catchInterrupts();
     if (options.files.empty()) return runDrawing(options, {{}, {}, script});
     return runBatch(options, [&](const std::string& file) {
-        std::string target = outputPath(options, file);
+        std::string target = folder.pathFor(file);
         if (target.empty() && changesByItself(options)) target = file;
         return runDrawing(options, {file, std::move(target), script});
     });

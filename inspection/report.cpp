@@ -109,8 +109,7 @@ std::string nameOf(const Stray& stray) {
 std::string listText(const std::string& head, const Inspection& found, Listed listed) {
     std::string text;
     for (const Group& group : found.groups) {
-        if (listed == Listed::All || group.state != State::Whole)
-            text += head + line(group) + "\n";
+        if (listed == Listed::All || group.state != State::Whole) text += head + line(group) + "\n";
     }
     for (const Stray& stray : found.strays)
         text += head + nameOf(stray) + ": " + stray.reason + "\n";

@@ -93,8 +93,8 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
     if (!command.empty() && command.front() == L'(') {
         line += problem;
     } else if (status == CommandStatus::Unknown) {
-        line += "unknown command \"" + name + "\"; " +
-                toUtf8(hintAt(command, typableNames())) + "HELP lists the commands";
+        line += "unknown command \"" + name + "\"; " + toUtf8(hintAt(command, typableNames())) +
+                "HELP lists the commands";
     } else {
         line += toUtf8(foldCase(command));
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
