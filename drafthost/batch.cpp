@@ -34,15 +34,14 @@ class Summary {
   public:
     explicit Summary(const Options& options) : m_options(options) {}
 
-    /// Shows how far the run is, once it has taken over a second.
-    void begin(std::size_t number);
+    /// Shows how far the run is, once it has taken over a second; `number` is the one begun last.
+    void showProgress(std::size_t number) const;
     void take(std::size_t number, JobResult result);
     /// The lines in the end; gives the exit status.
     int conclude();
 
   private:
     void show(std::size_t number, JobResult result);
-    void showPresent() const;
     std::string howMany() const;
 
     const Options& m_options;
@@ -52,7 +51,6 @@ class Summary {
     std::size_t m_failed = 0;
     std::vector<std::string> m_failures;
     bool m_listed = false;  ///< the list of JSON has an element
-    std::string m_present;  ///< the drawing begun last
     const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     int m_status = kDone;
 };
@@ -64,14 +62,9 @@ std::string Summary::howMany() const {
            (m_failed == 0 ? "none" : std::to_string(m_failed)) + " failed";
 }
 
-void Summary::begin(std::size_t number) {
-    m_present = m_options.files[number];
-    showPresent();
-}
-
-void Summary::showPresent() const {
+void Summary::showProgress(std::size_t number) const {
     const bool early = std::chrono::steady_clock::now() - m_start < std::chrono::seconds(1);
-    if (!early) showStatus(howMany() + "; " + m_present);
+    if (!early) showStatus(howMany() + "; " + m_options.files[number]);
 }
 
 void Summary::take(std::size_t number, JobResult result) {
@@ -86,7 +79,6 @@ void Summary::take(std::size_t number, JobResult result) {
         show(at->first, std::move(at->second));
         at = m_waiting.erase(at);
     }
-    showPresent();
 }
 
 void Summary::show(std::size_t number, JobResult result) {
@@ -139,7 +131,7 @@ int runBatch(const Options& options, const std::function<int(const std::string& 
         Summary summary(options);
         runJobs(
             options.files.size(), options.jobs, guarded,
-            [&](std::size_t number) { summary.begin(number); },
+            [&](std::size_t number) { summary.showProgress(number); },
             [&](std::size_t number, JobResult result) { summary.take(number, std::move(result)); });
         status = summary.conclude();
     }

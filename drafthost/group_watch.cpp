@@ -33,6 +33,9 @@ std::string repairIn(const std::wstring& command) {
 
 class GroupWatch::Reactor : public AcEditorReactor {
   public:
+    Reactor(std::string path, std::string shown)
+        : m_path(std::move(path)), m_shown(std::move(shown)) {}
+
     void beginSave(AcDbDatabase* drawing, const ACHAR* name) override {
         warnOfDamage(drawing->store(), host::toUtf8(name));
         look(*drawing);
@@ -66,7 +69,7 @@ class GroupWatch::Reactor : public AcEditorReactor {
             [](const host::Finding& finding) { return finding.severity == host::Severity::Error; });
         const std::size_t count = store.supplied + static_cast<std::size_t>(errors);
         if (count == 0) return;
-        complain(name + ": damaged before: " + std::to_string(count) +
+        complain(shownFor(name) + ": damaged before: " + std::to_string(count) +
                  (count == 1 ? " finding" : " findings") + ", see --check");
     }
     void look(AcDbDatabase& drawing) { m_before = inspectDrawing(drawing, false); }
@@ -76,14 +79,20 @@ class GroupWatch::Reactor : public AcEditorReactor {
         if (m_before.groups.empty()) return;
         lines = inspection::changes(m_before, inspectDrawing(drawing, false), repair);
         for (const std::string& line : lines)
-            complain(name + ": " + line);
+            complain(shownFor(name) + ": " + line);
     }
+    const std::string& shownFor(const std::string& path) const {
+        return path == m_path ? m_shown : path;
+    }
+
+    std::string m_path, m_shown;
 
     inspection::Inspection m_before;
     std::set<std::uint32_t> m_checked;  ///< serial numbers of stores
 };
 
-GroupWatch::GroupWatch() : m_reactor(std::make_unique<Reactor>()) {
+GroupWatch::GroupWatch(std::string path, std::string shown)
+    : m_reactor(std::make_unique<Reactor>(std::move(path), std::move(shown))) {
     editor()->addReactor(m_reactor.get());
 }
 

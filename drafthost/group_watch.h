@@ -12,7 +12,8 @@
 /// before the session.
 class GroupWatch {
   public:
-    GroupWatch();
+    /// Messages call the drawing with that absolute path as the user has: `shown`.
+    GroupWatch(std::string path, std::string shown);
     ~GroupWatch();
     GroupWatch(const GroupWatch&) = delete;
     GroupWatch& operator=(const GroupWatch&) = delete;

@@ -21,13 +21,14 @@ struct JobResult {
     std::string ending;  ///< how its process ended when it did not come to an end by itself
 };
 
-/// Does `work` for each number below `count`, says when it begins with one, and hands over its
-/// result, in the order in which they end. `work` gives an exit status and throws nothing.
+/// Does `work` for each number below `count` and hands over its result, in the order in which they
+/// end. `work` gives an exit status and throws nothing. Tells which one was begun last, again and
+/// again while it waits.
 ///
 /// Each runs in a process of its own, at most `atATime` at once, so that a crash ends one and
 /// nothing is left over for the next. On Windows, which cannot split a process, they run in this
 /// one, one after the other. After Ctrl+C none begins any more, and those under way are asked to
 /// stop; a second Ctrl+C ends them.
 void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t)>& work,
-             const std::function<void(std::size_t)>& begun,
+             const std::function<void(std::size_t)>& present,
              const std::function<void(std::size_t, JobResult)>& finished);

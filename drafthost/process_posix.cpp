@@ -202,16 +202,15 @@ bool interruptRequested() { return interrupts != 0; }
 int endingSignal() { return ending; }
 
 void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t)>& work,
-             const std::function<void(std::size_t)>& begun,
+             const std::function<void(std::size_t)>& present,
              const std::function<void(std::size_t, JobResult)>& finished) {
     Jobs jobs(work, finished);
     for (std::size_t next = 0; next < count || jobs.count() > 0;) {
         while (next < count && jobs.count() < static_cast<std::size_t>(atATime) &&
-               !interruptRequested()) {
-            begun(next);
+               !interruptRequested())
             jobs.start(next++);
-        }
         if (jobs.count() == 0) break;
+        present(next - 1);
         jobs.wait();
     }
 }

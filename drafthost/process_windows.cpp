@@ -24,10 +24,10 @@ bool interruptRequested() { return interrupts != 0; }
 int endingSignal() { return 0; }
 
 void runJobs(std::size_t count, int, const std::function<int(std::size_t)>& work,
-             const std::function<void(std::size_t)>& begun,
+             const std::function<void(std::size_t)>& present,
              const std::function<void(std::size_t, JobResult)>& finished) {
     for (std::size_t i = 0; i < count && !interruptRequested(); ++i) {
-        begun(i);
+        present(i);
         JobResult result;
         captureOutput(&result.output);
         result.status = work(i);

@@ -166,10 +166,11 @@ int runDrawing(const Options& options, const Job& job) {
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
     if (!options.quiet && !changesByItself(options))
         host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    const std::string& own = job.target.empty() ? job.file : job.target;
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
-    auto watch = std::make_unique<GroupWatch>();
+    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file);
     int status = start(*session, options, job);
     if (status == kDone && changesByItself(options)) {
         status = runGroupJob(*session, options, job);
