@@ -47,6 +47,10 @@ void declareScripts(CLI::App& app, Options& options) {
                    "save each drawing there, under its name and subfolder; the source stays")
         ->type_name("DIR")
         ->check(notEmpty);
+    app.add_option("--base", options.base,
+                   "keep subfolders from there on, not from the drawings' common folder")
+        ->type_name("DIR")
+        ->check(notEmpty);
     app.add_flag("--keep-going", options.keepGoing, "go on with a script after a failed command")
         ->disable_flag_override();
     app.add_option("-j,--jobs", options.jobs, "so many drawings at a time, from 1 to 64")
@@ -159,6 +163,7 @@ std::string strayOption(const Options& options) {
     if (options.json && !options.groups && !options.check && !options.layers)
         return "--json belongs to --check, --groups and --layers";
     if (!options.layout.empty() && options.picture.empty()) return "--layout belongs to --picture";
+    if (!options.base.empty() && options.outputDir.empty()) return "--base belongs to --output-dir";
     if (options.makeGroups.empty() && options.only != Options().only)
         return "--only belongs to --make-groups";
     if (options.makeGroups.empty() && options.least != Options().least)

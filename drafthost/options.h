@@ -21,6 +21,7 @@ struct Options {
     std::vector<std::string> files;  ///< the drawings, if any
     std::string script;              ///< "-" is standard input; empty: none
     bool keepGoing = false;          ///< with a script after a command that failed
+    std::string base;  ///< folder whose subfolders the output folder keeps; empty: the common one
     std::string outputDir;  ///< gets each drawing after its script; empty: nothing is saved
     int jobs = 1;           ///< drawings worked on at a time
     bool quiet = false;     ///< no transcript, nothing about what is as it should be

@@ -42,13 +42,14 @@ Path commonFolder(const std::vector<std::string>& files) {
 }  // namespace
 
 OutputFolder::OutputFolder(const Options& options) : m_options(options) {
-    if (!options.outputDir.empty()) m_common = commonFolder(options.files);
+    if (options.outputDir.empty()) return;
+    m_base = options.base.empty() ? commonFolder(options.files) : absolute(options.base);
 }
 
 std::string OutputFolder::pathFor(const std::string& file) const {
     if (m_options.outputDir.empty()) return {};
     const Path source = absolute(file);
-    const Path below = source.lexically_relative(m_common);
+    const Path below = source.lexically_relative(m_base);
     const bool apart = below.empty() || below == ".";  // on another drive
     return host::utf8OfPath(host::pathFromUtf8(m_options.outputDir) /
                             (apart ? source.filename() : below));
@@ -60,6 +61,8 @@ std::string OutputFolder::collision() const {
         sources.insert(identityOf(file));
     std::map<std::wstring, std::string> targets;
     for (const std::string& file : m_options.files) {
+        if (*absolute(file).lexically_relative(m_base).begin() == "..")
+            return file + ": does not stand below --base " + m_options.base;
         const std::string target = pathFor(file);
         const std::wstring identity = identityOf(target);
         if (sources.count(identity) != 0)

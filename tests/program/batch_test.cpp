@@ -113,6 +113,11 @@ TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
               "in/a b/p.dxf: layer NOTES: 3 entities; no group\n"
               "in/a b/p.dxf: layer WALLS: 10 entities; one group of 10\n"
               "in/a b/p.dxf: 1 group made\n");
+    const std::string same = "--make-groups layer -q --output-dir out --base ";
+    EXPECT_EQ(drafthost(same + "in in/\u00fc/p.dxf").status, 0);
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::u8path("out/\u00fc/p.dxf")));
+    EXPECT_EQ(drafthost(same + "\"in/a b\" in/\u00fc/p.dxf").errors,
+              "drafthost: in/\u00fc/p.dxf: does not stand below --base in/a b\n");
     const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/\u00fc/p.dxf");
     EXPECT_NE(layers.output.find("p.dxf: layer WALLS: 10 entities, 10 in groups\n"),
               std::string::npos);
