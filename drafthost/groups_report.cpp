@@ -25,7 +25,7 @@ int listOne(const Options& options, const std::string& file) {
     const inspection::Inspection found = inspectDrawing(*drawing, true);
     if (!found.good() || !options.quiet) {
         const auto listed = options.quiet ? inspection::Listed::Faults : inspection::Listed::All;
-        writeOutput(options.json ? inspection::listJson(file, found)
+        writeOutput(options.json ? groupsJson(file, found)
                                  : inspection::listText(file + ": ", found, listed));
     }
     return found.good() ? kDone : kDamaged;

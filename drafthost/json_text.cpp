@@ -7,6 +7,7 @@
 
 namespace {
 
+using inspection::Group;
 using Json = nlohmann::ordered_json;
 
 /// Names that are no sound UTF-8 must not end the program.
@@ -28,12 +29,58 @@ std::string layers(const std::string& file, const std::string& why, Json list) {
     return textOf({{"file", file}, {"error", reason(why)}, {"layers", std::move(list)}});
 }
 
+Json handlesOf(const Group& group, bool onlyWithoutRecord) {
+    Json list = Json::array();
+    for (const inspection::Entity& member : group.members) {
+        if (!onlyWithoutRecord || !member.hasRecord) list.push_back(member.handle);
+    }
+    return list;
+}
+
+Json jsonOf(const Group& group) {
+    Json object = {{"begin", group.begin},
+                   {"end", group.end},
+                   {"space", group.space},
+                   {"count", group.count},
+                   {"members", handlesOf(group, false)},
+                   {"withoutRecord", handlesOf(group, true)},
+                   {"types", census(group, &inspection::Entity::type)},
+                   {"layers", census(group, &inspection::Entity::layer)}};
+    object["extents"] = group.extents ? Json(*group.extents) : Json();
+    object["state"] = nameOf(group.state);
+    object["reason"] = group.reason;
+    object["atSave"] = group.outlook;
+    return object;
+}
+
 }  // namespace
 
 std::string errorJson(const Options& options, const std::string& file, const std::string& why) {
     if (options.check) return check(file, why, false, Json::array());
     if (options.layers) return layers(file, why, Json::array());
-    return inspection::listJson(file, {}, why);
+    return groupsJson(file, {}, why);
+}
+
+std::string groupsJson(const std::string& file, const inspection::Inspection& found,
+                       const std::string& why) {
+    Json groups = Json::array();
+    for (const Group& group : found.groups)
+        groups.push_back(jsonOf(group));
+    Json strays = Json::array();
+    for (const inspection::Stray& stray : found.strays) {
+        strays.push_back(Json{{"handle", stray.handle},
+                              {"type", stray.type},
+                              {"what", stray.what},
+                              {"space", stray.space},
+                              {"reason", stray.reason}});
+    }
+    return textOf({{"file", file},
+                   {"error", reason(why)},
+                   {"prefix", found.prefix},
+                   {"whole", found.whole()},
+                   {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
+                   {"groups", std::move(groups)},
+                   {"strays", std::move(strays)}});
 }
 
 std::string checkJson(const std::string& file, const std::vector<host::Finding>& findings,

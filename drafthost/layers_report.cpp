@@ -50,7 +50,7 @@ std::string textOf(const ListedLayer& layer) {
            (layer.locked ? ", locked" : "") + (layer.defined ? "" : ", not defined");
 }
 
-int listOne(const Options& options, const std::string& file) {
+int listLayersOf(const Options& options, const std::string& file) {
     const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
     if (drawing == nullptr) return kUnreadable;
     std::vector<ListedLayer> layers;
@@ -66,5 +66,5 @@ int listOne(const Options& options, const std::string& file) {
 }  // namespace
 
 int listLayers(const Options& options) {
-    return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
+    return runBatch(options, [&](const std::string& file) { return listLayersOf(options, file); });
 }

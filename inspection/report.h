@@ -1,12 +1,17 @@
-// The list of groups as text and as JSON.
+// The list of groups as text.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
 #include "inspection/inspection.h"
 
 namespace inspection {
+
+/// How many of a group's members have which type, layer and so on.
+using Census = std::map<std::string, int>;
+Census census(const Group& group, std::string Entity::*property);
 
 enum class Listed { All, Faults };
 
@@ -16,10 +21,6 @@ std::string listText(const std::string& head, const Inspection& inspection,
                      Listed listed = Listed::All);
 /// "stray group record 2A (LINE) in Model".
 std::string nameOf(const Stray& stray);
-
-/// One drawing as an object of JSON; `error` is why it could not be read, or empty.
-std::string listJson(const std::string& file, const Inspection& inspection,
-                     const std::string& error = "");
 
 /// What a repair ("the save", "REGEN") did to groups, one line each without line end: those that
 /// `before` has and `after` has no more, or with a smaller count.
