@@ -97,28 +97,27 @@ TEST_F(BatchTest, ReadingManyGivesOneDocument) {
 }
 
 TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
-    for (const std::string folder : {"in/a b", "in/\u00fc"}) {
-        std::filesystem::create_directories(std::filesystem::u8path(folder));
-        std::filesystem::copy(SAMPLES_FOLDER "/plan.dxf",
-                              std::filesystem::u8path(folder + "/p.dxf"));
+    for (const std::string folder : {"in/a b", "in/c"}) {
+        std::filesystem::create_directories(folder);
+        std::filesystem::copy(SAMPLES_FOLDER "/plan.dxf", folder + "/p.dxf");
     }
-    const std::string files = "\"in/a b/p.dxf\" bad.dxf in/\u00fc/p.dxf";
+    const std::string files = "\"in/a b/p.dxf\" bad.dxf in/c/p.dxf";
     const Result run = drafthost(
         "--make-groups layer --only \"W*,n[~a]tes\" --min 4 -j 2 --output-dir out " + files);
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.errors,
               "drafthost: bad.dxf:1: \"junk\" is no group code; this is not a DXF drawing\n"
               "drafthost: 3 drawings, 1 failed\n");
-    EXPECT_EQ(run.output.substr(0, run.output.find("in/\u00fc")),
+    EXPECT_EQ(run.output.substr(0, run.output.find("in/c")),
               "in/a b/p.dxf: layer NOTES: 3 entities; no group\n"
               "in/a b/p.dxf: layer WALLS: 10 entities; one group of 10\n"
               "in/a b/p.dxf: 1 group made\n");
     const std::string same = "--make-groups layer -q --output-dir out --base ";
-    EXPECT_EQ(drafthost(same + "in in/\u00fc/p.dxf").status, 0);
-    EXPECT_TRUE(std::filesystem::exists(std::filesystem::u8path("out/\u00fc/p.dxf")));
-    EXPECT_EQ(drafthost(same + "\"in/a b\" in/\u00fc/p.dxf").errors,
-              "drafthost: in/\u00fc/p.dxf: does not stand below --base in/a b\n");
-    const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/\u00fc/p.dxf");
+    EXPECT_EQ(drafthost(same + "in in/c/p.dxf").status, 0);
+    EXPECT_TRUE(std::filesystem::exists("out/c/p.dxf"));
+    EXPECT_EQ(drafthost(same + "\"in/a b\" in/c/p.dxf").errors,
+              "drafthost: in/c/p.dxf: does not stand below --base in/a b\n");
+    const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/c/p.dxf");
     EXPECT_NE(layers.output.find("p.dxf: layer WALLS: 10 entities, 10 in groups\n"),
               std::string::npos);
     // What is in a group stays in it; over the drawing itself only a change is written.
@@ -126,9 +125,10 @@ TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
     EXPECT_EQ(again.output,
               "out/in/a b/p.dxf: color 8: 5 entities; one group of 5\n"
               "out/in/a b/p.dxf: 1 group made\n");
+    std::filesystem::remove("out/in/a b/p.bak");
     EXPECT_EQ(drafthost("--make-groups block \"out/in/a b/p.dxf\"").status, 0);
+    EXPECT_FALSE(std::filesystem::exists("out/in/a b/p.bak"));
     EXPECT_EQ(drafthost("--groups -q \"out/in/a b/p.dxf\"").output, "");
-    EXPECT_FALSE(std::filesystem::exists("out/in/\u00fc/p.bak"));
 }
 
 }  // namespace

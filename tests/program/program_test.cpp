@@ -38,7 +38,7 @@ TEST_F(ProgramTest, HelpAndVersion) {
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.output.find("\nUsage: drafthost [OPTIONS] [drawing.dxf...]\n"),
               std::string::npos);
-    EXPECT_NE(help.output.find("\n  QSAVE       saves the drawing under its name\n"),
+    EXPECT_NE(help.output.find("\n  QSAVE        saves the drawing under its name\n"),
               std::string::npos);
     EXPECT_EQ(drafthost("--version").output, "drafthost 1.0.0\n");
 }
