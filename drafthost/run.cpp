@@ -213,6 +213,7 @@ std::string helpOnCommands() {
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "
            "cannot be\n"
            "written; 5 the check found damage, --groups a group that is not whole or a stray, or\n"
-           "--repair left one; 130 Ctrl+C, SIGTERM, SIGHUP. With several drawings the highest.\n\n" +
+           "--repair left one; 130 Ctrl+C, SIGTERM, SIGHUP. With several drawings the "
+           "highest.\n\n" +
            host::toUtf8(host::commandHelp());
 }
