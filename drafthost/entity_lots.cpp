@@ -5,7 +5,7 @@
 #include <unordered_set>
 
 #include "host/content/paper_viewport.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 #include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
@@ -14,44 +14,35 @@ namespace {
 using host::ObjectBody;
 using host::Store;
 
-std::string_view valueOf(std::string_view tags, int code, std::string_view otherwise) {
-    const auto place = host::findTag(tags, code);
-    return place ? host::trimmed(place->value) : otherwise;
-}
-
-std::string text(const Store& store, std::string_view value) {
-    return host::toUtf8(store.decode(value));
-}
-
 std::string layerOf(const Store& store, const ObjectBody& entity) {
-    return text(store, valueOf(entity.tags(), 8, "0"));
+    return host::toUtf8(store.decode(host::textTag(entity.tags(), 8, "0")));
 }
 
 /// Empty for what is no reference to a block with a name.
 std::string blockOf(const Store& store, const ObjectBody& entity) {
     if (entity.type() != "INSERT") return {};
-    std::string name = text(store, valueOf(entity.tags(), 2, ""));
+    std::string name = host::toUtf8(store.decode(host::textTag(entity.tags(), 2)));
     return name.rfind('*', 0) == 0 ? std::string() : name;
 }
 
 /// The color that tags name; empty where they leave it to the layer.
 std::string colorIn(std::string_view tags) {
-    if (const auto rgb = host::parseInteger(valueOf(tags, 420, ""))) {
-        const auto part = [&](int shift) { return std::to_string(*rgb >> shift & 0xff); };
+    constexpr std::string_view kCommon = "AcDbEntity";
+    if (const int rgb = host::integerTag(tags, {kCommon, 420}, -1); rgb >= 0) {
+        const auto part = [&](int shift) { return std::to_string(rgb >> shift & 0xff); };
         return part(16) + "-" + part(8) + "-" + part(0);
     }
-    constexpr long long kByLayer = 256;
-    const long long index =
-        std::llabs(host::parseInteger(valueOf(tags, 62, "")).value_or(kByLayer));
+    constexpr int kByLayer = 256;
+    const int index = std::abs(host::integerTag(tags, {kCommon, 62}, kByLayer));
     if (index == 0) return "BYBLOCK";
     return index < kByLayer ? std::to_string(index) : std::string();
 }
 
 std::string colorOf(const Store& store, const ObjectBody& entity) {
-    const auto part = host::subclassPart(entity.tags(), "AcDbEntity");
-    std::string color = colorIn(part ? *part : entity.tags());
+    std::string color = colorIn(entity.tags());
     if (!color.empty()) return color;
-    const ObjectBody* layer = store.symbol("LAYER", store.decode(valueOf(entity.tags(), 8, "0")));
+    const ObjectBody* layer =
+        store.symbol("LAYER", store.decode(host::textTag(entity.tags(), 8, "0")));
     color = layer != nullptr ? colorIn(layer->tags()) : color;
     return color.empty() ? "7" : color;
 }
@@ -84,9 +75,7 @@ void addLots(const Store& store, host::Index space, LotBy by, const inspection::
         for (const inspection::Entity& member : group.members)
             grouped.insert(member.handle);
     }
-    for (host::Index i = store.firstLive(space); i != host::kNoIndex;
-         i = store.nextLive(store.at(i))) {
-        const ObjectBody& entity = store.at(i);
+    for (const ObjectBody& entity : store.children(space)) {
         const std::string name = nameFor(store, entity, by);
         if (name.empty() || host::isPaperViewport(entity)) continue;
         if (inspection::isMarkerName(layerOf(store, entity)) ||

@@ -1,7 +1,6 @@
 // The commands that the program adds to a session.
 #include "drafthost/group_commands.h"
 
-#include <iterator>
 #include <string>
 
 #include "drafthost/drawing_inspection.h"
@@ -9,7 +8,7 @@
 #include "drafthost/group_repair.h"
 #include "drafthost/group_watch.h"
 #include "drafthost/groups_report.h"
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
@@ -21,41 +20,39 @@
 
 namespace {
 
-host::CommandStatus runGroupList() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
-    std::string text = inspection::listText("", inspectDrawing(*store->database, true));
-    for (const std::string& line : GroupWatch::lastChanges(store->serial()))
+host::CommandStatus runGroupList(host::Store& store) {
+    std::string text = inspection::listText("", inspectDrawing(*store.database, true));
+    for (const std::string& line : GroupWatch::lastChanges(store.serial()))
         text += line + "\n";
     text.pop_back();
     host::printLine(host::fromUtf8(text));
     return host::CommandStatus::Done;
 }
 
-host::CommandStatus runPicture() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
+host::CommandStatus runPicture(host::Store& store) {
     std::string path;
     if (host::promptFile(L"\nEnter name of picture file: ", path) != host::PromptStatus::Ok)
         return host::CommandStatus::Cancelled;
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
     const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-    const std::string why = writePicture(*store->database, store->currentSpace(),
+    const std::string why = writePicture(*store.database, store.currentSpace(),
                                          drawing.substr(host::folderPart(drawing).size()), path);
     if (!why.empty()) host::printLine(host::fromUtf8(why));
     return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
 }
 
-const host::BuiltinCommand kCommands[] = {
-    {L"GROUPEACH", 0, runGroupEach,
+const host::CommandTable kGroupCommands = {
+    {L"GROUPEACH", 0, host::onDrawing<runGroupEach>,
      L"one group for each layer, block or color: by what, names, least number of entities", true},
-    {L"GROUPREPAIR", 0, runGroupRepair,
+    {L"GROUPREPAIR", 0, host::onDrawing<runGroupRepair>,
      L"repairs groups, takes away stray markers and group records", true},
-    {L"GROUPLIST", 0, runGroupList, L"lists the groups of the drawing and what is wrong with them"},
-    {L"PICTURE", 0, runPicture, L"draws the current space and its groups as SVG: file"},
+    {L"GROUPLIST", 0, host::onDrawing<runGroupList>,
+     L"lists the groups of the drawing and what is wrong with them"},
+    {L"PICTURE", 0, host::onDrawing<runPicture>,
+     L"draws the current space and its groups as SVG: file"},
 };
 
 }  // namespace
 
-void registerGroupCommands() { host::registerBuiltins(kCommands, std::size(kCommands)); }
+void registerGroupCommands() { host::registerBuiltins(kGroupCommands); }

@@ -7,7 +7,6 @@
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/module_command.h"
 #include "drafthost/process.h"
-#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/selection_sources.h"
@@ -98,11 +97,9 @@ CommandStatus groupEach(host::Store& store, const EachWish& wish, const TellLine
     return CommandStatus::Failed;
 }
 
-CommandStatus runGroupEach() {
-    host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runGroupEach(host::Store& store) {
     EachWish wish;
     long formed = 0;
     const auto print = [](const std::string& line) { host::printLine(host::fromUtf8(line)); };
-    return ask(wish) ? groupEach(*store, wish, print, formed) : CommandStatus::Cancelled;
+    return ask(wish) ? groupEach(store, wish, print, formed) : CommandStatus::Cancelled;
 }

@@ -24,4 +24,4 @@ using TellLine = std::function<void(const std::string& line)>;
 host::CommandStatus groupEach(host::Store& store, const EachWish& wish, const TellLine& tell,
                               long& formed);
 /// The command: asks by what to group, for a pattern of names and for the least number.
-host::CommandStatus runGroupEach();
+host::CommandStatus runGroupEach(host::Store& store);

@@ -7,7 +7,6 @@
 
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/module_command.h"
-#include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/store/store.h"
 #include "host/text/numbers.h"
@@ -73,12 +72,10 @@ CommandStatus repairGroups(Store& store, const TellLine& tell) {
     return status;
 }
 
-CommandStatus runGroupRepair() {
-    Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    const CommandStatus status = repairGroups(
-        *store, [](const std::string& line) { host::printLine(host::fromUtf8(line)); });
-    std::string left = inspection::listText("left: ", inspectDrawing(*store->database, false),
+CommandStatus runGroupRepair(Store& store) {
+    const CommandStatus status =
+        repairGroups(store, [](const std::string& line) { host::printLine(host::fromUtf8(line)); });
+    std::string left = inspection::listText("left: ", inspectDrawing(*store.database, false),
                                             inspection::Listed::Faults);
     if (left.empty()) left = "All groups are whole.\n";
     left.pop_back();

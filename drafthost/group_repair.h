@@ -9,4 +9,4 @@
 /// with the problem printed, when a command is not there or fails.
 host::CommandStatus repairGroups(host::Store& store, const TellLine& tell);
 /// The command, which also tells what is left.
-host::CommandStatus runGroupRepair();
+host::CommandStatus runGroupRepair(host::Store& store);

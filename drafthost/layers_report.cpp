@@ -19,10 +19,8 @@ using host::Store;
 /// All layers by name: those that are defined and those that entities name.
 Lots layersOf(const Store& store, const inspection::Inspection& found) {
     Lots lots;
-    const host::Index table = store.table("LAYER");
-    for (host::Index i = table == host::kNoIndex ? table : store.firstLive(table);
-         i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        const std::wstring name = host::symbolName(store.at(i));
+    for (const host::ObjectBody& record : store.children(store.table("LAYER"))) {
+        const std::wstring name = host::symbolName(record);
         if (!inspection::isMarkerName(host::toUtf8(name)))
             lots[host::foldCase(name)].name = host::toUtf8(name);
     }

@@ -9,7 +9,6 @@
 #include "drafthost/output.h"
 #include "drafthost/process.h"
 #include "drafthost/run.h"
-#include "drafthost/terminal.h"
 #include "host/text/paths.h"
 
 namespace {

@@ -1,16 +1,34 @@
-// Ctrl+C, and a process of its own for each drawing, as the system has them.
+// The program's process as the system has it: arguments, streams, Ctrl+C, and a process of its own
+// for each drawing.
 #pragma once
 
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
+
+/// Arguments behind the program's name, as UTF-8.
+std::vector<std::string> programArguments(int count, char** values);
+/// Folder of the program's own file, as UTF-8 with a separator at its end; empty when unknown.
+std::string programFolder();
+/// Standard streams as the program wants them: no end by signal when a pipe is closed, bytes as
+/// they are.
+void prepareStreams();
+/// True when a person sits at standard input and output.
+bool isInteractive();
+bool standardInputIsTerminal();
+bool standardErrorIsTerminal();
 
 /// From here on Ctrl+C asks the program to stop, and so do SIGTERM and SIGHUP where the system has
-/// them; a second Ctrl+C ends it. A SIGHUP that was ignored stays so.
-void catchInterrupts();
+/// them; a second Ctrl+C ends it. With a person `atPrompt` Ctrl+C cancels alone, and wakes whoever
+/// waits for keys. A SIGHUP that was ignored stays so.
+void catchInterrupts(bool atPrompt = false);
 /// True once Ctrl+C was pressed or such a signal came.
 bool interruptRequested();
-/// The number of that signal, other than Ctrl+C, or 0.
+/// Counts as Ctrl+C; and takes back what was pressed.
+void requestInterrupt();
+void forgetInterrupts();
+/// The number of the signal that asks to end, other than Ctrl+C, or 0.
 int endingSignal();
 
 /// What one of several jobs gave.

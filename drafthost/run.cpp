@@ -142,10 +142,6 @@ int runTerminal(host::Session& session) {
     endLine();
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
-    session.setProgress([&](const char* what, int percent) {
-        const bool stops = terminal->stopRequested();
-        return showProgress(what, stops ? 100 : percent) && !stops;
-    });
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
@@ -155,7 +151,6 @@ int runTerminal(host::Session& session) {
         for (const std::string& line : session.rescueDrawings())
             complain(line);
     }
-    session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
 }

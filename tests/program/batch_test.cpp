@@ -126,7 +126,7 @@ TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
               "out/in/a b/p.dxf: color 8: 5 entities; one group of 5\n"
               "out/in/a b/p.dxf: 1 group made\n");
     std::filesystem::remove("out/in/a b/p.bak");
-    EXPECT_EQ(drafthost("--make-groups block \"out/in/a b/p.dxf\"").status, 0);
+    EXPECT_EQ(drafthost("--make-groups block --only none \"out/in/a b/p.dxf\"").status, 0);
     EXPECT_FALSE(std::filesystem::exists("out/in/a b/p.bak"));
     EXPECT_EQ(drafthost("--groups -q \"out/in/a b/p.dxf\"").output, "");
 }
