@@ -93,7 +93,9 @@ std::wstring hintAt(const std::wstring& typed, const std::vector<std::wstring>& 
         if (!nearest.empty()) return L"nearest is " + nearest + L"; ";
         others = sharing(wanted, kLongPart, names);
     }
-    return others.empty() ? others : L"there are " + others + L"; ";
+    if (others.empty()) return others;
+    const bool several = others.find(L',') != std::wstring::npos;
+    return (several ? L"there are " : L"nearest is ") + others + L"; ";
 }
 
 }  // namespace host
