@@ -2,6 +2,7 @@
 #include "drafthost/batch.h"
 
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <map>
 #include <new>
@@ -19,8 +20,6 @@ std::string wordsFor(int status, const Options& options) {
     switch (status) {
         case kUsage:
             return "an option is wrong";
-        case kUnreadable:
-            return "cannot be read";
         case kUnwritable:
             return "cannot be written";
         case kDamaged:
@@ -35,6 +34,8 @@ class Summary {
   public:
     explicit Summary(const Options& options) : m_options(options) {}
 
+    /// Shows how far the run is, once it has taken over a second; `number` is the one begun last.
+    void showProgress(std::size_t number) const;
     void take(std::size_t number, JobResult result);
     /// The lines in the end; gives the exit status.
     int conclude();
@@ -50,6 +51,7 @@ class Summary {
     std::size_t m_failed = 0;
     std::vector<std::string> m_failures;
     bool m_listed = false;  ///< the list of JSON has an element
+    const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     int m_status = kDone;
 };
 
@@ -58,6 +60,11 @@ std::string Summary::howMany() const {
     const std::string of = m_done < count ? std::to_string(m_done) + " of " : "";
     return of + std::to_string(count) + " drawings, " +
            (m_failed == 0 ? "none" : std::to_string(m_failed)) + " failed";
+}
+
+void Summary::showProgress(std::size_t number) const {
+    const bool early = std::chrono::steady_clock::now() - m_start < std::chrono::seconds(1);
+    if (!early) showStatus(howMany() + "; " + m_options.files[number]);
 }
 
 void Summary::take(std::size_t number, JobResult result) {
@@ -72,12 +79,12 @@ void Summary::take(std::size_t number, JobResult result) {
         show(at->first, std::move(at->second));
         at = m_waiting.erase(at);
     }
-    showStatus(howMany());
 }
 
 void Summary::show(std::size_t number, JobResult result) {
     const std::string& file = m_options.files[number];
-    if (m_options.json && !result.ending.empty()) result.output = errorJson(file, result.ending);
+    if (m_options.json && !result.ending.empty())
+        result.output = errorJson(m_options, file, result.ending);
     if (!m_options.script.empty() && !m_options.quiet) writeOutput("== " + file + "\n");
     if (m_options.json && m_listed && !result.output.empty()) writeOutput(",\n");
     m_listed = m_listed || !result.output.empty();
@@ -85,6 +92,7 @@ void Summary::show(std::size_t number, JobResult result) {
     writeErrors(result.errors);
     if (result.status == kDone || result.status == kInterrupted) return;
     const bool ended = result.ending.empty();
+    if (ended && result.status == kUnreadable) return;  // its own line has said so
     m_failures.push_back(file + ": " +
                          (ended ? wordsFor(result.status, m_options) : result.ending));
 }
@@ -129,7 +137,9 @@ int runBatch(const Options& options, const std::function<int(const std::string& 
             if (!line.empty()) result.errors += "drafthost: " + line + "\n";
             summary.take(number, std::move(result));
         };
-        runJobs(options.files.size(), options.jobs, guarded, finished);
+        runJobs(
+            options.files.size(), options.jobs, guarded,
+            [&](std::size_t number) { summary.showProgress(number); }, finished);
         status = summary.conclude();
     }
     if (options.json) writeOutput("\n]\n");

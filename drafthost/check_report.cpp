@@ -27,7 +27,7 @@ int checkOne(const Options& options, const std::string& file) {
     });
     if (!findings) {
         complain(error.message());
-        if (options.json) writeOutput(errorJson(file, error.message()));
+        if (options.json) writeOutput(errorJson(options, file, error.message()));
         return kUnreadable;
     }
     const bool sound = std::none_of(findings->begin(), findings->end(), [](const auto& finding) {

@@ -1,22 +1,6 @@
-// What the program adds to a session about groups: two commands, and what saves did to groups.
+// What the program adds to a session about groups: its commands GROUPEACH, GROUPLIST, GROUPREPAIR
+// and PICTURE.
 #pragma once
 
-#include <memory>
-
-/// Registers GROUPLIST and PICTURE; call it once a session exists.
+/// Registers them; call it once a session exists.
 void registerGroupCommands();
-
-/// Watches saves while it lives and says on standard error which groups the repair before them
-/// dissolved or shortened. Make it before a module is loaded, so that it sees a drawing before the
-/// module does, and destroy it before the session.
-class SaveWatch {
-  public:
-    SaveWatch();
-    ~SaveWatch();
-    SaveWatch(const SaveWatch&) = delete;
-    SaveWatch& operator=(const SaveWatch&) = delete;
-
-  private:
-    class Reactor;
-    std::unique_ptr<Reactor> m_reactor;
-};

@@ -1,8 +1,6 @@
 // Lists and draws the groups of drawings without a session.
 #include "drafthost/groups_report.h"
 
-#include <memory>
-
 #include "drafthost/batch.h"
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/json_text.h"
@@ -21,29 +19,16 @@ using host::Index;
 using host::kNoIndex;
 using host::Store;
 
-/// Loads a drawing; null, with a line printed, when it cannot be read.
-std::unique_ptr<AcDbDatabase> load(const std::string& file, host::DxfError& error) {
-    auto store = host::loadDrawing(file, error, [&](double done) {
-        return showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
-    });
-    if (store != nullptr) return std::make_unique<AcDbDatabase>(std::move(store));
-    complain(error.message());
-    return nullptr;
-}
-
 int listOne(const Options& options, const std::string& file) {
-    host::DxfError error;
-    const std::unique_ptr<AcDbDatabase> drawing = load(file, error);
-    if (drawing == nullptr) {
-        if (options.json) writeOutput(errorJson(file, error.message()));
-        return kUnreadable;
-    }
+    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
+    if (drawing == nullptr) return kUnreadable;
     std::string frames;
     const inspection::Inspection found = inspectDrawing(*drawing, true, &frames);
     if (!frames.empty()) complain(file + ": " + frames);
     if (!found.good() || !options.quiet) {
+        const auto listed = options.quiet ? inspection::Listed::Faults : inspection::Listed::All;
         writeOutput(options.json ? groupsJson(file, found)
-                                 : inspection::listText(file + ": ", found));
+                                 : inspection::listText(file + ": ", found, listed));
     }
     return found.good() ? kDone : kDamaged;
 }
@@ -78,13 +63,23 @@ bool writeFile(const std::string& path, const std::string& text, std::string& wh
 
 }  // namespace
 
+std::unique_ptr<AcDbDatabase> loadForReading(const Options& options, const std::string& file) {
+    host::DxfError error;
+    auto store = host::loadDrawing(file, error, [&](double done) {
+        return showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
+    });
+    if (store != nullptr) return std::make_unique<AcDbDatabase>(std::move(store));
+    complain(error.message());
+    if (options.json) writeOutput(errorJson(options, file, error.message()));
+    return nullptr;
+}
+
 int listGroups(const Options& options) {
     return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
 }
 
 int drawFile(const Options& options) {
-    host::DxfError error;
-    const std::unique_ptr<AcDbDatabase> drawing = load(options.files.front(), error);
+    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, options.files.front());
     if (drawing == nullptr) return kUnreadable;
     const Store& store = drawing->store();
     const Index space = layoutSpace(store, options.layout);

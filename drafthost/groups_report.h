@@ -1,11 +1,15 @@
 // The groups of drawings, as the program lists and draws them.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "drafthost/options.h"
 #include "host/objectarx/database.h"
 
+/// Loads a drawing; null when it cannot be read, with a line printed and, where the options want
+/// JSON, the object that says so.
+std::unique_ptr<AcDbDatabase> loadForReading(const Options& options, const std::string& file);
 /// Lists the groups of files as text or JSON. Gives the exit status.
 int listGroups(const Options& options);
 /// Draws a file and its groups. Gives the exit status.

@@ -15,6 +15,20 @@ std::string textOf(const Json& object) {
     return object.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
+/// Null for a drawing that could be read.
+Json reason(const std::string& why) { return why.empty() ? Json() : Json(why); }
+
+std::string check(const std::string& file, const std::string& why, bool sound, Json findings) {
+    return textOf({{"file", file},
+                   {"error", reason(why)},
+                   {"sound", sound},
+                   {"findings", std::move(findings)}});
+}
+
+std::string layers(const std::string& file, const std::string& why, Json list) {
+    return textOf({{"file", file}, {"error", reason(why)}, {"layers", std::move(list)}});
+}
+
 Json handlesOf(const Group& group, bool onlyWithoutRecord) {
     Json list = Json::array();
     for (const inspection::Entity& member : group.members) {
@@ -41,11 +55,14 @@ Json jsonOf(const Group& group) {
 
 }  // namespace
 
-std::string errorJson(const std::string& file, const std::string& why) {
-    return textOf({{"file", file}, {"error", why}});
+std::string errorJson(const Options& options, const std::string& file, const std::string& why) {
+    if (options.check) return check(file, why, false, Json::array());
+    if (options.layers) return layers(file, why, Json::array());
+    return groupsJson(file, {}, why);
 }
 
-std::string groupsJson(const std::string& file, const inspection::Inspection& found) {
+std::string groupsJson(const std::string& file, const inspection::Inspection& found,
+                       const std::string& why) {
     Json groups = Json::array();
     for (const Group& group : found.groups)
         groups.push_back(jsonOf(group));
@@ -58,6 +75,7 @@ std::string groupsJson(const std::string& file, const inspection::Inspection& fo
                               {"reason", stray.reason}});
     }
     return textOf({{"file", file},
+                   {"error", reason(why)},
                    {"prefix", found.prefix},
                    {"whole", found.whole()},
                    {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
@@ -72,5 +90,19 @@ std::string checkJson(const std::string& file, const std::vector<host::Finding>&
         const bool isError = finding.severity == host::Severity::Error;
         list.push_back(Json{{"severity", isError ? "error" : "note"}, {"text", finding.text}});
     }
-    return textOf({{"file", file}, {"sound", sound}, {"findings", std::move(list)}});
+    return check(file, "", sound, std::move(list));
+}
+
+std::string layersJson(const std::string& file, const std::vector<ListedLayer>& listed) {
+    Json list = Json::array();
+    for (const ListedLayer& layer : listed) {
+        list.push_back(Json{{"name", layer.name},
+                            {"entities", layer.entities},
+                            {"inGroups", layer.inGroups},
+                            {"off", layer.off},
+                            {"frozen", layer.frozen},
+                            {"locked", layer.locked},
+                            {"defined", layer.defined}});
+    }
+    return layers(file, "", std::move(list));
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 namespace {
 
@@ -39,11 +40,26 @@ int KeyReader::readByte(char& byte, bool patient) {
     pollfd input = {STDIN_FILENO, POLLIN, 0};
     if (!patient && poll(&input, 1, kMoment) <= 0) return 0;
     for (;;) {
+        if (!waitForInput()) return 0;
         const ssize_t count = read(STDIN_FILENO, &byte, 1);
         if (count >= 0) return static_cast<int>(count);
         if (errno != EINTR) return -1;
-        if (m_stopped()) return 0;
     }
+}
+
+bool KeyReader::waitForInput() {
+    sigset_t signals, former;
+    sigemptyset(&signals);
+    for (const int each : {SIGINT, SIGTERM, SIGHUP})
+        sigaddset(&signals, each);
+    // Between the question and the waiting none may come: it would be seen with the next key only.
+    sigprocmask(SIG_BLOCK, &signals, &former);
+    pollfd input = {STDIN_FILENO, POLLIN, 0};
+    bool stopped = m_stopped();
+    while (!stopped && ppoll(&input, 1, nullptr, &former) < 0 && errno == EINTR)
+        stopped = m_stopped();
+    sigprocmask(SIG_SETMASK, &former, nullptr);
+    return !stopped;
 }
 
 bool KeyReader::readSequence(bool& isKey) {

@@ -25,6 +25,8 @@ class KeyReader {
     int next(wchar_t& key);
 
   private:
+    /// False when a signal asks to stop before there is input.
+    bool waitForInput();
     /// As next(), one byte; with `patient` false 0 also when none comes within a moment.
     int readByte(char& byte, bool patient);
     /// True when what follows Esc is a sequence to be given on, which is then in m_ready. `isKey`

@@ -4,20 +4,24 @@
 
 #include "drafthost/check_report.h"
 #include "drafthost/groups_report.h"
+#include "drafthost/layers_report.h"
 #include "drafthost/options.h"
 #include "drafthost/output.h"
 #include "drafthost/process.h"
 #include "drafthost/run.h"
+#include "host/text/paths.h"
 
 namespace {
 
 int act(const Options& options) {
     writeOutput(options.information);
     if (!options.information.empty()) return kDone;
-    const bool reads = options.check || options.groups || !options.picture.empty();
+    const bool reads =
+        options.check || options.groups || options.layers || !options.picture.empty();
     if (reads) catchInterrupts();
     if (options.check) return checkFiles(options);
     if (options.groups) return listGroups(options);
+    if (options.layers) return listLayers(options);
     return options.picture.empty() ? runSession(options) : drawFile(options);
 }
 
@@ -33,6 +37,8 @@ int main(int count, char** values) {
             complain(error + "; drafthost --help lists the options");
             return kUsage;
         }
+        for (std::string& file : options.files)
+            file = host::drawingPath(file);
         status = act(options);
     } catch (const std::bad_alloc&) {
         complain("out of memory");

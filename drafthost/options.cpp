@@ -44,7 +44,11 @@ void declareScripts(CLI::App& app, Options& options) {
         ->type_name("FILE")
         ->check(notEmpty);
     app.add_option("--output-dir", options.outputDir,
-                   "after its script each drawing is saved under its name in DIR")
+                   "save each drawing there, under its name and subfolder; the source stays")
+        ->type_name("DIR")
+        ->check(notEmpty);
+    app.add_option("--base", options.base,
+                   "keep subfolders from there on, not from the drawings' common folder")
         ->type_name("DIR")
         ->check(notEmpty);
     app.add_flag("--keep-going", options.keepGoing, "go on with a script after a failed command")
@@ -80,7 +84,10 @@ void declareReading(CLI::App& app, Options& options) {
         ->disable_flag_override();
     app.add_flag("--groups", options.groups, "list the groups of the drawings, change nothing")
         ->disable_flag_override();
-    app.add_flag("--json", options.json, "--check and --groups print one JSON document")
+    app.add_flag("--layers", options.layers,
+                 "list the layers of the drawings, their entities, how many are in groups")
+        ->disable_flag_override();
+    app.add_flag("--json", options.json, "--check, --groups, --layers print one JSON document")
         ->disable_flag_override();
     app.add_option("--picture", options.picture, "draw the drawing and its groups into an SVG file")
         ->type_name("OUT")
@@ -90,11 +97,31 @@ void declareReading(CLI::App& app, Options& options) {
         ->check(notEmpty);
 }
 
+void declareChanging(CLI::App& app, Options& options) {
+    app.add_option("--make-groups", options.makeGroups,
+                   "make one group for each layer, block or color of model space")
+        ->type_name("BY")
+        ->check([](const std::string& by) {
+            const bool known = by == "layer" || by == "block" || by == "color";
+            return known ? "" : "takes layer, block or color, not \"" + by + "\"";
+        });
+    app.add_option("--only", options.only, "of these names; wild cards, commas between patterns")
+        ->type_name("PATTERN")
+        ->check(notEmpty);
+    app.add_option("--min", options.least, "that have so many entities, 2 unless said")
+        ->type_name("N")
+        ->check(CLI::Range(1, 1000000000).description(""));
+    app.add_flag("--repair", options.repair,
+                 "repair the groups, take stray markers and group records away")
+        ->disable_flag_override();
+}
+
 void declare(CLI::App& app, Options& options) {
     app.add_option("drawing.dxf", options.files, "the drawings to open or to read")
         ->type_name("")
         ->check(notEmpty);
     declareScripts(app, options);
+    declareChanging(app, options);
     declareSession(app, options);
     declareReading(app, options);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
@@ -102,39 +129,65 @@ void declare(CLI::App& app, Options& options) {
     app.footer(helpOnCommands);
 }
 
+/// The options that say what the run does, without a script; in the order of the help.
+std::vector<std::string> purposes(const Options& options) {
+    const std::pair<bool, const char*> all[] = {
+        {options.check, "--check"},
+        {options.groups, "--groups"},
+        {options.layers, "--layers"},
+        {!options.picture.empty(), "--picture"},
+        {!options.makeGroups.empty(), "--make-groups"},
+        {options.repair, "--repair"},
+    };
+    std::vector<std::string> given;
+    for (const auto& [wanted, name] : all)
+        if (wanted) given.emplace_back(name);
+    return given;
+}
+
 /// What is missing for a script, or for several drawings.
-std::string scriptProblem(const Options& options, const std::string& reading) {
-    if (!options.script.empty()) {
-        const bool nowhere = !options.outputDir.empty() && options.files.empty();
-        return nowhere ? "--output-dir needs a drawing" : "";
-    }
-    if (!options.outputDir.empty()) return "--output-dir belongs to --script";
-    if (options.keepGoing) return "--keep-going belongs to --script";
-    if (reading.empty() && options.files.size() > 1)
-        return "several drawings need --script, --check or --groups";
+std::string scriptProblem(const Options& options, const std::string& purpose) {
+    if (options.keepGoing && options.script.empty()) return "--keep-going belongs to --script";
+    const bool saves = !options.script.empty() || changesByItself(options);
+    if (!options.outputDir.empty() && !saves)
+        return "--output-dir belongs to --script, --make-groups and --repair";
+    if (!options.outputDir.empty() && options.files.empty()) return "--output-dir needs a drawing";
+    if (!saves && purpose.empty() && options.files.size() > 1)
+        return "several drawings need --script, --make-groups, --repair, --check, --groups or "
+               "--layers";
+    return {};
+}
+
+/// An option that belongs to another one.
+std::string strayOption(const Options& options) {
+    if (options.json && !options.groups && !options.check && !options.layers)
+        return "--json belongs to --check, --groups and --layers";
+    if (!options.layout.empty() && options.picture.empty()) return "--layout belongs to --picture";
+    if (!options.base.empty() && options.outputDir.empty()) return "--base belongs to --output-dir";
+    if (options.makeGroups.empty() && options.only != Options().only)
+        return "--only belongs to --make-groups";
+    if (options.makeGroups.empty() && options.least != Options().least)
+        return "--min belongs to --make-groups";
     return {};
 }
 
 /// What no single option can tell; empty when all is well.
 std::string contradiction(const Options& options) {
-    const bool draws = !options.picture.empty();
-    if (options.check + options.groups + draws > 1)
-        return "--check, --groups and --picture are runs of their own";
-    const std::string reading = options.check    ? "--check"
-                                : options.groups ? "--groups"
-                                : draws          ? "--picture"
-                                                 : "";
-    if (options.json && !options.groups && !options.check)
-        return "--json belongs to --check and --groups";
-    if (!options.layout.empty() && !draws) return "--layout belongs to --picture";
-    if (!reading.empty() && options.files.empty()) return reading + " needs at least one file";
-    if (!reading.empty() && !(options.script.empty() && options.module.empty()))
-        return reading + " only reads drawings: it takes no script and no module";
+    const std::vector<std::string> all = purposes(options);
+    if (all.size() > 1) return all[0] + " and " + all[1] + " are runs of their own";
+    const std::string purpose = all.empty() ? "" : all[0];
+    if (std::string stray = strayOption(options); !stray.empty()) return stray;
+    if (!purpose.empty() && options.files.empty()) return purpose + " needs at least one file";
+    if (changesByItself(options) && !options.script.empty()) return purpose + " takes no script";
+    if (changesByItself(options) && options.noModule) return purpose + " needs the module";
+    const bool reads = !purpose.empty() && !changesByItself(options);
+    if (reads && !(options.script.empty() && options.module.empty()))
+        return purpose + " only reads drawings: it takes no script and no module";
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
-    if (draws && options.files.size() > 1)
+    if (!options.picture.empty() && options.files.size() > 1)
         return "--picture takes one drawing, not also \"" + options.files[1] + "\"";
-    return scriptProblem(options, reading);
+    return scriptProblem(options, purpose);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ struct Options {
     std::vector<std::string> files;  ///< the drawings, if any
     std::string script;              ///< "-" is standard input; empty: none
     bool keepGoing = false;          ///< with a script after a command that failed
+    std::string base;  ///< folder whose subfolders the output folder keeps; empty: the common one
     std::string outputDir;  ///< gets each drawing after its script; empty: nothing is saved
     int jobs = 1;           ///< drawings worked on at a time
     bool quiet = false;     ///< no transcript, nothing about what is as it should be
@@ -22,13 +23,23 @@ struct Options {
     bool noModule = false;
     bool check = false;
     bool groups = false;
-    bool json = false;    ///< the list of findings or groups as JSON
+    bool layers = false;
+    bool json = false;       ///< what --check, --groups or --layers list, as JSON
+    std::string makeGroups;  ///< by "layer", "block" or "color"; empty: no groups are made
+    std::string only = "*";  ///< names to make groups for
+    int least = 2;           ///< entities for a group
+    bool repair = false;
     std::string picture;  ///< file to draw into; empty: nothing is drawn
     std::string layout;   ///< to draw; empty: model space
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits
 };
+
+/// True for a run that changes drawings without a script.
+inline bool changesByItself(const Options& options) {
+    return options.repair || !options.makeGroups.empty();
+}
 
 /// Reads the arguments behind the program's name. False, with one line, when they are wrong.
 bool parseOptions(std::vector<std::string> arguments, Options& options, std::string& error);

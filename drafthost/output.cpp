@@ -36,6 +36,10 @@ void writeOutput(const std::string& text) {
     lineIsOpen = text.back() != '\n';
 }
 
+void endLine() {
+    if (lineIsOpen) writeOutput("\n");
+}
+
 void flushOutput() {
     if (!outputClosed && std::fflush(stdout) != 0) noteFailure();
 }
@@ -55,14 +59,24 @@ void writeErrors(const std::string& lines) {
 }
 
 void showStatus(const std::string& line) {
+    constexpr std::size_t kWidest = 79;  // a longer line would wrap and stay
     static std::string shown;
+    static std::size_t width = 0;
     static const bool terminal = standardErrorIsTerminal();
     if (!terminal || line == shown) return;
+    std::size_t columns = 0, end = 0;
+    for (; end < line.size(); ++end) {
+        const bool begins = (line[end] & 0xC0) != 0x80;
+        if (begins && columns == kWidest) break;
+        columns += begins ? 1 : 0;
+    }
     flushOutput();
-    std::fprintf(stderr, "\r%-*s%s", static_cast<int>(shown.size()), line.c_str(),
+    const int rest = static_cast<int>(width > columns ? width - columns : 0);
+    std::fprintf(stderr, "\r%s%*s%s", line.substr(0, end).c_str(), rest, "",
                  line.empty() ? "\r" : "");
     std::fflush(stderr);
     shown = line;
+    width = columns;
 }
 
 bool showProgress(const char* what, int percent) {

@@ -7,6 +7,8 @@
 /// other failure is told once on standard error and remembered.
 void writeOutput(const std::string& text);
 void flushOutput();
+/// Ends the line of standard output that is not ended yet.
+void endLine();
 /// True when something could not be written for another reason than a closed pipe.
 bool outputFailed();
 

@@ -1,9 +1,10 @@
-// The folder that gets each drawing after its script.
+// Places below the output folder, and what may not be overwritten.
 #include "drafthost/output_folder.h"
 
-#include <filesystem>
 #include <map>
+#include <set>
 #include <system_error>
+#include <vector>
 
 #include "drafthost/output.h"
 #include "host/dxf/file/file_access.h"
@@ -12,6 +13,8 @@
 #include "host/text/text_codec.h"
 
 namespace {
+
+using Path = std::filesystem::path;
 
 /// The file that a path means, links followed. Names that differ by case alone count as one, as
 /// they do in many file systems.
@@ -44,19 +47,32 @@ class Files {
     std::map<std::wstring, std::string> m_drawings;
 };
 
-/// Where a drawing of the run is saved when the script saves it under its own name.
-std::string savedAs(const Options& options, const std::string& file) {
-    return options.outputDir.empty() ? file : outputPath(options, file);
-}
-
 constexpr const char* kTwoRuns = "; work on them in two runs";
 
+Path absolute(const std::string& file) { return host::pathFromUtf8(host::absolutePath(file)); }
+
+/// The deepest folder that all drawings of the run stand below.
+Path commonFolder(const std::vector<std::string>& files) {
+    Path common = absolute(files.front()).parent_path();
+    for (const std::string& file : files) {
+        const Path folder = absolute(file).parent_path();
+        Path shared;
+        for (auto a = common.begin(), b = folder.begin();
+             a != common.end() && b != folder.end() && *a == *b; ++a, ++b)
+            shared /= *a;
+        common = shared;
+    }
+    return common;
+}
+
 /// Two names of one drawing, or two drawings that go to one place.
-std::string sharedPlace(const Options& options, const Files& sources) {
+std::string sharedPlace(const std::vector<std::string>& files, const Files& sources,
+                        const OutputFolder& folder) {
     Files targets;
-    for (const std::string& file : options.files) {
-        const std::string target = savedAs(options, file);
-        const bool apart = !options.outputDir.empty();
+    for (const std::string& file : files) {
+        const std::string placed = folder.pathFor(file);
+        const bool apart = !placed.empty();
+        const std::string& target = apart ? placed : file;
         if (apart && !sources.drawingOf(target).empty())
             return target + ": is a drawing of this run; name another --output-dir";
         const std::string other = targets.add(target, file);
@@ -68,17 +84,41 @@ std::string sharedPlace(const Options& options, const Files& sources) {
     return {};
 }
 
-std::string collision(const Options& options) {
+}  // namespace
+
+OutputFolder::OutputFolder(const Options& options) : m_options(options) {
+    if (options.outputDir.empty()) return;
+    m_base = options.base.empty() ? commonFolder(options.files) : absolute(options.base);
+}
+
+std::string OutputFolder::pathFor(const std::string& file) const {
+    if (m_options.outputDir.empty()) return {};
+    const Path source = absolute(file);
+    const Path below = source.lexically_relative(m_base);
+    const bool apart = below.empty() || below == ".";  // on another drive
+    return host::utf8OfPath(host::pathFromUtf8(m_options.outputDir) /
+                            (apart ? source.filename() : below));
+}
+
+std::string OutputFolder::savedAs(const std::string& file) const {
+    return m_options.outputDir.empty() ? file : pathFor(file);
+}
+
+std::string OutputFolder::collision() const {
     Files sources;
-    for (const std::string& file : options.files)
+    for (const std::string& file : m_options.files) {
+        const bool placed = !m_options.outputDir.empty();
+        if (placed && *absolute(file).lexically_relative(m_base).begin() == "..")
+            return file + ": does not stand below --base " + m_options.base;
         sources.add(file, file);
-    const std::string shared = sharedPlace(options, sources);
+    }
+    const std::string shared = sharedPlace(m_options.files, sources, *this);
     if (!shared.empty()) return shared;
     Files targets;
-    for (const std::string& file : options.files)
-        targets.add(savedAs(options, file), file);
-    for (const std::string& file : options.files) {
-        const std::string backup = host::backupPath(savedAs(options, file));
+    for (const std::string& file : m_options.files)
+        targets.add(savedAs(file), file);
+    for (const std::string& file : m_options.files) {
+        const std::string backup = host::backupPath(savedAs(file));
         const std::string source = sources.drawingOf(backup);
         const std::string other = source.empty() ? targets.drawingOf(backup) : source;
         if (other.empty() || other == file) continue;
@@ -88,32 +128,30 @@ std::string collision(const Options& options) {
     return {};
 }
 
-}  // namespace
-
-std::string outputPath(const Options& options, const std::string& file) {
-    if (options.outputDir.empty()) return {};
-    return host::utf8OfPath(host::pathFromUtf8(options.outputDir) /
-                            host::pathFromUtf8(file).filename());
-}
-
-int prepareOutputFolder(const Options& options) {
-    if (const std::string problem = collision(options); !problem.empty()) {
+int OutputFolder::prepare() const {
+    if (const std::string problem = collision(); !problem.empty()) {
         complain(problem);
         return kUsage;
     }
-    if (options.outputDir.empty()) return kDone;
+    if (m_options.outputDir.empty()) return kDone;
     std::error_code failure;
-    std::filesystem::create_directories(host::pathFromUtf8(options.outputDir), failure);
-    if (!failure) return kDone;
-    complain(options.outputDir + ": the folder cannot be made: " + failure.message());
-    return kUnwritable;
+    std::set<Path> folders;
+    for (const std::string& file : m_options.files)
+        folders.insert(host::pathFromUtf8(pathFor(file)).parent_path());
+    for (const Path& folder : folders) {
+        std::filesystem::create_directories(folder, failure);
+        if (!failure) continue;
+        complain(host::utf8OfPath(folder) + ": the folder cannot be made: " + failure.message());
+        return kUnwritable;
+    }
+    return kDone;
 }
 
-StagedResults::StagedResults(const Options& options) : m_options(options) {
+StagedResults::StagedResults(const Options& options, const OutputFolder& folder)
+    : m_folder(folder) {
     for (const std::string& file : options.files) {
-        if (options.outputDir.empty()) break;
-        const std::string target = host::withoutLinks(outputPath(options, file));
-        m_staged.emplace(file, host::temporaryBeside(target));
+        const std::string target = host::withoutLinks(folder.pathFor(file));
+        if (!target.empty()) m_staged.emplace(file, host::temporaryBeside(target));
     }
 }
 
@@ -125,12 +163,13 @@ std::string StagedResults::staged(const std::string& file) const {
 std::string StagedResults::settle(const std::string& file, int& status) const {
     const std::string staged = this->staged(file);
     if (staged.empty()) return {};
-    const std::string target = outputPath(m_options, file);
+    const std::string target = m_folder.pathFor(file);
     const bool leavesNames = host::hasOtherNames(host::withoutLinks(target));
     host::DxfError error;
-    if (status == kDone && host::takeStaged(staged, target, error))
+    const bool worked = status == kDone || status == kDamaged;  // a repair may leave some damage
+    if (worked && host::takeStaged(staged, target, error))
         return leavesNames ? target + ": had other names (hard links); they keep what it held" : "";
-    if (status == kDone) status = kUnwritable;
+    if (worked) status = kUnwritable;
     host::removeFile(staged);
     return error.text.empty() ? "" : error.message();
 }

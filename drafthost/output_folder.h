@@ -1,22 +1,40 @@
-// The folder that gets each drawing after its script.
+// The folder that gets each drawing of a run.
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <string>
 
 #include "drafthost/options.h"
 
-/// Where a drawing goes; empty without an output folder.
-std::string outputPath(const Options& options, const std::string& file);
-/// Refuses what would overwrite a drawing of the run, then makes the folder. Gives the exit status,
-/// with a line printed when it is not kDone.
-int prepareOutputFolder(const Options& options);
+/// Where the drawings of a run go.
+class OutputFolder {
+  public:
+    /// The options have to live longer.
+    explicit OutputFolder(const Options& options);
+    /// Path below the output folder, as the drawing stands below the base, which is the deepest
+    /// folder that all drawings of the run have in common unless the options name one; empty
+    /// without an output folder.
+    std::string pathFor(const std::string& file) const;
+    /// Refuses what would overwrite a drawing of the run, then makes the folders. Gives the exit
+    /// status, with a line printed when it is not kDone.
+    int prepare() const;
+
+  private:
+    std::string collision() const;
+    /// Where a drawing is saved when the script saves it under its own name.
+    std::string savedAs(const std::string& file) const;
+
+    const Options& m_options;
+    std::filesystem::path m_base;
+};
 
 /// The results of a run before they take their places, which only those of whole jobs do: whatever
 /// ends a job early, the folder keeps what it had.
 class StagedResults {
   public:
-    explicit StagedResults(const Options& options);
+    /// The folder has to live longer.
+    StagedResults(const Options& options, const OutputFolder& folder);
     /// Where the result of a drawing waits; empty without an output folder.
     std::string staged(const std::string& file) const;
     /// Puts the result of a job that is over to its place when all went well, or away. Gives a line
@@ -24,6 +42,6 @@ class StagedResults {
     std::string settle(const std::string& file, int& status) const;
 
   private:
-    const Options& m_options;
+    const OutputFolder& m_folder;
     std::map<std::string, std::string> m_staged;  ///< by the name of the drawing
 };

@@ -26,7 +26,12 @@ volatile std::sig_atomic_t interrupts = 0;
 /// A process with children ends them before itself; at the prompt nothing is ended.
 volatile std::sig_atomic_t outlives = 0;
 
-void onInterrupt(int) {
+volatile std::sig_atomic_t ending = 0;
+
+void onInterrupt(int signal) {
+    if (signal != SIGINT) ending = signal;
+    // A session that ends sends two signals at once; only the second Ctrl+C is impatience.
+    if (signal != SIGINT && interrupts > 0) return;
     requestInterrupt();
     if (interrupts > 1 && outlives == 0) _exit(kInterrupted);
 }
@@ -200,7 +205,9 @@ void prepareStreams() {
     if (std::setlocale(LC_CTYPE, "") == nullptr) std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-bool isInteractive() { return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0; }
+bool standardInputIsTerminal() { return isatty(STDIN_FILENO) != 0; }
+
+bool isInteractive() { return standardInputIsTerminal() && isatty(STDOUT_FILENO) != 0; }
 
 bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
@@ -211,15 +218,22 @@ void catchInterrupts(bool atPrompt) {
     action.sa_flags = atPrompt ? 0 : SA_RESTART;
     outlives = atPrompt ? 1 : 0;
     sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+    struct sigaction former = {};
+    sigaction(SIGHUP, nullptr, &former);
+    if (former.sa_handler != SIG_IGN) sigaction(SIGHUP, &action, nullptr);
 }
 
-bool interruptRequested() { return interrupts != 0; }
+bool interruptRequested() { return interrupts != 0 || ending != 0; }
 
 void requestInterrupt() { interrupts = interrupts + 1; }
 
 void forgetInterrupts() { interrupts = 0; }
 
+int endingSignal() { return ending; }
+
 void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t)>& work,
+             const std::function<void(std::size_t)>& present,
              const std::function<void(std::size_t, JobResult)>& finished) {
     Jobs jobs(work, finished);
     for (std::size_t next = 0; next < count || jobs.count() > 0;) {
@@ -227,6 +241,7 @@ void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t
                !interruptRequested())
             jobs.start(next++);
         if (jobs.count() == 0) break;
+        present(next - 1);
         jobs.wait();
     }
 }

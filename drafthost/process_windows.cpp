@@ -54,7 +54,9 @@ void prepareStreams() {
     SetConsoleOutputCP(CP_UTF8);
 }
 
-bool isInteractive() { return isConsole(STD_INPUT_HANDLE) && isConsole(STD_OUTPUT_HANDLE); }
+bool standardInputIsTerminal() { return isConsole(STD_INPUT_HANDLE); }
+
+bool isInteractive() { return standardInputIsTerminal() && isConsole(STD_OUTPUT_HANDLE); }
 
 bool standardErrorIsTerminal() { return isConsole(STD_ERROR_HANDLE); }
 
@@ -69,9 +71,13 @@ void requestInterrupt() { InterlockedIncrement(&interrupts); }
 
 void forgetInterrupts() { InterlockedExchange(&interrupts, 0); }
 
+int endingSignal() { return 0; }
+
 void runJobs(std::size_t count, int, const std::function<int(std::size_t)>& work,
+             const std::function<void(std::size_t)>& present,
              const std::function<void(std::size_t, JobResult)>& finished) {
     for (std::size_t i = 0; i < count && !interruptRequested(); ++i) {
+        present(i);
         JobResult result;
         captureOutput(&result.output);
         result.status = work(i);

@@ -12,6 +12,8 @@
 
 #include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
+#include "drafthost/group_job.h"
+#include "drafthost/group_watch.h"
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
 #include "drafthost/process.h"
@@ -140,7 +142,9 @@ void writeCommandLine(const std::wstring& text) {
     writeOutput(host::toUtf8(host::printableLines(text)));
 }
 
-void runTerminal(host::Session& session) {
+/// Gives the exit status.
+int runTerminal(host::Session& session) {
+    endLine();
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink(
         [&](const std::wstring& text) { terminal->print(host::printableLines(text)); });
@@ -148,25 +152,32 @@ void runTerminal(host::Session& session) {
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
-    while (!session.leave(*terminal));
+    while (!terminal->gone() && !session.leave(*terminal));
+    if (terminal->gone()) {
+        for (const std::string& line : session.rescueDrawings())
+            complain(line);
+    }
     host::setCommandLineSink(writeCommandLine);
+    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
 }
 
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet) host::setCommandLineSink(writeCommandLine);
+    if (!options.quiet && !changesByItself(options)) host::setCommandLineSink(writeCommandLine);
+    const std::string& own = job.target.empty() ? job.file : job.target;
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
-    auto watch = std::make_unique<SaveWatch>();
+    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file);
     int status = start(*session, options, job);
-    if (status == kDone && !options.script.empty()) {
+    if (status == kDone && changesByItself(options)) {
+        status = runGroupJob(*session, options, job);
+    } else if (status == kDone && !options.script.empty()) {
         status = runJob(*session, options, job);
     } else if (status == kDone && isInteractive()) {
-        runTerminal(*session);
-        status = session->exitStatus();
+        status = runTerminal(*session);
     }
     watch.reset();
     session.reset();
@@ -176,18 +187,24 @@ int runDrawing(const Options& options, const Job& job) {
 
 }  // namespace
 
-int runSession(const Options& options) {
+int runSession(const Options& given) {
+    Options options = given;
+    // Several drawings need a script that is named: parseOptions has seen to that.
+    if (options.script.empty() && !changesByItself(options) && !standardInputIsTerminal())
+        options.script = "-";
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
-    if (const int status = prepareOutputFolder(options); status != kDone) return status;
+    const OutputFolder folder(options);
+    if (const int status = folder.prepare(); status != kDone) return status;
     catchInterrupts();
     if (options.files.empty()) return runDrawing(options, {{}, {}, {}, script});
-    const StagedResults results(options);
+    const StagedResults results(options, folder);
     return runBatch(
         options,
         [&](const std::string& file) {
-            return runDrawing(options,
-                              {file, outputPath(options, file), results.staged(file), script});
+            std::string target = folder.pathFor(file);
+            if (target.empty() && changesByItself(options)) target = file;
+            return runDrawing(options, {file, std::move(target), results.staged(file), script});
         },
         [&](const std::string& file, int& status) { return results.settle(file, status); });
 }
@@ -199,7 +216,8 @@ std::string helpOnCommands() {
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "
            "cannot be\n"
-           "written; 5 the check found damage, or --groups a group that is not whole or a stray;\n"
-           "130 Ctrl+C. With several drawings the highest.\n\n" +
+           "written; 5 the check found damage, --groups a group that is not whole or a stray, or\n"
+           "--repair left one; 130 Ctrl+C, SIGTERM, SIGHUP. With several drawings the "
+           "highest.\n\n" +
            host::toUtf8(host::commandHelp());
 }

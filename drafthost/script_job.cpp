@@ -45,7 +45,8 @@ int runScript(host::Session& session, const Options& options, const Job& job) {
     return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus();
 }
 
-/// Saves the drawing of the job, whatever the script has opened beside it.
+}  // namespace
+
 int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
     for (std::size_t i = 0; i < session.documentCount(); ++i) {
         if (session.document(i)->database()->store().serial() != serial) continue;
@@ -57,8 +58,6 @@ int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
     complain(job.file + ": the script has closed it, so " + job.target + " is not written");
     return kFailed;
 }
-
-}  // namespace
 
 int runJob(host::Session& session, const Options& options, const Job& job) {
     const std::uint32_t serial = session.database()->store().serial();

@@ -1,6 +1,7 @@
 // One drawing of a run with a script.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "drafthost/options.h"
@@ -13,6 +14,10 @@ struct Job {
     std::string staged;  ///< where it waits until all has gone well; see Session::stageSaves
     std::string script;  ///< text of the script
 };
+
+/// Saves the drawing with that serial number of its store, whatever else is open, as the job's
+/// target. Gives the exit status.
+int saveResult(host::Session& session, const Job& job, std::uint32_t serial);
 
 /// Runs the script over the drawing that the session has just opened and saves that drawing, and no
 /// other, when all went well. Gives the exit status.

@@ -11,7 +11,11 @@ host::Answer Terminal::next(const std::wstring& prompt, host::InputUnit unit) {
             std::wstring line;
             host::Answer otherwise;
             m_line.reset();
-            if (!readLine(prompt, line, otherwise)) return otherwise;
+            if (!readLine(prompt, line, otherwise)) {
+                const bool leaves = asksForCommand(prompt) || gone();
+                if (otherwise.kind == Kind::End && !leaves) otherwise.kind = Kind::Cancel;
+                return otherwise;
+            }
             m_line.emplace(std::move(line));
         }
         const host::Answer answer = m_line->next({}, unit);

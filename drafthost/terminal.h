@@ -9,13 +9,15 @@
 #include "host/scripting/script.h"
 
 /// A person who types lines. A line gives its answers as a script line would; Esc and Ctrl+C
-/// cancel, Ctrl+D ends the input.
+/// cancel, Ctrl+D ends the input at the prompt for commands and cancels at others.
 class Terminal : public host::InputSource {
   public:
     host::Answer next(const std::wstring& prompt, host::InputUnit unit) final;
     bool interactive() const final { return true; }
     /// Gives command-line text on to standard output.
     virtual void print(const std::wstring& text) = 0;
+    /// True when nobody can answer any more: the terminal is closed, or a signal ends the program.
+    virtual bool gone() const = 0;
 
   protected:
     /// Reads a line behind the prompt; false when there is none, with the answer that stands for

@@ -5,16 +5,15 @@
 #include <histedit.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
 
+#include "drafthost/completion.h"
 #include "drafthost/key_reader_posix.h"
 #include "drafthost/output.h"
 #include "drafthost/process.h"
-#include "host/application/session.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
@@ -60,6 +59,7 @@ class EditedTerminal : public Terminal {
     EditedTerminal& operator=(const EditedTerminal&) = delete;
 
     void print(const std::wstring& text) override;
+    bool gone() const override { return m_gone; }
 
   private:
     static EditedTerminal& of(EditLine* editor) {
@@ -68,26 +68,27 @@ class EditedTerminal : public Terminal {
         return *static_cast<EditedTerminal*>(self);
     }
     static char* promptOf(EditLine* editor) { return of(editor).m_prompt.data(); }
-    static int readKey(EditLine* editor, wchar_t* key) { return of(editor).m_keys.next(*key); }
+    static int readKey(EditLine* editor, wchar_t* key) {
+        EditedTerminal& self = of(editor);
+        const int count = self.m_keys.next(*key);
+        self.m_gone = count != 1 && !interruptRequested();
+        return count;
+    }
     static unsigned char onCancelKey(EditLine*, int) {
         requestInterrupt();
         return CC_EOF;
     }
-    static unsigned char onTabKey(EditLine* editor, int key) {
-        return of(editor).m_completesNames ? completeName(editor, key)
-                                           : _el_fn_complete(editor, key);
-    }
-    /// Completes the name of a command; behind it names of files.
-    static unsigned char completeName(EditLine* editor, int key);
+    static unsigned char onTabKey(EditLine* editor, int key);
     bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 
     KeyReader m_keys{interruptRequested};
     EditLine* m_editor;
     History* m_history;
     std::string m_prompt;
-    bool m_completesNames = false;
+    bool m_atEmptyPrompt = false;
     std::string m_open;         ///< begin of a line: the editor prints it as prompt
     bool m_atLineBegin = true;  ///< nothing was printed since a line was typed
+    bool m_gone = false;        ///< the terminal, or the program is asked to end
 };
 
 EditedTerminal::EditedTerminal()
@@ -130,45 +131,38 @@ EditedTerminal::~EditedTerminal() {
     history_end(m_history);
 }
 
-unsigned char EditedTerminal::completeName(EditLine* editor, int key) {
+unsigned char EditedTerminal::onTabKey(EditLine* editor, int) {
     const LineInfo* line = el_line(editor);
-    const std::wstring typed =
-        host::fromUtf8({line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)});
-    if (typed.find(L' ') != std::wstring::npos) return _el_fn_complete(editor, key);
-    std::wstring all, common;
-    std::size_t count = 0;
-    for (const std::wstring& name : host::typableNames()) {
-        if (host::foldCase(name).rfind(host::foldCase(typed), 0) != 0) continue;
-        all += L" " + name;
-        std::size_t same = 0;
-        while (count > 0 && same < std::min(common.size(), name.size()) &&
-               common[same] == name[same])
-            ++same;
-        common = ++count == 1 ? name : common.substr(0, same);
+    const std::string typed(line->buffer, static_cast<std::size_t>(line->cursor - line->buffer));
+    const Completion found = complete(typed, of(editor).m_atEmptyPrompt);
+    if (!found.choices.empty()) {
+        std::string all;
+        for (const std::string& choice : found.choices)
+            all += (all.empty() ? "" : "  ") + choice;
+        writeOutput("\n" + all + "\n");
+        flushOutput();
+        return CC_REDISPLAY;
     }
-    if (common.size() > typed.size() || count == 1) {
-        el_deletestr(editor, static_cast<int>(typed.size()));
-        el_insertstr(editor, host::toUtf8(common).c_str());
-        return CC_REFRESH;
-    }
-    if (count == 0) return CC_ERROR;
-    writeOutput("\n" + host::toUtf8(all.substr(1)) + "\n");
-    flushOutput();
-    return CC_REDISPLAY;
+    if (found.text.empty()) return CC_ERROR;
+    const std::string replaced = typed.substr(typed.size() - found.length);
+    el_deletestr(editor, static_cast<int>(host::fromUtf8(replaced).size()));
+    el_insertstr(editor, found.text.c_str());
+    return CC_REFRESH;
 }
 
 bool EditedTerminal::readLine(const std::wstring& prompt, std::wstring& line,
                               host::Answer& otherwise) {
     int length = 0;
     flushOutput();
-    m_completesNames = asksForCommand(prompt);
+    m_atEmptyPrompt = asksForCommand(prompt);
     m_prompt = m_open.empty() ? host::toUtf8(prompt) : std::exchange(m_open, {});
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.
     el_set(m_editor, EL_PREP_TERM, 1);
     const char* typed = !interruptRequested() ? el_gets(m_editor, &length) : nullptr;
+    m_gone = m_gone || (typed == nullptr && endingSignal() != 0);
     m_atLineBegin = true;
-    if (interruptRequested()) {
+    if (interruptRequested() && !m_gone) {
         forgetInterrupts();
         el_reset(m_editor);
         m_atLineBegin = false;

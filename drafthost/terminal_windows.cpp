@@ -15,8 +15,10 @@ class ConsoleTerminal : public Terminal {
   public:
     ConsoleTerminal() { catchInterrupts(true); }
     void print(const std::wstring& text) override { writeOutput(host::toUtf8(text)); }
+    bool gone() const override { return m_gone; }
 
   private:
+    bool m_gone = false;
     bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
 };
 
@@ -28,7 +30,8 @@ bool ConsoleTerminal::readLine(const std::wstring&, std::wstring& line, host::An
     const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), buffer,
                                    static_cast<DWORD>(std::size(buffer)), &length, nullptr);
     constexpr wchar_t kControlZ = 0x1A;
-    const bool isEnd = !read || length == 0 || buffer[0] == kControlZ;
+    m_gone = !read;
+    const bool isEnd = m_gone || length == 0 || buffer[0] == kControlZ;
     otherwise.kind = interruptRequested() ? host::Answer::Kind::Cancel : host::Answer::Kind::End;
     if (!interruptRequested() && !isEnd) line.assign(buffer, length);
     return !line.empty();

@@ -170,6 +170,17 @@ Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
     return result;
 }
 
+bool isMarkerName(const std::string& name) {
+    const std::wstring wanted = host::foldCase(host::fromUtf8(name));
+    for (const std::wstring prefix : {GroupPrefix::kNewer, GroupPrefix::kOlder}) {
+        for (const wchar_t* suffix :
+             {GroupSuffix::kLayer, GroupSuffix::kBeginMarker, GroupSuffix::kEndMarker}) {
+            if (wanted == prefix + suffix) return true;
+        }
+    }
+    return false;
+}
+
 const char* nameOf(State state) {
     constexpr const char* kNames[] = {"whole", "short", "over", "empty", "broken"};
     return kNames[static_cast<int>(state)];

@@ -88,6 +88,9 @@ using Describe = std::function<Entity(AcDbObjectId)>;
 Inspection inspect(AcDbDatabase& drawing, const std::vector<Space>& spaces,
                    const Describe& describe);
 
+/// True for the names (UTF-8) that layers and blocks of markers have, in drawings of either kind.
+bool isMarkerName(const std::string& name);
+
 /// "whole", "short", ... as the list prints it.
 const char* nameOf(State state);
 

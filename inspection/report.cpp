@@ -9,14 +9,14 @@
 namespace inspection {
 namespace {
 
-/// "20 LINE, 12 ARC", the most frequent first.
-std::string listed(const Census& counts) {
+/// "20 LINE, 12 ARC", the most frequent first; `where` stands before each name.
+std::string listed(const Census& counts, const std::string& where = "") {
     std::multimap<int, std::string, std::greater<int>> byCount;
     for (const auto& [name, count] : counts)
         byCount.emplace(count, name);
     std::string text;
     for (const auto& [count, name] : byCount)
-        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + name;
+        text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + where + name;
     return text;
 }
 
@@ -36,7 +36,7 @@ std::string line(const Group& group) {
                        nameOf(group.state) + ", counts " + std::to_string(group.count);
     if (!group.members.empty()) {
         text += "; holds " + listed(census(group, &Entity::type));
-        text += " on layers " + listed(census(group, &Entity::layer));
+        text += "; " + listed(census(group, &Entity::layer), "on layer ");
     }
     if (group.extents) {
         const Extents& box = *group.extents;
@@ -60,16 +60,19 @@ Census census(const Group& group, std::string Entity::*property) {
     return counts;
 }
 
-std::string listText(const std::string& head, const Inspection& found) {
+std::string nameOf(const Stray& stray) {
+    return "stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " + stray.space;
+}
+
+std::string listText(const std::string& head, const Inspection& found, Listed listed) {
     std::string text;
-    for (const Group& group : found.groups)
-        text += head + printable(line(group)) + "\n";
-    for (const Stray& stray : found.strays) {
-        text += head +
-                printable("stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " +
-                          stray.space + ": " + stray.reason) +
-                "\n";
+    for (const Group& group : found.groups) {
+        if (listed == Listed::All || group.state != State::Whole)
+            text += head + printable(line(group)) + "\n";
     }
+    for (const Stray& stray : found.strays)
+        text += head + printable(nameOf(stray) + ": " + stray.reason) + "\n";
+    if (listed == Listed::Faults) return text;
     if (found.groups.empty() && found.strays.empty()) return head + "no groups\n";
     const long whole = found.whole();
     return text + head + std::to_string(whole) + " whole, " +
@@ -77,7 +80,8 @@ std::string listText(const std::string& head, const Inspection& found) {
            std::to_string(found.strays.size()) + " stray\n";
 }
 
-std::vector<std::string> changes(const Inspection& before, const Inspection& after) {
+std::vector<std::string> changes(const Inspection& before, const Inspection& after,
+                                 const std::string& repair) {
     std::map<std::string, const Group*> left;
     for (const Group& group : after.groups)
         left.emplace(group.begin, &group);
@@ -86,9 +90,9 @@ std::vector<std::string> changes(const Inspection& before, const Inspection& aft
         const auto found = left.find(group.begin);
         const std::string name = "group " + group.begin + " in " + group.space;
         if (found == left.end()) {
-            lines.push_back("the save dissolved " + name + ": " + group.reason);
+            lines.push_back(repair + " dissolved " + name + ": " + group.reason);
         } else if (found->second->count < group.count) {
-            lines.push_back("the save lowered the count of " + name + " from " +
+            lines.push_back(repair + " lowered the count of " + name + " from " +
                             std::to_string(group.count) + " to " +
                             std::to_string(found->second->count));
         }

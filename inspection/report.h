@@ -13,11 +13,18 @@ namespace inspection {
 using Census = std::map<std::string, int>;
 Census census(const Group& group, std::string Entity::*property);
 
-/// One line for each group and stray and one with the totals, each behind `head`; all end in \n.
-std::string listText(const std::string& head, const Inspection& inspection);
+enum class Listed { All, Faults };
 
-/// What a save did to groups, one line each without line end: those that `before` has and `after`
-/// has no more, or with a smaller count.
-std::vector<std::string> changes(const Inspection& before, const Inspection& after);
+/// One line for each group and stray and one with the totals, each behind `head`; all end in \n.
+/// Of faults alone: a line for each group that is not whole and each stray.
+std::string listText(const std::string& head, const Inspection& inspection,
+                     Listed listed = Listed::All);
+/// "stray group record 2A (LINE) in Model".
+std::string nameOf(const Stray& stray);
+
+/// What a repair ("the save", "REGEN") did to groups, one line each without line end: those that
+/// `before` has and `after` has no more, or with a smaller count.
+std::vector<std::string> changes(const Inspection& before, const Inspection& after,
+                                 const std::string& repair);
 
 }  // namespace inspection

@@ -5,6 +5,8 @@
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/sysvars.h"
+#include "host/scripting/script.h"
+#include "host/text/numbers.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
@@ -30,13 +32,13 @@ bool exists(const std::string& path) {
     return std::filesystem::exists(pathFromUtf8(path), ignored);
 }
 
-/// Asks for a file name; ~ is the user's home folder. None on Enter.
-PromptStatus promptFile(const std::wstring& question, std::string& path) {
-    const Answer answer = prompt(question);
-    if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
-    if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;
-    path = withHome(toUtf8(answer.text));
-    return path.empty() ? PromptStatus::None : PromptStatus::Ok;
+/// The answers in "DXF 16 my plan.dxf", which a person has typed in one line, as a script gives
+/// them; empty for any other text.
+std::string longForm(const std::string& typed) {
+    const bool begins = foldCase(fromUtf8(typed.substr(0, 4))) == L"DXF ";
+    const std::size_t blank = begins ? typed.find(' ', 4) : std::string::npos;
+    if (blank == std::string::npos || !parseInteger(typed.substr(4, blank - 4))) return {};
+    return typed.substr(0, blank + 1) + '"' + typed.substr(blank + 1) + '"';
 }
 
 /// The name to save under. The real host asks for a format first and for the places of numbers,
@@ -44,7 +46,14 @@ PromptStatus promptFile(const std::wstring& question, std::string& path) {
 PromptStatus promptSaveName(const HostDocument& document, std::string& path) {
     const std::wstring question =
         L"\nSave drawing as <" + std::wstring(document.fileName()) + L">: ";
-    const PromptStatus status = promptFile(question, path);
+    PromptStatus status = promptFile(question, path);
+    if (const std::string form = longForm(path); !form.empty()) {
+        ScriptSource answers(fromUtf8(form));
+        InputSource* const person = inputSource();
+        setInputSource(&answers);
+        status = promptSaveName(document, path);
+        setInputSource(person);
+    }
     if (status != PromptStatus::Ok || foldCase(fromUtf8(path)) != L"DXF") return status;
     constexpr double kMostPlaces = 16;
     double places = kMostPlaces;
@@ -86,14 +95,13 @@ CommandStatus saveUnderName(bool keepName) {
     std::string path;
     const PromptStatus status = promptSaveName(*document, path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
-    if (status == PromptStatus::Ok) {
-        const std::wstring extension = extensionOf(path);
-        if (extension == L"DWG") {
-            return statusOf({path + ": only DXF can be written; name the file .dxf", kUnwritable});
-        }
-        if (extension.empty()) path += ".dxf";
-        if (!mayReplace(*document, path)) return CommandStatus::Cancelled;
+    if (status == PromptStatus::None) path = toUtf8(document->fileName());
+    const std::wstring extension = extensionOf(path);
+    if (extension == L"DWG") {
+        return statusOf({path + ": only DXF can be written; name the file .dxf", kUnwritable});
     }
+    if (extension.empty()) path += ".dxf";
+    if (!mayReplace(*document, path)) return CommandStatus::Cancelled;
     return save(path, keepName);
 }
 
@@ -122,8 +130,7 @@ CommandStatus runOpen() {
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::None)
         return statusOf({"the name of a drawing is missing", kUnreadable});
-    if (!exists(path) && exists(path + ".dxf")) path += ".dxf";
-    return statusOf(session().openDrawing(path));
+    return statusOf(session().openDrawing(drawingPath(path)));
 }
 
 CommandStatus runSave() { return saveUnderName(true); }

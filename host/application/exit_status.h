@@ -10,7 +10,7 @@ enum ExitStatus {
     kUnreadable = 3,     ///< a drawing cannot be read
     kUnwritable = 4,     ///< a drawing or picture cannot be written
     kDamaged = 5,        ///< the check found damage, or a group is not whole
-    kInterrupted = 130,  ///< Ctrl+C, as shells tell it
+    kInterrupted = 130,  ///< Ctrl+C, as shells tell it, or a signal that asks to end
 };
 
 }  // namespace host

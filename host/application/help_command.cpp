@@ -30,7 +30,7 @@ std::wstring commandHelp() {
     std::wstring text = L"Commands, and what they ask for:\n";
     for (const BuiltinCommand* command : builtinCommands()) {
         std::wstring name = command->name;
-        name.resize(std::max<std::size_t>(name.size(), 10), L' ');
+        name.resize(std::max<std::size_t>(name.size(), 11), L' ');
         text += L"  " + name + L"  " + command->help + L"\n";
     }
     std::wstring ofModules;

@@ -2,7 +2,6 @@
 #include "host/application/session_impl.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -28,10 +27,10 @@ CommandStatus runArx() {
     if (!load && word != L"U" && word != L"UNLOAD") {
         return session.fail({toUtf8(option.text) + " is no option: ? lists, L loads, U unloads"});
     }
-    const Answer file = prompt(L"\nApplication file: ");
-    if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;
-    if (file.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    const std::string name = withHome(toUtf8(file.text));
+    std::string name;
+    const PromptStatus status = promptFile(L"\nApplication file: ", name);
+    if (status == PromptStatus::None) return CommandStatus::Done;
+    if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     print(L"\n");  // the application prints where the cursor is
     const Outcome outcome = load ? session.modules.load(name) : session.modules.unload(name);
     return outcome ? CommandStatus::Done : session.fail(outcome);

@@ -88,14 +88,13 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
     exitStatus = std::max(exitStatus, kFailed);
     std::string line = where.empty() ? where : where + ": ";
     const std::string problem = toUtf8(takeProblem());
+    if (!problem.empty() && problemWasPrinted() && !diagnostics) return;
     const std::string name = toUtf8(command);
     if (!command.empty() && command.front() == L'(') {
         line += problem;
     } else if (status == CommandStatus::Unknown) {
-        const std::wstring nearest = nearestName(command, typableNames());
-        line += "unknown command \"" + name + "\"; ";
-        if (!nearest.empty()) line += "nearest is " + toUtf8(nearest) + "; ";
-        line += "HELP lists the commands";
+        line += "unknown command \"" + name + "\"; " + toUtf8(hintAt(command, typableNames())) +
+                "HELP lists the commands";
     } else {
         line += toUtf8(foldCase(command));
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";

@@ -1,6 +1,7 @@
 // The session: start and end of the host, documents and modules together.
 #include "host/application/session.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "host/application/session_impl.h"
@@ -32,6 +33,13 @@ ProgressFunction progressOf(const Session::Impl& session, const std::string& wha
     return [&session, what](double done) {
         return session.progress(what.c_str(), static_cast<int>(done * 100.0));
     };
+}
+
+/// Where the work on a drawing goes when the program is ended.
+std::string rescuePath(const HostDocument& document) {
+    std::filesystem::path path = pathFromUtf8(absolutePath(toUtf8(document.fileName())));
+    path.replace_extension(".recovered.dxf");
+    return utf8OfPath(path);
 }
 
 }  // namespace
@@ -76,6 +84,11 @@ void Session::Impl::activate(HostDocument& document) {
 
 Outcome Session::Impl::addDocument(std::unique_ptr<AcDbDatabase> database, std::wstring path) {
     HostDocument& document = documents.add(std::move(database), std::move(path));
+    const std::string rescued = rescuePath(document);
+    if (placeOf(rescued) == FilePlace::File) {
+        printLine(fromUtf8(rescued) + L" keeps work on this drawing that was not saved when the " +
+                  L"program was ended; OPEN it, or remove it.");
+    }
     afterCommand([this, &document] { activate(document); });
     return {};
 }
@@ -163,6 +176,19 @@ Outcome Session::saveDrawing(const std::string& path) { return m_impl->save(path
 void Session::stageSaves(const std::string& path, const std::string& staged) {
     m_impl->stagedFor = withoutLinks(absolutePath(path));
     m_impl->staged = staged;
+}
+
+std::vector<std::string> Session::rescueDrawings() {
+    std::vector<std::string> lines;
+    for (HostDocument* document : m_impl->documents.all()) {
+        if (!document->changed()) continue;
+        const std::string path = rescuePath(*document);
+        DxfError error;
+        const bool saved = host::saveDrawing(document->database()->store(), path, error);
+        lines.push_back(toUtf8(document->fileName()) + ": not saved; " +
+                        (saved ? "its state is kept as " + path : error.message()));
+    }
+    return lines;
 }
 
 Outcome Session::closeDrawing() {

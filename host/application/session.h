@@ -46,6 +46,9 @@ class Session {
     /// From here on what is saved as the file `path` is only made ready as `staged`, beside it, and
     /// waits for takeStaged(): see save_drawing.h.
     void stageSaves(const std::string& path, const std::string& staged);
+    /// Writes each changed drawing beside its own file, "plan.dxf" as "plan.recovered.dxf", in the
+    /// state that it has: no module is told. Gives a line for each. Not while a command runs.
+    std::vector<std::string> rescueDrawings();
     /// Closes the current document without saving: kUnloadDwgMsg, documentToBeDestroyed.
     Outcome closeDrawing();
     /// Makes another open document current, by index in opening order.

@@ -77,9 +77,12 @@ CommandStatus runCircle(Store& store) {
         return CommandStatus::Cancelled;
     }
     double radius = 0.0;
-    if (promptReal(L"\nSpecify radius of circle: ", radius) != PromptStatus::Ok) {
-        return CommandStatus::Cancelled;
-    }
+    PromptStatus given = PromptStatus::None;
+    do
+        given = promptReal(L"\nSpecify radius of circle: ", radius);
+    while (given == PromptStatus::None &&
+           wrongAnswer(L"A radius is needed: a number above zero, for example 2.5"));
+    if (given != PromptStatus::Ok) return CommandStatus::Cancelled;
     if (!(radius > 0.0)) {
         printProblem(L"The radius must be greater than zero.");
         return CommandStatus::Failed;

@@ -8,7 +8,7 @@ namespace {
 
 struct EffectState {
     std::vector<Effect> recorded;
-    std::function<void(const std::wstring&)> sink;
+    CommandLineSink sink;
     bool recording = true;
 };
 
@@ -35,8 +35,8 @@ void clearEffects() { effectState().recorded.clear(); }
 
 void setEffectRecording(bool on) { effectState().recording = on; }
 
-void setCommandLineSink(std::function<void(const std::wstring&)> sink) {
-    effectState().sink = std::move(sink);
+CommandLineSink setCommandLineSink(CommandLineSink sink) {
+    return std::exchange(effectState().sink, std::move(sink));
 }
 
 std::wstring effectText(EffectKind kind) {

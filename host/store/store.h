@@ -180,6 +180,8 @@ class Store {
     mutable bool framesTold = false;  ///< that parts of the drawing are taken as frames
     /// The database object that holds this store.
     AcDbDatabase* database = nullptr;
+    /// How many things loading had to supply, which the file lacks: damage of the file.
+    std::size_t supplied = 0;
     /// Counts changes of content, for "modified since saved" and caches.
     std::uint64_t revision = 0;
 

@@ -35,6 +35,14 @@ std::string absolutePath(const std::string& path) {
     return failure ? path : utf8OfPath(absolute.lexically_normal());
 }
 
+std::string drawingPath(const std::string& path) {
+    const auto exists = [](const std::string& name) {
+        std::error_code ignored;
+        return std::filesystem::exists(pathFromUtf8(name), ignored);
+    };
+    return !exists(path) && exists(path + ".dxf") ? path + ".dxf" : path;
+}
+
 std::string withHome(const std::string& path) {
     const bool atHome = path == "~" || path.rfind("~/", 0) == 0 || path.rfind("~\\", 0) == 0;
     const std::filesystem::path home = atHome ? homeFolder() : std::filesystem::path();

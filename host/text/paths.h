@@ -13,6 +13,9 @@ std::string utf8OfPath(const std::filesystem::path& path);
 /// Absolute path of a file; the text itself when the system gives none.
 std::string absolutePath(const std::string& path);
 
+/// The path, or with ".dxf" behind it where only that is there.
+std::string drawingPath(const std::string& path);
+
 /// The path with a leading "~" or "~/" replaced by the user's home folder; as it is when there is
 /// none.
 std::string withHome(const std::string& path);

@@ -55,12 +55,12 @@ TEST_F(SaveTest, APersonIsAskedBeforeWorkIsLost) {
     };
     const std::string former = "somebody's";
     write(file("b.dxf"), former);
-    EXPECT_FALSE(leaves(L"SAVEAS " + quoted("b") + L" n ^D c\n"));
+    EXPECT_FALSE(leaves(L"SAVEAS " + quoted("b") + L"\nn ^D c\n"));
     EXPECT_TRUE(leaves(L"^D ^D\n")) << "nobody is there any more";
     EXPECT_FALSE(leaves(L"CLOSE x CANCEL\nNEW\nPO 3,3\nCLOSE N ^D C\n"));
     EXPECT_EQ(session->documentCount(), 1u);
     EXPECT_EQ(contentOf(file("b.dxf")), former);
-    EXPECT_FALSE(leaves(L"EXPERT 2\nSAVEAS " + quoted("b") + L" PO 4,4 ^D c\n"));
+    EXPECT_FALSE(leaves(L"EXPERT 2\nSAVEAS " + quoted("b") + L"\nPO 4,4 ^D c\n"));
     EXPECT_EQ(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
     EXPECT_TRUE(leaves(L"^D Y\n"));
     EXPECT_NE(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);

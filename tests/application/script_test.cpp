@@ -84,6 +84,11 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
         {L"STRETCH\n", "plan.scr:1: unknown command \"STRETCH\"; HELP lists the commands\n"},
         {L"\nLNIE\n",
          "plan.scr:2: unknown command \"LNIE\"; nearest is LINE; HELP lists the commands\n"},
+        {L"QSAV\n",
+         "plan.scr:1: unknown command \"QSAV\"; nearest is QSAVE; HELP lists the commands\n"},
+        {L"UNPASTEX\n",
+         "plan.scr:1: unknown command \"UNPASTEX\"; nearest is PASTECLIP; HELP lists the "
+         "commands\n"},
         {L"\n(handent \"FFFF\")\n", "plan.scr:2: no object has the handle FFFF in this drawing\n"},
         {L"(Nothing)\n", "plan.scr:1: no LISP function Nothing is defined in this drawing\n"},
         {L"PICK \n",

@@ -27,12 +27,12 @@ TEST(InspectionReport, TellsWhatIsWrongInADraftersWords) {
     Scene scene("(line line line) circle (circle) (line circle)");
     EXPECT_EQ(
         listOf(scene).substr(0, listOf(scene).find('\n')),
-        "group #1 to #5 in Model: whole, counts 3; holds 3 LINE on layers 3 0; from 1,0 to 3,1");
+        "group #1 to #5 in Model: whole, counts 3; holds 3 LINE; 3 on layer 0; from 1,0 to 3,1");
     scene.run(L"VelmoGROUPNOTACTIVE\n");
     scene.after(L"ERASE #3 #8 #13\n\n");
     EXPECT_EQ(
         listOf(scene),
-        "group #1 to #4 in Model: short, counts 3; holds 2 LINE on layers 2 0; from 1,0 to 3,1"
+        "group #1 to #4 in Model: short, counts 3; holds 2 LINE; 2 on layer 0; from 1,0 to 3,1"
         "; 1 member is gone; the next save lowers the count to 2\n"
         "group #6 to #7 in Model: empty, counts 1; nothing stands between its markers; the "
         "next save dissolves it\n"
@@ -74,7 +74,7 @@ TEST(InspectionReport, AChangeByASaveIsOneLine) {
     const inspection::Inspection before = inspectDrawing(*scene.store().database, false);
     scene.run(L"REGEN\n");
     const std::vector<std::string> lines =
-        inspection::changes(before, inspectDrawing(*scene.store().database, false));
+        inspection::changes(before, inspectDrawing(*scene.store().database, false), "the save");
     EXPECT_EQ(lines, (std::vector<std::string>{
                          "the save lowered the count of group " + first + " in Model from 3 to 2",
                          "the save dissolved group " + second +

@@ -51,8 +51,6 @@ TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
     const std::size_t summary = run.errors.find("drafthost: failed:");
     ASSERT_NE(summary, std::string::npos) << run.errors;
     EXPECT_EQ(run.errors.substr(summary),
-              "drafthost: failed: bad.dxf: cannot be read\n"
-              "drafthost: failed: nowhere.dxf: cannot be read\n"
               "drafthost: failed: one.dxf: its script failed\n"
               "drafthost: 4 drawings, 3 failed\n");
     EXPECT_EQ(pointsIn("out/three.dxf"), 1);
@@ -75,11 +73,11 @@ TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
 TEST_F(BatchTest, WhatWouldOverwriteADrawingOfTheRunIsRefused) {
     std::filesystem::create_directory("a");
     std::filesystem::copy("one.dxf", "a/one.dxf");
-    const Result two = script("REGEN\n", "--output-dir out one.dxf a/one.dxf");
+    const Result two = script("REGEN\n", "--output-dir out one.dxf a/../one.dxf");
     EXPECT_EQ(two.status, 2);
     EXPECT_EQ(two.errors.rfind("drafthost: out", 0), 0u) << two.errors;
     EXPECT_FALSE(std::filesystem::exists("out"));
-    EXPECT_EQ(script("REGEN\n", "--output-dir a a/../three.dxf a/one.dxf").status, 2);
+    EXPECT_EQ(script("REGEN\n", "--output-dir . a/../three.dxf one.dxf").status, 2);
     EXPECT_EQ(script("REGEN\n", "--output-dir one.dxf three.dxf").status, 4);
     std::filesystem::create_hard_link("one.dxf", "same.dxf");
     EXPECT_EQ(script("REGEN\n", "one.dxf same.dxf").errors,
@@ -104,13 +102,55 @@ TEST_F(BatchTest, ReadingManyGivesOneDocument) {
     EXPECT_EQ(
         check.output,
         "[\n{\n  \"file\": \"bad.dxf\",\n  \"error\": \"bad.dxf:1: \\\"junk\\\" is no group code; "
-        "this is not a DXF drawing\"\n},\n"
-        "{\n  \"file\": \"one.dxf\",\n  \"sound\": true,\n  \"findings\": []\n},\n"
-        "{\n  \"file\": \"three.dxf\",\n  \"sound\": true,\n  \"findings\": []\n}\n]\n");
+        "this is not a DXF drawing\",\n  \"sound\": false,\n  \"findings\": []\n},\n"
+        "{\n  \"file\": \"one.dxf\",\n  \"error\": null,\n  \"sound\": true,\n  \"findings\": "
+        "[]\n},\n"
+        "{\n  \"file\": \"three.dxf\",\n  \"error\": null,\n  \"sound\": true,\n  \"findings\": "
+        "[]\n}\n"
+        "]\n");
+    // What a reader of the document asks for is there in every drawing.
+    const std::string listed = drafthost("--groups --json bad.dxf one.dxf").output;
+    const std::string empty = "\"groups\": [],\n  \"strays\": []\n}";
+    EXPECT_NE(listed.find(empty), listed.rfind(empty)) << listed;
     const Result groups = drafthost("--groups -q one.dxf bad.dxf three.dxf");
     EXPECT_EQ(groups.output, "");
     EXPECT_EQ(groups.errors.substr(groups.errors.find('\n') + 1),
-              "drafthost: failed: bad.dxf: cannot be read\ndrafthost: 3 drawings, 1 failed\n");
+              "drafthost: 3 drawings, 1 failed\n");
+}
+
+TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
+    for (const std::string folder : {"in/a b", "in/c"}) {
+        std::filesystem::create_directories(folder);
+        std::filesystem::copy(SAMPLES_FOLDER "/plan.dxf", folder + "/p.dxf");
+    }
+    const std::string files = "\"in/a b/p.dxf\" bad.dxf in/c/p.dxf";
+    const Result run = drafthost(
+        "--make-groups layer --only \"W*,n[~a]tes\" --min 4 -j 2 --output-dir out " + files);
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.errors,
+              "drafthost: bad.dxf:1: \"junk\" is no group code; this is not a DXF drawing\n"
+              "drafthost: 3 drawings, 1 failed\n");
+    EXPECT_EQ(run.output.substr(0, run.output.find("in/c")),
+              "in/a b/p.dxf: layer NOTES: 3 entities; no group\n"
+              "in/a b/p.dxf: layer WALLS: 10 entities; one group of 10\n"
+              "in/a b/p.dxf: 1 group made\n");
+    const std::string same = "--make-groups layer -q --output-dir out --base ";
+    EXPECT_EQ(drafthost(same + "in in/c/p.dxf").status, 0);
+    EXPECT_TRUE(std::filesystem::exists("out/c/p.dxf"));
+    EXPECT_EQ(drafthost(same + "\"in/a b\" in/c/p.dxf").errors,
+              "drafthost: in/c/p.dxf: does not stand below --base in/a b\n");
+    const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/c/p.dxf");
+    EXPECT_NE(layers.output.find("p.dxf: layer WALLS: 10 entities, 10 in groups\n"),
+              std::string::npos);
+    // What is in a group stays in it; over the drawing itself only a change is written.
+    const Result again = drafthost("--make-groups color --only 8 \"out/in/a b/p.dxf\"");
+    EXPECT_EQ(again.output,
+              "out/in/a b/p.dxf: color 8: 5 entities; one group of 5\n"
+              "out/in/a b/p.dxf: 1 group made\n");
+    std::filesystem::remove("out/in/a b/p.bak");
+    EXPECT_EQ(drafthost("--make-groups block --only none \"out/in/a b/p.dxf\"").status, 0);
+    EXPECT_FALSE(std::filesystem::exists("out/in/a b/p.bak"));
+    EXPECT_EQ(drafthost("--groups -q \"out/in/a b/p.dxf\"").output, "");
 }
 
 }  // namespace

@@ -13,14 +13,16 @@ TEST_F(ProgramTest, WrongUse) {
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
         {"/i", "/i needs a drawing"},
         {"--no-module -m a.arx", "--module and --no-module exclude each other"},
-        {"a.dxf b.dxf", "several drawings need --script, --check or --groups"},
+        {"a.dxf b.dxf",
+         "several drawings need --script, --make-groups, --repair, --check, --groups or --layers"},
         {"\"\"", "drawing.dxf: the name is empty"},
         {"--check", "--check needs at least one file"},
         {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
-        {"--json a.dxf", "--json belongs to --check and --groups"},
-        {"--output-dir out a.dxf", "--output-dir belongs to --script"},
+        {"--json a.dxf", "--json belongs to --check, --groups and --layers"},
+        {"--output-dir out a.dxf", "--output-dir belongs to --script, --make-groups and --repair"},
+        {"--make-groups name a.dxf", "--make-groups: takes layer, block or color, not \"name\""},
         {"--picture a.svg a.dxf b.dxf", "--picture takes one drawing, not also \"b.dxf\""},
-        {"--picture a.svg --check a.dxf", "--check, --groups and --picture are runs of their own"},
+        {"--picture a.svg --check a.dxf", "--check and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
         const Result run = drafthost(each.arguments);
@@ -36,7 +38,7 @@ TEST_F(ProgramTest, HelpAndVersion) {
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.output.find("\nUsage: drafthost [OPTIONS] [drawing.dxf...]\n"),
               std::string::npos);
-    EXPECT_NE(help.output.find("\n  QSAVE       saves the drawing under its name\n"),
+    EXPECT_NE(help.output.find("\n  QSAVE        saves the drawing under its name\n"),
               std::string::npos);
     EXPECT_EQ(drafthost("--version").output, "drafthost 1.0.0\n");
 }
@@ -68,7 +70,9 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     const Result both = drafthost("--groups --json whole.dxf short.dxf");
     EXPECT_EQ(both.status, 5);
     EXPECT_NE(both.output.find("\"state\": \"short\""), std::string::npos) << both.output;
-    const Result told = drafthost("-s - short.dxf", "QSAVE\nGROUPLIST\nPICTURE a\n");
+    EXPECT_NE(drafthost("short", "REGEN\n").errors.find(": REGEN lowered the count of group "),
+              std::string::npos);
+    const Result told = drafthost("short", "QSAVE\nGROUPLIST\nPICTURE a\n");
     EXPECT_NE(told.errors.find("short.dxf: the save lowered the count of group "),
               std::string::npos);
     EXPECT_NE(told.output.find("\nthe save lowered"), std::string::npos);
@@ -80,6 +84,32 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     EXPECT_EQ(
         layout.errors.rfind("drafthost: short.dxf: no layout is called \"Sheet\"; there are", 0),
         0u);
+}
+
+TEST_F(ProgramTest, RepairTakesAwayWhatItCanAndTellsTheRest) {
+    const std::string make = "LINE 0,0 1,0\n\nLINE 0,1 1,1\n\nVelmoGROUPMAKE ALL\n\nSAVEAS a\n";
+    ASSERT_EQ(drafthost("", make).status, 0);
+    const std::string list = drafthost("--groups a").output;
+    const std::size_t end = list.find(" to ") + 4;
+    const std::string erase =
+        "ERASE (handent \"" + list.substr(end, list.find(' ', end) - end) + "\")\n\n";
+    ASSERT_EQ(drafthost("--no-module a", erase + "QSAVE\nSAVEAS b\n").status, 0) << list;
+    const Result run = drafthost("--repair a");
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.output.rfind("a.dxf: took away stray begin marker ", 0), 0u) << run.output;
+    EXPECT_EQ(drafthost("--groups a").output, "a.dxf: no groups\n");
+    std::filesystem::remove("a.bak");
+    EXPECT_EQ(drafthost("--repair a").output, "");
+    EXPECT_FALSE(std::filesystem::exists("a.bak")) << "it was written without a change";
+    std::string text = contentOf("b.dxf");
+    const std::size_t flags =
+        text.find("\n 70\n0\n", text.find("AcDbLayerTableRecord\n  2\nVELMO"));
+    ASSERT_NE(flags, std::string::npos);
+    write("b.dxf", text.replace(flags, 7, "\n 70\n4\n"));
+    const Result left = drafthost("--repair -q --output-dir out b");
+    EXPECT_EQ(left.status, 5);
+    EXPECT_EQ(left.output.rfind("b.dxf: left: stray begin marker ", 0), 0u) << left.output;
+    EXPECT_TRUE(std::filesystem::exists("out/b.dxf"));
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeRead) {
@@ -115,6 +145,9 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     EXPECT_EQ(run.status, 5);
     EXPECT_NE(run.output.find("bad.dxf: damaged\n"), std::string::npos);
     EXPECT_EQ(contentOf("bad.dxf"), text);
+    EXPECT_EQ(script("QSAVE\nQSAVE\n", "--output-dir out bad.dxf good.dxf").errors,
+              "drafthost: bad.dxf: damaged before: 1 finding, see --check\ndrafthost: 2 drawings, "
+              "none failed\n");
     EXPECT_EQ(script("AUDIT\n", "bad.dxf").status, 1);
 }
 

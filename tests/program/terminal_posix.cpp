@@ -34,6 +34,7 @@ class AtTerminal {
                       static_cast<ssize_t>(typed.size()));
         }
     }
+    void send(int signal) const { kill(m_child, signal); }
     int status() {
         int result = -1;
         waitpid(m_child, &result, 0);
@@ -68,6 +69,7 @@ class AtTerminal {
 using TerminalTest = ProgramTest;
 
 TEST_F(TerminalTest, CommandsCancelAndLeave) {
+    tests::write("a b.bak", "no drawing");
     AtTerminal terminal("/nowhere");
     terminal.follow({{"Drawing1.dxf; ? lists the commands", ""},
                      {"Command: ", "LINE 0,0\n"},
@@ -79,9 +81,33 @@ TEST_F(TerminalTest, CommandsCancelAndLeave) {
                      {"Command: ", "PICK ALL\nPICKED \n"},
                      {" LINE", ""},
                      {"Command: ", kControlD},  // before the prompt it would belong to the system
-                     {"Save the changes to Drawing1.dxf? [Yes/No/Cancel] <Yes>: ", "c\n"},
-                     {"Command: ", "QUIT n\n"}});
+                     {"Save the changes to Drawing1.dxf? [Yes/No/Cancel] <Yes>: ", kControlD},
+                     {"Command: ", "SAVEAS\n"},
+                     {"Save drawing as <Drawing1.dxf>: ", "\n"},
+                     {"Saved as ", "SAVEAS DXF 16 a b\n"},
+                     {"a b.dxf.", "CIRCLE 0,0\n"},
+                     {"Specify radius of circle: ", "\n"},
+                     {"A radius is needed", "1\n"},
+                     {"Command: ", "CLOSE\n"},
+                     {"<Yes>: ", "n\n"},
+                     {"Command: ", "OPEN a\t\n"},
+                     {"Command: ", "QUIT\n"}});
     EXPECT_EQ(terminal.status(), 0);
+    EXPECT_TRUE(std::filesystem::exists("Drawing1.dxf"));
+    EXPECT_TRUE(std::filesystem::exists("a b.dxf"));
+}
+
+TEST_F(TerminalTest, WhatASignalEndsIsKeptAndToldAtTheNextStart) {
+    for (const int signal : {SIGHUP, SIGTERM}) {
+        AtTerminal terminal("/nowhere");
+        terminal.follow({{"Command: ", "LINE 0,0 1,1\n"}, {"[Undo]: ", ""}});
+        terminal.send(signal);
+        EXPECT_EQ(terminal.status(), 130);
+        EXPECT_EQ(drafthost("--check Drawing1.recovered.dxf").status, 0);
+    }
+    AtTerminal next("/nowhere");
+    next.follow({{"Drawing1.recovered.dxf keeps work", ""}, {"Command: ", "QUIT\n"}});
+    EXPECT_EQ(next.status(), 0);
 }
 
 TEST_F(TerminalTest, EscTabAndTheHistory) {

@@ -23,7 +23,9 @@ std::unique_ptr<Store> readDrawing(InputFile& file, DxfError& error,
     store->setLineEnding(stream.lineEnding());
     DrawingLinker linker(*store, stream, parts);
     if (!linker.link()) return nullptr;
-    if (supplied != nullptr) *supplied = linker.supplied();
+    std::vector<Finding> lacking = linker.supplied();
+    store->supplied = lacking.size();
+    if (supplied != nullptr) *supplied = std::move(lacking);
     // A drawing that was saved on a layout's tab opens there, in paper space.
     if (!store->modelTabCurrent()) store->currentViewport = 1;
     store->revision = 0;

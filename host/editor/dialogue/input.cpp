@@ -10,6 +10,7 @@
 #include "host/editor/state/notify.h"
 #include "host/geometry/angles.h"
 #include "host/text/numbers.h"
+#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -136,6 +137,18 @@ PromptStatus promptText(const std::wstring& text, std::wstring& value) {
         value = answer;
         return true;
     });
+}
+
+PromptStatus promptFile(const std::wstring& text, std::string& path) {
+    const bool person = source != nullptr && source->interactive();
+    const Answer answer = prompt(text, person ? InputUnit::Line : InputUnit::Token);
+    if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
+    if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;
+    std::wstring name = withoutBlanks(answer.text);
+    const bool quoted = person && name.size() > 1 && name.front() == L'"' && name.back() == L'"';
+    if (quoted) name = name.substr(1, name.size() - 2);
+    path = withHome(toUtf8(name));
+    return path.empty() ? PromptStatus::None : PromptStatus::Ok;
 }
 
 std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3d* base) {

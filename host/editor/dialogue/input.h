@@ -56,6 +56,10 @@ PromptStatus promptReal(const std::wstring& prompt, double& value);
 std::optional<std::size_t> promptWord(const std::wstring& prompt,
                                       const std::vector<std::wstring>& words, std::size_t standard);
 PromptStatus promptText(const std::wstring& prompt, std::wstring& text);
+/// Asks for the name of a file, UTF-8; ~ is the user's home folder. What a person types is the name
+/// up to the end of the line, blanks and all; in a script a blank ends it, and quotes hold it
+/// together. None on Enter.
+PromptStatus promptFile(const std::wstring& prompt, std::string& path);
 
 /// Bit of acedInitGet: an empty answer is not taken.
 constexpr int kNoEmptyAnswer = 1;

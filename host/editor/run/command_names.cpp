@@ -29,6 +29,40 @@ std::size_t distance(const std::wstring& from, const std::wstring& to) {
     return now.back();
 }
 
+/// The name nearest to a typed one in upper case; empty when none is near enough.
+std::wstring nearestName(const std::wstring& wanted, const std::vector<std::wstring>& names) {
+    std::size_t least = (wanted.size() + 1) / 3 + 1;  // further off it is a guess
+    std::wstring nearest;
+    for (const std::wstring& name : names) {
+        const std::size_t away = distance(wanted, foldCase(name));
+        if (away >= least) continue;
+        least = away;
+        nearest = name;
+    }
+    return nearest;
+}
+
+/// True when the name holds so many letters in a row of a typed one in upper case.
+bool shares(const std::wstring& name, const std::wstring& wanted, std::size_t letters) {
+    for (std::size_t at = 0; at + letters <= wanted.size(); ++at)
+        if (foldCase(name).find(wanted.substr(at, letters)) != std::wstring::npos) return true;
+    return false;
+}
+
+/// "A, B" of the names that share so many letters with a typed one; empty for more than a few.
+std::wstring sharing(const std::wstring& wanted, std::size_t letters,
+                     const std::vector<std::wstring>& names) {
+    constexpr int kMost = 12;
+    int count = 0;
+    std::wstring list;
+    for (const std::wstring& name : names) {
+        if (!shares(name, wanted, letters)) continue;
+        list += (list.empty() ? L"" : L", ") + name;
+        ++count;
+    }
+    return count > kMost ? std::wstring() : list;
+}
+
 }  // namespace
 
 const std::vector<CommandAlias>& commandAliases() {
@@ -47,19 +81,21 @@ std::wstring commandBehind(const std::wstring& name) {
     return isSysvar(name) ? L"SETVAR" : std::wstring();
 }
 
-std::wstring nearestName(const std::wstring& typed, const std::vector<std::wstring>& names) {
-    constexpr std::size_t kLongest = 64;  // nobody mistypes more than a name
+std::wstring hintAt(const std::wstring& typed, const std::vector<std::wstring>& names) {
+    constexpr std::size_t kShortest = 3, kLongest = 64;  // nobody mistypes more than a name
+    constexpr std::size_t kLongPart = 5;
     if (typed.size() > kLongest) return {};
     const std::wstring wanted = foldCase(typed);
-    std::size_t least = (wanted.size() + 1) / 3 + 1;  // further off it is a guess
-    std::wstring nearest;
-    for (const std::wstring& name : names) {
-        const std::size_t away = distance(wanted, foldCase(name));
-        if (away >= least) continue;
-        least = away;
-        nearest = name;
+    std::wstring others;
+    if (wanted.size() >= kShortest) others = sharing(wanted, wanted.size(), names);
+    if (others.empty()) {
+        const std::wstring nearest = nearestName(wanted, names);
+        if (!nearest.empty()) return L"nearest is " + nearest + L"; ";
+        others = sharing(wanted, kLongPart, names);
     }
-    return nearest;
+    if (others.empty()) return others;
+    const bool several = others.find(L',') != std::wstring::npos;
+    return (several ? L"there are " : L"nearest is ") + others + L"; ";
 }
 
 }  // namespace host

@@ -17,7 +17,8 @@ const std::vector<CommandAlias>& commandAliases();
 /// of a system variable. Empty for any other.
 std::wstring commandBehind(const std::wstring& name);
 
-/// The name among `names` that `typed` was most likely meant to be; empty when none is near enough.
-std::wstring nearestName(const std::wstring& typed, const std::vector<std::wstring>& names);
+/// What among `names` `typed` was most likely meant to be, as "nearest is LINE; " or, for what is
+/// part of names or shares a long part with them, "there are A, B; ". Empty when nothing is near.
+std::wstring hintAt(const std::wstring& typed, const std::vector<std::wstring>& names);
 
 }  // namespace host

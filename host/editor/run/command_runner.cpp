@@ -142,6 +142,8 @@ CommandStatus runCommand(const std::wstring& typedName) {
         printProblem(command.name + L" needs an open drawing.");
         return CommandStatus::Failed;
     }
+    if (command.builtin != nullptr && command.builtin->runsCommands)
+        return runBuiltin(*command.builtin);
     ActiveCommand now;
     now.name = command.name;
     now.typed = command.typed;

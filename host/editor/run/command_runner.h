@@ -18,6 +18,8 @@ struct BuiltinCommand {
     Adesk::Int32 flags;   ///< ACRX_CMD_...
     CommandStatus (*run)();
     const wchar_t* help;  ///< one line
+    /// It runs other commands, so it is none itself: see runCommand.
+    bool runsCommands = false;
 };
 
 using CommandTable = std::vector<BuiltinCommand>;
@@ -35,7 +37,8 @@ std::vector<std::wstring> commandNames();
 /// its notifications: commandWillStart, pick-first handling by flags, the function, one of ended,
 /// cancelled, failed, then the accounting. A module's command counts as cancelled when a prompt in
 /// it was cancelled, else as ended. All it changes in the drawing that is current at its start,
-/// reactors included, is one step for undo. Not while another command runs: Failed. Nothing is
+/// reactors included, is one step for undo. Of a command that runs others, those are notified and
+/// undone one by one, as if they had been typed. Not while another command runs: Failed. Nothing is
 /// thrown.
 CommandStatus runCommand(const std::wstring& typedName);
 

@@ -49,18 +49,22 @@ bool readPair(LispCursor& call, ResultList& list, std::wstring& explanation) {
     return false;
 }
 
-/// The whole call; the pairs go into `list`.
+/// The whole call, its filter behind ' or in (quote ...); the pairs go into `list`.
 bool readCall(LispCursor& call, ResultList& list, std::wstring& explanation) {
     const std::optional<std::wstring> mode = call.string();
     if (!mode || (foldCase(*mode) != L"X" && foldCase(*mode) != L"_X")) {
         explanation = L"ssget is served with the mode \"X\" only: (ssget \"X\" '((8 . \"0\")))";
         return false;
     }
-    if (call.accept(L'\'')) {
+    const bool quoted = call.accept(L'\'');
+    const bool spelled = !quoted && call.accept(L'(');
+    const bool lacksQuote = spelled && foldCase(call.atom()) != L"QUOTE";
+    if (lacksQuote) return explanation = L"the filter of ssget is not quoted", false;
+    if (quoted || spelled) {
         if (!call.accept(L'(')) return explanation = L"the filter of ssget is no list", false;
         while (call.accept(L'('))
             if (!readPair(call, list, explanation)) return false;
-        if (!call.accept(L')')) {
+        if (!call.accept(L')') || (spelled && !call.accept(L')'))) {
             explanation = L"the filter of ssget ends without a bracket or holds more than pairs";
             return false;
         }

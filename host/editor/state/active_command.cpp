@@ -9,6 +9,7 @@ namespace host {
 namespace {
 
 ActiveCommand* running = nullptr;
+bool printed = false;  ///< the noted problem
 
 std::wstring& problem() {
     static std::wstring text;
@@ -41,7 +42,9 @@ void noteWrongAnswer() {
 }
 
 void noteProblem(const std::wstring& why) {
-    if (problem().empty()) problem() = why;
+    if (!problem().empty()) return;
+    problem() = why;
+    printed = false;
 }
 
 std::wstring takeProblem() {
@@ -52,7 +55,11 @@ std::wstring takeProblem() {
 
 void printProblem(const std::wstring& why) {
     printLine(why);
-    noteProblem(why);
+    if (!problem().empty()) return;
+    problem() = why;
+    printed = true;
 }
+
+bool problemWasPrinted() { return printed; }
 
 }  // namespace host

@@ -46,5 +46,7 @@ void noteProblem(const std::wstring& why);
 std::wstring takeProblem();
 /// Prints a line that says why the running command fails, and notes it.
 void printProblem(const std::wstring& why);
+/// True when the reason that takeProblem gives was printed.
+bool problemWasPrinted();
 
 }  // namespace host

@@ -1,0 +1,8 @@
+// The layers of drawings, as the program lists them.
+#pragma once
+
+#include "drafthost/options.h"
+
+/// Lists the layers of the files as text or JSON: entities in all spaces, how many are in groups,
+/// what keeps them from being seen or changed. Gives the exit status.
+int listLayers(const Options& options);
