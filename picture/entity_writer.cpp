@@ -64,9 +64,10 @@ void addPlace(std::string& text, const Spot& at, const Vec& a, const Vec& b) {
         text += '"';
         return;
     }
+    const auto clean = [](double value) { return std::fabs(value) < 1e-9 ? 0.0 : value; };
     char turn[96];
-    std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", a.x, -a.y, -b.x,
-                  b.y);
+    std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", clean(a.x),
+                  clean(-a.y), clean(-b.x), clean(b.y));
     text += turn;
     addSpot(text, at);
     text += ")\"";

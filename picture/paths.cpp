@@ -44,7 +44,10 @@ bool clip(const host::Line& line, const host::Box& box, host::Vec& from, host::V
     const host::Vec d = line.b - line.a;
     double low = line.endlessA ? -1e30 : 0, high = line.endlessB ? 1e30 : 1;
     const auto cut = [&](double direction, double room) {
-        if (direction == 0) return;
+        if (direction == 0) {
+            if (room < 0) high = -1e30;  // beside the box
+            return;
+        }
         const double t = room / direction;
         if (direction > 0 && line.endlessB) high = std::min(high, t);
         if (direction < 0 && line.endlessA) low = std::max(low, t);
@@ -53,7 +56,7 @@ bool clip(const host::Line& line, const host::Box& box, host::Vec& from, host::V
     cut(-d.x, line.a.x - box.left);
     cut(d.y, box.top - line.a.y);
     cut(-d.y, line.a.y - box.bottom);
-    if (low > high || low < -1e29 || high > 1e29) return false;
+    if (!(low <= high) || low < -1e29 || high > 1e29) return false;
     from = line.a + d * low;
     to = line.a + d * high;
     return true;

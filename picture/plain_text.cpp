@@ -110,24 +110,24 @@ std::wstring singleLine(std::wstring_view text) {
     return plain;
 }
 
-std::string xml(std::wstring_view text) { return xml(std::string_view(host::toUtf8(text))); }
-
-std::string xml(std::string_view text) {
-    std::string safe;
+std::string xml(std::wstring_view text) {
+    std::wstring safe;
     safe.reserve(text.size());
-    for (const char c : text) {
-        if (c == '&')
-            safe += "&amp;";
-        else if (c == '<')
-            safe += "&lt;";
-        else if (c == '>')
-            safe += "&gt;";
-        else if (c == '"')
-            safe += "&quot;";
-        else if (static_cast<unsigned char>(c) >= ' ' || c == '\n')
+    for (const wchar_t c : text) {
+        if (c == L'&')
+            safe += L"&amp;";
+        else if (c == L'<')
+            safe += L"&lt;";
+        else if (c == L'>')
+            safe += L"&gt;";
+        else if (c == L'"')
+            safe += L"&quot;";
+        else if ((c >= L' ' || c == L'\n') && c != 0xFFFE && c != 0xFFFF)
             safe += c;
     }
-    return safe;
+    return host::toUtf8(safe);
 }
+
+std::string xml(std::string_view text) { return xml(std::wstring_view(host::fromUtf8(text))); }
 
 }  // namespace picture

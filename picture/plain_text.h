@@ -14,7 +14,7 @@ std::vector<std::wstring> linesOfParagraphs(std::wstring_view text, std::size_t 
 std::wstring singleLine(std::wstring_view text);
 /// UTF-8 for XML content and attributes; characters that XML forbids are dropped.
 std::string xml(std::wstring_view text);
-/// The same of UTF-8.
+/// The same of UTF-8; malformed bytes, as names of files can hold them, become U+FFFD.
 std::string xml(std::string_view text);
 
 }  // namespace picture
