@@ -9,6 +9,7 @@
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/output.h"
+#include "drafthost/picture_file.h"
 #include "host/commands/command_support.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
@@ -27,6 +28,15 @@ namespace {
 std::map<std::uint32_t, std::vector<std::string>>& lastSaves() {
     static std::map<std::uint32_t, std::vector<std::string>> saves;
     return saves;
+}
+
+const host::Session* pictureSession = nullptr;  ///< whose drawings no picture may replace
+
+std::vector<std::string> openDrawings() {
+    std::vector<std::string> files;
+    for (std::size_t i = 0; i < pictureSession->documentCount(); ++i)
+        files.push_back(host::toUtf8(pictureSession->document(i)->fileName()));
+    return files;
 }
 
 host::CommandStatus runGroupList() {
@@ -48,11 +58,16 @@ host::CommandStatus runPicture() {
     std::string path = host::withHome(host::toUtf8(answer.text));
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
-    const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-    const std::string why = writePicture(*store->database, store->currentSpace(),
-                                         drawing.substr(host::folderPart(drawing).size()), path);
-    if (!why.empty()) host::printLine(host::fromUtf8(why));
-    return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
+    std::string why = "the name does not end in .svg";
+    if (isPictureName(path)) {
+        const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
+        const std::string svg = pictureOf(*store->database, store->currentSpace(),
+                                          drawing.substr(host::folderPart(drawing).size()));
+        why = writePictureFile(path, svg, openDrawings());
+    }
+    if (why.empty()) return host::CommandStatus::Done;
+    host::printLine(host::fromUtf8(path + ": the picture cannot be written: " + why));
+    return host::CommandStatus::Failed;
 }
 
 const host::BuiltinCommand kCommands[] = {
@@ -82,7 +97,10 @@ class SaveWatch::Reactor : public AcEditorReactor {
     inspection::Inspection m_before;
 };
 
-void registerGroupCommands() { host::registerBuiltins(kCommands, std::size(kCommands)); }
+void registerGroupCommands(const host::Session& session) {
+    pictureSession = &session;
+    host::registerBuiltins(kCommands, std::size(kCommands));
+}
 
 SaveWatch::SaveWatch() : m_reactor(std::make_unique<Reactor>()) {
     editor()->addReactor(m_reactor.get());

@@ -3,8 +3,10 @@
 
 #include <memory>
 
-/// Registers GROUPLIST and PICTURE; call it once a session exists.
-void registerGroupCommands();
+#include "host/application/session.h"
+
+/// Registers GROUPLIST and PICTURE for a session, which has to outlive their use.
+void registerGroupCommands(const host::Session& session);
 
 /// Watches saves while it lives and says on standard error which groups the repair before them
 /// dissolved or shortened. Make it before a module is loaded, so that it sees a drawing before the

@@ -7,6 +7,8 @@
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/json_text.h"
 #include "drafthost/output.h"
+#include "drafthost/output_folder.h"
+#include "drafthost/picture_file.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/current_drawing.h"
@@ -65,13 +67,28 @@ std::string layoutNames(const Store& store) {
     return names;
 }
 
-bool writeFile(const std::string& path, const std::string& text, std::string& why) {
-    const std::string fresh = path + "." + std::to_string(host::processNumber()) + ".tmp";
-    host::OutputFile file;
-    if (!file.create(fresh, why)) return false;
-    if (file.write(text, why) && file.close(why) && host::renameOver(fresh, path, why)) return true;
-    host::removeFile(fresh);
-    return false;
+int drawOne(const Options& options, const std::string& file) {
+    host::DxfError error;
+    const std::unique_ptr<AcDbDatabase> drawing = load(file, error);
+    if (drawing == nullptr) return kUnreadable;
+    const Store& store = drawing->store();
+    const Index space = layoutSpace(store, options.layout);
+    if (space == kNoIndex) {
+        complain(file + ": no layout is called \"" + options.layout + "\"; there are " +
+                 layoutNames(store));
+        return kUsage;
+    }
+    const std::string svg = pictureOf(*drawing, space, fileName(file));
+    if (options.picture == "-") {
+        writeOutput(svg);
+        return kDone;
+    }
+    const bool many = isPictureFolder(options.picture);
+    const std::string target = many ? outputPath(options, file) : options.picture;
+    const std::string why = writePictureFile(target, svg, options.files);
+    if (why.empty()) return kDone;
+    complain(target + ": the picture cannot be written: " + why);
+    return kUnwritable;
 }
 
 }  // namespace
@@ -80,29 +97,13 @@ int listGroups(const Options& options) {
     return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
 }
 
-int drawFile(const Options& options) {
-    host::DxfError error;
-    const std::unique_ptr<AcDbDatabase> drawing = load(options.files.front(), error);
-    if (drawing == nullptr) return kUnreadable;
-    const Store& store = drawing->store();
-    const Index space = layoutSpace(store, options.layout);
-    if (space == kNoIndex) {
-        complain(options.files.front() + ": no layout is called \"" + options.layout +
-                 "\"; there are " + layoutNames(store));
-        return kUsage;
-    }
-    const std::string why =
-        writePicture(*drawing, space, fileName(options.files.front()), options.picture);
-    if (!why.empty()) complain(why);
-    return why.empty() ? kDone : kUnwritable;
+int drawFiles(const Options& options) {
+    if (const int status = prepareOutputFolder(options); status != kDone) return status;
+    return runBatch(options, [&](const std::string& file) { return drawOne(options, file); });
 }
 
-std::string writePicture(AcDbDatabase& drawing, unsigned space, const std::string& title,
-                         const std::string& path) {
+std::string pictureOf(AcDbDatabase& drawing, unsigned space, const std::string& title) {
     const Store& store = drawing.store();
-    std::string why;
-    const std::string svg =
-        picture::draw(store, space, title, spaceName(store, space), inspectDrawing(drawing, false));
-    if (writeFile(path, svg, why)) return {};
-    return path + ": the picture cannot be written: " + why;
+    return picture::draw(store, space, title, spaceName(store, space),
+                         inspectDrawing(drawing, false));
 }

@@ -19,7 +19,7 @@ int act(const Options& options) {
     if (reads) catchInterrupts();
     if (options.check) return checkFiles(options);
     if (options.groups) return listGroups(options);
-    return options.picture.empty() ? runSession(options) : drawFile(options);
+    return options.picture.empty() ? runSession(options) : drawFiles(options);
 }
 
 }  // namespace

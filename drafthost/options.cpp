@@ -7,6 +7,7 @@
 #include <limits>
 #include <sstream>
 
+#include "drafthost/picture_file.h"
 #include "drafthost/run.h"
 #include "host/text/numbers.h"
 
@@ -82,7 +83,9 @@ void declareReading(CLI::App& app, Options& options) {
         ->disable_flag_override();
     app.add_flag("--json", options.json, "--check and --groups print one JSON document")
         ->disable_flag_override();
-    app.add_option("--picture", options.picture, "draw the drawing and its groups into an SVG file")
+    app.add_option("--picture", options.picture,
+                   "draw drawings and their groups as SVG into a file, "
+                   "DIR/ for many, or \"-\": standard output")
         ->type_name("OUT")
         ->check(notEmpty);
     app.add_option("--layout", options.layout, "draw this layout instead of model space")
@@ -115,6 +118,19 @@ std::string scriptProblem(const Options& options, const std::string& reading) {
     return {};
 }
 
+/// What is wrong with the place of pictures.
+std::string pictureProblem(const Options& options) {
+    const bool many = isPictureFolder(options.picture);
+    if (!many && options.picture != "-" && !isPictureName(options.picture))
+        return "--picture needs a name that ends in .svg, a folder with / at its end, or -, not "
+               "\"" +
+               options.picture + "\"";
+    if (!many && options.files.size() > 1)
+        return "--picture takes one drawing, not also \"" + options.files[1] +
+               "\"; for many name a folder with / at its end";
+    return scriptProblem(options, "--picture");
+}
+
 /// What no single option can tell; empty when all is well.
 std::string contradiction(const Options& options) {
     const bool draws = !options.picture.empty();
@@ -132,8 +148,7 @@ std::string contradiction(const Options& options) {
         return reading + " only reads drawings: it takes no script and no module";
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
-    if (draws && options.files.size() > 1)
-        return "--picture takes one drawing, not also \"" + options.files[1] + "\"";
+    if (draws) return pictureProblem(options);
     return scriptProblem(options, reading);
 }
 

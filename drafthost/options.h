@@ -29,7 +29,7 @@ struct Options {
     bool check = false;
     bool groups = false;
     bool json = false;    ///< the list of findings or groups as JSON
-    std::string picture;  ///< file to draw into; empty: nothing is drawn
+    std::string picture;  ///< file or folder to draw into, "-": standard output; empty: nothing
     std::string layout;   ///< to draw; empty: model space
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"

@@ -164,7 +164,7 @@ int runDrawing(const Options& options, const Job& job) {
         host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
-    registerGroupCommands();
+    registerGroupCommands(*session);
     auto watch = std::make_unique<SaveWatch>();
     int status = start(*session, options, job);
     if (status == kDone && !options.script.empty()) {
@@ -194,7 +194,7 @@ int runSession(const Options& options) {
 
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
-    registerGroupCommands();
+    registerGroupCommands(session);
     return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "

@@ -19,7 +19,12 @@ TEST_F(ProgramTest, WrongUse) {
         {"--check a.dxf -s b", "--check only reads drawings: it takes no script and no module"},
         {"--json a.dxf", "--json belongs to --check and --groups"},
         {"--output-dir out a.dxf", "--output-dir belongs to --script"},
-        {"--picture a.svg a.dxf b.dxf", "--picture takes one drawing, not also \"b.dxf\""},
+        {"--picture a.svg a.dxf b.dxf",
+         "--picture takes one drawing, not also \"b.dxf\"; for many name a folder with / at its "
+         "end"},
+        {"--picture a.dxf b.dxf",
+         "--picture needs a name that ends in .svg, a folder with / at its end, or -, not "
+         "\"a.dxf\""},
         {"--picture a.svg --check a.dxf", "--check, --groups and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
@@ -80,6 +85,36 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     EXPECT_EQ(
         layout.errors.rfind("drafthost: short.dxf: no layout is called \"Sheet\"; there are", 0),
         0u);
+}
+
+TEST_F(ProgramTest, PicturesReplaceNothingButPictures) {
+    ASSERT_EQ(script("LINE 0,0 1,1\n\nSAVEAS a.dxf\nSAVEAS b.dxf\nPICTURE b.svg\n").status, 0);
+    const std::string drawing = contentOf("a.dxf"), picture = contentOf("b.svg");
+    write("own.svg", drawing);
+    const struct {
+        const char* arguments;
+        int status;
+        const char* complaint;
+    } cases[] = {
+        {"--picture out/ a.dxf b.dxf", 0, "2 drawings, none failed"},
+        {"--picture out/ a.dxf ./A.DXF", 2,
+         "out/A.svg: both a.dxf and ./A.DXF would go there; work on them in two runs"},
+        {"--picture own.svg own.svg", 4,
+         "own.svg: the picture cannot be written: is a drawing that is in use"},
+        {"--picture out.svg a.dxf", 4, "out.svg: the picture cannot be written: Is a directory"},
+    };
+    std::filesystem::create_directory("out.svg");
+    for (const auto& each : cases) {
+        const Result run = drafthost(each.arguments);
+        EXPECT_EQ(run.status, each.status) << each.arguments;
+        EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) + "\n");
+    }
+    EXPECT_EQ(contentOf("out/b.svg"), picture);
+    EXPECT_EQ(drafthost("--picture - b.dxf").output, picture);
+    EXPECT_NE(script("PICTURE own\n", "own.svg").output.find("is a drawing that is in use"),
+              picture.npos);
+    EXPECT_EQ(script("PICTURE a.dxf\n", "b.dxf").status, 1);
+    EXPECT_EQ(contentOf("own.svg") + contentOf("a.dxf"), drawing + drawing);
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeRead) {
