@@ -1,6 +1,7 @@
 // Lists and draws the groups of drawings without a session.
 #include "drafthost/groups_report.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "drafthost/batch.h"
@@ -67,18 +68,44 @@ std::string layoutNames(const Store& store) {
     return names;
 }
 
+picture::Choice choiceOf(const Options& options) {
+    picture::Choice choice;
+    choice.layers = host::fromUtf8(options.layers);
+    choice.group = static_cast<std::size_t>(options.group);
+    const std::vector<double>& corners = options.corners;
+    if (!corners.empty())
+        choice.window =
+            host::Box{std::min(corners[0], corners[2]), std::min(corners[1], corners[3]),
+                      std::max(corners[0], corners[2]), std::max(corners[1], corners[3])};
+    return choice;
+}
+
+/// What is asked for and not there; empty when all is.
+std::string missing(const Options& options, const Store& store, Index space,
+                    const inspection::Inspection& found) {
+    if (space == kNoIndex)
+        return "no layout is called \"" + options.space + "\"; there are " + layoutNames(store);
+    const std::string name = spaceName(store, space);
+    const auto groups = std::count_if(found.groups.begin(), found.groups.end(),
+                                      [&](const auto& group) { return group.space == name; });
+    if (options.group <= groups) return {};
+    return "no group has the number " + std::to_string(options.group) + "; " + name + " has " +
+           std::to_string(groups);
+}
+
 int drawOne(const Options& options, const std::string& file) {
     host::DxfError error;
     const std::unique_ptr<AcDbDatabase> drawing = load(file, error);
     if (drawing == nullptr) return kUnreadable;
     const Store& store = drawing->store();
-    const Index space = layoutSpace(store, options.layout);
-    if (space == kNoIndex) {
-        complain(file + ": no layout is called \"" + options.layout + "\"; there are " +
-                 layoutNames(store));
+    const Index space = layoutSpace(store, options.space);
+    const inspection::Inspection found = inspectDrawing(*drawing, false);
+    if (const std::string what = missing(options, store, space, found); !what.empty()) {
+        complain(file + ": " + what);
         return kUsage;
     }
-    const std::string svg = pictureOf(*drawing, space, fileName(file));
+    const std::string svg = picture::draw(store, space, fileName(file), spaceName(store, space),
+                                          found, choiceOf(options));
     if (options.picture == "-") {
         writeOutput(svg);
         return kDone;

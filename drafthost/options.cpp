@@ -88,9 +88,21 @@ void declareReading(CLI::App& app, Options& options) {
                    "DIR/ for many, or \"-\": standard output")
         ->type_name("OUT")
         ->check(notEmpty);
-    app.add_option("--layout", options.layout, "draw this layout instead of model space")
+    app.add_option("--space,--layout", options.space, "of a layout, instead of model space")
         ->type_name("NAME")
         ->check(notEmpty);
+    app.add_option("--layer", options.layers,
+                   "these layers alone; wild cards, commas between names")
+        ->type_name("PATTERN")
+        ->check(notEmpty);
+    app.add_option("--group", options.group, "this group alone, by its number in the picture")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""));
+    app.add_option("--window", options.corners, "what lies between two corners alone")
+        ->type_name("X1,Y1,X2,Y2")
+        ->delimiter(',')
+        ->expected(4)
+        ->allow_extra_args(false);
 }
 
 void declare(CLI::App& app, Options& options) {
@@ -128,6 +140,9 @@ std::string pictureProblem(const Options& options) {
     if (!many && options.files.size() > 1)
         return "--picture takes one drawing, not also \"" + options.files[1] +
                "\"; for many name a folder with / at its end";
+    const std::vector<double>& corners = options.corners;
+    if (!corners.empty() && (corners[0] == corners[2] || corners[1] == corners[3]))
+        return "--window needs two corners of a box that is not empty";
     return scriptProblem(options, "--picture");
 }
 
@@ -142,7 +157,9 @@ std::string contradiction(const Options& options) {
                                                  : "";
     if (options.json && !options.groups && !options.check)
         return "--json belongs to --check and --groups";
-    if (!options.layout.empty() && !draws) return "--layout belongs to --picture";
+    if (!draws && (!options.space.empty() || !options.layers.empty() || options.group != 0 ||
+                   !options.corners.empty()))
+        return "--space, --layer, --group and --window belong to --picture";
     if (!reading.empty() && options.files.empty()) return reading + " needs at least one file";
     if (!reading.empty() && !(options.script.empty() && options.module.empty()))
         return reading + " only reads drawings: it takes no script and no module";

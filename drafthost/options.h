@@ -30,7 +30,10 @@ struct Options {
     bool groups = false;
     bool json = false;    ///< the list of findings or groups as JSON
     std::string picture;  ///< file or folder to draw into, "-": standard output; empty: nothing
-    std::string layout;   ///< to draw; empty: model space
+    std::string space;    ///< to draw: model space when empty, else that of a layout
+    std::string layers;   ///< to draw: names with wild cards; empty: all
+    int group = 0;        ///< to draw alone, by its number; 0: everything
+    std::vector<double> corners;  ///< to draw: two corners; empty: everything
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits

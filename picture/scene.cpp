@@ -14,11 +14,11 @@ using host::OwnTags;
 using host::Vec;
 
 /// Numbers beyond this are damage, not a place in a drawing.
-constexpr double kFarthest = 1e15;
+constexpr double kDamageBeyond = 1e15;
 
 bool sane(const host::Box& box) {
-    return box.left > -kFarthest && box.bottom > -kFarthest && box.right < kFarthest &&
-           box.top < kFarthest;
+    return box.left > -kDamageBeyond && box.bottom > -kDamageBeyond && box.right < kDamageBeyond &&
+           box.top < kDamageBeyond;
 }
 
 std::vector<Vec> rectangle(double left, double bottom, double right, double top) {
@@ -93,20 +93,24 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
 
 }  // namespace
 
-std::vector<Vec> Scene::cornersOf(const Shown& one) const {
-    constexpr std::size_t kFew = 64;
-    const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
-    const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
-                          one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
-    const host::Box& box = one.bounds;
-    if (!straight) return rectangle(box.left, box.bottom, box.right, box.top);
-    std::vector<Vec> ends;
-    for (std::size_t i = from.lines; i < end.lines; ++i)
-        ends.insert(ends.end(), {outline.lines[i].a, outline.lines[i].b});
-    return ends;
+bool isWords(const host::Outline& outline, const host::OutlineMark& from,
+             const host::OutlineMark& end, std::size_t area) {
+    for (std::size_t i = from.writings; i < end.writings; ++i) {
+        if (outline.writings[i].area == area) return true;
+    }
+    return false;
 }
 
-Scene readScene(const host::Store& store, host::Index space) {
+Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities) {
+    Scene scene;
+    host::OutlineMaker maker(store);
+    for (const host::ObjectBody* entity : entities) {
+        if (!host::isPaperViewport(*entity)) add(scene, maker, *entity);
+    }
+    return scene;
+}
+
+Scene readScene(const host::Store& store, host::Index space, const Filter& filter) {
     Scene scene;
     // Pages that nothing comes to cost nothing; growing would copy what stands there already.
     scene.shown.reserve(store.count());
@@ -116,7 +120,9 @@ Scene readScene(const host::Store& store, host::Index space) {
     host::OutlineMaker maker(store);
     for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
          i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        if (!host::isPaperViewport(store.at(i))) add(scene, maker, store.at(i));
+        const host::ObjectBody& entity = store.at(i);
+        if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;
+        add(scene, maker, entity);
     }
     return scene;
 }

@@ -34,6 +34,11 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
     return turned * scale;
 }
 
+/// By how much a map makes plane figures larger.
+double scaleOf(const Transform& place) {
+    return std::sqrt(std::fabs(place.x.x * place.y.y - place.x.y * place.y.x));
+}
+
 /// True for what an anonymous block shows.
 bool hasPicture(std::string_view type) {
     return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION" ||
@@ -91,9 +96,14 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {
         drawBlock(picture, penOfPicture(shape, *picture), layer);
     } else {
-        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, m_outline->mark()});
+        if (m_parts != nullptr)
+            m_parts->push_back({&entity, type, layer, m_outline->mark(), scaleOf(pen.place())});
         const bool hasForm = drawShape(shape, !m_blocks.empty());
         if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
+        if (type == "MULTILEADER" || type == "MLEADER") {
+            const PlacedBlock block = blockOfMultileader(shape);
+            drawBlock(block.record, pen.inside(block.place), layer);
+        }
     }
 }
 

@@ -30,6 +30,8 @@ class Pen {
     void area(const std::vector<Vec>& points) const;
     /// The area that words fill, from a corner along and up; `writing.area` is set here.
     void write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const;
+    /// Lines of a pattern; those that are no numbers are left out.
+    void pattern(PatternLines lines) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
     const Transform& place() const { return m_place; }
@@ -56,6 +58,29 @@ void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
 void drawPolyline(const Shape& shape);
+void drawLightPolyline(const Shape& shape);
+void drawMultiline(const Shape& shape);
+void drawTolerance(const Shape& shape);
+/// Leader lines with their heads, and the text; false without the data that tells where they are.
+bool drawMultileader(const Shape& shape);
+/// Block that a multileader shows, from where; nothing without one.
+struct PlacedBlock {
+    const ObjectBody* record = nullptr;
+    Transform place;
+};
+PlacedBlock blockOfMultileader(const Shape& shape);
+
+/// Writes a text of paragraphs, broken at a width unless that is 0. `attachment`: which of the nine
+/// points of its box stands at `at`, from 0, the upper left one, by rows.
+struct ParagraphText {
+    std::wstring text;
+    Vec at, direction;
+    double height, width;
+    int attachment;
+};
+void drawParagraphs(const Pen& pen, const ParagraphText& paragraphs);
+/// Width of a text without its codes, in heights: there are no fonts here.
+double widthOfText(std::wstring_view plain);
 
 /// Coordinates of the first point with a code (10: 10, 20, 30).
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard = {});
@@ -71,6 +96,7 @@ struct OutlinePart {
     std::string_view type;
     std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
     OutlineMark from;
+    double scale = 1;      ///< drawing units for one of the block in which it stands
     bool hasForm = false;  ///< false for a kind that is known by its points alone
 };
 

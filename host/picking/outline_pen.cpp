@@ -62,6 +62,18 @@ void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec&
     m_outline.writings.push_back(std::move(writing));
 }
 
+void Pen::pattern(PatternLines lines) const {
+    const Vec along = m_place.turn(lines.along);
+    const double scale = std::hypot(along.x, along.y);
+    lines.base = m_place.apply(lines.base);
+    lines.step = m_place.turn(lines.step);
+    lines.along = along * (1 / scale);
+    for (double& dash : lines.dashes)
+        dash *= scale;
+    const double sum = lines.base.x + lines.base.y + lines.step.x + lines.step.y + lines.along.x;
+    if (std::isfinite(sum)) m_outline.patterns.push_back(std::move(lines));
+}
+
 std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
     std::vector<Vec> points;
     for (const Tag& tag : tags.tags()) {

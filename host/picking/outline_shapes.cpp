@@ -39,26 +39,6 @@ void drawEllipse(const Shape& shape) {
     shape.pen.arc(pointOf(shape.tags, 10), major, minor, from, sweep);
 }
 
-void drawLightPolyline(const Shape& shape) {
-    struct Corner {
-        Vec point;
-        double bulge = 0;
-    };
-    std::vector<Corner> corners;
-    const double elevation = shape.tags.real(38, 0);
-    for (const Tag& tag : shape.tags.tags()) {
-        if (tag.code == 10) corners.push_back({{realOf(tag.value), 0, elevation}});
-        if (corners.empty()) continue;
-        if (tag.code == 20) corners.back().point.y = realOf(tag.value);
-        if (tag.code == 42) corners.back().bulge = realOf(tag.value);
-    }
-    const Pen pen = objectPen(shape);
-    if (corners.size() == 1) pen.point(corners[0].point);
-    const bool closed = (shape.tags.integer(70, 0) & 1) != 0 && corners.size() > 1;
-    for (std::size_t i = 0; i + (closed ? 0 : 1) < corners.size(); ++i)
-        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
-}
-
 std::vector<double> realsOf(const OwnTags& tags, int code) {
     std::vector<double> values;
     for (const Tag& tag : tags.tags()) {
@@ -134,6 +114,8 @@ constexpr KindOfShape kShapes[] = {
     {"TEXT", drawSingleText},
     {"MTEXT", drawMText},
     {"ATTRIB", drawAttribute},
+    {"MLINE", drawMultiline},
+    {"TOLERANCE", drawTolerance},
 };
 
 /// A definition shows its tag; inside a block only a constant one shows, and then its value.
@@ -153,6 +135,7 @@ bool drawShape(const Shape& shape, bool insideBlock) {
         kind.draw(shape);
         return true;
     }
+    if (shape.type == "MULTILEADER" || shape.type == "MLEADER") return drawMultileader(shape);
     if (shape.type == "ATTDEF") {
         drawDefinition(shape, insideBlock);
         return true;
@@ -160,32 +143,6 @@ bool drawShape(const Shape& shape, bool insideBlock) {
     for (const Vec& point : pointsOf(shape.tags, 10))
         shape.pen.point(point);
     return false;
-}
-
-void drawPolyline(const Shape& shape) {
-    constexpr int kClosed = 1, kSplineFit = 4, k3d = 8, kMeshes = 16 | 64, kFrameVertex = 16;
-    const int flags = shape.tags.integer(70, 0);
-    struct Corner {
-        Vec point;
-        double bulge;
-    };
-    std::vector<Corner> corners;
-    for (Index i = shape.store.firstLive(shape.entity.self); i != kNoIndex;) {
-        const ObjectBody& vertex = shape.store.at(i);
-        const OwnTags tags(vertex.tags());
-        const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
-        if (!frame && vertex.kind == Kind::Vertex)
-            corners.push_back({pointOf(tags, 10), tags.real(42, 0)});
-        i = shape.store.nextLive(vertex);
-    }
-    const Pen pen = (flags & (k3d | kMeshes)) != 0 ? shape.pen : objectPen(shape);
-    const bool asPoints = (flags & kMeshes) != 0 || corners.size() == 1;
-    for (std::size_t i = 0; asPoints && i < corners.size(); ++i)
-        pen.point(corners[i].point);
-    if (asPoints) return;
-    const std::size_t open = (flags & kClosed) != 0 ? 0 : 1;
-    for (std::size_t i = 0; i + open < corners.size(); ++i)
-        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
 }
 
 }  // namespace host

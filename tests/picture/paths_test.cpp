@@ -23,7 +23,7 @@ class Paths : public testing::Test {
         data.arc(arc);
         return data.data();
     }
-    picture::View view{{0, 0, 100, 50}, 1, 0};
+    picture::View view{{0, 0, 100, 50}, 1, 2};
     picture::PathData data{view};
 };
 
@@ -46,6 +46,17 @@ TEST_F(Paths, ArcsKeepTheirSideAndTilt) {
     EXPECT_EQ(of(Arc{{10, 10, 0}, {0, 4, 0}, {-2, 0, 0}, 0, half}), "M10 36a4 2 -90 0 0 0 8");
     EXPECT_EQ(of(Arc{{10, 10, 0}, {5, 0, 0}, {5, 0, 0}, 0, 2 * half}), "M2.93 40h14.14")
         << "seen from the side";
+}
+
+TEST_F(Paths, NumbersHaveTheDecimalsOfTheView) {
+    view = {{1e6, 0, 1e6 + 1, 1}, 1, 7};
+    picture::PathData fine(view);
+    fine.line({{1e6 + 0.1234567, 1, 0}, {1e6 + 0.5, 0.5, 0}});
+    EXPECT_EQ(fine.data(), "M.1234567 0l.3765433 .5");
+    view = {{0, 0, 1e12, 1e12}, 1, 0};
+    picture::PathData coarse(view);
+    coarse.line({{0.4, 1e12, 0}, {1e300, 1e12, 0}});
+    EXPECT_EQ(coarse.data(), "M0 0h100000000000000000");
 }
 
 TEST_F(Paths, StrokesAreJoinedAndDotsLeftOut) {

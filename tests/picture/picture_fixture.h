@@ -13,8 +13,8 @@ namespace tests {
 
 class PictureTest : public EditorTest {
   protected:
-    std::string draw() const {
-        return picture::draw(store, store.modelSpace(), "a.dxf", "Model", inspection);
+    std::string draw(const picture::Choice& choice = {}) const {
+        return picture::draw(store, store.modelSpace(), "a.dxf", "Model", inspection, choice);
     }
     /// What stands in the first group of all matches, parted by bars.
     static std::string all(const std::string& svg, const std::string& pattern) {

@@ -58,7 +58,76 @@ TEST_F(PictureTest, AreasAreFilledAndHatchesTinted) {
     add("HATCH;2 SOLID;70 1" + square);
     add("HATCH;2 CROSS;70 0" + square);
     add("POINT;10 9;20 9");
-    EXPECT_EQ(all(draw(), "<path class=\"(\\w(?: s)?) k0"), "f|h s|h|p");
+    EXPECT_EQ(all(draw(), "<path class=\"(\\w(?: s)?) k0"), "f|h s|h|o");
+}
+
+TEST_F(PictureTest, LineTypesAreDashesInUnitsOfTheirBlock) {
+    store.setHeaderValue("$LTSCALE", 40, "2.0");
+    addRecord("LTYPE", "LTYPE;2 DASHDOT;70 0;73 4;40 4;49 2;49 -1;49 0;49 -1");
+    addRecord("LTYPE", "LTYPE;2 GAP;70 0;73 3;40 4;49 1;49 -2;49 1");
+    addRecord("LAYER", "LAYER;2 walls;70 0;62 7;6 Gap");
+    const host::Index block = addBlock("B");
+    add("LINE;6 DashDot;10 0;20 0;11 90;21 0", block);
+    add("LINE;6 ByBlock;10 0;20 0;11 90;21 90", block);
+    add("INSERT;2 B;8 walls;10 0;20 0;41 3;42 3");
+    add("LINE;8 walls;48 0.5;10 0;20 0;11 0;21 90");
+    add("LINE;6 DASHDOT;48 1e-4;10 0;20 0;11 0;21 90");
+    const std::string svg = draw();
+    EXPECT_EQ(all(svg, "<path class=\"(k0[^\"]*)\""), "k0 d0|k0 d1|k0 d2|k0");
+    EXPECT_EQ(all(svg, "stroke-dasharray:([0-9.]+ [0-9.]+)[0-9. ]*\\}"), "12 6|2 2|12 12");
+}
+
+TEST_F(PictureTest, HatchLinesEndAtTheBoundaryOrATintStandsForThem) {
+    // A square of 10 with a square hole of 4 in it, in lines 5 apart that begin at (1, 0).
+    const std::string hatch =
+        "HATCH;2 L;70 0;91 2;92 2;72 0;73 1;93 4;10 0;20 0;10 10;20 0;10 10;20 10;10 0;20 10;97 0;"
+        "92 2;72 0;73 1;93 4;10 3;20 3;10 7;20 3;10 7;20 7;10 3;20 7;97 0;75 0;76 1;52 0;41 1;77 "
+        "0;";
+    const std::string end = ";98 1;10 1;20 1";
+    add(hatch + "78 1;53 0;43 1;44 1;45 0;46 4;79 0" + end);
+    EXPECT_EQ(all(draw(), "<path class=\"p k0\" d=\"([^\"]*)\""), "M0 9h10M0 5h3M7 5h3M0 1h10");
+    add(hatch + "78 1;53 0;43 1;44 5;45 0;46 8;79 2;49 2;49 -1" + end);
+    EXPECT_NE(draw().find("\"M1 5h2M7 5h2\""), std::string::npos);
+    add(hatch + "78 1;53 45;43 0;44 0;45 0;46 1e-9;79 0" + end);
+    EXPECT_EQ(all(draw(), "<path class=\"(h[ n]*) k0"), "h n|h n|h") << "too dense";
+}
+
+TEST_F(PictureTest, AChoiceIsDrawnAlone) {
+    addRecord("LAYER", "LAYER;2 Walls;70 0;62 7");
+    const AcDbObjectId a = add("LINE;8 Walls;10 0;20 0;11 9;21 9");
+    group({a, add("LINE;10 40;20 0;11 49;21 9")}, inspection::State::Whole);
+    group({add("LINE;10 0;20 40;11 9;21 49")}, inspection::State::Whole);
+    add("LINE;10 60;20 0;11 61;21 0");
+    picture::Choice layer, second, window;
+    layer.layers = L"wa*";
+    second.group = 2;
+    window.window = host::Box{30, -5, 62, 5};
+    const auto shown = [&](const picture::Choice& choice) {
+        const std::string svg = draw(choice);
+        return all(svg, "Model, ([^<]*)<") + ";" + all(svg, "id=\"(group\\d)\"");
+    };
+    EXPECT_EQ(shown(layer), "1 entity, 1 group;group1");
+    EXPECT_EQ(shown(second), "1 entity, 1 group;group2");
+    EXPECT_EQ(shown(window), "2 entities, 1 group;group1");
+    EXPECT_NE(draw(window).find("clip-path=\"url(#window)\""), std::string::npos);
+}
+
+TEST_F(PictureTest, EntitiesOfLargeDrawingsShareThePathsOfTheirInk) {
+    addRecord("LAYER", "LAYER;2 red;70 0;62 1");
+    for (int i = 0; i <= 10000; ++i) {
+        const std::string y = std::to_string(i);
+        add("LINE;10 0;20 " + y + ";11 9;21 " + y);
+        add("LINE;8 red;10 10;20 " + y + ";11 19;21 " + y);
+    }
+    add("SOLID;10 0;20 0;11 4;21 0;12 0;22 4");
+    add("TEXT;10 0;20 0;40 50;1 words");
+    const std::string svg = draw();
+    const std::string paths = all(svg, "<path class=\"([fk][^\"]*)\"");
+    EXPECT_EQ(paths.substr(0, 4), "f k0") << "areas below strokes";
+    EXPECT_LT(paths.size(), 60u);
+    EXPECT_EQ(svg.find("<title>"), svg.npos);
+    EXPECT_LT(svg.find("d=\"M"), svg.find(">words<"));
+    EXPECT_LT(svg.size(), 600000u);
 }
 
 TEST_F(PictureTest, ReferencesShowTheirBlockInTheirInk) {

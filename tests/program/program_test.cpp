@@ -25,6 +25,9 @@ TEST_F(ProgramTest, WrongUse) {
         {"--picture a.dxf b.dxf",
          "--picture needs a name that ends in .svg, a folder with / at its end, or -, not "
          "\"a.dxf\""},
+        {"--picture a.svg --window 0,0,1,0 a.dxf",
+         "--window needs two corners of a box that is not empty"},
+        {"--layer A a.dxf", "--space, --layer, --group and --window belong to --picture"},
         {"--picture a.svg --check a.dxf", "--check, --groups and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
@@ -80,7 +83,7 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     ASSERT_EQ(drafthost("--picture b.svg short.dxf").status, 0);
     EXPECT_EQ(contentOf("a.svg"), contentOf("b.svg"));
     EXPECT_EQ(drafthost("--picture nowhere/b.svg short.dxf").status, 4);
-    const Result layout = drafthost("--picture b.svg --layout Sheet short.dxf");
+    const Result layout = drafthost("--picture b.svg --space Sheet short.dxf");
     EXPECT_EQ(layout.status, 2);
     EXPECT_EQ(
         layout.errors.rfind("drafthost: short.dxf: no layout is called \"Sheet\"; there are", 0),
@@ -110,6 +113,10 @@ TEST_F(ProgramTest, PicturesReplaceNothingButPictures) {
         EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) + "\n");
     }
     EXPECT_EQ(contentOf("out/b.svg"), picture);
+    EXPECT_EQ(drafthost("--picture out/ --group 2 b.dxf").errors,
+              "drafthost: b.dxf: no group has the number 2; Model has 0\n");
+    EXPECT_EQ(drafthost("--picture - --window 5,5,9,-9 b.dxf").output.find("<title>"),
+              picture.npos);
     EXPECT_EQ(drafthost("--picture - b.dxf").output, picture);
     EXPECT_NE(script("PICTURE own\n", "own.svg").output.find("is a drawing that is in use"),
               picture.npos);

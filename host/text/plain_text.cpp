@@ -1,12 +1,28 @@
 // Takes the formatting codes out of texts.
-#include "picture/plain_text.h"
+#include "host/text/plain_text.h"
 
 #include <cwctype>
+#include <utility>
 
-#include "host/text/text_codec.h"
-
-namespace picture {
+namespace host {
 namespace {
+
+bool isSymbolFont(std::wstring_view font) {
+    return font.size() >= 3 && std::towlower(static_cast<wint_t>(font[0])) == L'g' &&
+           std::towlower(static_cast<wint_t>(font[1])) == L'd' &&
+           std::towlower(static_cast<wint_t>(font[2])) == L't';
+}
+
+/// What a letter shows in the font of tolerance symbols.
+wchar_t symbolOf(wchar_t letter) {
+    constexpr std::wstring_view kLetters = L"abcdefghijklmnprtu";
+    constexpr std::wstring_view kSymbols =
+        L"\u2220\u27c2\u23e5\u2313\u25cb\u2225\u232d\u2197\u232f\u2316\u2312\u24c1\u24c2\u2300"
+        L"\u24c5\u25ce"
+        L"\u2330\u23e4";
+    const std::size_t place = kLetters.find(letter);
+    return place == std::wstring_view::npos ? letter : kSymbols[place];
+}
 
 /// Reads the codes of a paragraph text one after the other.
 class Paragraphs {
@@ -26,19 +42,31 @@ class Paragraphs {
             code(m_text[m_at++]);
         else if (c == L'^' && m_at < m_text.size() && m_text[m_at] == L'J')
             ++m_at, m_lines.emplace_back();
-        else if (c != L'{' && c != L'}')
-            m_lines.back() += c;
+        else if (c == L'{')
+            m_outer.push_back(m_symbols);
+        else if (c == L'}')
+            leave();
+        else
+            m_lines.back() += m_symbols ? symbolOf(c) : c;
+    }
+
+    void leave() {
+        if (m_outer.empty()) return;
+        m_symbols = m_outer.back();
+        m_outer.pop_back();
     }
 
     void code(wchar_t c) {
         const std::wstring_view switches = L"LlOoKk";
-        const std::wstring_view withValue = L"ACcfFHQTWp";
+        const std::wstring_view withValue = L"ACcHQTWp";
         if (c == L'P' || c == L'n' || c == L'N' || c == L'X')
             m_lines.emplace_back();
         else if (c == L'~')
             m_lines.back() += L'\u00a0';
         else if (c == L'S')
             stack(value());
+        else if (c == L'F' || c == L'f')
+            m_symbols = isSymbolFont(value());
         else if (withValue.find(c) != std::wstring_view::npos)
             value();
         else if (switches.find(c) == std::wstring_view::npos)
@@ -62,6 +90,8 @@ class Paragraphs {
 
     std::wstring_view m_text;
     std::size_t m_at = 0;
+    bool m_symbols = false;     ///< in the font of tolerance symbols
+    std::vector<bool> m_outer;  ///< the same around each open brace
     std::vector<std::wstring> m_lines{1};
 };
 
@@ -110,24 +140,4 @@ std::wstring singleLine(std::wstring_view text) {
     return plain;
 }
 
-std::string xml(std::wstring_view text) {
-    std::wstring safe;
-    safe.reserve(text.size());
-    for (const wchar_t c : text) {
-        if (c == L'&')
-            safe += L"&amp;";
-        else if (c == L'<')
-            safe += L"&lt;";
-        else if (c == L'>')
-            safe += L"&gt;";
-        else if (c == L'"')
-            safe += L"&quot;";
-        else if ((c >= L' ' || c == L'\n') && c != 0xFFFE && c != 0xFFFF)
-            safe += c;
-    }
-    return host::toUtf8(safe);
-}
-
-std::string xml(std::string_view text) { return xml(std::wstring_view(host::fromUtf8(text))); }
-
-}  // namespace picture
+}  // namespace host

@@ -1,0 +1,56 @@
+// Places the lines of words in the area that the drawing gives them.
+#include "picture/written_lines.h"
+
+#include <cmath>
+
+namespace picture {
+namespace {
+
+/// Height of capitals, as a part of the size of common fonts.
+constexpr double kCapital = 0.72;
+constexpr double kLineDistance = 5.0 / 3;
+
+/// About how wide a line is in common fonts, in parts of their size; seldom too little.
+double widthInFont(std::wstring_view words) {
+    constexpr std::wstring_view kNarrow = L"iljtfrI.,:;'|!()[] \u00a0-";
+    constexpr std::wstring_view kWide = L"mwMWGOQD@%&\u2300\u2192";
+    double width = 0;
+    for (const wchar_t c : words) {
+        const bool narrow = kNarrow.find(c) != std::wstring_view::npos;
+        const bool wide = kWide.find(c) != std::wstring_view::npos;
+        width += narrow ? 0.38 : wide ? 0.9 : c >= 0x2e80 ? 1.0 : 0.64;
+    }
+    return width;
+}
+
+double flatLength(const host::Vec& v) { return std::hypot(v.x, v.y); }
+
+}  // namespace
+
+std::vector<WrittenLine> writtenLines(const host::Writing& writing,
+                                      const std::vector<host::Vec>& area, const View& view) {
+    const host::Vec along = area[1] - area[0], up = area[3] - area[0];
+    const double width = flatLength(along), tall = flatLength(up);
+    const double stretch = writing.fitted ? 1 : width / (tall * writing.aspect);
+    if (!(width > 0) || !(tall > 0) || !std::isfinite(stretch)) return {};
+    const host::Vec a = along * (stretch / width), b = up * (1 / tall);
+    const double line = tall * writing.line;
+    const double size = line * view.scale / kCapital;
+    const double written =
+        line * (1 + static_cast<double>(writing.lines.size() - 1) * kLineDistance);
+    const double room = (tall - written) * writing.above;
+    std::vector<WrittenLine> placed;
+    for (std::size_t i = 0; i < writing.lines.size(); ++i) {
+        const std::wstring& words = writing.lines[i];
+        if (words.find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
+        const bool fitted =
+            writing.fitted || widthInFont(words) * size * stretch > width * view.scale;
+        const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
+        const host::Vec base = writing.isParagraph ? area[3] - b * below : area[0];
+        placed.push_back({view.spot(base + along * writing.anchor), a, b, size, writing.anchor,
+                          fitted ? width * view.scale / stretch : 0, words});
+    }
+    return placed;
+}
+
+}  // namespace picture
