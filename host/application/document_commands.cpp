@@ -150,7 +150,7 @@ CommandStatus runQuit() {
     return asked;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kDocumentCommands[] = {
     {L"NEW", 0, runNew, L"opens a new, empty drawing"},
     {L"OPEN", 0, runOpen, L"opens a drawing: file"},
     {L"SAVE", 0, runSave, L"saves a copy of the drawing: file"},
@@ -163,6 +163,8 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerDocumentCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerDocumentCommands() {
+    registerBuiltins(kDocumentCommands, std::size(kDocumentCommands));
+}
 
 }  // namespace host
