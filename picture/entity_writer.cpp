@@ -131,15 +131,37 @@ void EntityWriter::collectPart(std::size_t index, const std::string& style) {
     const OutlineMark& from = part.from;
     const OutlineMark end = m_scene.endOf(index);
     if (part.type == "HATCH") return collectHatch(part, end, style);
-    if (from.lines != end.lines || from.arcs != end.arcs)
-        addStrokes(m_pool.strokes(style), outline, from, end);
+    collectStrokes(from, end, style);
     for (std::size_t k = from.areas; k < end.areas; ++k) {
         if (isWords(outline, from, end, k)) continue;
-        m_pool.areas(joined(hasBroadStrokes(part.type) ? "f b" : "f", style))
+        m_pool.areas(joined(hasBroadStrokes(part.type) ? "f a" : "f", style))
             .area(outline.areas[k]);
     }
     for (std::size_t k = from.writings; k < end.writings; ++k)
         collectWords(outline.writings[k], style);
+}
+
+void EntityWriter::collectStrokes(const OutlineMark& from, const OutlineMark& end,
+                                  const std::string& style) {
+    const host::Outline& outline = m_scene.outline;
+    if (from.lines == end.lines && from.arcs == end.arcs) return;
+    const double width =
+        from.lines != end.lines ? outline.lines[from.lines].width : outline.arcs[from.arcs].width;
+    const auto first = [&](auto& list, std::size_t at) {
+        return list.begin() + static_cast<std::ptrdiff_t>(at);
+    };
+    const auto other = [&](const auto& stroke) { return stroke.width != width; };
+    const bool uniform =
+        std::none_of(first(outline.lines, from.lines), first(outline.lines, end.lines), other) &&
+        std::none_of(first(outline.arcs, from.arcs), first(outline.arcs, end.arcs), other);
+    const auto pathOf = [&](double own) -> PathData& {
+        return m_pool.strokes(own > 0 ? joined(joined("b", m_inks.widthClass(own)), style) : style);
+    };
+    if (uniform) return addStrokes(pathOf(width), outline, from, end);
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        pathOf(outline.lines[i].width).line(outline.lines[i]);
+    for (std::size_t i = from.arcs; i < end.arcs; ++i)
+        pathOf(outline.arcs[i].width).arc(outline.arcs[i]);
 }
 
 /// What is filled has to be a path of its own: with others it would cut holes.

@@ -50,6 +50,8 @@ class EntityWriter {
     std::string styleOf(const Shown& shown, const host::OutlinePart& part, const Look& look,
                         Role role);
     void collectPart(std::size_t index, const std::string& style);
+    void collectStrokes(const host::OutlineMark& from, const host::OutlineMark& end,
+                        const std::string& style);
     void collectHatch(const host::OutlinePart& part, const host::OutlineMark& end,
                       const std::string& style);
     void collectParts(const Shown& shown, const Look& look, Role role);

@@ -18,7 +18,7 @@ constexpr long kMostInOneHatch = 20000;
 /// Strokes between two marks as straight edges.
 std::vector<Line> edgesOf(const host::Outline& outline, const host::OutlineMark& from,
                           const host::OutlineMark& end) {
-    constexpr double kStep = 0.1;  // radians
+    constexpr double kStep = 0.05;  // radians
     std::vector<Line> edges(outline.lines.begin() + static_cast<std::ptrdiff_t>(from.lines),
                             outline.lines.begin() + static_cast<std::ptrdiff_t>(end.lines));
     for (std::size_t i = from.arcs; i < end.arcs; ++i) {
@@ -62,7 +62,13 @@ class Family {
         std::vector<double> places;  ///< along the line
     };
 
-    double across(const Vec& p) const { return dot(p - m_lines.base, m_normal); }
+    /// Number of the line through a point. What is as good as on a line is, so that edges which
+    /// meet there agree.
+    double across(const Vec& p) const {
+        constexpr double kSame = 1e-7;
+        const double s = dot(p - m_lines.base, m_normal), whole = std::round(s);
+        return std::fabs(s - whole) < kSame ? whole : s;
+    }
 
     bool cross(const std::vector<Line>& edges, long most) {
         double low = 1e300, high = -1e300;

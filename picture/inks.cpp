@@ -178,6 +178,13 @@ std::string Inks::weightClass(const Look& look, std::string_view layer, const Lo
     return "w" + std::to_string(weight);
 }
 
+std::string Inks::widthClass(double width) {
+    if (!(width > 0)) return {};
+    const auto [place, isNew] = m_widths.try_emplace(width);
+    if (isNew) place->second = "b" + std::to_string(m_widths.size());
+    return place->second;
+}
+
 Inks::Dashed* Inks::dashedOf(const Look& look, std::string_view layer, const Look& reference,
                              double scale) {
     std::string_view name = look.linetype;
@@ -240,6 +247,11 @@ std::string Inks::style(double pixel) const {
             weights += length;
         }
         weights += "}";
+    }
+    for (const auto& [width, name] : m_widths) {
+        char rule[64];
+        std::snprintf(rule, sizeof rule, ".%s{--w:%.6gpx}", name.c_str(), width / pixel);
+        weights += rule;
     }
     char unit[48];
     std::snprintf(unit, sizeof unit, "svg{--u:%.6g}", pixel);

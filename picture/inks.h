@@ -63,6 +63,8 @@ class Inks {
     /// the size of one in drawing units.
     std::string dashClass(const Look& look, std::string_view layer, const Look& reference,
                           double scale, double pixel);
+    /// Class of strokes with a width in drawing units ("b1"), empty for those without.
+    std::string widthClass(double width);
     /// Rules of all classes given out.
     std::string style(double pixel) const;
 
@@ -78,8 +80,9 @@ class Inks {
     std::unordered_map<std::string_view, Layer> m_layers;  ///< names borrowed from the drawing
     std::string_view m_lastName;                           ///< looked up last
     const Layer* m_last = nullptr;
-    std::map<Rgb, std::string> m_colours;  ///< with their classes
-    std::map<int, int> m_weights;          ///< hundredths of a millimetre that are in use
+    std::map<Rgb, std::string> m_colours;    ///< with their classes
+    std::map<double, std::string> m_widths;  ///< of broad strokes, with their classes
+    std::map<int, int> m_weights;            ///< hundredths of a millimetre that are in use
     Linetypes m_linetypes;
     struct Dashed {
         Dashes dashes;

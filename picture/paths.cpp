@@ -96,10 +96,17 @@ void PathData::go(const Grid& to) {
     if (!m_text.empty() && m_at == to) return;
     m_text += 'M';
     pair(to.x, to.y);
-    m_at = to;
+    m_at = m_start = to;
+    m_strokes = 0;
 }
 
 void PathData::stroke(const Grid& to) {
+    if (++m_strokes > 2 && to == m_start) {  // broad strokes meet there as at other corners
+        m_text += 'z';
+        m_at = to;
+        m_strokes = 0;
+        return;
+    }
     const long long x = to.x - m_at.x, y = to.y - m_at.y;
     m_text += y == 0 ? 'h' : x == 0 ? 'v' : 'l';
     if (x != 0 && y != 0) {

@@ -60,7 +60,8 @@ class PathData {
     const View& m_view;
     double m_fineness;  ///< steps of the last decimal in a unit
     std::string m_text;
-    Grid m_at{0, 0};
+    Grid m_at{0, 0}, m_start{0, 0};
+    int m_strokes = 0;   ///< since m_start
     Grid m_first{0, 0};  ///< of a stroke that was left out while there was none
     bool m_hasFirst = false;
 };

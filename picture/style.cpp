@@ -21,7 +21,8 @@ svg{--paper:#fcfcfa;--ink:#30343a;--soft:#74797f;--line:#dcdcd6;--bad:#c62828;ba
 path{fill:none;stroke:var(--c,var(--ink));stroke-width:calc((var(--w,1.25px) + var(--lit,0px) + var(--halo,0px))*var(--k,1));stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
 text{fill:var(--c,var(--ink));white-space:pre;stroke:var(--c);stroke-width:calc(var(--halo,0px)*var(--u,1))}
 .f{fill:var(--c,var(--ink));fill-opacity:.8;--w:.4px}
-.b{fill-opacity:1}
+.a{fill-opacity:1}
+.b{--k:var(--u);vector-effect:none;stroke-linecap:butt;stroke-linejoin:miter}
 .h{--w:.8px;fill:var(--c,var(--ink));fill-opacity:.1;fill-rule:evenodd}
 .s{fill-opacity:.4}
 .n{fill-opacity:0;stroke:none}

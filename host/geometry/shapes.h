@@ -21,6 +21,7 @@ struct Line {
     Vec a, b;
     bool endlessA = false;
     bool endlessB = false;
+    double width = 0;  ///< half of it to either side
 };
 /// Elliptic stroke: centre + u cos(t) + v sin(t) for t from `from` to `from + sweep`.
 struct Arc {
@@ -28,6 +29,7 @@ struct Arc {
     double from = 0;
     double sweep = 0;       ///< above 0, at most a full turn
     std::size_t lines = 0;  ///< of the outline, that were drawn before it
+    double width = 0;       ///< half of it to either side
 };
 
 /// Words that fill an area of four corners: lower left, lower right, upper right, upper left.

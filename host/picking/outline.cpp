@@ -34,11 +34,6 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
     return turned * scale;
 }
 
-/// By how much a map makes plane figures larger.
-double scaleOf(const Transform& place) {
-    return std::sqrt(std::fabs(place.x.x * place.y.y - place.x.y * place.y.x));
-}
-
 /// True for what an anonymous block shows.
 bool hasPicture(std::string_view type) {
     return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION" ||

@@ -34,12 +34,18 @@ class Pen {
     void pattern(PatternLines lines) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
+    /// The same with strokes of a width.
+    Pen broad(double width) const;
     const Transform& place() const { return m_place; }
 
   private:
     Outline& m_outline;
     Transform m_place;
+    double m_width = 0;  ///< in the drawing
 };
+
+/// By how much a map makes plane figures larger.
+double scaleOf(const Transform& place);
 
 /// What a shape is drawn from.
 struct Shape {

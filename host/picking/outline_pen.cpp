@@ -7,7 +7,7 @@
 namespace host {
 
 void Pen::line(const Vec& a, const Vec& b) const {
-    m_outline.lines.push_back({m_place.apply(a), m_place.apply(b)});
+    m_outline.lines.push_back({m_place.apply(a), m_place.apply(b), false, false, m_width});
 }
 
 void Pen::endless(const Vec& a, const Vec& direction, bool bothWays) const {
@@ -19,7 +19,18 @@ void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double
     if (!std::isfinite(from)) from = 0;
     if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;
     m_outline.arcs.push_back({m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep,
-                              m_outline.lines.size()});
+                              m_outline.lines.size(), m_width});
+}
+
+double scaleOf(const Transform& place) {
+    return std::sqrt(std::fabs(place.x.x * place.y.y - place.x.y * place.y.x));
+}
+
+Pen Pen::broad(double width) const {
+    Pen pen = *this;
+    pen.m_width = width * scaleOf(m_place);
+    if (!std::isfinite(pen.m_width)) pen.m_width = 0;
+    return pen;
 }
 
 void Pen::circle(const Vec& centre, double radius) const {

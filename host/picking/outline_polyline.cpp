@@ -27,46 +27,26 @@ Vec flatUnit(const Vec& v) {
 
 Vec leftOf(const Vec& direction) { return {-direction.y, direction.x, 0}; }
 
-/// One segment with a width.
-struct Broad {
-    Vec a, b;
-    double bulge, startWidth, endWidth;
-
-    double turn() const { return 4 * std::atan(bulge); }
-    Vec startDirection() const { return turned(flatUnit(b - a), -turn() / 2); }
-    Vec endDirection() const { return turned(flatUnit(b - a), turn() / 2); }
-};
-
-/// From the corner to the left edge, for a width of 2: so that it meets the edge of the neighbour,
-/// unless the corner is too sharp for that.
-Vec mitre(const Vec& own, const Vec& other) {
-    constexpr double kSharp = 0.2;
-    const Vec n = leftOf(own), m = leftOf(other);
-    const double both = 1 + dot(n, m);
-    return both < kSharp ? n : (n + m) * (1 / both);
-}
-
-/// `before` and `behind` are the directions in which the neighbours meet it, or its own.
-void fill(const Pen& pen, const Broad& segment, const Vec& before, const Vec& behind) {
+/// A segment that grows or shrinks from `from` to `to`, as the area that it fills.
+void drawTapered(const Pen& pen, const Corner& from, const Vec& to) {
     constexpr double kStep = kTurn / 48;
-    const double turn = segment.turn();
+    const double turn = 4 * std::atan(from.bulge);
     const int steps = std::max(1, static_cast<int>(std::fabs(turn) / kStep + 0.5));
-    const Vec chord = segment.b - segment.a;
+    const Vec chord = to - from.point;
     Vec centre;
     if (steps > 1)
-        centre = (segment.a + segment.b) * 0.5 +
-                 leftOf(chord) * ((1 - segment.bulge * segment.bulge) / (4 * segment.bulge));
+        centre = (from.point + to) * 0.5 +
+                 leftOf(chord) * ((1 - from.bulge * from.bulge) / (4 * from.bulge));
+    const Vec start = turned(flatUnit(chord), -turn / 2);
     std::vector<Vec> left, right;
     for (int i = 0; i <= steps; ++i) {
         const double t = static_cast<double>(i) / steps;
         const Vec at =
-            steps > 1 ? centre + turned(segment.a - centre, turn * t) : segment.a + chord * t;
-        Vec side = leftOf(turned(segment.startDirection(), turn * t));
-        if (i == 0) side = mitre(segment.startDirection(), before);
-        if (i == steps) side = mitre(segment.endDirection(), behind);
-        const double half = (segment.startWidth * (1 - t) + segment.endWidth * t) / 2;
-        left.push_back(at + side * half);
-        right.push_back(at - side * half);
+            steps > 1 ? centre + turned(from.point - centre, turn * t) : from.point + chord * t;
+        const Vec side =
+            leftOf(turned(start, turn * t)) * ((from.startWidth * (1 - t) + from.endWidth * t) / 2);
+        left.push_back(at + side);
+        right.push_back(at - side);
     }
     left.insert(left.end(), right.rbegin(), right.rend());
     pen.area(left);
@@ -74,25 +54,16 @@ void fill(const Pen& pen, const Broad& segment, const Vec& before, const Vec& be
 
 void drawCorners(const Pen& pen, const std::vector<Corner>& corners, bool closed) {
     if (corners.size() == 1) return pen.point(corners[0].point);
-    const std::size_t count = corners.size(), segments = closed || count == 0 ? count : count - 1;
-    const auto segment = [&](std::size_t i) {
-        const Corner& from = corners[i % count];
-        return Broad{from.point, corners[(i + 1) % count].point, from.bulge, from.startWidth,
-                     from.endWidth};
-    };
-    for (std::size_t i = 0; i < segments; ++i) {
-        const Broad own = segment(i);
-        if (!(own.startWidth > 0) && !(own.endWidth > 0)) {
-            pen.bulge(own.a, own.b, own.bulge);
-            continue;
-        }
-        Vec before = own.startDirection(), behind = own.endDirection();
-        const bool first = i == 0 && !closed, last = i + 1 == segments && !closed;
-        if (!first && segment(i + count - 1).endWidth == own.startWidth)
-            before = segment(i + count - 1).endDirection();
-        if (!last && segment(i + 1).startWidth == own.endWidth)
-            behind = segment(i + 1).startDirection();
-        fill(pen, own, before, behind);
+    const std::size_t open = closed ? 0 : 1;
+    for (std::size_t i = 0; i + open < corners.size(); ++i) {
+        const Corner& from = corners[i];
+        const Vec& to = corners[(i + 1) % corners.size()].point;
+        if (from.startWidth != from.endWidth)
+            drawTapered(pen, from, to);
+        else if (from.startWidth > 0)
+            pen.broad(from.startWidth).bulge(from.point, to, from.bulge);
+        else
+            pen.bulge(from.point, to, from.bulge);
     }
 }
 

@@ -80,7 +80,11 @@ void drawConstructionLine(const Shape& shape) {
     shape.pen.endless(pointOf(shape.tags, 10), pointOf(shape.tags, 11), true);
 }
 
-void drawLeader(const Shape& shape) { shape.pen.path(pointsOf(shape.tags, 10), false); }
+void drawLeader(const Shape& shape) {
+    const std::vector<Vec> points = pointsOf(shape.tags, 10);
+    const bool curved = shape.tags.integer(72, 0) == 1 && points.size() > 2;
+    shape.pen.path(curved ? pointsAlong(splineThrough(points, false)) : points, false);
+}
 
 void drawSingleText(const Shape& shape) { drawText(shape, false); }
 

@@ -90,6 +90,11 @@ TEST_F(PictureTest, HatchLinesEndAtTheBoundaryOrATintStandsForThem) {
     EXPECT_NE(draw().find("\"M1 5h2M7 5h2\""), std::string::npos);
     add(hatch + "78 1;53 45;43 0;44 0;45 0;46 1e-9;79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"(h[ n]*) k0"), "h n|h n|h") << "too dense";
+    add("HATCH;2 L;70 0;91 1;92 1;93 1;72 2;10 5;20 5;40 4;50 0;51 360;73 1;97 0;75 0;78 1;53 0;"
+        "43 0;44 1;45 0;46 4;79 0" +
+        end);
+    EXPECT_NE(draw().find("<path class=\"p k0\" d=\"M1 5h8\""), std::string::npos)
+        << "at the seam of a circle";
 }
 
 TEST_F(PictureTest, AChoiceIsDrawnAlone) {
