@@ -210,7 +210,7 @@ void EntityWriter::collectWords(const host::Writing& writing, const std::string&
             svg += '"';
         }
         svg += '>';
-        svg += xml(line.words);
+        addXml(svg, line.words);
         svg += "</text>";
     }
 }

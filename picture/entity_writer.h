@@ -39,6 +39,8 @@ class EntityWriter {
     void write(std::string& svg, const Shown& shown, Role role, const std::string& note);
     /// Collects it, without a title, in paths that it shares with others of its inks.
     void collect(const Shown& shown, Role role, std::size_t written);
+    /// Makes room for bytes of words that will be collected.
+    void expectWords(std::size_t bytes) { m_pool.words().reserve(bytes); }
     /// Appends what was collected.
     void writeCollected(std::string& svg) { m_pool.flush(svg); }
     /// Number of references that became frames.

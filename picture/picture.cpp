@@ -49,7 +49,10 @@ class Drawer {
         GroupFrames frames({width - kLegend + 8, kHead + 12, width - 20, kHead + kHeight - kNotes},
                            places, m_groups);
         const double height = std::max(bottom, legend() ? frames.legendBottom() + kNotes : 0);
-        std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 ";
+        constexpr std::size_t kUsualBytes = 200;  // for an entity; what is not used costs nothing
+        std::string svg;
+        svg.reserve(kUsualBytes * m_scene.shown.size());
+        svg += "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 ";
         addSpot(svg, {width, height});
         svg += "\">\n<style>" + commonStyle() + "</style>\n" + m_sheet.definitions();
         svg += "<rect class=\"paper\" width=\"100%\" height=\"100%\"/>\n";
@@ -164,6 +167,8 @@ class Drawer {
 
     /// What belongs to no group, below what does.
     void writePlain(std::string& svg) {
+        constexpr std::size_t kUsualWords = 150;  // bytes
+        if (shares()) m_writer.expectWords(kUsualWords * m_scene.shown.size());
         svg += m_sheet.openDrawing() + "\n";
         for (const Shown& one : m_scene.shown) {
             if (groupOf(*one.entity) != 0) continue;

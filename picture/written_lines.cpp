@@ -12,13 +12,18 @@ constexpr double kLineDistance = 5.0 / 3;
 
 /// About how wide a line is in common fonts, in parts of their size; seldom too little.
 double widthInFont(std::wstring_view words) {
-    constexpr std::wstring_view kNarrow = L"iljtfrI.,:;'|!()[] \u00a0-";
-    constexpr std::wstring_view kWide = L"mwMWGOQD@%&\u2300\u2192";
+    static const std::vector<double> kWidths = [] {
+        std::vector<double> widths(128, 0.64);
+        for (const char c : std::string_view("iljtfrI.,:;'|!()[] -"))
+            widths[static_cast<std::size_t>(c)] = 0.38;
+        for (const char c : std::string_view("mwMWGOQD@%&"))
+            widths[static_cast<std::size_t>(c)] = 0.9;
+        return widths;
+    }();
     double width = 0;
     for (const wchar_t c : words) {
-        const bool narrow = kNarrow.find(c) != std::wstring_view::npos;
-        const bool wide = kWide.find(c) != std::wstring_view::npos;
-        width += narrow ? 0.38 : wide ? 0.9 : c >= 0x2e80 ? 1.0 : 0.64;
+        const auto code = static_cast<std::size_t>(c);
+        width += code < kWidths.size() ? kWidths[code] : code >= 0x2e80 ? 1.0 : 0.64;
     }
     return width;
 }
@@ -41,8 +46,8 @@ std::vector<WrittenLine> writtenLines(const host::Writing& writing,
     const double room = (tall - written) * writing.above;
     std::vector<WrittenLine> placed;
     for (std::size_t i = 0; i < writing.lines.size(); ++i) {
-        const std::wstring& words = writing.lines[i];
-        if (words.find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
+        const std::wstring_view words = writing.lines[i];
+        if (words.find_first_not_of(L" \u00a0") == words.npos) continue;
         const bool fitted =
             writing.fitted || widthInFont(words) * size * stretch > width * view.scale;
         const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);

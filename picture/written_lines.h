@@ -1,7 +1,7 @@
 // Words of a drawing as lines of a font that stands where the drawing says.
 #pragma once
 
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/geometry/shapes.h"
@@ -19,7 +19,7 @@ struct WrittenLine {
     double size = 0;      ///< of the font, in picture units
     double anchor = 0;    ///< part of its width before the alignment point: 0, 0.5 or 1
     double fitted = 0;    ///< width that it fills whatever the font, in picture units; 0 for none
-    std::wstring words;
+    std::wstring_view words;  ///< borrowed from the writing
 };
 
 /// Lines of the words that stand in an area of four corners; none when it has no size.
