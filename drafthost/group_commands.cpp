@@ -1,7 +1,6 @@
 // GROUPLIST and PICTURE, and the watch over saves.
 #include "drafthost/group_commands.h"
 
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -10,7 +9,7 @@
 #include "drafthost/groups_report.h"
 #include "drafthost/output.h"
 #include "drafthost/picture_file.h"
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
@@ -39,20 +38,16 @@ std::vector<std::string> openDrawings() {
     return files;
 }
 
-host::CommandStatus runGroupList() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
-    std::string text = inspection::listText("", inspectDrawing(*store->database, true));
-    for (const std::string& line : lastSaves()[store->serial()])
+host::CommandStatus runGroupList(host::Store& store) {
+    std::string text = inspection::listText("", inspectDrawing(*store.database, true));
+    for (const std::string& line : lastSaves()[store.serial()])
         text += line + "\n";
     text.pop_back();
     host::printLine(host::fromUtf8(text));
     return host::CommandStatus::Done;
 }
 
-host::CommandStatus runPicture() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
+host::CommandStatus runPicture(host::Store& store) {
     const host::Answer answer = host::prompt(L"\nEnter name of picture file: ");
     if (answer.kind != host::Answer::Kind::Text) return host::CommandStatus::Cancelled;
     std::string path = host::withHome(host::toUtf8(answer.text));
@@ -61,7 +56,7 @@ host::CommandStatus runPicture() {
     std::string why = "the name does not end in .svg";
     if (isPictureName(path)) {
         const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-        const std::string svg = pictureOf(*store->database, store->currentSpace(),
+        const std::string svg = pictureOf(*store.database, store.currentSpace(),
                                           drawing.substr(host::folderPart(drawing).size()));
         why = writePictureFile(path, svg, openDrawings());
     }
@@ -70,9 +65,11 @@ host::CommandStatus runPicture() {
     return host::CommandStatus::Failed;
 }
 
-const host::BuiltinCommand kCommands[] = {
-    {L"GROUPLIST", 0, runGroupList, L"lists the groups of the drawing and what is wrong with them"},
-    {L"PICTURE", 0, runPicture, L"draws the current space and its groups as SVG: file"},
+const host::CommandTable kGroupCommands = {
+    {L"GROUPLIST", 0, host::onDrawing<runGroupList>,
+     L"lists the groups of the drawing and what is wrong with them"},
+    {L"PICTURE", 0, host::onDrawing<runPicture>,
+     L"draws the current space and its groups as SVG: file"},
 };
 
 AcEditor* editor() { return static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor")); }
@@ -99,7 +96,7 @@ class SaveWatch::Reactor : public AcEditorReactor {
 
 void registerGroupCommands(const host::Session& session) {
     pictureSession = &session;
-    host::registerBuiltins(kCommands, std::size(kCommands));
+    host::registerBuiltins(kGroupCommands);
 }
 
 SaveWatch::SaveWatch() : m_reactor(std::make_unique<Reactor>()) {

@@ -1,24 +1,12 @@
-// What depends on the system: arguments, signals, and the terminal with its line editing.
+// The terminal, with its line editing.
 #pragma once
 
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "host/editor/dialogue/input.h"
 #include "host/scripting/script.h"
-
-/// Arguments behind the program's name, as UTF-8.
-std::vector<std::string> programArguments(int count, char** values);
-/// Folder of the program's own file, as UTF-8 with a separator at its end; empty when unknown.
-std::string programFolder();
-/// Standard streams as the program wants them: no end by signal when a pipe is closed, bytes as
-/// they are.
-void prepareStreams();
-/// True when a person sits at standard input and output.
-bool isInteractive();
-bool standardErrorIsTerminal();
 
 /// A person who types lines. A line gives its answers as a script line would; Esc and Ctrl+C
 /// cancel, Ctrl+D ends the input.
@@ -28,8 +16,6 @@ class Terminal : public host::InputSource {
     bool interactive() const final { return true; }
     /// Gives command-line text on to standard output.
     virtual void print(const std::wstring& text) = 0;
-    /// True when Ctrl+C was pressed since the last answer: what is being loaded stops.
-    virtual bool stopRequested() const = 0;
 
   protected:
     /// Reads a line behind the prompt; false when there is none, with the answer that stands for

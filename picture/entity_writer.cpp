@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "host/tags/tag_values.h"
 #include "picture/written_lines.h"
 #include "picture/xml_text.h"
 
@@ -96,15 +97,14 @@ void EntityWriter::collect(const Shown& shown, Role role, std::size_t written) {
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
                               const std::string& note) {
-    const std::string_view type = host::trimmed(shown.entity->type());
+    const std::string_view type = shown.entity->type();
     svg += "<title>";
     svg += m_names.of(m_store, type);
     svg += ' ';
     svg += host::formatHandle(shown.entity->handle);
     if (type == "INSERT") {
-        const auto block = host::findTag(shown.entity->tags(), 2);
         svg += ", block ";
-        svg += m_names.of(m_store, block ? host::trimmed(block->value) : "");
+        svg += m_names.of(m_store, host::textTag(shown.entity->tags(), 2));
     }
     svg += ", layer ";
     svg += m_names.of(m_store, look.layer);
@@ -120,7 +120,7 @@ void EntityWriter::collectParts(const Shown& shown, const Look& look, Role role)
     for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
         const Frame& frame = m_scene.frames[i];
         const Look inner(*frame.source);
-        collectFrame(frame.corners, std::string(host::trimmed(frame.source->type())),
+        collectFrame(frame.corners, std::string(frame.source->type()),
                      role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
     }
 }
@@ -167,8 +167,7 @@ void EntityWriter::collectStrokes(const OutlineMark& from, const OutlineMark& en
 /// What is filled has to be a path of its own: with others it would cut holes.
 void EntityWriter::collectHatch(const OutlinePart& part, const OutlineMark& end,
                                 const std::string& style) {
-    const auto solid = host::findTag(part.source->tags(), 70);
-    const bool isSolid = solid && host::integerOf(solid->value) == 1;
+    const bool isSolid = host::integerTag(part.source->tags(), 70) == 1;
     PathData boundary(m_sheet.view);
     addStrokes(boundary, m_scene.outline, part.from, end);
     if (boundary.empty()) return;

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 
 namespace picture {
 namespace {

@@ -118,9 +118,7 @@ Scene readScene(const host::Store& store, host::Index space, const Filter& filte
     scene.outline.lines.reserve(store.count());
     scene.outline.arcs.reserve(store.count());
     host::OutlineMaker maker(store);
-    for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
-         i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        const host::ObjectBody& entity = store.at(i);
+    for (const host::ObjectBody& entity : store.children(space)) {
         if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;
         add(scene, maker, entity);
     }

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 #include "host/text/text_codec.h"
 #include "picture/xml_text.h"
 

@@ -9,12 +9,6 @@
 namespace host {
 namespace {
 
-/// A corner and the segment that begins there.
-struct Corner {
-    Vec point;
-    double bulge = 0, startWidth = 0, endWidth = 0;
-};
-
 Vec turned(const Vec& v, double angle) {
     const double c = std::cos(angle), s = std::sin(angle);
     return {v.x * c - v.y * s, v.x * s + v.y * c, v.z};
@@ -52,22 +46,22 @@ void drawTapered(const Pen& pen, const Corner& from, const Vec& to) {
     pen.area(left);
 }
 
-void drawCorners(const Pen& pen, const std::vector<Corner>& corners, bool closed) {
-    if (corners.size() == 1) return pen.point(corners[0].point);
+}  // namespace
+
+void Pen::corners(const std::vector<Corner>& corners, bool closed) const {
+    if (corners.size() == 1) return point(corners[0].point);
     const std::size_t open = closed ? 0 : 1;
     for (std::size_t i = 0; i + open < corners.size(); ++i) {
         const Corner& from = corners[i];
         const Vec& to = corners[(i + 1) % corners.size()].point;
         if (from.startWidth != from.endWidth)
-            drawTapered(pen, from, to);
+            drawTapered(*this, from, to);
         else if (from.startWidth > 0)
-            pen.broad(from.startWidth).bulge(from.point, to, from.bulge);
+            broad(from.startWidth).bulge(from.point, to, from.bulge);
         else
-            pen.bulge(from.point, to, from.bulge);
+            bulge(from.point, to, from.bulge);
     }
 }
-
-}  // namespace
 
 void drawLightPolyline(const Shape& shape) {
     std::vector<Corner> corners;
@@ -80,8 +74,7 @@ void drawLightPolyline(const Shape& shape) {
         if (tag.code == 41 && width == 0) corners.back().endWidth = realOf(tag.value);
         if (tag.code == 42) corners.back().bulge = realOf(tag.value);
     }
-    const bool closed = (shape.tags.integer(70, 0) & 1) != 0 && corners.size() > 1;
-    drawCorners(objectPen(shape), corners, closed);
+    objectPen(shape).corners(corners, (shape.tags.integer(70, 0) & 1) != 0);
 }
 
 void drawPolyline(const Shape& shape) {
@@ -89,14 +82,12 @@ void drawPolyline(const Shape& shape) {
     const int flags = shape.tags.integer(70, 0);
     const double startWidth = shape.tags.real(40, 0), endWidth = shape.tags.real(41, 0);
     std::vector<Corner> corners;
-    for (Index i = shape.store.firstLive(shape.entity.self); i != kNoIndex;) {
-        const ObjectBody& vertex = shape.store.at(i);
+    for (const ObjectBody& vertex : shape.store.children(shape.entity.self)) {
         const OwnTags tags(vertex.tags());
         const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
         if (!frame && vertex.kind == Kind::Vertex)
             corners.push_back({pointOf(tags, 10), tags.real(42, 0), tags.real(40, startWidth),
                                tags.real(41, endWidth)});
-        i = shape.store.nextLive(vertex);
     }
     const bool inSpace = (flags & (k3d | kMeshes)) != 0;
     const Pen pen = inSpace ? shape.pen : objectPen(shape);
@@ -109,7 +100,7 @@ void drawPolyline(const Shape& shape) {
         for (Corner& corner : corners)
             corner.startWidth = corner.endWidth = 0;
     }
-    drawCorners(pen, corners, (flags & kClosed) != 0);
+    pen.corners(corners, (flags & kClosed) != 0);
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/content/fields.h"
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
 #include "host/picking/outline.h"
@@ -89,9 +90,8 @@ void drawLeader(const Shape& shape) {
 void drawSingleText(const Shape& shape) { drawText(shape, false); }
 
 void drawAttribute(const Shape& shape) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttribute");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    if ((flags & 1) == 0) drawText(shape, false);
+    const int flags = getField(shape.entity, field::attributeFlags);
+    if ((flags & field::kInvisible) == 0) drawText(shape, false);
 }
 
 struct KindOfShape {
@@ -124,9 +124,9 @@ constexpr KindOfShape kShapes[] = {
 
 /// A definition shows its tag; inside a block only a constant one shows, and then its value.
 void drawDefinition(const Shape& shape, bool insideBlock) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttributeDefinition");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    const bool constant = (flags & 2) != 0, invisible = (flags & 1) != 0;
+    const int flags = getField(shape.entity, field::definitionFlags);
+    const bool constant = (flags & field::kConstant) != 0,
+               invisible = (flags & field::kInvisible) != 0;
     if (!insideBlock || (constant && !invisible)) drawText(shape, !insideBlock);
 }
 

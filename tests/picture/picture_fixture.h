@@ -1,7 +1,6 @@
 // A drawing made entity by entity, and what its picture shows.
 #pragma once
 
-#include <algorithm>
 #include <regex>
 #include <string>
 
@@ -24,14 +23,9 @@ class PictureTest : public EditorTest {
             found += (found.empty() ? "" : "|") + (*at)[1].str();
         return found;
     }
-    /// The words of an entity with these groups, line by line, in an empty drawing; "$" stands for
-    /// a semicolon in them.
-    std::string words(const std::string& groups) {
-        const AcDbObjectId id = add(groups);
-        host::ObjectBody& body = *host::Store::resolve(id);
-        std::string tags(body.tags());
-        std::replace(tags.begin(), tags.end(), '$', ';');
-        body.setTags(tags);
+    /// The words of an entity with these tags, line by line, in an empty drawing.
+    std::string words(const std::string& tags) {
+        const AcDbObjectId id = add(tags);
         const std::string svg = draw();
         erase(id);
         return all(svg, "<text(?! class=\"(?:head|small|note))[^>]*>([^<]*)</text>");
