@@ -143,10 +143,12 @@ class Drawer {
     }
 
     void takeWords(LabelPlaces& places) const {
+        if (m_groups.empty()) return;
         for (const host::Writing& writing : m_scene.outline.writings) {
-            host::Outline box;
-            box.areas.push_back(m_scene.outline.areas[writing.area]);
-            if (const auto bounds = box.bounds()) places.take(areaOf(*bounds));
+            std::optional<host::Box> box;
+            for (const host::Vec& corner : m_scene.outline.areas[writing.area])
+                extend(box, host::Box{corner.x, corner.y, corner.x, corner.y});
+            places.take(areaOf(*box));
         }
     }
 

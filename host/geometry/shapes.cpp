@@ -3,6 +3,7 @@
 #include "host/geometry/angles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -76,14 +77,15 @@ double distance(const Arc& arc, const Vec& p) {
     return std::min(at(best), at((low + high) / 2));
 }
 
-/// Points that decide about a box: the ends and the extremes in X and Y.
-std::vector<Vec> extremes(const Arc& arc) {
-    std::vector<Vec> points = {pointAt(arc, arc.from), pointAt(arc, arc.from + arc.sweep)};
+/// Visits the points that decide about a box: the ends and the extremes in X and Y.
+template <typename Visit>
+void visitExtremes(const Arc& arc, Visit visit) {
+    visit(pointAt(arc, arc.from));
+    visit(pointAt(arc, arc.from + arc.sweep));
     for (double t : {std::atan2(arc.v.x, arc.u.x), std::atan2(arc.v.y, arc.u.y)}) {
-        if (onArc(arc, t)) points.push_back(pointAt(arc, t));
-        if (onArc(arc, t + kTurn / 2)) points.push_back(pointAt(arc, t + kTurn / 2));
+        if (onArc(arc, t)) visit(pointAt(arc, t));
+        if (onArc(arc, t + kTurn / 2)) visit(pointAt(arc, t + kTurn / 2));
     }
-    return points;
 }
 
 /// Parameters where c + u cos(t) + v sin(t) has a value, at most two.
@@ -114,21 +116,21 @@ bool touches(const Arc& arc, const Box& box) {
 }
 
 /// Both sides of a stroke with a width; its ends are straight.
-std::vector<Line> sidesOf(const Line& line) {
+std::array<Line, 2> sidesOf(const Line& line) {
     const Vec d = line.b - line.a;
     const double size = std::hypot(d.x, d.y);
-    if (!(size > 0)) return {};
-    const Vec side = Vec{-d.y, d.x, 0} * (line.width / 2 / size);
-    return {{line.a + side, line.b + side}, {line.a - side, line.b - side}};
+    const Vec side = size > 0 ? Vec{-d.y, d.x, 0} * (line.width / 2 / size) : Vec{};
+    return {{{line.a + side, line.b + side}, {line.a - side, line.b - side}}};
 }
 
-std::vector<Arc> sidesOf(const Arc& arc) {
+std::array<Arc, 2> sidesOf(const Arc& arc) {
     const double radius = std::hypot(arc.u.x, arc.u.y);
-    if (!(radius > 0)) return {};
-    std::vector<Arc> sides;
-    for (const double half : {arc.width / 2, -arc.width / 2}) {
-        const double factor = std::max(0.0, 1 + half / radius);
-        sides.push_back({arc.centre, arc.u * factor, arc.v * factor, arc.from, arc.sweep});
+    std::array<Arc, 2> sides{arc, arc};
+    if (!(radius > 0)) return sides;
+    for (const std::size_t i : {0, 1}) {
+        const double factor = std::max(0.0, 1 + (i == 0 ? 1 : -1) * arc.width / 2 / radius);
+        sides[i].u = arc.u * factor;
+        sides[i].v = arc.v * factor;
     }
     return sides;
 }
@@ -137,7 +139,7 @@ template <typename Stroke>
 bool touchesBand(const Stroke& stroke, const Box& box) {
     if (touches(stroke, box)) return true;
     if (!(stroke.width > 0)) return false;
-    const std::vector<Stroke> sides = sidesOf(stroke);
+    const auto sides = sidesOf(stroke);
     if (std::any_of(sides.begin(), sides.end(),
                     [&](const Stroke& side) { return touches(side, box); }))
         return true;
@@ -201,8 +203,9 @@ bool Outline::inside(const Box& box) const {
     const auto held = [&](const Vec& point) { return holds(box, point); };
     const auto heldBetween = [&](const Line& line) { return held(line.a) && held(line.b); };
     const auto heldAll = [&](const Arc& arc) {
-        const std::vector<Vec> points = extremes(arc);
-        return std::all_of(points.begin(), points.end(), held);
+        bool all = true;
+        visitExtremes(arc, [&](const Vec& point) { all = all && held(point); });
+        return all;
     };
     const auto heldBand = [&](const auto& stroke, const auto& heldStroke) {
         if (!(stroke.width > 0)) return heldStroke(stroke);
@@ -244,8 +247,7 @@ std::optional<Box> Outline::bounds(const OutlineMark& from) const {
     };
     const auto addArc = [&](const Arc& arc) {
         if (arc.sweep < kTurn) {
-            for (const Vec& point : extremes(arc))
-                add(point);
+            visitExtremes(arc, add);
             return;
         }
         const Vec reach{std::hypot(arc.u.x, arc.v.x), std::hypot(arc.u.y, arc.v.y), 0};
