@@ -64,7 +64,7 @@ EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const S
       m_inks(inks),
       m_mostBytes(mostBytes),
       m_pool(sheet.view),
-      m_hatching(static_cast<long>(mostBytes / kBytesOfHatchStroke)) {}
+      m_hatching(static_cast<long long>(mostBytes / kBytesOfHatchStroke)) {}
 
 void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
     const std::size_t start = svg.size();

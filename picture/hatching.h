@@ -6,10 +6,10 @@
 
 namespace picture {
 
-/// Writes pattern lines of one picture, up to so many strokes in all.
+/// Writes pattern lines of one picture, up to so many strokes in all and in bounded time.
 class Hatching {
   public:
-    explicit Hatching(long mostStrokes) : m_left(mostStrokes) {}
+    explicit Hatching(long long mostStrokes) : m_left(mostStrokes) {}
 
     /// Adds the lines of the patterns between two marks inside the strokes between them. False, and
     /// nothing is added, where there are none, where they stand closer than `pixel`, or where they
@@ -18,7 +18,8 @@ class Hatching {
              const host::OutlineMark& end, double pixel);
 
   private:
-    long m_left;
+    long long m_left;             ///< strokes
+    long long m_work = 30000000;  ///< edges looked at, crossings and dashes
 };
 
 }  // namespace picture

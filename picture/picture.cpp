@@ -143,8 +143,10 @@ class Drawer {
     }
 
     void takeWords(LabelPlaces& places) const {
-        if (m_groups.empty()) return;
-        for (const host::Writing& writing : m_scene.outline.writings) {
+        constexpr std::size_t kMostWords = 20000;
+        const std::vector<host::Writing>& writings = m_scene.outline.writings;
+        if (m_groups.empty() || writings.size() > kMostWords) return;
+        for (const host::Writing& writing : writings) {
             std::optional<host::Box> box;
             for (const host::Vec& corner : m_scene.outline.areas[writing.area])
                 extend(box, host::Box{corner.x, corner.y, corner.x, corner.y});

@@ -117,6 +117,8 @@ Scene readScene(const host::Store& store, host::Index space, const Filter& filte
     scene.parts.reserve(store.count());
     scene.outline.lines.reserve(store.count());
     scene.outline.arcs.reserve(store.count());
+    scene.outline.areas.reserve(store.count());
+    scene.outline.writings.reserve(store.count());
     host::OutlineMaker maker(store);
     for (const host::ObjectBody& entity : store.children(space)) {
         if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;

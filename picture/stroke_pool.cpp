@@ -30,31 +30,45 @@ void StrokePool::write(std::string& svg, Entry& entry) {
     entry.data.clear();
 }
 
-PathData& StrokePool::find(std::vector<Entry>& entries, std::size_t& used,
-                           const std::string& style) {
-    for (std::size_t i = used; i-- > 0;) {
-        if (entries[i].style != style) continue;
-        if (entries[i].data.size() > kLongest)
-            write(&entries == &m_areas ? m_below : m_done, entries[i]);
-        return entries[i].data;
+PathData& StrokePool::find(Layer& layer, const std::string& style) {
+    constexpr std::size_t kFew = 8;  // that are looked through faster than looked up
+    std::size_t place = layer.used;
+    for (std::size_t i = layer.used; i-- > 0 && layer.used <= kFew && place == layer.used;) {
+        if (layer.entries[i].style == style) place = i;
     }
-    if (used == entries.size()) entries.push_back({style, PathData(m_view)});
-    entries[used].style = style;
-    return entries[used++].data;
+    if (layer.used > kFew) {
+        for (std::size_t i = layer.places.size(); i < layer.used; ++i)
+            layer.places.emplace(layer.entries[i].style, i);
+        const auto found = layer.places.find(style);
+        if (found != layer.places.end()) place = found->second;
+    }
+    if (place == layer.entries.size()) layer.entries.push_back({style, PathData(m_view)});
+    Entry& entry = layer.entries[place];
+    if (place == layer.used) {
+        entry.style = style;
+        ++layer.used;
+    } else if (entry.data.size() > kLongest) {
+        write(&layer == &m_areas ? m_below : m_done, entry);
+    }
+    return entry.data;
+}
+
+void StrokePool::write(std::string& svg, Layer& layer) {
+    for (std::size_t i = 0; i < layer.used; ++i)
+        write(svg, layer.entries[i]);
+    layer.used = 0;
+    layer.places.clear();
 }
 
 void StrokePool::flush(std::string& svg) {
     svg += m_below;
-    for (std::size_t i = 0; i < m_areasUsed; ++i)
-        write(svg, m_areas[i]);
+    write(svg, m_areas);
     svg += m_done;
-    for (std::size_t i = 0; i < m_strokesUsed; ++i)
-        write(svg, m_strokes[i]);
+    write(svg, m_strokes);
     svg += m_words;
     m_below.clear();
     m_done.clear();
     m_words.clear();
-    m_areasUsed = m_strokesUsed = 0;
 }
 
 }  // namespace picture

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "picture/paths.h"
@@ -14,8 +15,8 @@ class StrokePool {
     explicit StrokePool(const View& view) : m_view(view) {}
 
     /// Paths with these style classes; valid until the next call.
-    PathData& strokes(const std::string& style) { return find(m_strokes, m_strokesUsed, style); }
-    PathData& areas(const std::string& style) { return find(m_areas, m_areasUsed, style); }
+    PathData& strokes(const std::string& style) { return find(m_strokes, style); }
+    PathData& areas(const std::string& style) { return find(m_areas, style); }
     /// Elements above all paths.
     std::string& words() { return m_words; }
     /// Where an element below all strokes goes.
@@ -29,12 +30,17 @@ class StrokePool {
         std::string style;
         PathData data;
     };
-    PathData& find(std::vector<Entry>& entries, std::size_t& used, const std::string& style);
+    struct Layer {
+        std::vector<Entry> entries;  ///< those behind the used ones keep their memory
+        std::size_t used = 0;
+        std::unordered_map<std::string, std::size_t> places;  ///< filled when there are many
+    };
+    PathData& find(Layer& layer, const std::string& style);
+    void write(std::string& svg, Layer& layer);
     static void write(std::string& svg, Entry& entry);
 
     const View& m_view;
-    std::vector<Entry> m_strokes, m_areas;  ///< those behind the used ones keep their memory
-    std::size_t m_strokesUsed = 0, m_areasUsed = 0;
+    Layer m_strokes, m_areas;
     std::string m_below, m_done, m_words;
 };
 

@@ -37,6 +37,10 @@ class Paragraphs {
 
   private:
     void step() {
+        const std::size_t plain = m_symbols ? m_at : plainEnd();
+        m_lines.back().append(m_text, m_at, plain - m_at);
+        m_at = plain;
+        if (m_at == m_text.size()) return;
         const wchar_t c = m_text[m_at++];
         if (c == L'\\' && m_at < m_text.size())
             code(m_text[m_at++]);
@@ -48,6 +52,15 @@ class Paragraphs {
             leave();
         else
             m_lines.back() += m_symbols ? symbolOf(c) : c;
+    }
+
+    /// Where the next character stands that may be more than itself.
+    std::size_t plainEnd() const {
+        std::size_t at = m_at;
+        while (at < m_text.size() && m_text[at] != L'\\' && m_text[at] != L'^' &&
+               m_text[at] != L'{' && m_text[at] != L'}')
+            ++at;
+        return at;
     }
 
     void leave() {
@@ -96,7 +109,8 @@ class Paragraphs {
 };
 
 /// Breaks a line between words where it grows over a width.
-void wrap(std::wstring_view line, std::size_t width, std::vector<std::wstring>& lines) {
+void wrap(std::wstring text, std::size_t width, std::vector<std::wstring>& lines) {
+    std::wstring_view line = text;
     while (width > 0 && line.size() > width) {
         std::size_t cut = line.rfind(L' ', width);
         if (cut == std::wstring_view::npos || cut == 0) cut = line.find(L' ', width);
@@ -104,15 +118,20 @@ void wrap(std::wstring_view line, std::size_t width, std::vector<std::wstring>& 
         lines.emplace_back(line.substr(0, cut));
         line.remove_prefix(cut + 1);
     }
-    lines.emplace_back(line);
+    if (line.size() == text.size())
+        lines.push_back(std::move(text));
+    else
+        lines.emplace_back(line);
 }
 
 }  // namespace
 
 std::vector<std::wstring> linesOfParagraphs(std::wstring_view text, std::size_t width) {
     std::vector<std::wstring> lines;
-    for (const std::wstring& paragraph : Paragraphs(text).read())
-        wrap(singleLine(paragraph), width, lines);
+    for (std::wstring& paragraph : Paragraphs(text).read()) {
+        const bool hasCodes = paragraph.find(L"%%") != std::wstring::npos;
+        wrap(hasCodes ? singleLine(paragraph) : std::move(paragraph), width, lines);
+    }
     return lines;
 }
 
