@@ -196,11 +196,8 @@ void EntityWriter::collectWords(const host::Writing& writing, const std::string&
     std::string& svg = m_pool.words();
     for (const WrittenLine& line :
          writtenLines(writing, m_scene.outline.areas[writing.area], m_sheet.view)) {
-        openElement(svg, "text", style);
+        openElement(svg, "text", joined(style, sizeClass(line.size)));
         addPlace(svg, line, decimals);
-        svg += " font-size=\"";
-        addNumber(svg, line.size, decimals);
-        svg += '"';
         if (line.anchor > 0)
             svg += line.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
         if (line.fitted > 0) {
@@ -212,6 +209,24 @@ void EntityWriter::collectWords(const host::Writing& writing, const std::string&
         addXml(svg, line.words);
         svg += "</text>";
     }
+}
+
+const std::string& EntityWriter::sizeClass(double size) {
+    if (size == m_lastSize) return *m_lastClass;
+    std::string text;
+    addNumber(text, size, m_sheet.view.decimals);
+    const auto [place, isNew] = m_sizes.try_emplace(text);
+    if (isNew) place->second = "z" + std::to_string(m_sizes.size() - 1);
+    m_lastSize = size;
+    m_lastClass = &place->second;
+    return place->second;
+}
+
+std::string EntityWriter::style() const {
+    std::string rules;
+    for (const auto& [size, name] : m_sizes)
+        rules += "." + name + "{font-size:" + size + "px}";
+    return rules;
 }
 
 void EntityWriter::collectFrame(const std::vector<Vec>& corners, const std::string& name,

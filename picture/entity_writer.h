@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <unordered_map>
 
@@ -43,6 +44,8 @@ class EntityWriter {
     void expectWords(std::size_t bytes) { m_pool.words().reserve(bytes); }
     /// Appends what was collected.
     void writeCollected(std::string& svg) { m_pool.flush(svg); }
+    /// Rules of the style classes that it gave out.
+    std::string style() const;
     /// Number of references that became frames.
     long framed() const { return m_framed; }
 
@@ -57,6 +60,7 @@ class EntityWriter {
     void collectHatch(const host::OutlinePart& part, const host::OutlineMark& end,
                       const std::string& style);
     void collectParts(const Shown& shown, const Look& look, Role role);
+    const std::string& sizeClass(double size);
     void collectWords(const host::Writing& writing, const std::string& style);
     void collectFrame(const std::vector<host::Vec>& corners, const std::string& name,
                       const std::string& style);
@@ -69,6 +73,9 @@ class EntityWriter {
     StrokePool m_pool;
     Hatching m_hatching;
     XmlNames m_names;
+    std::map<std::string, std::string> m_sizes;  ///< of words, with their classes
+    double m_lastSize = -1;
+    const std::string* m_lastClass = nullptr;
     long m_framed = 0;
 };
 

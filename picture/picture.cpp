@@ -59,7 +59,7 @@ class Drawer {
         svg += heading(title, width);
         writeEntities(svg, frames);
         // At the end: which inks are in use is known now.
-        svg += "<style>" + m_inks.style(m_sheet.pixel) + "</style>\n";
+        svg += "<style>" + m_inks.style(m_sheet.pixel) + m_writer.style() + "</style>\n";
         svg += scaleBar(m_sheet, m_store, {kMargin, bottom - 12});
         svg += footnotes(frames, width, height) + "</svg>\n";
         return svg;
@@ -107,6 +107,7 @@ class Drawer {
             const host::Box& window = *m_choice.window;
             const auto outside = [&](const Shown& one) {
                 const host::Box& box = one.bounds;
+                if (m_scene.isEndless(one)) return false;
                 return box.right < window.left || box.left > window.right ||
                        box.top < window.bottom || box.bottom > window.top;
             };

@@ -93,6 +93,14 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
 
 }  // namespace
 
+bool Scene::isEndless(const Shown& one) const {
+    const std::size_t end = endOf(one.lastPart - 1).lines;
+    for (std::size_t i = parts[one.firstPart].from.lines; i < end; ++i) {
+        if (outline.lines[i].endlessA || outline.lines[i].endlessB) return true;
+    }
+    return false;
+}
+
 bool isWords(const host::Outline& outline, const host::OutlineMark& from,
              const host::OutlineMark& end, std::size_t area) {
     for (std::size_t i = from.writings; i < end.writings; ++i) {

@@ -39,6 +39,8 @@ struct Scene {
     host::OutlineMark endOf(std::size_t part) const {
         return part + 1 < parts.size() ? parts[part + 1].from : outline.mark();
     }
+    /// True when a line of it goes on beyond the bounds.
+    bool isEndless(const Shown& one) const;
 };
 
 /// True when the area is the place of words between two marks of an outline.

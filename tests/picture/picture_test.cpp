@@ -114,7 +114,8 @@ TEST_F(PictureTest, AChoiceIsDrawnAlone) {
     };
     EXPECT_EQ(shown(layer), "1 entity, 1 group;group1");
     EXPECT_EQ(shown(second), "1 entity, 1 group;group2");
-    EXPECT_EQ(shown(window), "2 entities, 1 group;group1");
+    add("0 XLINE|10 0|20 1|11 1|21 0");
+    EXPECT_EQ(shown(window), "3 entities, 1 group;group1");
     EXPECT_NE(draw(window).find("clip-path=\"url(#window)\""), std::string::npos);
 }
 
