@@ -1,6 +1,8 @@
 // Whole pictures: words, frames, areas, groups, and what keeps them small and well-formed.
 #include "picture/picture_fixture.h"
 
+#include <algorithm>
+
 #include "host/tags/tags.h"
 
 namespace tests {
@@ -91,10 +93,10 @@ TEST_F(PictureTest, HatchLinesEndAtTheBoundaryOrATintStandsForThem) {
     EXPECT_NE(draw().find("\"M1 5h2M7 5h2\""), std::string::npos);
     add(hatch + "78 1|53 45|43 0|44 0|45 0|46 1e-9|79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"(h[ n]*) k0"), "h n|h n|h") << "too dense";
-    add("0 HATCH|2 L|70 0|91 1|92 1|93 1|72 2|10 5|20 5|40 4|50 0|51 360|73 1|97 0|75 0|78 1|53 "
-        "0|43 0|44 1|45 0|46 4|79 0" +
+    add("0 HATCH|2 L|70 0|91 1|92 1|93 1|72 2|10 20|20 0|40 4|50 0|51 360|73 0|97 0|75 0|78 1|53 0|"
+        "43 0|44 0|45 0|46 4|79 0" +
         end);
-    EXPECT_NE(draw().find("<path class=\"p k0\" d=\"M1 5h8\""), std::string::npos)
+    EXPECT_NE(draw().find("<path class=\"p k0\" d=\"M16 10h8\""), std::string::npos)
         << "at the seam of a circle";
 }
 
@@ -155,7 +157,9 @@ TEST_F(PictureTest, GroupsHaveColoursLabelsAndLinesInTheLegend) {
         const std::string at = std::to_string(y);
         return add("0 LINE|10 0|20 " + at + "|11 9|21 " + at);
     };
-    group({line(1), line(2)}, inspection::State::Whole);
+    const AcDbObjectId first = line(1);
+    line(5);  // between members in drawing order and none
+    group({first, line(2)}, inspection::State::Whole);
     group({line(3)}, inspection::State::Short,
           "1 member is gone & lost, for whatever reason that is");
     line(4);
@@ -165,10 +169,11 @@ TEST_F(PictureTest, GroupsHaveColoursLabelsAndLinesInTheLegend) {
     EXPECT_EQ(all(svg, "<g class=\"tag[^>]*>.*?<text[^>]*>([^<]*)<"),
               "1 · 2 members|2 · 1 member, short");
     EXPECT_EQ(all(svg, "class=\"why\"[^>]*>([^<]*)<").substr(0, 27), "1 member is gone &amp; lost");
-    EXPECT_EQ(all(svg, "(Model, [^<]*)<"), "Model, 4 entities, 2 groups, 1 not whole");
+    EXPECT_EQ(all(svg, "(Model, [^<]*)<"), "Model, 5 entities, 2 groups, 1 not whole");
     EXPECT_NE(svg.find("1 stray marker or record; --groups lists it"), svg.npos);
-    EXPECT_EQ(all(svg, "<g class=\"m\" id=\"h(\\w+)\"").size(),
-              all(svg, "<title>LINE (\\w+), layer 0, group").size());
+    const std::string members = all(svg, "<g class=\"m\" id=\"h(\\w+)\"");
+    EXPECT_EQ(members, all(svg, "<title>LINE (\\w+), layer 0, group"));
+    EXPECT_EQ(std::count(members.begin(), members.end(), '|'), 2) << members;
 }
 
 TEST_F(PictureTest, WhatHasNoPlaceOrNoEndStaysOut) {
