@@ -52,19 +52,19 @@ bool hasBroadStrokes(std::string_view type) {
 
 const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
     const auto [place, isNew] = m_names.try_emplace(name);
-    if (isNew) place->second = xml(store.decode(name));
+    if (isNew) place->second = xml(host::shortened(store.decode(name)));
     return place->second;
 }
 
 EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet,
-                           Inks& inks, std::size_t mostBytes)
+                           Inks& inks, PictureLimits limits)
     : m_store(store),
       m_scene(scene),
       m_sheet(sheet),
       m_inks(inks),
-      m_mostBytes(mostBytes),
+      m_limits(limits),
       m_pool(sheet.view),
-      m_hatching(static_cast<long long>(mostBytes / kBytesOfHatchStroke)) {}
+      m_hatching(static_cast<long long>(limits.large / kBytesOfHatchStroke)) {}
 
 void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
     const std::size_t start = svg.size();
@@ -73,26 +73,45 @@ void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const 
                : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
     writeTitle(svg, shown, Look(*shown.entity), note);
     const std::size_t empty = svg.size();
+    const long framedBefore = m_framed;
     collect(shown, role, svg.size());
     m_pool.flush(svg);
-    if (svg.size() == empty)
+    if (svg.size() > m_limits.most) {
+        svg.resize(empty);
+        collectFrameAround(shown, role);
+        m_pool.flush(svg);
+        m_framed = framedBefore + 1;
+    }
+    if (svg.size() > m_limits.most) {
+        svg.resize(start);
+        m_framed = framedBefore;
+        ++m_omitted;
+    } else if (svg.size() == empty)
         svg.resize(start);
     else
         svg += "</g>\n";
 }
 
 void EntityWriter::collect(const Shown& shown, Role role, std::size_t written) {
+    const std::size_t size = written + m_pool.size();
+    if (size > m_limits.most) {
+        ++m_omitted;
+    } else if (shown.lastPart - shown.firstPart > kSimpleReference && size > m_limits.large) {
+        collectFrameAround(shown, role);
+        ++m_framed;
+    } else {
+        collectParts(shown, Look(*shown.entity), role);
+    }
+}
+
+void EntityWriter::collectFrameAround(const Shown& shown, Role role) {
     const Look look(*shown.entity);
-    if (shown.lastPart - shown.firstPart <= kSimpleReference ||
-        written + m_pool.size() <= m_mostBytes)
-        return collectParts(shown, look, role);
     const host::Box& box = shown.bounds;
     collectFrame({{box.left, box.bottom, 0},
                   {box.right, box.bottom, 0},
                   {box.right, box.top, 0},
                   {box.left, box.top, 0}},
                  "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
-    ++m_framed;
 }
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,

@@ -30,11 +30,16 @@ class XmlNames {
     std::unordered_map<std::string_view, std::string> m_names;
 };
 
+/// Sizes of a picture in bytes.
+struct PictureLimits {
+    std::size_t large;  ///< behind it block references with many parts become frames
+    std::size_t most;   ///< what would go beyond it becomes a frame, or is left out at last
+};
+
 class EntityWriter {
   public:
-    /// `mostBytes`: once so much was written, block references with many parts become frames.
     EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet, Inks& inks,
-                 std::size_t mostBytes);
+                 PictureLimits limits);
 
     /// Appends the entity by itself; `note` goes behind type, handle and layer in its title.
     void write(std::string& svg, const Shown& shown, Role role, const std::string& note);
@@ -46,8 +51,9 @@ class EntityWriter {
     void writeCollected(std::string& svg) { m_pool.flush(svg); }
     /// Rules of the style classes that it gave out.
     std::string style() const;
-    /// Number of references that became frames.
+    /// Number of entities that became frames, and of those that were left out.
     long framed() const { return m_framed; }
+    long omitted() const { return m_omitted; }
 
   private:
     void writeTitle(std::string& svg, const Shown& shown, const Look& look,
@@ -64,12 +70,13 @@ class EntityWriter {
     void collectWords(const host::Writing& writing, const std::string& style);
     void collectFrame(const std::vector<host::Vec>& corners, const std::string& name,
                       const std::string& style);
+    void collectFrameAround(const Shown& shown, Role role);
 
     const host::Store& m_store;
     const Scene& m_scene;
     const Sheet& m_sheet;
     Inks& m_inks;
-    std::size_t m_mostBytes;
+    PictureLimits m_limits;
     StrokePool m_pool;
     Hatching m_hatching;
     XmlNames m_names;
@@ -77,6 +84,7 @@ class EntityWriter {
     double m_lastSize = -1;
     const std::string* m_lastClass = nullptr;
     long m_framed = 0;
+    long m_omitted = 0;
 };
 
 }  // namespace picture

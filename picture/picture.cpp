@@ -34,7 +34,7 @@ class Drawer {
           m_sheet(
               sheetFor(m_scene.bounds, choice.window, kWidth - 2 * kMargin, kHeight - 2 * kMargin)),
           m_inks(store),
-          m_writer(store, m_scene, m_sheet, m_inks, mostBytes(store)) {
+          m_writer(store, m_scene, m_sheet, m_inks, limitsOf(store)) {
         m_sheet.left = kMargin;
         m_sheet.top = kHead + kMargin;
         keepInWindow();
@@ -69,12 +69,14 @@ class Drawer {
     bool legend() const { return !m_groups.empty() || m_strays > 0; }
     bool shares() const { return m_scene.shown.size() > kMostSingle; }
 
-    static std::size_t mostBytes(const host::Store& store) {
-        constexpr std::size_t kAlways = 2000000;
+    /// A picture has at most five times the bytes of its drawing and a million more; some of these
+    /// are for what stands around the entities.
+    static PictureLimits limitsOf(const host::Store& store) {
+        constexpr std::size_t kAlways = 800000;
         std::size_t size = 0;
         for (host::Index i = 1; i <= store.count(); ++i)
             size += store.at(i).size;
-        return std::max(2 * size, kAlways);
+        return {2 * size + kAlways, 5 * size + kAlways};
     }
 
     /// The groups of the space that may be shown; notes which entities belong to them.
@@ -250,8 +252,11 @@ class Drawer {
         for (const auto& [type, count] : m_scene.shapeless)
             types += (types.empty() ? "" : ", ") + std::to_string(count) + " " + type;
         if (!types.empty()) notes.push_back("not drawn: " + types);
-        if (m_writer.framed() > 0)
-            notes.push_back(std::to_string(m_writer.framed()) + " block references as frames");
+        if (const long boxes = m_writer.framed() + m_scene.repeating; boxes > 0)
+            notes.push_back(std::to_string(boxes) + " block references as frames");
+        if (m_writer.omitted() > 0)
+            notes.push_back(std::to_string(m_writer.omitted()) +
+                            " entities left out: the picture would grow too large");
         if (shares()) notes.push_back("names of entities: draw a --window or a --layer of it");
         std::string svg;
         double y = height - 12 - 15 * static_cast<double>(notes.size() - 1);

@@ -132,6 +132,7 @@ Scene readScene(const host::Store& store, host::Index space, const Filter& filte
         if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;
         add(scene, maker, entity);
     }
+    scene.repeating = maker.framed();
     return scene;
 }
 
