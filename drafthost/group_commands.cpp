@@ -2,12 +2,14 @@
 #include "drafthost/group_commands.h"
 
 #include <string>
+#include <vector>
 
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/group_each.h"
 #include "drafthost/group_repair.h"
 #include "drafthost/group_watch.h"
 #include "drafthost/groups_report.h"
+#include "drafthost/picture_file.h"
 #include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
@@ -19,6 +21,15 @@
 #include "inspection/report.h"
 
 namespace {
+
+const host::Session* pictureSession = nullptr;  ///< whose drawings no picture may replace
+
+std::vector<std::string> openDrawings() {
+    std::vector<std::string> files;
+    for (std::size_t i = 0; i < pictureSession->documentCount(); ++i)
+        files.push_back(host::toUtf8(pictureSession->document(i)->fileName()));
+    return files;
+}
 
 host::CommandStatus runGroupList(host::Store& store) {
     std::string frames;
@@ -37,11 +48,16 @@ host::CommandStatus runPicture(host::Store& store) {
         return host::CommandStatus::Cancelled;
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
-    const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-    const std::string why = writePicture(*store.database, store.currentSpace(),
-                                         drawing.substr(host::folderPart(drawing).size()), path);
-    if (!why.empty()) host::printLine(host::fromUtf8(why));
-    return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
+    std::string why = "the name does not end in .svg";
+    if (isPictureName(path)) {
+        const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
+        const std::string svg = pictureOf(*store.database, store.currentSpace(),
+                                          drawing.substr(host::folderPart(drawing).size()));
+        why = writePictureFile(path, svg, openDrawings());
+    }
+    if (why.empty()) return host::CommandStatus::Done;
+    host::printLine(host::fromUtf8(path + ": the picture cannot be written: " + why));
+    return host::CommandStatus::Failed;
 }
 
 const host::CommandTable kGroupCommands = {
@@ -57,4 +73,7 @@ const host::CommandTable kGroupCommands = {
 
 }  // namespace
 
-void registerGroupCommands() { host::registerBuiltins(kGroupCommands); }
+void registerGroupCommands(const host::Session& session) {
+    pictureSession = &session;
+    host::registerBuiltins(kGroupCommands);
+}

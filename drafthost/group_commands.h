@@ -2,5 +2,7 @@
 // and PICTURE.
 #pragma once
 
-/// Registers them; call it once a session exists.
-void registerGroupCommands();
+#include "host/application/session.h"
+
+/// Registers them for a session, which has to outlive their use.
+void registerGroupCommands(const host::Session& session);

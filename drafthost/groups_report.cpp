@@ -1,10 +1,14 @@
 // Lists and draws the groups of drawings without a session.
 #include "drafthost/groups_report.h"
 
+#include <algorithm>
+
 #include "drafthost/batch.h"
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/json_text.h"
 #include "drafthost/output.h"
+#include "drafthost/output_folder.h"
+#include "drafthost/picture_file.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/editor/state/current_drawing.h"
@@ -52,13 +56,53 @@ std::string layoutNames(const Store& store) {
     return names;
 }
 
-bool writeFile(const std::string& path, const std::string& text, std::string& why) {
-    const std::string fresh = path + "." + std::to_string(host::processNumber()) + ".tmp";
-    host::OutputFile file;
-    if (!file.create(fresh, why)) return false;
-    if (file.write(text, why) && file.close(why) && host::renameOver(fresh, path, why)) return true;
-    host::removeFile(fresh);
-    return false;
+picture::Choice choiceOf(const Options& options) {
+    picture::Choice choice;
+    choice.layers = host::fromUtf8(options.layerNames);
+    choice.group = static_cast<std::size_t>(options.group);
+    const std::vector<double>& corners = options.corners;
+    if (!corners.empty())
+        choice.window =
+            host::Box{std::min(corners[0], corners[2]), std::min(corners[1], corners[3]),
+                      std::max(corners[0], corners[2]), std::max(corners[1], corners[3])};
+    return choice;
+}
+
+/// What is asked for and not there; empty when all is.
+std::string missing(const Options& options, const Store& store, Index space,
+                    const inspection::Inspection& found) {
+    if (space == kNoIndex)
+        return "no layout is called \"" + options.space + "\"; there are " + layoutNames(store);
+    const std::string name = spaceName(store, space);
+    const auto groups = std::count_if(found.groups.begin(), found.groups.end(),
+                                      [&](const auto& group) { return group.space == name; });
+    if (options.group <= groups) return {};
+    return "no group has the number " + std::to_string(options.group) + "; " + name + " has " +
+           std::to_string(groups);
+}
+
+int drawOne(const Options& options, const OutputFolder& folder, const std::string& file) {
+    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
+    if (drawing == nullptr) return kUnreadable;
+    const Store& store = drawing->store();
+    const Index space = layoutSpace(store, options.space);
+    const inspection::Inspection found = inspectDrawing(*drawing, false);
+    if (const std::string what = missing(options, store, space, found); !what.empty()) {
+        complain(file + ": " + what);
+        return kUsage;
+    }
+    const std::string svg = picture::draw(store, space, fileName(file), spaceName(store, space),
+                                          found, choiceOf(options));
+    if (options.picture == "-") {
+        writeOutput(svg);
+        return kDone;
+    }
+    const std::string placed = folder.pathFor(file);
+    const std::string& target = placed.empty() ? options.picture : placed;
+    const std::string why = writePictureFile(target, svg, options.files);
+    if (why.empty()) return kDone;
+    complain(target + ": the picture cannot be written: " + why);
+    return kUnwritable;
 }
 
 }  // namespace
@@ -78,28 +122,15 @@ int listGroups(const Options& options) {
     return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
 }
 
-int drawFile(const Options& options) {
-    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, options.files.front());
-    if (drawing == nullptr) return kUnreadable;
-    const Store& store = drawing->store();
-    const Index space = layoutSpace(store, options.layout);
-    if (space == kNoIndex) {
-        complain(options.files.front() + ": no layout is called \"" + options.layout +
-                 "\"; there are " + layoutNames(store));
-        return kUsage;
-    }
-    const std::string why =
-        writePicture(*drawing, space, fileName(options.files.front()), options.picture);
-    if (!why.empty()) complain(why);
-    return why.empty() ? kDone : kUnwritable;
+int drawFiles(const Options& options) {
+    const OutputFolder folder(options);
+    if (const int status = folder.prepare(); status != kDone) return status;
+    return runBatch(options,
+                    [&](const std::string& file) { return drawOne(options, folder, file); });
 }
 
-std::string writePicture(AcDbDatabase& drawing, unsigned space, const std::string& title,
-                         const std::string& path) {
+std::string pictureOf(AcDbDatabase& drawing, unsigned space, const std::string& title) {
     const Store& store = drawing.store();
-    std::string why;
-    const std::string svg =
-        picture::draw(store, space, title, spaceName(store, space), inspectDrawing(drawing, false));
-    if (writeFile(path, svg, why)) return {};
-    return path + ": the picture cannot be written: " + why;
+    return picture::draw(store, space, title, spaceName(store, space),
+                         inspectDrawing(drawing, false));
 }

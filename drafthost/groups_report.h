@@ -12,10 +12,8 @@
 std::unique_ptr<AcDbDatabase> loadForReading(const Options& options, const std::string& file);
 /// Lists the groups of files as text or JSON. Gives the exit status.
 int listGroups(const Options& options);
-/// Draws a file and its groups. Gives the exit status.
-int drawFile(const Options& options);
+/// Draws files and their groups. Gives the exit status.
+int drawFiles(const Options& options);
 
-/// Writes the picture of a space (an index of the drawing's store) to a file, which is replaced as
-/// a whole. Empty, or why it failed.
-std::string writePicture(AcDbDatabase& drawing, unsigned space, const std::string& title,
-                         const std::string& path);
+/// The picture of a space (an index of the drawing's store).
+std::string pictureOf(AcDbDatabase& drawing, unsigned space, const std::string& title);

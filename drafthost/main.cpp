@@ -22,7 +22,7 @@ int act(const Options& options) {
     if (options.check) return checkFiles(options);
     if (options.groups) return listGroups(options);
     if (options.layers) return listLayers(options);
-    return options.picture.empty() ? runSession(options) : drawFile(options);
+    return options.picture.empty() ? runSession(options) : drawFiles(options);
 }
 
 }  // namespace

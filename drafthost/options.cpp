@@ -7,6 +7,7 @@
 #include <limits>
 #include <sstream>
 
+#include "drafthost/picture_file.h"
 #include "drafthost/run.h"
 #include "host/text/numbers.h"
 
@@ -89,12 +90,26 @@ void declareReading(CLI::App& app, Options& options) {
         ->disable_flag_override();
     app.add_flag("--json", options.json, "--check, --groups, --layers print one JSON document")
         ->disable_flag_override();
-    app.add_option("--picture", options.picture, "draw the drawing and its groups into an SVG file")
+    app.add_option("--picture", options.picture,
+                   "draw drawings and their groups as SVG into a file, "
+                   "DIR/ for many, or \"-\": standard output")
         ->type_name("OUT")
         ->check(notEmpty);
-    app.add_option("--layout", options.layout, "draw this layout instead of model space")
+    app.add_option("--space,--layout", options.space, "of a layout, instead of model space")
         ->type_name("NAME")
         ->check(notEmpty);
+    app.add_option("--layer", options.layerNames,
+                   "these layers alone; wild cards, commas between names")
+        ->type_name("PATTERN")
+        ->check(notEmpty);
+    app.add_option("--group", options.group, "this group alone, by its number in the picture")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""));
+    app.add_option("--window", options.corners, "what lies between two corners alone")
+        ->type_name("X1,Y1,X2,Y2")
+        ->delimiter(',')
+        ->expected(4)
+        ->allow_extra_args(false);
 }
 
 void declareChanging(CLI::App& app, Options& options) {
@@ -162,13 +177,32 @@ std::string scriptProblem(const Options& options, const std::string& purpose) {
 std::string strayOption(const Options& options) {
     if (options.json && !options.groups && !options.check && !options.layers)
         return "--json belongs to --check, --groups and --layers";
-    if (!options.layout.empty() && options.picture.empty()) return "--layout belongs to --picture";
+    const bool part = !options.space.empty() || !options.layerNames.empty() || options.group != 0 ||
+                      !options.corners.empty();
+    if (part && options.picture.empty())
+        return "--space, --layer, --group and --window belong to --picture";
     if (!options.base.empty() && options.outputDir.empty()) return "--base belongs to --output-dir";
     if (options.makeGroups.empty() && options.only != Options().only)
         return "--only belongs to --make-groups";
     if (options.makeGroups.empty() && options.least != Options().least)
         return "--min belongs to --make-groups";
     return {};
+}
+
+/// What is wrong with the place of pictures.
+std::string pictureProblem(const Options& options) {
+    const bool many = isPictureFolder(options.picture);
+    if (!many && options.picture != "-" && !isPictureName(options.picture))
+        return "--picture needs a name that ends in .svg, a folder with / at its end, or -, not "
+               "\"" +
+               options.picture + "\"";
+    if (!many && options.files.size() > 1)
+        return "--picture takes one drawing, not also \"" + options.files[1] +
+               "\"; for many name a folder with / at its end";
+    const std::vector<double>& corners = options.corners;
+    if (!corners.empty() && (corners[0] == corners[2] || corners[1] == corners[3]))
+        return "--window needs two corners of a box that is not empty";
+    return scriptProblem(options, "--picture");
 }
 
 /// What no single option can tell; empty when all is well.
@@ -185,8 +219,7 @@ std::string contradiction(const Options& options) {
         return purpose + " only reads drawings: it takes no script and no module";
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
-    if (!options.picture.empty() && options.files.size() > 1)
-        return "--picture takes one drawing, not also \"" + options.files[1] + "\"";
+    if (!options.picture.empty()) return pictureProblem(options);
     return scriptProblem(options, purpose);
 }
 

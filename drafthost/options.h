@@ -29,8 +29,11 @@ struct Options {
     std::string only = "*";  ///< names to make groups for
     int least = 2;           ///< entities for a group
     bool repair = false;
-    std::string picture;  ///< file to draw into; empty: nothing is drawn
-    std::string layout;   ///< to draw; empty: model space
+    std::string picture;     ///< file or folder to draw into, "-": standard output; empty: nothing
+    std::string space;       ///< to draw: model space when empty, else that of a layout
+    std::string layerNames;  ///< to draw: names with wild cards; empty: all
+    int group = 0;           ///< to draw alone, by its number; 0: everything
+    std::vector<double> corners;  ///< to draw: two corners; empty: everything
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits

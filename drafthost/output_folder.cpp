@@ -1,4 +1,4 @@
-// Places below the output folder, and what may not be overwritten.
+// Places below the folder that a run fills, and what may not be overwritten.
 #include "drafthost/output_folder.h"
 
 #include <map>
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "drafthost/output.h"
+#include "drafthost/picture_file.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/save/save_drawing.h"
 #include "host/text/paths.h"
@@ -16,28 +17,19 @@ namespace {
 
 using Path = std::filesystem::path;
 
-/// The file that a path means, links followed. Names that differ by case alone count as one, as
-/// they do in many file systems.
-std::wstring placeIn(const std::string& path) {
-    std::error_code failure;
-    const std::filesystem::path real =
-        std::filesystem::weakly_canonical(host::pathFromUtf8(path), failure);
-    return host::foldCase(host::fromUtf8(failure ? path : host::utf8OfPath(real)));
-}
-
 /// Files by place and, for those that are there, by what they are: two names of one file are one.
 class Files {
   public:
     /// Notes a file for a drawing; the drawing that had it before, empty for none.
     std::string add(const std::string& path, const std::string& drawing) {
         const std::string former = drawingOf(path);
-        m_drawings.emplace(placeIn(path), drawing);
+        m_drawings.emplace(fileMeant(path), drawing);
         if (const std::string what = host::fileIdentity(path); !what.empty())
             m_drawings.emplace(host::fromUtf8(what), drawing);
         return former;
     }
     std::string drawingOf(const std::string& path) const {
-        auto found = m_drawings.find(placeIn(path));
+        auto found = m_drawings.find(fileMeant(path));
         if (found == m_drawings.end())
             found = m_drawings.find(host::fromUtf8(host::fileIdentity(path)));
         return found != m_drawings.end() ? found->second : "";
@@ -86,34 +78,42 @@ std::string sharedPlace(const std::vector<std::string>& files, const Files& sour
 
 }  // namespace
 
-OutputFolder::OutputFolder(const Options& options) : m_options(options) {
-    if (options.outputDir.empty()) return;
+std::wstring fileMeant(const std::string& path) {
+    std::error_code failure;
+    const Path real = std::filesystem::weakly_canonical(host::pathFromUtf8(path), failure);
+    return host::foldCase(host::fromUtf8(failure ? path : host::utf8OfPath(real)));
+}
+
+OutputFolder::OutputFolder(const Options& options)
+    : m_options(options),
+      m_folder(isPictureFolder(options.picture) ? options.picture : options.outputDir) {
+    if (m_folder.empty()) return;
     m_base = options.base.empty() ? commonFolder(options.files) : absolute(options.base);
 }
 
 std::string OutputFolder::pathFor(const std::string& file) const {
-    if (m_options.outputDir.empty()) return {};
+    if (m_folder.empty()) return {};
     const Path source = absolute(file);
     const Path below = source.lexically_relative(m_base);
     const bool apart = below.empty() || below == ".";  // on another drive
-    return host::utf8OfPath(host::pathFromUtf8(m_options.outputDir) /
-                            (apart ? source.filename() : below));
+    Path target = host::pathFromUtf8(m_folder) / (apart ? source.filename() : below);
+    if (!m_options.picture.empty()) target.replace_extension(".svg");
+    return host::utf8OfPath(target);
 }
 
 std::string OutputFolder::savedAs(const std::string& file) const {
-    return m_options.outputDir.empty() ? file : pathFor(file);
+    return m_folder.empty() ? file : pathFor(file);
 }
 
 std::string OutputFolder::collision() const {
     Files sources;
     for (const std::string& file : m_options.files) {
-        const bool placed = !m_options.outputDir.empty();
-        if (placed && *absolute(file).lexically_relative(m_base).begin() == "..")
+        if (!m_folder.empty() && *absolute(file).lexically_relative(m_base).begin() == "..")
             return file + ": does not stand below --base " + m_options.base;
         sources.add(file, file);
     }
     const std::string shared = sharedPlace(m_options.files, sources, *this);
-    if (!shared.empty()) return shared;
+    if (!shared.empty() || !m_options.picture.empty()) return shared;
     Files targets;
     for (const std::string& file : m_options.files)
         targets.add(savedAs(file), file);
@@ -133,7 +133,7 @@ int OutputFolder::prepare() const {
         complain(problem);
         return kUsage;
     }
-    if (m_options.outputDir.empty()) return kDone;
+    if (m_folder.empty()) return kDone;
     std::error_code failure;
     std::set<Path> folders;
     for (const std::string& file : m_options.files)

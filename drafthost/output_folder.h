@@ -7,14 +7,18 @@
 
 #include "drafthost/options.h"
 
-/// Where the drawings of a run go.
+/// The file that a path means, links followed, to be compared. Names that differ by case alone
+/// count as one, as they do in many file systems.
+std::wstring fileMeant(const std::string& path);
+
+/// Where the drawings of a run, or their pictures, go.
 class OutputFolder {
   public:
     /// The options have to live longer.
     explicit OutputFolder(const Options& options);
-    /// Path below the output folder, as the drawing stands below the base, which is the deepest
-    /// folder that all drawings of the run have in common unless the options name one; empty
-    /// without an output folder.
+    /// Path below the folder, as the drawing stands below the base, which is the deepest folder
+    /// that all drawings of the run have in common unless the options name one; empty without a
+    /// folder.
     std::string pathFor(const std::string& file) const;
     /// Refuses what would overwrite a drawing of the run, then makes the folders. Gives the exit
     /// status, with a line printed when it is not kDone.
@@ -26,6 +30,7 @@ class OutputFolder {
     std::string savedAs(const std::string& file) const;
 
     const Options& m_options;
+    std::string m_folder;
     std::filesystem::path m_base;
 };
 

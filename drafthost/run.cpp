@@ -2,10 +2,8 @@
 #include "drafthost/run.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -23,6 +21,7 @@
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/windows_setup.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
@@ -35,31 +34,37 @@ namespace {
 
 constexpr const char* kDefaultModule = "VelmoGroup.arx";
 
-/// Reads a whole stream; false on a read error.
-bool readAll(std::FILE* file, std::string& text) {
+/// False when standard input cannot be read to its end.
+bool readStandardInput(std::string& text) {
     char buffer[65536];
     std::size_t count = 0;
-    while ((count = std::fread(buffer, 1, sizeof buffer, file)) > 0)
+    while ((count = std::fread(buffer, 1, sizeof buffer, stdin)) > 0)
         text.append(buffer, count);
-    return std::ferror(file) == 0;
+    return std::ferror(stdin) == 0;
+}
+
+bool readFile(const std::string& path, std::string& text, std::string& why) {
+    host::InputFile file;
+    if (!file.open(path, why, host::Readable::Streams)) return false;
+    char buffer[65536];
+    long count = 0;
+    while ((count = file.read(buffer, sizeof buffer, why)) > 0)
+        text.append(buffer, static_cast<std::size_t>(count));
+    return count == 0;
 }
 
 bool readScript(const std::string& path, std::string& text) {
     if (path == "-") {
-        if (readAll(stdin, text)) return true;
+        if (readStandardInput(text)) return true;
         complain("standard input cannot be read");
         return false;
     }
-    std::error_code ignored;
-    if (std::filesystem::is_directory(host::pathFromUtf8(path), ignored)) {
-        complain(path + ": a directory, not a script");
-        return false;
-    }
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    const bool read = file != nullptr && readAll(file, text);
-    if (!read) complain(path + ": the script cannot be read: " + std::strerror(errno));
-    if (file != nullptr) std::fclose(file);
-    return read;
+    std::string why;
+    const bool isFolder = host::placeOf(path) == host::FilePlace::Folder;
+    if (!isFolder && readFile(path, text, why)) return true;
+    complain(path +
+             (isFolder ? ": a directory, not a script" : ": the script cannot be read: " + why));
+    return false;
 }
 
 /// True when the outcome is good; else its line has been printed.
@@ -169,7 +174,7 @@ int runDrawing(const Options& options, const Job& job) {
     const std::string& own = job.target.empty() ? job.file : job.target;
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
-    registerGroupCommands();
+    registerGroupCommands(*session);
     auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file);
     int status = start(*session, options, job);
     if (status == kDone && changesByItself(options)) {
@@ -211,7 +216,7 @@ int runSession(const Options& given) {
 
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
-    registerGroupCommands();
+    registerGroupCommands(session);
     return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "

@@ -1,77 +1,51 @@
 // One entity: its strokes, areas, words and frames, with a title that names it.
 #include "picture/entity_writer.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 #include "host/tags/tag_values.h"
-#include "host/text/text_codec.h"
-#include "picture/plain_text.h"
+#include "picture/written_lines.h"
+#include "picture/xml_text.h"
 
 namespace picture {
 namespace {
 
-using host::Outline;
 using host::OutlineMark;
 using host::OutlinePart;
 using host::Vec;
-using host::Writing;
 
-/// Height of capitals and mean width of a character, as parts of the size of common fonts.
-constexpr double kCapital = 0.72, kCharacter = 0.55;
-constexpr double kLineDistance = 5.0 / 3;
 /// References with more parts than this are looked at when a picture grows large.
-constexpr std::size_t kSimple = 8;
+constexpr std::size_t kSimpleReference = 8;
+/// So many bytes make a stroke of a hatch worth it.
+constexpr std::size_t kBytesOfHatchStroke = 60;
 
-double flatLength(const Vec& v) { return std::hypot(v.x, v.y); }
-
-void open(std::string& svg, const char* element, const std::string& style) {
-    svg += '<';
-    svg += element;
-    if (style.empty()) return;
-    svg += " class=\"";
-    svg += style;
-    svg += '"';
-}
-
-void addPath(std::string& svg, const std::string& data, const std::string& style) {
-    if (data.empty()) return;
-    open(svg, "path", style);
-    svg += " d=\"";
-    svg += data;
-    svg += "\"/>";
-}
-
-std::string joined(const std::string& a, const std::string& b) {
-    return a.empty() ? b : b.empty() ? a : a + ' ' + b;
-}
-
-bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMark& end,
-               std::size_t area) {
-    for (std::size_t i = from.writings; i < end.writings; ++i) {
-        if (outline.writings[i].area == area) return true;
-    }
-    return false;
-}
-
-/// Appends "matrix(...)" or, for upright words as wide as they are, " x= y=". `a` and `b` are where
-/// the units along and across the words go.
-void addPlace(std::string& text, const Spot& at, const Vec& a, const Vec& b) {
+/// Appends " transform=matrix(...)" or, for upright words as wide as they are, " x= y=".
+void addPlace(std::string& text, const WrittenLine& line, int decimals) {
     constexpr double kStraight = 1e-4;
+    const Vec &a = line.along, &b = line.up;
     if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight &&
         std::fabs(a.x - 1) < kStraight && b.y > 0) {
         text += " x=\"";
-        addNumber(text, at.x);
+        addNumber(text, line.at.x, decimals);
         text += "\" y=\"";
-        addNumber(text, at.y);
+        addNumber(text, line.at.y, decimals);
         text += '"';
         return;
     }
+    const auto clean = [](double value) { return std::fabs(value) < 1e-9 ? 0.0 : value; };
     char turn[96];
-    std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", a.x, -a.y, -b.x,
-                  b.y);
+    std::snprintf(turn, sizeof turn, " transform=\"matrix(%.4g %.4g %.4g %.4g ", clean(a.x),
+                  clean(-a.y), clean(-b.x), clean(b.y));
     text += turn;
-    addSpot(text, at);
+    addSpot(text, line.at, decimals);
     text += ")\"";
+}
+
+/// What is filled in the ink itself: strokes with a width, heads of leaders.
+bool hasBroadStrokes(std::string_view type) {
+    return type == "LWPOLYLINE" || type == "POLYLINE" || type == "MULTILEADER" || type == "MLEADER";
 }
 
 }  // namespace
@@ -82,25 +56,35 @@ const std::string& XmlNames::of(const host::Store& store, std::string_view name)
     return place->second;
 }
 
+EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet,
+                           Inks& inks, PictureLimits limits)
+    : m_store(store),
+      m_scene(scene),
+      m_sheet(sheet),
+      m_inks(inks),
+      m_limits(limits),
+      m_pool(sheet.view),
+      m_hatching(static_cast<long long>(limits.large / kBytesOfHatchStroke)) {}
+
 void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const std::string& note) {
     const std::size_t start = svg.size();
-    const Look look(*shown.entity);
     svg += role == Role::Plain
                ? "<g>"
                : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
-    writeTitle(svg, shown, look, note);
+    writeTitle(svg, shown, Look(*shown.entity), note);
     const std::size_t empty = svg.size();
-    bool framed = shown.lastPart - shown.firstPart > kSimple && svg.size() > m_limits.large;
-    if (!framed) writeParts(svg, shown, look, role);
-    framed = framed || svg.size() > m_limits.most;
-    if (framed) {
+    const long framedBefore = m_framed;
+    collect(shown, role, svg.size());
+    m_pool.flush(svg);
+    if (svg.size() > m_limits.most) {
         svg.resize(empty);
-        writeFrameAround(svg, shown, look, role);
-        ++m_framed;
+        collectFrameAround(shown, role);
+        m_pool.flush(svg);
+        m_framed = framedBefore + 1;
     }
     if (svg.size() > m_limits.most) {
         svg.resize(start);
-        --m_framed;
+        m_framed = framedBefore;
         ++m_omitted;
     } else if (svg.size() == empty)
         svg.resize(start);
@@ -108,15 +92,26 @@ void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const 
         svg += "</g>\n";
 }
 
-void EntityWriter::writeFrameAround(std::string& svg, const Shown& shown, const Look& look,
-                                    Role role) {
+void EntityWriter::collect(const Shown& shown, Role role, std::size_t written) {
+    const std::size_t size = written + m_pool.size();
+    if (size > m_limits.most) {
+        ++m_omitted;
+    } else if (shown.lastPart - shown.firstPart > kSimpleReference && size > m_limits.large) {
+        collectFrameAround(shown, role);
+        ++m_framed;
+    } else {
+        collectParts(shown, Look(*shown.entity), role);
+    }
+}
+
+void EntityWriter::collectFrameAround(const Shown& shown, Role role) {
+    const Look look(*shown.entity);
     const host::Box& box = shown.bounds;
-    writeFrame(svg,
-               {{box.left, box.bottom, 0},
-                {box.right, box.bottom, 0},
-                {box.right, box.top, 0},
-                {box.left, box.top, 0}},
-               "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
+    collectFrame({{box.left, box.bottom, 0},
+                  {box.right, box.bottom, 0},
+                  {box.right, box.top, 0},
+                  {box.left, box.top, 0}},
+                 "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
 }
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
@@ -136,146 +131,153 @@ void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& 
     svg += "</title>";
 }
 
-void EntityWriter::flush(std::string& svg, const std::string& style, std::string* wide) {
-    addPath(svg, m_strokes.data(), style);
-    addPath(svg, m_areas.data(), m_areas.data().empty() ? style : joined("f", style));
-    if (wide != nullptr) *wide += m_strokes.data() + m_areas.data();
-    m_strokes.clear();
-    m_areas.clear();
-}
-
-/// In the order in which they were drawn: what is filled has to be one line around.
-void EntityWriter::addStrokes(const OutlineMark& from, const OutlineMark& end) {
-    const Outline& outline = m_scene.outline;
-    std::size_t line = from.lines;
-    for (std::size_t arc = from.arcs; arc < end.arcs; ++arc) {
-        for (; line < outline.arcs[arc].lines; ++line)
-            m_strokes.line(outline.lines[line]);
-        m_strokes.arc(outline.arcs[arc]);
-    }
-    for (; line < end.lines; ++line)
-        m_strokes.line(outline.lines[line]);
-}
-
-void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& look, Role role) {
-    const Outline& outline = m_scene.outline;
-    const std::size_t start = svg.size();
-    std::string style;  // of what is collected
-    std::string all;    // of it once more, to point at
-    std::string* const wide = role == Role::WideMember ? &all : nullptr;
+void EntityWriter::collectParts(const Shown& shown, const Look& look, Role role) {
     for (std::size_t i = shown.firstPart; i < shown.lastPart; ++i) {
         const OutlinePart& part = m_scene.parts[i];
-        const OutlineMark& from = part.from;
-        const OutlineMark end = m_scene.endOf(i);
-        if (!part.hasForm) continue;
-        std::string own = styleOf(shown, part, look, role);
-        if (own != style) flush(svg, style, wide);
-        style.swap(own);
-        addStrokes(from, end);
-        for (std::size_t k = from.areas; k < end.areas; ++k) {
-            if (!isWriting(outline, from, end, k)) m_areas.area(outline.areas[k]);
-        }
-        if (from.writings != end.writings) flush(svg, style, wide);
-        for (std::size_t k = from.writings; k < end.writings; ++k)
-            writeWriting(svg, outline.writings[k], style);
+        if (part.hasForm) collectPart(i, styleOf(shown, part, look, role));
     }
-    flush(svg, style, wide);
     for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
         const Frame& frame = m_scene.frames[i];
         const Look inner(*frame.source);
-        writeFrame(svg, frame.corners, std::string(frame.source->type()),
-                   role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
+        collectFrame(frame.corners, std::string(frame.source->type()),
+                     role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
     }
-    if (!all.empty()) svg.insert(start, "<path class=\"hit\" d=\"" + all + "\"/>");
+}
+
+void EntityWriter::collectPart(std::size_t index, const std::string& style) {
+    const host::Outline& outline = m_scene.outline;
+    const OutlinePart& part = m_scene.parts[index];
+    const OutlineMark& from = part.from;
+    const OutlineMark end = m_scene.endOf(index);
+    if (part.type == "HATCH") return collectHatch(part, end, style);
+    collectStrokes(from, end, style);
+    for (std::size_t k = from.areas; k < end.areas; ++k) {
+        if (isWords(outline, from, end, k)) continue;
+        m_pool.areas(joined(hasBroadStrokes(part.type) ? "f a" : "f", style))
+            .area(outline.areas[k]);
+    }
+    for (std::size_t k = from.writings; k < end.writings; ++k)
+        collectWords(outline.writings[k], style);
+}
+
+void EntityWriter::collectStrokes(const OutlineMark& from, const OutlineMark& end,
+                                  const std::string& style) {
+    const host::Outline& outline = m_scene.outline;
+    if (from.lines == end.lines && from.arcs == end.arcs) return;
+    const double width =
+        from.lines != end.lines ? outline.lines[from.lines].width : outline.arcs[from.arcs].width;
+    const auto first = [&](auto& list, std::size_t at) {
+        return list.begin() + static_cast<std::ptrdiff_t>(at);
+    };
+    const auto other = [&](const auto& stroke) { return stroke.width != width; };
+    const bool uniform =
+        std::none_of(first(outline.lines, from.lines), first(outline.lines, end.lines), other) &&
+        std::none_of(first(outline.arcs, from.arcs), first(outline.arcs, end.arcs), other);
+    const auto pathOf = [&](double own) -> PathData& {
+        return m_pool.strokes(own > 0 ? joined(joined("b", m_inks.widthClass(own)), style) : style);
+    };
+    if (uniform) return addStrokes(pathOf(width), outline, from, end);
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        pathOf(outline.lines[i].width).line(outline.lines[i]);
+    for (std::size_t i = from.arcs; i < end.arcs; ++i)
+        pathOf(outline.arcs[i].width).arc(outline.arcs[i]);
+}
+
+/// What is filled has to be a path of its own: with others it would cut holes.
+void EntityWriter::collectHatch(const OutlinePart& part, const OutlineMark& end,
+                                const std::string& style) {
+    const bool isSolid = host::integerTag(part.source->tags(), 70) == 1;
+    PathData boundary(m_sheet.view);
+    addStrokes(boundary, m_scene.outline, part.from, end);
+    if (boundary.empty()) return;
+    const bool hasLines =
+        !isSolid && m_hatching.add(m_pool.strokes(joined("p", style)), m_scene.outline, part.from,
+                                   end, m_sheet.pixel);
+    std::string& svg = m_pool.below();
+    openElement(svg, "path", joined(isSolid ? "h s" : hasLines ? "h n" : "h", style));
+    svg += " d=\"" + boundary.data() + "\"/>";
 }
 
 std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, const Look& look,
                                   Role role) {
     const bool isMain = part.source == shown.entity;
     const Look inner = isMain ? look : Look(*part.source);
-    std::string style = m_inks.weightClass(inner, part.layer);
-    if (role == Role::Plain)
-        style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
-    if (part.type == "HATCH") {
-        const bool solid = host::integerTag(part.source->tags(), 70) == 1;
-        return joined(solid ? "h s" : "h", style);
-    }
-    return part.type == "POINT" ? joined("p", style) : style;
+    const Look& own = isMain ? look : inner;
+    std::string style = m_inks.weightClass(own, part.layer, look);
+    if (role == Role::Plain) style = joined(m_inks.colourClass(own, part.layer, look), style);
+    if (part.type == "POINT") return joined("o", style);
+    if (part.type == "HATCH") return style;
+    return joined(style, m_inks.dashClass(own, part.layer, look, part.scale, m_sheet.pixel));
 }
 
-void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
-                                const std::string& style) const {
-    const std::vector<Vec>& box = m_scene.outline.areas[writing.area];
-    const Vec along = box[1] - box[0], up = box[3] - box[0];
-    const double width = flatLength(along), tall = flatLength(up);
-    const double stretch = writing.fitted ? 1 : width / (tall * writing.aspect);
-    if (!(width > 0) || !(tall > 0) || !std::isfinite(stretch)) return;
-    const Vec a = along * (stretch / width), b = up * (1 / tall);
-    const double line = tall * writing.line;
-    std::vector<std::wstring> lines;
-    if (writing.isParagraph) {
-        const double character = line / kCapital * kCharacter * stretch;
-        const double fitting = std::min(1e6, width / character);
-        lines = linesOfParagraphs(writing.words, static_cast<std::size_t>(fitting) + 1);
-    } else {
-        lines = {singleLine(writing.words)};
-    }
-    const double size = line * m_view.scale;
-    const double written = line * (1 + static_cast<double>(lines.size() - 1) * kLineDistance);
-    const double room = (tall - written) * writing.above;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i].find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
-        const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
-        const Vec base = writing.isParagraph ? box[3] - b * below : box[0];
-        open(svg, "text", style);
-        addPlace(svg, m_view.spot(base + along * writing.anchor), a, b);
-        svg += " font-size=\"";
-        addNumber(svg, std::max(size / kCapital, 0.01));
-        svg += '"';
-        if (writing.anchor > 0)
-            svg += writing.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
-        if (writing.fitted) {
+void EntityWriter::collectWords(const host::Writing& writing, const std::string& style) {
+    const int decimals = m_sheet.view.decimals;
+    std::string& svg = m_pool.words();
+    for (const WrittenLine& line :
+         writtenLines(writing, m_scene.outline.areas[writing.area], m_sheet.view)) {
+        openElement(svg, "text", joined(style, sizeClass(line.size)));
+        addPlace(svg, line, decimals);
+        if (line.anchor > 0)
+            svg += line.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
+        if (line.fitted > 0) {
             svg += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
-            addNumber(svg, width * m_view.scale);
+            addNumber(svg, line.fitted, decimals);
             svg += '"';
         }
         svg += '>';
-        svg += xml(lines[i]);
+        addXml(svg, line.words);
         svg += "</text>";
     }
 }
 
-void EntityWriter::writeFrame(std::string& svg, const std::vector<Vec>& corners,
-                              const std::string& name, const std::string& style) const {
-    constexpr double kLeast = 12;  // picture units that a frame measures at least
-    constexpr double kNameSize = 9;
-    Spot low = m_view.spot(corners[0]), high = low;
-    for (const Vec& corner : corners) {
-        const Spot spot = m_view.spot(corner);
-        low = {std::min(low.x, spot.x), std::min(low.y, spot.y)};
-        high = {std::max(high.x, spot.x), std::max(high.y, spot.y)};
-    }
-    std::string data = "M";
-    if (high.x - low.x < kLeast && high.y - low.y < kLeast) {
-        const Spot middle{(low.x + high.x) / 2, (low.y + high.y) / 2};
-        addSpot(data, {middle.x - kLeast / 2, middle.y - kLeast / 2});
-        data += "h12v12h-12z";
+const std::string& EntityWriter::sizeClass(double size) {
+    if (size == m_lastSize) return *m_lastClass;
+    std::string text;
+    addNumber(text, size, m_sheet.view.decimals);
+    const auto [place, isNew] = m_sizes.try_emplace(text);
+    if (isNew) place->second = "z" + std::to_string(m_sizes.size() - 1);
+    m_lastSize = size;
+    m_lastClass = &place->second;
+    return place->second;
+}
+
+std::string EntityWriter::style() const {
+    std::string rules;
+    for (const auto& [size, name] : m_sizes)
+        rules += "." + name + "{font-size:" + size + "px}";
+    return rules;
+}
+
+void EntityWriter::collectFrame(const std::vector<Vec>& corners, const std::string& name,
+                                const std::string& style) {
+    constexpr double kLeast = 12, kNameSize = 9;  // pixels
+    std::optional<host::Box> box;
+    for (const Vec& corner : corners)
+        extend(box, host::Box{corner.x, corner.y, corner.x, corner.y});
+    const Vec middle{(box->left + box->right) / 2, (box->bottom + box->top) / 2, 0};
+    const double least = kLeast * m_sheet.pixel, width = box->right - box->left;
+    PathData& path = m_pool.strokes(joined("fr", style));
+    if (width < least && box->top - box->bottom < least) {
+        const double half = least / 2;
+        path.area({{middle.x - half, middle.y - half, 0},
+                   {middle.x + half, middle.y - half, 0},
+                   {middle.x + half, middle.y + half, 0},
+                   {middle.x - half, middle.y + half, 0}});
     } else {
-        for (const Vec& corner : corners) {
-            if (data.size() > 1) data += 'L';
-            addSpot(data, m_view.spot(corner));
-        }
-        data += 'z';
+        path.area(corners);
     }
-    addPath(svg, data, joined("fr", style));
-    if (name.empty() || high.x - low.x < kNameSize * kCharacter * static_cast<double>(name.size()))
-        return;
-    open(svg, "text", joined("note", style));
+    const double size = kNameSize * m_sheet.pixel;
+    if (name.empty() || width < size * kCharacterWidth * static_cast<double>(name.size())) return;
+    const Spot at = m_sheet.view.spot(middle - Vec{0, size / 3, 0});
+    std::string& svg = m_pool.words();
+    openElement(svg, "text", joined("note", style));
     svg += " text-anchor=\"middle\" x=\"";
-    addNumber(svg, (low.x + high.x) / 2);
+    addNumber(svg, at.x, m_sheet.view.decimals);
     svg += "\" y=\"";
-    addNumber(svg, (low.y + high.y) / 2 + kNameSize / 3);
-    svg += "\">" + xml(name) + "</text>";
+    addNumber(svg, at.y, m_sheet.view.decimals);
+    svg += "\" font-size=\"";
+    addNumber(svg, size, m_sheet.view.decimals);
+    svg += "\">" + xml(std::string_view(name)) + "</text>";
 }
 
 }  // namespace picture

@@ -1,21 +1,23 @@
-// Writes single entities as SVG.
+// Writes entities as SVG: each by itself with a title, or many in shared paths.
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <unordered_map>
 
+#include "picture/hatching.h"
 #include "picture/inks.h"
-#include "picture/paths.h"
 #include "picture/scene.h"
+#include "picture/sheet.h"
+#include "picture/stroke_pool.h"
 
 namespace picture {
 
 /// How an entity is written.
 enum class Role {
-    Plain,       ///< in the colours of its layers
-    Member,      ///< in the colour of its group, with its handle as id
-    WideMember,  ///< the same, and a wide unseen stroke makes it easy to point at
+    Plain,   ///< in the colours of its layers
+    Member,  ///< in the colour of its group, with its handle as id
 };
 
 /// Names for XML, each made once.
@@ -36,18 +38,19 @@ struct PictureLimits {
 
 class EntityWriter {
   public:
-    EntityWriter(const host::Store& store, const Scene& scene, const View& view, Inks& inks,
-                 PictureLimits limits)
-        : m_store(store),
-          m_scene(scene),
-          m_view(view),
-          m_inks(inks),
-          m_limits(limits),
-          m_strokes(view),
-          m_areas(view) {}
+    EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet, Inks& inks,
+                 PictureLimits limits);
 
-    /// Appends the entity; `note` goes behind type, handle and layer in its title.
+    /// Appends the entity by itself; `note` goes behind type, handle and layer in its title.
     void write(std::string& svg, const Shown& shown, Role role, const std::string& note);
+    /// Collects it, without a title, in paths that it shares with others of its inks.
+    void collect(const Shown& shown, Role role, std::size_t written);
+    /// Makes room for bytes of words that will be collected.
+    void expectWords(std::size_t bytes) { m_pool.words().reserve(bytes); }
+    /// Appends what was collected.
+    void writeCollected(std::string& svg) { m_pool.flush(svg); }
+    /// Rules of the style classes that it gave out.
+    std::string style() const;
     /// Number of entities that became frames, and of those that were left out.
     long framed() const { return m_framed; }
     long omitted() const { return m_omitted; }
@@ -55,25 +58,31 @@ class EntityWriter {
   private:
     void writeTitle(std::string& svg, const Shown& shown, const Look& look,
                     const std::string& note);
-    /// Appends what is collected of strokes and areas; to `wide` too when it is given.
-    void flush(std::string& svg, const std::string& style, std::string* wide);
     std::string styleOf(const Shown& shown, const host::OutlinePart& part, const Look& look,
                         Role role);
-    void addStrokes(const host::OutlineMark& from, const host::OutlineMark& end);
-    void writeParts(std::string& svg, const Shown& shown, const Look& look, Role role);
-    void writeWriting(std::string& svg, const host::Writing& writing,
-                      const std::string& style) const;
-    void writeFrameAround(std::string& svg, const Shown& shown, const Look& look, Role role);
-    void writeFrame(std::string& svg, const std::vector<host::Vec>& corners,
-                    const std::string& name, const std::string& style) const;
+    void collectPart(std::size_t index, const std::string& style);
+    void collectStrokes(const host::OutlineMark& from, const host::OutlineMark& end,
+                        const std::string& style);
+    void collectHatch(const host::OutlinePart& part, const host::OutlineMark& end,
+                      const std::string& style);
+    void collectParts(const Shown& shown, const Look& look, Role role);
+    const std::string& sizeClass(double size);
+    void collectWords(const host::Writing& writing, const std::string& style);
+    void collectFrame(const std::vector<host::Vec>& corners, const std::string& name,
+                      const std::string& style);
+    void collectFrameAround(const Shown& shown, Role role);
 
     const host::Store& m_store;
     const Scene& m_scene;
-    const View& m_view;
+    const Sheet& m_sheet;
     Inks& m_inks;
     PictureLimits m_limits;
-    PathData m_strokes, m_areas;  ///< of the entity that is being written
+    StrokePool m_pool;
+    Hatching m_hatching;
     XmlNames m_names;
+    std::map<std::string, std::string> m_sizes;  ///< of words, with their classes
+    double m_lastSize = -1;
+    const std::string* m_lastClass = nullptr;
     long m_framed = 0;
     long m_omitted = 0;
 };

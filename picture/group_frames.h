@@ -1,31 +1,31 @@
-// What a picture shows of a group beside its members: hull, label and line in the legend.
+// What a picture shows of a group beside its members: frame, label and lines in the legend.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "inspection/inspection.h"
-#include "picture/paths.h"
+#include "picture/label_places.h"
 
 namespace picture {
 
-/// Box in picture units.
-struct Area {
-    double left, top, right, bottom;
+/// Groups by their number in the inspection's list of the space, from 1.
+struct Numbered {
+    std::size_t number;
+    const inspection::Group* group;
 };
 
-/// Places hulls, labels and the lines of the legend; one for each picture.
+/// Places labels and the lines of the legend; one for each picture.
 class GroupFrames {
   public:
-    /// Groups by their number, from 1. Where the legend has no room for all of them, those that are
-    /// not whole come before others.
-    GroupFrames(Area legend, Area canvas, const std::vector<const inspection::Group*>& groups);
+    /// Where the legend has no room for all groups, those that are not whole come before others.
+    GroupFrames(Area legend, LabelPlaces& places, const std::vector<Numbered>& groups);
 
-    /// Opens the group's element: its hull around the spots of its members.
-    std::string open(std::size_t number, const inspection::Group& group,
-                     const std::vector<Spot>& spots);
-    /// Legend line, and closes the element. The label waits for labels().
-    std::string close(std::size_t number, const inspection::Group& group);
+    /// Opens the group's element.
+    static std::string open(const Numbered& one);
+    /// The frame around what is shown of it, when that has a place; its lines in the legend; and
+    /// closes the element. The label waits for labels().
+    std::string close(const Numbered& one, const Area* frame);
     /// All labels, which stand on top of everything.
     const std::string& labels() const { return m_labels; }
     /// Groups that found no place in the legend.
@@ -33,20 +33,22 @@ class GroupFrames {
     double legendBottom() const { return m_legend.bottom; }
 
   private:
-    std::string label(std::size_t number, const inspection::Group& group);
-    std::string legendRow(std::size_t number, const inspection::Group& group);
+    std::string label(const Numbered& one, const Area& frame);
+    std::string legendRow(const Numbered& one);
 
     struct Row {
         double top, height;
     };
 
-    Area m_legend, m_canvas;
-    std::vector<Row> m_rows;  ///< in the legend, of each group; without height when it is not there
+    Area m_legend;
+    LabelPlaces& m_places;
+    std::size_t m_count;
+    /// In the legend, of each group in turn; without height when it is not there.
+    std::vector<Row> m_rows;
+    std::size_t m_closed = 0;
     long m_unlisted = 0;
-    bool m_hasHull = false;
-    Spot m_top{};  ///< of the open group: the highest corner of its hull
     std::string m_labels;
-    std::vector<Area> m_taken;  ///< by labels
+    std::size_t m_labelled = 0;
 };
 
 }  // namespace picture

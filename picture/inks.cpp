@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <numeric>
 
 namespace picture {
 namespace {
@@ -58,6 +59,13 @@ Rgb calm(Rgb colour) {
     return mixed(calmer(16), calmer(8), calmer(0));
 }
 
+bool isSameName(std::string_view name, std::string_view folded) {
+    return name.size() == folded.size() &&
+           std::equal(name.begin(), name.end(), folded.begin(), [](char a, char b) {
+               return (a >= 'a' && a <= 'z' ? static_cast<char>(a - 'a' + 'A') : a) == b;
+           });
+}
+
 std::string hex(Rgb colour) {
     char text[8];
     std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(colour & 0xffffff));
@@ -104,6 +112,11 @@ Rgb readableOnDark(Rgb colour) {
     return colour == kInk ? 0xd9dce1 : readable(calm(colour), kDarkPaper, 0xffffff);
 }
 
+double strokeWidth(int weight) {
+    constexpr double kUsual = 1.25;
+    return weight < 0 ? kUsual : 0.7 + 0.022 * weight;
+}
+
 Look::Look(const host::ObjectBody& entity) {
     host::TagWalk tags(entity.tags());
     // The head ends with the marker of the entity's own class.
@@ -113,13 +126,15 @@ Look::Look(const host::ObjectBody& entity) {
         if (tag.code == 8) layer = host::trimmed(tag.value);
         if (tag.code == 62) colour = host::integerOf(tag.value, colour);
         if (tag.code == 420) trueColour = host::integerOf(tag.value, trueColour);
+        if (tag.code == 6) linetype = host::trimmed(tag.value);
+        if (tag.code == 48) linetypeScale = host::realOf(tag.value, 1);
         if (tag.code == 370) weight = host::integerOf(tag.value, weight);
     }
 }
 
 const Inks::Layer& Inks::layerOf(std::string_view name) {
     if (m_last != nullptr && name == m_lastName) return *m_last;
-    const auto [place, isNew] = m_layers.try_emplace(name, Layer{kInk, -3});
+    const auto [place, isNew] = m_layers.try_emplace(name, Layer{kInk, -3, {}});
     m_lastName = name;
     m_last = &place->second;
     const host::ObjectBody* record =
@@ -130,33 +145,83 @@ const Inks::Layer& Inks::layerOf(std::string_view name) {
     place->second.colour = trueColour >= 0 ? static_cast<Rgb>(trueColour) & 0xffffff
                                            : colourOfIndex(std::abs(tags.integer(62, 7)));
     place->second.weight = tags.integer(370, -3);
+    place->second.linetype = tags.text(6);
     return place->second;
+}
+
+Rgb Inks::colourOf(const Look& look, std::string_view layer, const Look& reference) {
+    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
+    if (inherits) return colourOf(reference, reference.layer, reference);
+    if (look.trueColour >= 0) return static_cast<Rgb>(look.trueColour) & 0xffffff;
+    return look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
 }
 
 const std::string& Inks::colourClass(const Look& look, std::string_view layer,
                                      const Look& reference) {
-    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
-    if (inherits) return colourClass(reference, reference.layer, reference);
-    Rgb colour = kInk;
-    if (look.trueColour >= 0)
-        colour = static_cast<Rgb>(look.trueColour) & 0xffffff;
-    else
-        colour = look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
-    const auto [place, isNew] = m_colours.try_emplace(colour);
+    const auto [place, isNew] = m_colours.try_emplace(colourOf(look, layer, reference));
     if (isNew) place->second = "k" + std::to_string(m_colours.size() - 1);
     return place->second;
 }
 
-std::string Inks::weightClass(const Look& look, std::string_view layer) {
-    constexpr int kLayersOwn = -1, kHeaviest = 211;
-    int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
-    if (weight < 0 || weight == kUsualWeight) return {};
-    weight = std::min(weight, kHeaviest);
+int Inks::weightOf(const Look& look, std::string_view layer, const Look& reference) {
+    constexpr int kLayersOwn = -1, kReferences = -2, kHeaviest = 211;
+    if (look.weight == kReferences && &look != &reference)
+        return weightOf(reference, reference.layer, reference);
+    const int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
+    return weight < 0 || weight == kUsualWeight ? -1 : std::min(weight, kHeaviest);
+}
+
+std::string Inks::weightClass(const Look& look, std::string_view layer, const Look& reference) {
+    const int weight = weightOf(look, layer, reference);
+    if (weight < 0) return {};
     m_weights.try_emplace(weight, weight);
     return "w" + std::to_string(weight);
 }
 
-std::string Inks::style() const {
+std::string Inks::widthClass(double width) {
+    if (!(width > 0)) return {};
+    const auto [place, isNew] = m_widths.try_emplace(width);
+    if (isNew) place->second = "b" + std::to_string(m_widths.size());
+    return place->second;
+}
+
+Inks::Dashed* Inks::dashedOf(const Look& look, std::string_view layer, const Look& reference,
+                             double scale) {
+    std::string_view name = look.linetype;
+    if (isSameName(name, "BYBLOCK") && &look != &reference)
+        return dashedOf(reference, reference.layer, reference, scale);
+    if (isSameName(name, "BYLAYER")) name = layerOf(layer).linetype;
+    if (name.empty() || isSameName(name, "CONTINUOUS") || isSameName(name, "BYBLOCK"))
+        return nullptr;
+    const double factor = m_linetypes.scale() * look.linetypeScale * scale;
+    const auto [place, isNew] = m_dashed.try_emplace({name, factor});
+    if (isNew) {
+        place->second.dashes = m_linetypes.patternOf(name);
+        for (double& length : place->second.dashes)
+            length *= factor;
+    }
+    return &place->second;
+}
+
+const Dashes& Inks::dashesOf(const Look& look, std::string_view layer, const Look& reference,
+                             double scale) {
+    static const Dashes kNone;
+    const Dashed* dashed = dashedOf(look, layer, reference, scale);
+    return dashed != nullptr ? dashed->dashes : kNone;
+}
+
+std::string Inks::dashClass(const Look& look, std::string_view layer, const Look& reference,
+                            double scale, double pixel) {
+    constexpr double kFinest = 2.5;  // pixels that a pattern takes at least
+    Dashed* const dashed = dashedOf(look, layer, reference, scale);
+    if (dashed == nullptr) return {};
+    const double length = std::accumulate(dashed->dashes.begin(), dashed->dashes.end(), 0.0);
+    if (!(length > kFinest * pixel) || !std::isfinite(length)) return {};
+    if (dashed->name.empty()) dashed->name = "d" + std::to_string(m_dashClasses++);
+    return dashed->name;
+}
+
+std::string Inks::style(double pixel) const {
     std::string light, dark;
     for (const auto& [colour, name] : m_colours) {
         const std::string rule = "." + name + "{--c:";
@@ -166,10 +231,31 @@ std::string Inks::style() const {
     std::string weights;
     for (const auto& [weight, same] : m_weights) {
         char rule[48];
-        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, 0.7 + 0.022 * weight);
+        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, strokeWidth(weight));
         weights += rule;
     }
-    return light + "\n" + weights + "\n@media(prefers-color-scheme:dark){" + dark + "}\n";
+    for (const auto& [key, dashed] : m_dashed) {
+        if (dashed.name.empty()) continue;
+        weights += "." + dashed.name +
+                   "{--k:var(--u);vector-effect:none;stroke-linecap:butt;"
+                   "stroke-dasharray:";
+        for (std::size_t i = 0; i < dashed.dashes.size(); ++i) {
+            const bool isDot = i % 2 == 0 && dashed.dashes[i] < pixel;
+            char length[32];
+            std::snprintf(length, sizeof length, i == 0 ? "%.5g" : " %.5g",
+                          isDot ? 1.2 * pixel : dashed.dashes[i]);
+            weights += length;
+        }
+        weights += "}";
+    }
+    for (const auto& [width, name] : m_widths) {
+        char rule[64];
+        std::snprintf(rule, sizeof rule, ".%s{--w:%.6gpx}", name.c_str(), width / pixel);
+        weights += rule;
+    }
+    char unit[48];
+    std::snprintf(unit, sizeof unit, "svg{--u:%.6g}", pixel);
+    return unit + light + "\n" + weights + "\n@media(prefers-color-scheme:dark){" + dark + "}\n";
 }
 
 }  // namespace picture

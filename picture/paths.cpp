@@ -8,30 +8,33 @@ namespace picture {
 namespace {
 
 constexpr double kTurn = 6.283185307179586;
-constexpr double kFarthest = 1e9;  ///< picture units; farther points are moved there
+constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-long long hundredths(double value) {
+double finenessOf(int decimals) { return kPowers[std::clamp(decimals, 0, 15)]; }
+
+/// In steps of the last decimal; what is farther than a picture can hold is moved to its end.
+long long stepsOf(double value, double fineness) {
+    constexpr double kMostSteps = 1e17;
     if (!std::isfinite(value)) return 0;
-    return std::llround(std::clamp(value, -kFarthest, kFarthest) * 100);
+    return std::llround(std::clamp(value * fineness, -kMostSteps, kMostSteps));
 }
 
-void addHundredths(std::string& text, long long value) {
+void addSteps(std::string& text, long long value, int decimals) {
     if (value < 0) text += '-';
-    const unsigned long long size = static_cast<unsigned long long>(std::llabs(value));
-    const unsigned long long whole = size / 100, rest = size % 100;
+    unsigned long long left = static_cast<unsigned long long>(std::llabs(value));
     char digits[24];
-    char* begin = digits + sizeof digits;
-    if (rest != 0) {
-        if (rest % 10 != 0) *--begin = static_cast<char>('0' + rest % 10);
-        *--begin = static_cast<char>('0' + rest / 10);
-        *--begin = '.';
+    char* const end = digits + sizeof digits;
+    char* begin = end;
+    bool any = false;  // of the decimals: zeros at their end are left out
+    for (; decimals > 0; --decimals, left /= 10) {
+        any = any || left % 10 != 0;
+        if (any) *--begin = static_cast<char>('0' + left % 10);
     }
-    unsigned long long left = whole;
-    do {
+    if (any) *--begin = '.';
+    for (; left > 0 || begin == end; left /= 10)
         *--begin = static_cast<char>('0' + left % 10);
-        left /= 10;
-    } while (left > 0);
-    text.append(begin, static_cast<std::size_t>(digits + sizeof digits - begin));
+    text.append(begin, static_cast<std::size_t>(end - begin));
 }
 
 host::Vec pointAt(const host::Arc& arc, double t) {
@@ -44,7 +47,10 @@ bool clip(const host::Line& line, const host::Box& box, host::Vec& from, host::V
     const host::Vec d = line.b - line.a;
     double low = line.endlessA ? -1e30 : 0, high = line.endlessB ? 1e30 : 1;
     const auto cut = [&](double direction, double room) {
-        if (direction == 0) return;
+        if (direction == 0) {
+            if (room < 0) high = -1e30;  // beside the box
+            return;
+        }
         const double t = room / direction;
         if (direction > 0 && line.endlessB) high = std::min(high, t);
         if (direction < 0 && line.endlessA) low = std::max(low, t);
@@ -53,7 +59,7 @@ bool clip(const host::Line& line, const host::Box& box, host::Vec& from, host::V
     cut(-d.x, line.a.x - box.left);
     cut(d.y, box.top - line.a.y);
     cut(-d.y, line.a.y - box.bottom);
-    if (low > high || low < -1e29 || high > 1e29) return false;
+    if (!(low <= high) || low < -1e29 || high > 1e29) return false;
     from = line.a + d * low;
     to = line.a + d * high;
     return true;
@@ -61,39 +67,52 @@ bool clip(const host::Line& line, const host::Box& box, host::Vec& from, host::V
 
 }  // namespace
 
-void addNumber(std::string& text, double value) { addHundredths(text, hundredths(value)); }
-
-void addSpot(std::string& text, const Spot& spot) {
-    addNumber(text, spot.x);
-    text += ' ';
-    addNumber(text, spot.y);
+void addNumber(std::string& text, double value, int decimals) {
+    addSteps(text, stepsOf(value, finenessOf(decimals)), std::clamp(decimals, 0, 15));
 }
+
+void addSpot(std::string& text, const Spot& spot, int decimals) {
+    addNumber(text, spot.x, decimals);
+    text += ' ';
+    addNumber(text, spot.y, decimals);
+}
+
+PathData::PathData(const View& view) : m_view(view), m_fineness(finenessOf(view.decimals)) {}
+
+long long PathData::steps(double value) const { return stepsOf(value, m_fineness); }
 
 PathData::Grid PathData::grid(const host::Vec& point) const {
     const Spot spot = m_view.spot(point);
-    return {hundredths(spot.x), hundredths(spot.y)};
+    return {steps(spot.x), steps(spot.y)};
 }
 
 void PathData::pair(long long x, long long y) {
-    addHundredths(m_text, x);
+    addSteps(m_text, x, m_view.decimals);
     if (y >= 0) m_text += ' ';
-    addHundredths(m_text, y);
+    addSteps(m_text, y, m_view.decimals);
 }
 
 void PathData::go(const Grid& to) {
     if (!m_text.empty() && m_at == to) return;
     m_text += 'M';
     pair(to.x, to.y);
-    m_at = to;
+    m_at = m_start = to;
+    m_strokes = 0;
 }
 
 void PathData::stroke(const Grid& to) {
+    if (++m_strokes > 2 && to == m_start) {  // broad strokes meet there as at other corners
+        m_text += 'z';
+        m_at = to;
+        m_strokes = 0;
+        return;
+    }
     const long long x = to.x - m_at.x, y = to.y - m_at.y;
     m_text += y == 0 ? 'h' : x == 0 ? 'v' : 'l';
     if (x != 0 && y != 0) {
         pair(x, y);
     } else {
-        addHundredths(m_text, x + y);
+        addSteps(m_text, x + y, m_view.decimals);
     }
     m_at = to;
 }
@@ -123,22 +142,21 @@ void PathData::arc(const host::Arc& arc) {
     const host::Vec minor = areAxes ? v : v * std::cos(turn) - u * std::sin(turn);
     const double rx = std::hypot(major.x, major.y) * m_view.scale;
     const double ry = std::hypot(minor.x, minor.y) * m_view.scale;
-    constexpr double kFlat = 0.005;
+    const double flat = 0.5 / m_fineness;
     const bool whole = arc.sweep > kTurn - 1e-9;
-    if (rx < kFlat || ry < kFlat) {  // seen from the side, or a dot
+    if (rx < flat || ry < flat) {  // seen from the side, or a dot
         const host::Vec& longer = rx < ry ? minor : major;
         const bool all = arc.sweep > kTurn / 2;
         return line({all ? arc.centre - longer : pointAt(arc, arc.from),
                      all ? arc.centre + longer : pointAt(arc, arc.from + arc.sweep)});
     }
-    const double tilt =
-        std::fabs(rx - ry) < kFlat ? 0 : -std::atan2(major.y, major.x) * 360 / kTurn;
+    const double tilt = std::fabs(rx - ry) < flat ? 0 : -std::atan2(major.y, major.x) * 360 / kTurn;
     const bool clockwise = u.x * v.y - u.y * v.x < 0;
     const host::Vec start = pointAt(arc, arc.from);
     const Grid first = grid(start);
     const auto reach = [&](const Grid& end, bool large) {
         m_text += 'a';
-        pair(hundredths(rx), hundredths(ry));
+        pair(steps(rx), steps(ry));
         m_text += ' ';
         addNumber(m_text, tilt);
         m_text += large ? " 1" : " 0";
@@ -179,32 +197,16 @@ void PathData::clear() {
     m_hasFirst = false;
 }
 
-std::vector<Spot> hull(std::vector<Spot> points) {
-    const auto less = [](const Spot& a, const Spot& b) {
-        return a.x != b.x ? a.x < b.x : a.y < b.y;
-    };
-    const auto same = [](const Spot& a, const Spot& b) { return a.x == b.x && a.y == b.y; };
-    std::sort(points.begin(), points.end(), less);
-    points.erase(std::unique(points.begin(), points.end(), same), points.end());
-    if (points.size() < 3) return points;
-    std::vector<Spot> corners;
-    const auto add = [&](const Spot& p, std::size_t least) {
-        const auto turnsRight = [&] {
-            const Spot& a = corners[corners.size() - 2];
-            const Spot& b = corners.back();
-            return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x) <= 0;
-        };
-        while (corners.size() >= least && turnsRight())
-            corners.pop_back();
-        corners.push_back(p);
-    };
-    for (const Spot& point : points)
-        add(point, 2);
-    const std::size_t lower = corners.size() + 1;
-    for (std::size_t i = points.size() - 1; i-- > 0;)
-        add(points[i], lower);
-    corners.pop_back();
-    return corners;
+void addStrokes(PathData& path, const host::Outline& outline, const host::OutlineMark& from,
+                const host::OutlineMark& end) {
+    std::size_t line = from.lines;
+    for (std::size_t arc = from.arcs; arc < end.arcs; ++arc) {
+        for (; line < outline.arcs[arc].lines; ++line)
+            path.line(outline.lines[line]);
+        path.arc(outline.arcs[arc]);
+    }
+    for (; line < end.lines; ++line)
+        path.line(outline.lines[line]);
 }
 
 }  // namespace picture

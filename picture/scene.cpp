@@ -93,29 +93,45 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
 
 }  // namespace
 
-std::vector<Vec> Scene::cornersOf(const Shown& one) const {
-    constexpr std::size_t kFew = 64;
-    const host::OutlineMark from = parts[one.firstPart].from, end = endOf(one.lastPart - 1);
-    const bool straight = from.arcs == end.arcs && from.areas == end.areas &&
-                          one.firstFrame == one.lastFrame && end.lines - from.lines <= kFew;
-    const host::Box& box = one.bounds;
-    if (!straight) return rectangle(box.left, box.bottom, box.right, box.top);
-    std::vector<Vec> ends;
-    for (std::size_t i = from.lines; i < end.lines; ++i)
-        ends.insert(ends.end(), {outline.lines[i].a, outline.lines[i].b});
-    return ends;
+bool Scene::isEndless(const Shown& one) const {
+    const std::size_t end = endOf(one.lastPart - 1).lines;
+    for (std::size_t i = parts[one.firstPart].from.lines; i < end; ++i) {
+        if (outline.lines[i].endlessA || outline.lines[i].endlessB) return true;
+    }
+    return false;
 }
 
-Scene readScene(const host::Store& store, host::Index space) {
+bool isWords(const host::Outline& outline, const host::OutlineMark& from,
+             const host::OutlineMark& end, std::size_t area) {
+    for (std::size_t i = from.writings; i < end.writings; ++i) {
+        if (outline.writings[i].area == area) return true;
+    }
+    return false;
+}
+
+Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities) {
+    Scene scene;
+    host::OutlineMaker maker(store);
+    for (const host::ObjectBody* entity : entities) {
+        if (!host::isPaperViewport(*entity)) add(scene, maker, *entity);
+    }
+    return scene;
+}
+
+Scene readScene(const host::Store& store, host::Index space, const Filter& filter) {
     Scene scene;
     // Pages that nothing comes to cost nothing; growing would copy what stands there already.
     scene.shown.reserve(store.count());
     scene.parts.reserve(store.count());
     scene.outline.lines.reserve(store.count());
     scene.outline.arcs.reserve(store.count());
+    scene.outline.areas.reserve(store.count());
+    scene.outline.writings.reserve(store.count());
     host::OutlineMaker maker(store);
-    for (const host::ObjectBody& entity : store.children(space))
-        if (!host::isPaperViewport(entity)) add(scene, maker, entity);
+    for (const host::ObjectBody& entity : store.children(space)) {
+        if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;
+        add(scene, maker, entity);
+    }
     scene.repeating = maker.framed();
     return scene;
 }

@@ -1,6 +1,7 @@
 // What entities show: their outlines, and frames for what has none.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -39,11 +40,20 @@ struct Scene {
     host::OutlineMark endOf(std::size_t part) const {
         return part + 1 < parts.size() ? parts[part + 1].from : outline.mark();
     }
-    /// Points with the convex hull of what an entity shows, or of the box around that.
-    std::vector<host::Vec> cornersOf(const Shown& shown) const;
+    /// True when a line of it goes on beyond the bounds.
+    bool isEndless(const Shown& one) const;
 };
 
+/// True when the area is the place of words between two marks of an outline.
+bool isWords(const host::Outline& outline, const host::OutlineMark& from,
+             const host::OutlineMark& end, std::size_t area);
+
+/// True for entities that are to be shown; none shows all.
+using Filter = std::function<bool(const host::ObjectBody& entity)>;
+
 /// Reads a space of a drawing, which has to live as long as the scene and stay as it is.
-Scene readScene(const host::Store& store, host::Index space);
+Scene readScene(const host::Store& store, host::Index space, const Filter& filter = {});
+/// The same for some of its entities alone.
+Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities);
 
 }  // namespace picture

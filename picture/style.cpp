@@ -18,27 +18,30 @@ constexpr GroupColour kColours[kGroupColours] = {
 constexpr const char* kCommon = R"css(
 svg{--paper:#fcfcfa;--ink:#30343a;--soft:#74797f;--line:#dcdcd6;--bad:#c62828;background:var(--paper);font-family:system-ui,"Segoe UI","DejaVu Sans",sans-serif}
 .paper{fill:var(--paper)}
-path{fill:none;stroke:var(--c,var(--ink));stroke-width:var(--w,1.25px);stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
-text{fill:var(--c,var(--ink));white-space:pre}
-.f{fill:var(--c,var(--ink));fill-opacity:.8;stroke-width:.4px}
+path{fill:none;stroke:var(--c,var(--ink));stroke-width:calc((var(--w,1.25px) + var(--lit,0px) + var(--halo,0px))*var(--k,1));stroke-linecap:round;stroke-linejoin:round;vector-effect:non-scaling-stroke}
+text{fill:var(--c,var(--ink));white-space:pre;stroke:var(--c);stroke-width:calc(var(--halo,0px)*var(--u,1))}
+.f{fill:var(--c,var(--ink));fill-opacity:.8;--w:.4px}
+.a{fill-opacity:1}
+.b{--k:var(--u);vector-effect:none;stroke-linecap:butt;stroke-linejoin:miter}
 .h{--w:.8px;fill:var(--c,var(--ink));fill-opacity:.1;fill-rule:evenodd}
 .s{fill-opacity:.4}
-.p{--w:3px}
+.n{fill-opacity:0;stroke:none}
+.p{--w:.8px}
+.o{--w:3px}
 .fr{stroke-dasharray:4 3;--w:.9px;stroke-opacity:.8}
-.note{font-size:9px;fill-opacity:.8}
-.hit{stroke:transparent;stroke-width:11px;pointer-events:stroke}
-.hull{fill:var(--c);stroke:var(--c);stroke-width:18px;opacity:.1;pointer-events:none;transition:opacity .12s}
-.bad .rim{stroke:var(--bad);--w:1.3px;stroke-dasharray:7 4;pointer-events:none}
+.note{fill-opacity:.8}
+.halo{--halo:8px;opacity:.2;transition:opacity .12s}
+.frame{fill:none;stroke:var(--c);opacity:0;pointer-events:none}
+.bad .frame{stroke:var(--bad);stroke-dasharray:7 4;opacity:.55}
 .g{cursor:default;outline:none}
-.g:hover .hull,.g:focus .hull{opacity:.24}
+.g:hover .halo,.g:focus .halo{opacity:.42}
+.g:hover .frame,.g:focus .frame{opacity:.75}
 .g:hover .m,.g:focus .m{--lit:1.9px}
-.m path{stroke-width:calc(var(--w,1.25px) + var(--lit,0px))}
-.m .hit{stroke-width:11px}
-.g:hover .m text,.g:focus .m text{font-weight:700}
 .tag rect{fill:var(--paper);stroke:var(--c);stroke-width:1px}
 .tag{pointer-events:none}
 .tag.bad rect{stroke:var(--bad)}
 .tag text,.row text{font-size:12px;fill:var(--ink)}
+.tag text,.row text,.head,.small{stroke:none}
 .tag text{font-weight:600;fill:var(--c)}
 .tag.bad text,.row .why{fill:var(--bad)}
 .row rect{fill:transparent}
@@ -48,6 +51,7 @@ text{fill:var(--c,var(--ink));white-space:pre}
 .row .why{font-size:11px}
 .head{font-size:15px;font-weight:600;fill:var(--ink)}
 .rule{stroke:var(--line);--w:1px}
+.bar{stroke:var(--soft);--w:1px;stroke-linecap:butt}
 )css";
 
 }  // namespace

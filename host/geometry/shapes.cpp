@@ -3,6 +3,7 @@
 #include "host/geometry/angles.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -76,14 +77,15 @@ double distance(const Arc& arc, const Vec& p) {
     return std::min(at(best), at((low + high) / 2));
 }
 
-/// Points that decide about a box: the ends and the extremes in X and Y.
-std::vector<Vec> extremes(const Arc& arc) {
-    std::vector<Vec> points = {pointAt(arc, arc.from), pointAt(arc, arc.from + arc.sweep)};
+/// Visits the points that decide about a box: the ends and the extremes in X and Y.
+template <typename Visit>
+void visitExtremes(const Arc& arc, Visit visit) {
+    visit(pointAt(arc, arc.from));
+    visit(pointAt(arc, arc.from + arc.sweep));
     for (double t : {std::atan2(arc.v.x, arc.u.x), std::atan2(arc.v.y, arc.u.y)}) {
-        if (onArc(arc, t)) points.push_back(pointAt(arc, t));
-        if (onArc(arc, t + kTurn / 2)) points.push_back(pointAt(arc, t + kTurn / 2));
+        if (onArc(arc, t)) visit(pointAt(arc, t));
+        if (onArc(arc, t + kTurn / 2)) visit(pointAt(arc, t + kTurn / 2));
     }
-    return points;
 }
 
 /// Parameters where c + u cos(t) + v sin(t) has a value, at most two.
@@ -111,6 +113,37 @@ bool touches(const Arc& arc, const Box& box) {
         }
     }
     return false;
+}
+
+/// Both sides of a stroke with a width; its ends are straight.
+std::array<Line, 2> sidesOf(const Line& line) {
+    const Vec d = line.b - line.a;
+    const double size = std::hypot(d.x, d.y);
+    const Vec side = size > 0 ? Vec{-d.y, d.x, 0} * (line.width / 2 / size) : Vec{};
+    return {{{line.a + side, line.b + side}, {line.a - side, line.b - side}}};
+}
+
+std::array<Arc, 2> sidesOf(const Arc& arc) {
+    const double radius = std::hypot(arc.u.x, arc.u.y);
+    std::array<Arc, 2> sides{arc, arc};
+    if (!(radius > 0)) return sides;
+    for (const std::size_t i : {0, 1}) {
+        const double factor = std::max(0.0, 1 + (i == 0 ? 1 : -1) * arc.width / 2 / radius);
+        sides[i].u = arc.u * factor;
+        sides[i].v = arc.v * factor;
+    }
+    return sides;
+}
+
+template <typename Stroke>
+bool touchesBand(const Stroke& stroke, const Box& box) {
+    if (touches(stroke, box)) return true;
+    if (!(stroke.width > 0)) return false;
+    const auto sides = sidesOf(stroke);
+    if (std::any_of(sides.begin(), sides.end(),
+                    [&](const Stroke& side) { return touches(side, box); }))
+        return true;
+    return distance(stroke, {box.left, box.bottom, 0}) <= stroke.width / 2;
 }
 
 bool insideArea(const std::vector<Vec>& area, const Vec& p) {
@@ -143,7 +176,9 @@ void extend(std::optional<Box>& box, const std::optional<Box>& other) {
 }
 
 bool Outline::near(const Vec& point, double tolerance) const {
-    const auto close = [&](const auto& stroke) { return distance(stroke, point) <= tolerance; };
+    const auto close = [&](const auto& stroke) {
+        return distance(stroke, point) <= tolerance + stroke.width / 2;
+    };
     return std::any_of(lines.begin(), lines.end(), close) ||
            std::any_of(arcs.begin(), arcs.end(), close) ||
            std::any_of(areas.begin(), areas.end(), [&](const std::vector<Vec>& area) {
@@ -154,7 +189,7 @@ bool Outline::near(const Vec& point, double tolerance) const {
 double Outline::distanceFrom(const Vec& point) const {
     double least = std::numeric_limits<double>::infinity();
     const auto measure = [&](const auto& stroke) {
-        least = std::min(least, distance(stroke, point));
+        least = std::min(least, std::max(0.0, distance(stroke, point) - stroke.width / 2));
         return false;
     };
     std::for_each(lines.begin(), lines.end(), measure);
@@ -166,16 +201,24 @@ double Outline::distanceFrom(const Vec& point) const {
 
 bool Outline::inside(const Box& box) const {
     const auto held = [&](const Vec& point) { return holds(box, point); };
+    const auto heldBetween = [&](const Line& line) { return held(line.a) && held(line.b); };
+    const auto heldAll = [&](const Arc& arc) {
+        bool all = true;
+        visitExtremes(arc, [&](const Vec& point) { all = all && held(point); });
+        return all;
+    };
+    const auto heldBand = [&](const auto& stroke, const auto& heldStroke) {
+        if (!(stroke.width > 0)) return heldStroke(stroke);
+        const auto sides = sidesOf(stroke);
+        return std::all_of(sides.begin(), sides.end(), heldStroke);
+    };
     const bool all =
         std::all_of(lines.begin(), lines.end(),
                     [&](const Line& line) {
-                        return !line.endlessA && !line.endlessB && held(line.a) && held(line.b);
+                        return !line.endlessA && !line.endlessB && heldBand(line, heldBetween);
                     }) &&
         std::all_of(arcs.begin(), arcs.end(),
-                    [&](const Arc& arc) {
-                        const std::vector<Vec> points = extremes(arc);
-                        return std::all_of(points.begin(), points.end(), held);
-                    }) &&
+                    [&](const Arc& arc) { return heldBand(arc, heldAll); }) &&
         std::all_of(areas.begin(), areas.end(), [&](const std::vector<Vec>& area) {
             return std::all_of(area.begin(), area.end(), held);
         });
@@ -183,7 +226,7 @@ bool Outline::inside(const Box& box) const {
 }
 
 bool Outline::touches(const Box& box) const {
-    const auto touched = [&](const auto& stroke) { return host::touches(stroke, box); };
+    const auto touched = [&](const auto& stroke) { return touchesBand(stroke, box); };
     return std::any_of(lines.begin(), lines.end(), touched) ||
            std::any_of(arcs.begin(), arcs.end(), touched) ||
            std::any_of(areas.begin(), areas.end(), [&](const std::vector<Vec>& area) {
@@ -196,6 +239,7 @@ void Outline::cut(const OutlineMark& from) {
     arcs.resize(from.arcs);
     areas.resize(from.areas);
     writings.resize(from.writings);
+    patterns.resize(from.patterns);
 }
 
 std::optional<Box> Outline::bounds(const OutlineMark& from) const {
@@ -205,22 +249,29 @@ std::optional<Box> Outline::bounds(const OutlineMark& from) const {
         *box = {std::min(box->left, p.x), std::min(box->bottom, p.y), std::max(box->right, p.x),
                 std::max(box->top, p.y)};
     };
-    for (std::size_t i = from.lines; i < lines.size(); ++i) {
-        add(lines[i].a);
-        add(lines[i].b);
-    }
-    for (std::size_t i = from.arcs; i < arcs.size(); ++i) {
-        if (arcs[i].sweep >= kTurn) {
-            const Vec& u = arcs[i].u;
-            const Vec& v = arcs[i].v;
-            const Vec reach{std::hypot(u.x, v.x), std::hypot(u.y, v.y), 0};
-            add(arcs[i].centre - reach);
-            add(arcs[i].centre + reach);
-            continue;
+    const auto addLine = [&](const Line& line) {
+        add(line.a);
+        add(line.b);
+    };
+    const auto addArc = [&](const Arc& arc) {
+        if (arc.sweep < kTurn) {
+            visitExtremes(arc, add);
+            return;
         }
-        for (const Vec& point : extremes(arcs[i]))
-            add(point);
-    }
+        const Vec reach{std::hypot(arc.u.x, arc.v.x), std::hypot(arc.u.y, arc.v.y), 0};
+        add(arc.centre - reach);
+        add(arc.centre + reach);
+    };
+    const auto addBand = [](const auto& stroke, const auto& addStroke) {
+        addStroke(stroke);
+        if (!(stroke.width > 0)) return;
+        for (const auto& side : sidesOf(stroke))
+            addStroke(side);
+    };
+    for (std::size_t i = from.lines; i < lines.size(); ++i)
+        addBand(lines[i], addLine);
+    for (std::size_t i = from.arcs; i < arcs.size(); ++i)
+        addBand(arcs[i], addArc);
     for (std::size_t i = from.areas; i < areas.size(); ++i) {
         for (const Vec& point : areas[i])
             add(point);

@@ -21,6 +21,7 @@ struct Line {
     Vec a, b;
     bool endlessA = false;
     bool endlessB = false;
+    double width = 0;  ///< half of it to either side
 };
 /// Elliptic stroke: centre + u cos(t) + v sin(t) for t from `from` to `from + sweep`.
 struct Arc {
@@ -28,23 +29,30 @@ struct Arc {
     double from = 0;
     double sweep = 0;       ///< above 0, at most a full turn
     std::size_t lines = 0;  ///< of the outline, that were drawn before it
+    double width = 0;       ///< half of it to either side
 };
 
 /// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
 struct Writing {
-    std::size_t area = 0;  ///< index into Outline::areas
-    std::wstring words;    ///< as they are stored, with formatting codes
-    double line = 1;       ///< part of the area's height that one line takes
-    double aspect = 1;     ///< width of the area by its height before anything stretches it
-    double anchor = 0;     ///< part of the width that lies before the alignment point: 0, 0.5 or 1
-    double above = 0;      ///< of a paragraph: part of the height above that point: 0, 0.5 or 1
+    std::size_t area = 0;             ///< index into Outline::areas
+    std::vector<std::wstring> lines;  ///< without formatting codes
+    double line = 1;                  ///< part of the area's height that one line takes
+    double aspect = 1;  ///< width of the area by its height before anything stretches it
+    double anchor = 0;  ///< part of the width that lies before the alignment point: 0, 0.5 or 1
+    double above = 0;   ///< of a paragraph: part of the height above that point: 0, 0.5 or 1
     bool isParagraph = false;
     bool fitted = false;  ///< fills the width whatever the font
 };
 
+/// Lines of a hatch pattern: endless and parallel, each a step beside the one before, dashed alike.
+struct PatternLines {
+    Vec base, along, step;       ///< `along` of length 1
+    std::vector<double> dashes;  ///< lengths; below 0 gaps, 0 dots; none: without gaps
+};
+
 /// A place in an outline: so many of each stand before it.
 struct OutlineMark {
-    std::size_t lines = 0, arcs = 0, areas = 0, writings = 0;
+    std::size_t lines = 0, arcs = 0, areas = 0, writings = 0, patterns = 0;
 };
 
 /// What is drawn of an entity, seen from above. Heights do not count.
@@ -53,10 +61,13 @@ struct Outline {
     std::vector<Arc> arcs;
     std::vector<std::vector<Vec>> areas;  ///< filled, closed by themselves
     std::vector<Writing> writings;        ///< for pictures; what can be hit are the areas
+    std::vector<PatternLines> patterns;   ///< for pictures, inside the strokes of their hatch
 
     bool empty() const { return lines.empty() && arcs.empty() && areas.empty(); }
     /// Where what is added from now on begins.
-    OutlineMark mark() const { return {lines.size(), arcs.size(), areas.size(), writings.size()}; }
+    OutlineMark mark() const {
+        return {lines.size(), arcs.size(), areas.size(), writings.size(), patterns.size()};
+    }
     /// Takes away what was added from there on.
     void cut(const OutlineMark& from);
     /// True when some part is within `tolerance` of the point; also inside an area.

@@ -34,6 +34,20 @@ Transform placeOfReference(const OwnTags& tags, std::int64_t column, std::int64_
     return turned * scale;
 }
 
+/// Words that a block repeats: of more than 200 characters an ellipsis stands for the end.
+void shortenLines(std::vector<std::wstring>& lines) {
+    std::size_t left = 200;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].size() <= left) {
+            left -= lines[i].size();
+            continue;
+        }
+        lines[i].resize(left);
+        lines[i] += L'\u2026';
+        lines.resize(i + 1);
+    }
+}
+
 Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
     if (blockPictureOf(shape.type) == BlockPicture::Dimension) return shape.pen;
     const Vec along = pointOf(shape.tags, 11, {1, 0, 0});
@@ -80,13 +94,19 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
         drawBlock(picture, penOfPicture(shape, *picture), layer);
     } else {
         const OutlineMark from = m_outline->mark();
-        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, from});
+        if (m_parts != nullptr)
+            m_parts->push_back({&entity, type, layer, from, scaleOf(pen.place())});
         const bool hasForm = drawShape(shape, !m_blocks.empty());
         if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
-        if (m_blocks.empty()) return;
-        for (std::size_t i = from.writings; i < m_outline->writings.size(); ++i)
-            m_outline->writings[i].words = shortened(std::move(m_outline->writings[i].words));
-        m_spent += costOf(*m_outline, from);
+        if (!m_blocks.empty()) {
+            for (std::size_t i = from.writings; i < m_outline->writings.size(); ++i)
+                shortenLines(m_outline->writings[i].lines);
+            m_spent += costOf(*m_outline, from);
+        }
+        if (type == "MULTILEADER" || type == "MLEADER") {
+            const PlacedBlock block = blockOfMultileader(shape);
+            drawBlock(block.record, pen.inside(block.place), layer);
+        }
     }
 }
 

@@ -15,11 +15,11 @@ namespace host {
 
 class Store;
 
-/// A corner of a polyline, and how the stroke behind it bends: the tangent of a quarter of its
-/// angle.
+/// A corner of a polyline, how the stroke behind it bends (the tangent of a quarter of its angle),
+/// and its width at either end.
 struct Corner {
     Vec point;
-    double bulge = 0;
+    double bulge = 0, startWidth = 0, endWidth = 0;
 };
 
 /// Draws strokes given in an entity's own coordinates into an outline.
@@ -43,14 +43,22 @@ class Pen {
     void frame(const Box& box) const;
     /// The area that words fill, from a corner along and up; `writing.area` is set here.
     void write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const;
+    /// Lines of a pattern; those that are no numbers are left out.
+    void pattern(PatternLines lines) const;
     /// The same outline with a further place inside.
     Pen inside(const Transform& place) const { return {m_outline, m_place * place}; }
+    /// The same with strokes of a width.
+    Pen broad(double width) const;
     const Transform& place() const { return m_place; }
 
   private:
     Outline& m_outline;
     Transform m_place;
+    double m_width = 0;  ///< in the drawing
 };
+
+/// By how much a map makes plane figures larger.
+double scaleOf(const Transform& place);
 
 /// What a shape is drawn from.
 struct Shape {
@@ -69,6 +77,29 @@ void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
 void drawPolyline(const Shape& shape);
+void drawLightPolyline(const Shape& shape);
+void drawMultiline(const Shape& shape);
+void drawTolerance(const Shape& shape);
+/// Leader lines with their heads, and the text; false without the data that tells where they are.
+bool drawMultileader(const Shape& shape);
+/// Block that a multileader shows, from where; nothing without one.
+struct PlacedBlock {
+    const ObjectBody* record = nullptr;
+    Transform place;
+};
+PlacedBlock blockOfMultileader(const Shape& shape);
+
+/// Writes a text of paragraphs, broken at a width unless that is 0. `attachment`: which of the nine
+/// points of its box stands at `at`, from 0, the upper left one, by rows.
+struct ParagraphText {
+    std::wstring text;
+    Vec at, direction;
+    double height, width;
+    int attachment;
+};
+void drawParagraphs(const Pen& pen, const ParagraphText& paragraphs);
+/// Width of a text without its codes, in heights: there are no fonts here.
+double widthOfText(std::wstring_view plain);
 
 /// Coordinates of the first point with a code (10: 10, 20, 30).
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard = {});
@@ -84,6 +115,7 @@ struct OutlinePart {
     std::string_view type;
     std::string_view layer;  ///< that it is drawn on; borrowed from the drawing
     OutlineMark from;
+    double scale = 1;      ///< drawing units for one of the block in which it stands
     bool hasForm = false;  ///< false for a kind that is known by its points alone
 };
 

@@ -20,7 +20,10 @@ constexpr long kTrials = 16;
 
 std::size_t sizeOfWords(const Writing& writing) {
     constexpr std::size_t kCharactersOfStroke = 8;
-    return writing.words.size() / kCharactersOfStroke;
+    std::size_t size = 0;
+    for (const std::wstring& line : writing.lines)
+        size += 1 + line.size() / kCharactersOfStroke;
+    return size;
 }
 
 }  // namespace
@@ -36,6 +39,8 @@ double costOf(const Outline& outline, const OutlineMark& from) {
         cost += 1 + outline.areas[i].size();
     for (std::size_t i = from.writings; i < outline.writings.size(); ++i)
         cost += sizeOfWords(outline.writings[i]);
+    for (std::size_t i = from.patterns; i < outline.patterns.size(); ++i)
+        cost += 1 + outline.patterns[i].dashes.size();
     return static_cast<double>(cost);
 }
 

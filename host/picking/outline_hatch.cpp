@@ -97,12 +97,38 @@ void drawPath(const Pen& pen, const Path& path) {
     pen.corners(corners, true);
 }
 
+/// Behind the boundary: 78 counts families of lines, 53 opens one.
+void drawPattern(const Pen& pen, const OwnTags& tags) {
+    std::vector<PatternLines> families;
+    bool inPattern = false;
+    for (const Tag& tag : tags.tags()) {
+        if (tag.code == 78) inPattern = true;
+        if (tag.code == 98) break;
+        if (!inPattern) continue;
+        const double value = realOf(tag.value);
+        if (tag.code == 53) {
+            const double angle = toRadians(value);
+            families.push_back({{}, {std::cos(angle), std::sin(angle), 0}, {}, {}});
+        }
+        if (families.empty()) continue;
+        PatternLines& family = families.back();
+        if (tag.code == 43) family.base.x = value;
+        if (tag.code == 44) family.base.y = value;
+        if (tag.code == 45) family.step.x = value;
+        if (tag.code == 46) family.step.y = value;
+        if (tag.code == 49) family.dashes.push_back(value);
+    }
+    for (PatternLines& family : families)
+        pen.pattern(std::move(family));
+}
+
 }  // namespace
 
 // Tag 91 counts the paths, 92 opens one, 72 opens an edge of it (or says that bulges follow), and
 // 97 or 75 end it; what stands before 91 and behind 75 is no boundary.
 void drawHatch(const Shape& shape) {
     const Pen pen = objectPen(shape);
+    if (shape.tags.integer(70, 0) == 0) drawPattern(pen, shape.tags);
     Path path;
     bool inPaths = false;
     for (const Tag& tag : shape.tags.tags()) {

@@ -7,7 +7,7 @@
 namespace host {
 
 void Pen::line(const Vec& a, const Vec& b) const {
-    m_outline.lines.push_back({m_place.apply(a), m_place.apply(b)});
+    m_outline.lines.push_back({m_place.apply(a), m_place.apply(b), false, false, m_width});
 }
 
 void Pen::endless(const Vec& a, const Vec& direction, bool bothWays) const {
@@ -19,7 +19,18 @@ void Pen::arc(const Vec& centre, const Vec& u, const Vec& v, double from, double
     if (!std::isfinite(from)) from = 0;
     if (!(sweep > 0) || sweep > kTurn) sweep = kTurn;
     m_outline.arcs.push_back({m_place.apply(centre), m_place.turn(u), m_place.turn(v), from, sweep,
-                              m_outline.lines.size()});
+                              m_outline.lines.size(), m_width});
+}
+
+double scaleOf(const Transform& place) {
+    return std::sqrt(std::fabs(place.x.x * place.y.y - place.x.y * place.y.x));
+}
+
+Pen Pen::broad(double width) const {
+    Pen pen = *this;
+    pen.m_width = width * scaleOf(m_place);
+    if (!std::isfinite(pen.m_width)) pen.m_width = 0;
+    return pen;
 }
 
 void Pen::circle(const Vec& centre, double radius) const {
@@ -46,12 +57,6 @@ void Pen::path(const std::vector<Vec>& points, bool closed) const {
     if (closed && points.size() > 2) line(points.back(), points.front());
 }
 
-void Pen::corners(const std::vector<Corner>& corners, bool closed) const {
-    if (corners.size() == 1) return point(corners[0].point);
-    for (std::size_t i = 0; i + (closed ? 0 : 1) < corners.size(); ++i)
-        bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
-}
-
 void Pen::area(const std::vector<Vec>& points) const {
     if (points.empty()) return;
     std::vector<Vec> placed;
@@ -74,6 +79,18 @@ void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec&
     const Vec from = m_place.apply(corner), a = m_place.turn(along), b = m_place.turn(up);
     m_outline.areas.push_back({from, from + a, from + a + b, from + b});
     m_outline.writings.push_back(std::move(writing));
+}
+
+void Pen::pattern(PatternLines lines) const {
+    const Vec along = m_place.turn(lines.along);
+    const double scale = std::hypot(along.x, along.y);
+    lines.base = m_place.apply(lines.base);
+    lines.step = m_place.turn(lines.step);
+    lines.along = along * (1 / scale);
+    for (double& dash : lines.dashes)
+        dash *= scale;
+    const double sum = lines.base.x + lines.base.y + lines.step.x + lines.step.y + lines.along.x;
+    if (std::isfinite(sum)) m_outline.patterns.push_back(std::move(lines));
 }
 
 std::vector<Vec> pointsOf(const OwnTags& tags, int code) {

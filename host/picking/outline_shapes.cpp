@@ -40,18 +40,6 @@ void drawEllipse(const Shape& shape) {
     shape.pen.arc(pointOf(shape.tags, 10), major, minor, from, sweep);
 }
 
-void drawLightPolyline(const Shape& shape) {
-    std::vector<Corner> corners;
-    const double elevation = shape.tags.real(38, 0);
-    for (const Tag& tag : shape.tags.tags()) {
-        if (tag.code == 10) corners.push_back({{realOf(tag.value), 0, elevation}});
-        if (corners.empty()) continue;
-        if (tag.code == 20) corners.back().point.y = realOf(tag.value);
-        if (tag.code == 42) corners.back().bulge = realOf(tag.value);
-    }
-    objectPen(shape).corners(corners, (shape.tags.integer(70, 0) & 1) != 0);
-}
-
 std::vector<double> realsOf(const OwnTags& tags, int code) {
     std::vector<double> values;
     for (const Tag& tag : tags.tags()) {
@@ -93,7 +81,11 @@ void drawConstructionLine(const Shape& shape) {
     shape.pen.endless(pointOf(shape.tags, 10), pointOf(shape.tags, 11), true);
 }
 
-void drawLeader(const Shape& shape) { shape.pen.path(pointsOf(shape.tags, 10), false); }
+void drawLeader(const Shape& shape) {
+    const std::vector<Vec> points = pointsOf(shape.tags, 10);
+    const bool curved = shape.tags.integer(72, 0) == 1 && points.size() > 2;
+    shape.pen.path(curved ? pointsAlong(splineThrough(points, false)) : points, false);
+}
 
 void drawSingleText(const Shape& shape) { drawText(shape, false); }
 
@@ -126,6 +118,8 @@ constexpr KindOfShape kShapes[] = {
     {"TEXT", drawSingleText},
     {"MTEXT", drawMText},
     {"ATTRIB", drawAttribute},
+    {"MLINE", drawMultiline},
+    {"TOLERANCE", drawTolerance},
 };
 
 /// A definition shows its tag; inside a block only a constant one shows, and then its value.
@@ -145,6 +139,7 @@ bool drawShape(const Shape& shape, bool insideBlock) {
         kind.draw(shape);
         return true;
     }
+    if (shape.type == "MULTILEADER" || shape.type == "MLEADER") return drawMultileader(shape);
     if (shape.type == "ATTDEF") {
         drawDefinition(shape, insideBlock);
         return true;
@@ -152,22 +147,6 @@ bool drawShape(const Shape& shape, bool insideBlock) {
     for (const Vec& point : pointsOf(shape.tags, 10))
         shape.pen.point(point);
     return false;
-}
-
-void drawPolyline(const Shape& shape) {
-    constexpr int kClosed = 1, kSplineFit = 4, k3d = 8, kMeshes = 16 | 64, kFrameVertex = 16;
-    const int flags = shape.tags.integer(70, 0);
-    std::vector<Corner> corners;
-    for (const ObjectBody& vertex : shape.store.children(shape.entity.self)) {
-        const OwnTags tags(vertex.tags());
-        const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
-        if (!frame && vertex.kind == Kind::Vertex)
-            corners.push_back({pointOf(tags, 10), tags.real(42, 0)});
-    }
-    const Pen pen = (flags & (k3d | kMeshes)) != 0 ? shape.pen : objectPen(shape);
-    if ((flags & kMeshes) == 0) return pen.corners(corners, (flags & kClosed) != 0);
-    for (const Corner& corner : corners)
-        pen.point(corner.point);
 }
 
 }  // namespace host

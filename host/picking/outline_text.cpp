@@ -5,6 +5,7 @@
 #include "host/geometry/angles.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
+#include "host/text/plain_text.h"
 
 namespace host {
 namespace {
@@ -36,32 +37,14 @@ double partBelow(int horizontal, int vertical) {
     return vertical == 2 ? 0.5 : vertical == 3 ? 1 : 0;
 }
 
-/// Length of the longest paragraph, and how many there are.
-struct Extent {
-    std::size_t longest = 0;
-    std::size_t paragraphs = 1;
-};
-
-Extent extentOf(const std::wstring& text) {
-    Extent extent;
-    std::size_t begin = 0;
-    for (;;) {
-        const std::size_t end = text.find(L"\\P", begin);
-        extent.longest = std::max(extent.longest, std::min(end, text.size()) - begin);
-        if (end == std::wstring::npos) return extent;
-        begin = end + 2;
-        ++extent.paragraphs;
-    }
-}
-
 }  // namespace
 
 void drawText(const Shape& shape, bool isDefinition) {
     const OwnTags& tags = shape.tags;
     constexpr int kBackward = 2, kUpsideDown = 4;
     const int generation = tags.integer(71, 0);
-    std::wstring value = shape.store.decode(tags.text(isDefinition ? 2 : 1));
-    const double aspect = kCharacterWidth * static_cast<double>(value.size());
+    std::wstring value = singleLine(shape.store.decode(tags.text(isDefinition ? 2 : 1)));
+    const double aspect = widthOfText(value);
     double height = tags.real(40, 0);
     double width = height * tags.real(41, 1) * aspect;
     double slant = slantOf(tags);
@@ -85,7 +68,7 @@ void drawText(const Shape& shape, bool isDefinition) {
     if (value.empty()) return;
     const double anchor = stretched ? 0 : partBefore(horizontal);
     drawBox(objectPen(shape), start, angle, width, height, slant,
-            {0, std::move(value), 1, aspect, anchor, 0, false, stretched});
+            {0, {std::move(value)}, 1, aspect, anchor, 0, false, stretched});
 }
 
 void drawMText(const Shape& shape) {
@@ -94,23 +77,32 @@ void drawMText(const Shape& shape) {
     for (const Tag& tag : tags.tags()) {
         if (tag.code == 1 || tag.code == 3) value += shape.store.decode(tag.value);
     }
-    if (value.empty()) return;
-    const Extent extent = extentOf(value);
-    const double height = tags.real(40, 0), frame = tags.real(41, 0);
-    double width = height * kCharacterWidth * static_cast<double>(extent.longest);
-    double lines = static_cast<double>(extent.paragraphs);
-    if (frame > 0 && width > frame) {
-        lines *= std::ceil(width / frame);
-        width = frame;
-    }
-    const double tall = height * (1 + (lines - 1) * kLineDistance);
-    const int attachment = std::clamp(tags.integer(71, 1), 1, 9) - 1;  // 0 top left, by rows
     const Vec direction = pointOf(tags, 11, paragraphDirection(tags.real(50, 0)));
-    const double angle = std::atan2(direction.y, direction.x);
-    const Vec offset{-width * 0.5 * (attachment % 3), -tall * (1 - 0.5 * (attachment / 3)), 0};
-    drawBox(shape.pen, pointOf(tags, 10) + rotation(angle).turn(offset), angle, width, tall, 0,
-            {0, std::move(value), height / tall, width / tall, 0.5 * (attachment % 3),
-             0.5 * (attachment / 3), true, false});
+    drawParagraphs(shape.pen, {std::move(value), pointOf(tags, 10), direction, tags.real(40, 0),
+                               tags.real(41, 0), std::clamp(tags.integer(71, 1), 1, 9) - 1});
+}
+
+void drawParagraphs(const Pen& pen, const ParagraphText& text) {
+    if (text.text.empty()) return;
+    const double room = text.width / (text.height * kCharacterWidth);
+    const bool breaks = text.width > 0 && std::isfinite(room);
+    std::vector<std::wstring> lines = linesOfParagraphs(
+        text.text, breaks ? static_cast<std::size_t>(std::clamp(room, 1.0, 1e6)) : 0);
+    double width = 0;
+    for (const std::wstring& line : lines)
+        width = std::max(width, text.height * widthOfText(line));
+    if (text.width > 0) width = std::min(width, text.width);
+    const double tall = text.height * (1 + static_cast<double>(lines.size() - 1) * kLineDistance);
+    const double angle = std::atan2(text.direction.y, text.direction.x);
+    const Vec offset{-width * 0.5 * (text.attachment % 3),
+                     -tall * (1 - 0.5 * (text.attachment / 3)), 0};
+    drawBox(pen, text.at + rotation(angle).turn(offset), angle, width, tall, 0,
+            {0, std::move(lines), text.height / tall, width / tall, 0.5 * (text.attachment % 3),
+             0.5 * (text.attachment / 3), true, false});
+}
+
+double widthOfText(std::wstring_view plain) {
+    return kCharacterWidth * static_cast<double>(plain.size());
 }
 
 }  // namespace host

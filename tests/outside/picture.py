@@ -56,7 +56,7 @@ def browse(profile):
 
 def widths(browser, group):
     """Stroke widths of the strokes that are seen of a group's members."""
-    strokes = browser.find_elements(By.CSS_SELECTOR, f"#{group} .m path:not(.hit)")
+    strokes = browser.find_elements(By.CSS_SELECTOR, f"#{group} .m path")
     return {stroke.value_of_css_property("stroke-width") for stroke in strokes}
 
 
@@ -67,7 +67,7 @@ def main(browser, picture):
     line = next(m for m in members if m.find_element(By.TAG_NAME, "title")
                 .get_attribute("textContent").startswith("LINE "))
     title = line.find_element(By.TAG_NAME, "title").get_attribute("textContent")
-    ActionChains(browser).move_to_element(line.find_element(By.CSS_SELECTOR, ".hit")).perform()
+    ActionChains(browser).move_to_element_with_offset(line.find_element(By.TAG_NAME, "path"), 3, 0).perform()
     lit = widths(browser, "group1"), widths(browser, "group2")
     row = browser.find_element(By.CSS_SELECTOR, "#group2 .row")
     ActionChains(browser).move_to_element(row).perform()

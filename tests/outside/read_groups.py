@@ -3,7 +3,9 @@
 #
 # usage: read_groups.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER [LAUNCHER...]
 import glob
+import json
 import os
+import re
 import subprocess
 import sys
 
@@ -95,6 +97,40 @@ def check_group(drawing, types, point):
     check_definitions(drawing, "VELMO_GE", 1)
 
 
+def fenced(page, language):
+    """The blocks of code of a page in one language."""
+    return re.findall(rf"^```{language}\n(.*?)^```", page, re.MULTILINE | re.DOTALL)
+
+
+def check_page(host, samples, work, grouped):
+    """What docs/format.md says: its example is in the file, its program agrees with --groups."""
+    with open(os.path.join(samples, "..", "docs", "format.md"), encoding="utf-8") as stream:
+        page = stream.read()
+    pair = os.path.join(work, "pair.dxf")
+    draft(host, f"LINE 0,0 1,0\n\nLINE 0,1 1,1\n\nVelmoGROUPMAKE ALL\n\nSAVEAS {pair}\n")
+    with open(pair, encoding="utf-8") as stream:
+        lines = stream.read().splitlines()
+    tags = "\n".join(f"{code.strip()} {value}" for code, value in zip(lines[::2], lines[1::2]))
+    for example in fenced(page, "dxf"):
+        shown = "\n".join(line.split(";")[0].strip() for line in example.splitlines())
+        expect(f"the page's example from {shown[:20]!r} on is written", shown in tags, True)
+    program = os.path.join(work, "list_groups.py")
+    with open(program, "w", encoding="utf-8") as stream:
+        stream.write(fenced(page, "python")[0])
+    broken = os.path.join(work, "broken.dxf")
+    subprocess.run([*sys.argv[4:], host, "--no-module", "--script", "-", pair], check=True,
+                   input=f"PICK 0.5,1\nERASE\nSAVEAS {broken}\n", text=True, capture_output=True)
+    for drawing in (pair, broken, grouped):
+        listed = subprocess.run([sys.executable, program, drawing], check=True, text=True,
+                                capture_output=True).stdout.splitlines()
+        told = json.loads(subprocess.run([*sys.argv[4:], host, "--groups", "--json", drawing],
+                                         text=True, capture_output=True).stdout)[0]
+        expect(f"groups of {drawing}", listed,
+               [" ".join([group["begin"], "in", group["space"],
+                          "whole" if group["state"] == "whole" else "not whole",
+                          *group["members"]]) for group in told["groups"]])
+
+
 def main(host, samples, work):
     os.makedirs(work, exist_ok=True)
     lines = os.path.join(work, "lines.dxf")
@@ -113,6 +149,7 @@ def main(host, samples, work):
            sorted([e.dxftype() for e in before.modelspace()] + ["INSERT", "INSERT"]))
     expect("layouts of the plan", after.layout_names(), before.layout_names())
 
+    check_page(host, samples, work, grouped)
     for sample in glob.glob(os.path.join(samples, "*.scr")):  # those that users are pointed to
         with open(sample, encoding="ascii") as script:
             draft(host, script.read())

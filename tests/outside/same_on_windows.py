@@ -13,6 +13,7 @@ import sys
 SCRIPT = ("LINE 1,2 3,4\n\nVelmoGROUPMAKE W -1,-1 4,5\n\nCIRCLE 9,9 2\nVelmoGROUPMAKE ALL\n\n")
 # Prints by the module's message service, which also writes the log when there is one.
 MESSAGE = "(VelmoGroupVersion)\n"
+SCRIPT_NAME = "gr\u00fcn \u4e2d.scr"
 failures = []
 
 
@@ -22,9 +23,12 @@ def expect(what, seen, wanted):
 
 
 def run_script(host, work, script, *options):
-    """Transcript of one run in the work folder."""
-    run = subprocess.run([*host, *options, "--script", "-", "plan.dxf"], cwd=work,
-                         input=script.encode(), capture_output=True)
+    """Transcript of one run in the work folder, by a script with letters beyond ASCII in its name."""
+    with open(os.path.join(work, SCRIPT_NAME), "w", encoding="utf-8", newline="") as stream:
+        stream.write(script)
+    run = subprocess.run([*host, *options, "--script", SCRIPT_NAME, "plan.dxf"], cwd=work,
+                         stdin=subprocess.DEVNULL, capture_output=True,
+                         env={**os.environ, "LC_ALL": "C.UTF-8"})
     expect(f"exit status of {host[-1]} ({run.stderr.decode().strip()})", run.returncode, 0)
     return run.stdout
 

@@ -1,4 +1,4 @@
-// What can end a run over many drawings early: a crash in one, and Ctrl+C.
+// What can end a run over many drawings early: a crash in one, and Ctrl+C. Links and modes.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -60,6 +60,22 @@ TEST_F(BatchEndTest, ControlCLeavesWholeDrawingsAndStops) {
         ++saved;
     }
     EXPECT_LT(saved, 400);
+}
+
+TEST_F(BatchEndTest, PicturesFollowLinksToPicturesAndKeepTheMode) {
+    ASSERT_EQ(script("SAVEAS a.dxf\nPICTURE a\n").status, 0);
+    const std::string drawing = contentOf("a.dxf"), picture = contentOf("a.svg");
+    write("a.svg", "older");
+    std::filesystem::permissions("a.svg", std::filesystem::perms(0640));
+    std::filesystem::create_symlink("a.svg", "to_picture.svg");
+    std::filesystem::create_symlink("a.dxf", "to_drawing.svg");
+    std::filesystem::create_symlink("/dev/null", "device.svg");
+    EXPECT_EQ(drafthost("--picture to_picture.svg a.dxf").status, 0);
+    EXPECT_EQ(drafthost("--picture to_drawing.svg a.dxf").status, 4);
+    EXPECT_EQ(drafthost("--picture device.svg a.dxf").status, 4);
+    EXPECT_EQ(contentOf("a.svg"), picture);
+    EXPECT_EQ(contentOf("a.dxf"), drawing);
+    EXPECT_EQ(std::filesystem::status("a.svg").permissions(), std::filesystem::perms(0640));
 }
 
 }  // namespace

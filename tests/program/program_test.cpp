@@ -21,7 +21,15 @@ TEST_F(ProgramTest, WrongUse) {
         {"--json a.dxf", "--json belongs to --check, --groups and --layers"},
         {"--output-dir out a.dxf", "--output-dir belongs to --script, --make-groups and --repair"},
         {"--make-groups name a.dxf", "--make-groups: takes layer, block or color, not \"name\""},
-        {"--picture a.svg a.dxf b.dxf", "--picture takes one drawing, not also \"b.dxf\""},
+        {"--picture a.svg a.dxf b.dxf",
+         "--picture takes one drawing, not also \"b.dxf\"; for many name a folder with / at its "
+         "end"},
+        {"--picture a.dxf b.dxf",
+         "--picture needs a name that ends in .svg, a folder with / at its end, or -, not "
+         "\"a.dxf\""},
+        {"--picture a.svg --window 0,0,1,0 a.dxf",
+         "--window needs two corners of a box that is not empty"},
+        {"--layer A a.dxf", "--space, --layer, --group and --window belong to --picture"},
         {"--picture a.svg --check a.dxf", "--check and --picture are runs of their own"},
     };
     for (const auto& each : cases) {
@@ -79,7 +87,7 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     ASSERT_EQ(drafthost("--picture b.svg short.dxf").status, 0);
     EXPECT_EQ(contentOf("a.svg"), contentOf("b.svg"));
     EXPECT_EQ(drafthost("--picture nowhere/b.svg short.dxf").status, 4);
-    const Result layout = drafthost("--picture b.svg --layout Sheet short.dxf");
+    const Result layout = drafthost("--picture b.svg --space Sheet short.dxf");
     EXPECT_EQ(layout.status, 2);
     EXPECT_EQ(
         layout.errors.rfind("drafthost: short.dxf: no layout is called \"Sheet\"; there are", 0),
@@ -110,6 +118,40 @@ TEST_F(ProgramTest, RepairTakesAwayWhatItCanAndTellsTheRest) {
     EXPECT_EQ(left.status, 5);
     EXPECT_EQ(left.output.rfind("b.dxf: left: stray begin marker ", 0), 0u) << left.output;
     EXPECT_TRUE(std::filesystem::exists("out/b.dxf"));
+}
+
+TEST_F(ProgramTest, PicturesReplaceNothingButPictures) {
+    ASSERT_EQ(script("LINE 0,0 1,1\n\nSAVEAS a.dxf\nSAVEAS b.dxf\nPICTURE b.svg\n").status, 0);
+    const std::string drawing = contentOf("a.dxf"), picture = contentOf("b.svg");
+    write("own.svg", drawing);
+    const struct {
+        const char* arguments;
+        int status;
+        const char* complaint;
+    } cases[] = {
+        {"--picture out/ a.dxf b.dxf", 0, "2 drawings, none failed"},
+        {"--picture out/ a.dxf ./A.DXF", 2,
+         "out/A.svg: both a.dxf and ./A.DXF would go there; work on them in two runs"},
+        {"--picture own.svg own.svg", 4,
+         "own.svg: the picture cannot be written: is a drawing that is in use"},
+        {"--picture out.svg a.dxf", 4, "out.svg: the picture cannot be written: Is a directory"},
+    };
+    std::filesystem::create_directory("out.svg");
+    for (const auto& each : cases) {
+        const Result run = drafthost(each.arguments);
+        EXPECT_EQ(run.status, each.status) << each.arguments;
+        EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) + "\n");
+    }
+    EXPECT_EQ(contentOf("out/b.svg"), picture);
+    EXPECT_EQ(drafthost("--picture out/ --group 2 b.dxf").errors,
+              "drafthost: b.dxf: no group has the number 2; Model has 0\n");
+    EXPECT_EQ(drafthost("--picture - --window 5,5,9,-9 b.dxf").output.find("<title>"),
+              picture.npos);
+    EXPECT_EQ(drafthost("--picture - b.dxf").output, picture);
+    EXPECT_NE(script("PICTURE own\n", "own.svg").output.find("is a drawing that is in use"),
+              picture.npos);
+    EXPECT_EQ(script("PICTURE a.dxf\n", "b.dxf").status, 1);
+    EXPECT_EQ(contentOf("own.svg") + contentOf("a.dxf"), drawing + drawing);
 }
 
 TEST_F(ProgramTest, FilesThatCannotBeRead) {

@@ -79,17 +79,21 @@ FilePlace placeOf(const std::string& path) {
     }
 }
 
-bool InputFile::open(const std::string& path, std::string& why) {
+bool InputFile::open(const std::string& path, std::string& why, Readable which) {
     constexpr const char* kNotRegular = "Is not a regular file";
+    const bool streams = which == Readable::Streams;
     // Before it is opened: the opening of a pipe would wait for a writer.
     const FilePlace place = placeOf(path);
-    if (place == FilePlace::Folder || place == FilePlace::Other) {
+    if (place == FilePlace::Folder || (place == FilePlace::Other && !streams)) {
         why = place == FilePlace::Folder ? "Is a directory" : kNotRegular;
         return false;
     }
     m_file.reset(native::openFile(pathFromUtf8(path)));
     if (!succeeded(m_file != nullptr, why)) return false;
-    if (!native::isRegular(m_file.get())) return why = kNotRegular, false;
+    if (!native::isRegular(m_file.get())) {
+        if (!streams) why = kNotRegular;
+        return streams;
+    }
     std::error_code failure;
     m_size = std::filesystem::file_size(pathFromUtf8(path), failure);
     return succeeded(failure, why);

@@ -18,16 +18,19 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-/// A regular file open for reading, or text in memory. Closed on destruction.
+/// What may be read: regular files alone, or pipes and devices as well.
+enum class Readable { Files, Streams };
+
+/// A file open for reading, or text in memory. Closed on destruction.
 class InputFile {
   public:
-    /// False with the reason in `why`: missing, not readable, a folder, a device.
-    bool open(const std::string& path, std::string& why);
+    /// False with the reason in `why`: missing, not readable, a folder, none of what may be read.
+    bool open(const std::string& path, std::string& why, Readable which = Readable::Files);
     /// Reads `text`, which has to outlive this, as if a file held it.
     void openText(std::string_view text);
     /// Bytes read, 0 at the end, -1 on failure. The file may grow or shrink meanwhile.
     long read(char* buffer, std::size_t size, std::string& why);
-    /// Size in bytes when it was opened.
+    /// Size in bytes when it was opened; 0 of a stream.
     std::uint64_t size() const { return m_size; }
 
   private:

@@ -1,12 +1,28 @@
 // Takes the formatting codes out of texts.
-#include "picture/plain_text.h"
+#include "host/text/plain_text.h"
 
 #include <cwctype>
+#include <utility>
 
-#include "host/text/text_codec.h"
-
-namespace picture {
+namespace host {
 namespace {
+
+bool isSymbolFont(std::wstring_view font) {
+    return font.size() >= 3 && std::towlower(static_cast<wint_t>(font[0])) == L'g' &&
+           std::towlower(static_cast<wint_t>(font[1])) == L'd' &&
+           std::towlower(static_cast<wint_t>(font[2])) == L't';
+}
+
+/// What a letter shows in the font of tolerance symbols.
+wchar_t symbolOf(wchar_t letter) {
+    constexpr std::wstring_view kLetters = L"abcdefghijklmnprtu";
+    constexpr std::wstring_view kSymbols =
+        L"\u2220\u27c2\u23e5\u2313\u25cb\u2225\u232d\u2197\u232f\u2316\u2312\u24c1\u24c2\u2300"
+        L"\u24c5\u25ce"
+        L"\u2330\u23e4";
+    const std::size_t place = kLetters.find(letter);
+    return place == std::wstring_view::npos ? letter : kSymbols[place];
+}
 
 /// Reads the codes of a paragraph text one after the other.
 class Paragraphs {
@@ -21,24 +37,49 @@ class Paragraphs {
 
   private:
     void step() {
+        const std::size_t plain = m_symbols ? m_at : plainEnd();
+        m_lines.back().append(m_text, m_at, plain - m_at);
+        m_at = plain;
+        if (m_at == m_text.size()) return;
         const wchar_t c = m_text[m_at++];
         if (c == L'\\' && m_at < m_text.size())
             code(m_text[m_at++]);
         else if (c == L'^' && m_at < m_text.size() && m_text[m_at] == L'J')
             ++m_at, m_lines.emplace_back();
-        else if (c != L'{' && c != L'}')
-            m_lines.back() += c;
+        else if (c == L'{')
+            m_outer.push_back(m_symbols);
+        else if (c == L'}')
+            leave();
+        else
+            m_lines.back() += m_symbols ? symbolOf(c) : c;
+    }
+
+    /// Where the next character stands that may be more than itself.
+    std::size_t plainEnd() const {
+        std::size_t at = m_at;
+        while (at < m_text.size() && m_text[at] != L'\\' && m_text[at] != L'^' &&
+               m_text[at] != L'{' && m_text[at] != L'}')
+            ++at;
+        return at;
+    }
+
+    void leave() {
+        if (m_outer.empty()) return;
+        m_symbols = m_outer.back();
+        m_outer.pop_back();
     }
 
     void code(wchar_t c) {
         const std::wstring_view switches = L"LlOoKk";
-        const std::wstring_view withValue = L"ACcfFHQTWp";
+        const std::wstring_view withValue = L"ACcHQTWp";
         if (c == L'P' || c == L'n' || c == L'N' || c == L'X')
             m_lines.emplace_back();
         else if (c == L'~')
             m_lines.back() += L'\u00a0';
         else if (c == L'S')
             stack(value());
+        else if (c == L'F' || c == L'f')
+            m_symbols = isSymbolFont(value());
         else if (withValue.find(c) != std::wstring_view::npos)
             value();
         else if (switches.find(c) == std::wstring_view::npos)
@@ -62,11 +103,14 @@ class Paragraphs {
 
     std::wstring_view m_text;
     std::size_t m_at = 0;
+    bool m_symbols = false;     ///< in the font of tolerance symbols
+    std::vector<bool> m_outer;  ///< the same around each open brace
     std::vector<std::wstring> m_lines{1};
 };
 
 /// Breaks a line between words where it grows over a width.
-void wrap(std::wstring_view line, std::size_t width, std::vector<std::wstring>& lines) {
+void wrap(std::wstring text, std::size_t width, std::vector<std::wstring>& lines) {
+    std::wstring_view line = text;
     while (width > 0 && line.size() > width) {
         std::size_t cut = line.rfind(L' ', width);
         if (cut == std::wstring_view::npos || cut == 0) cut = line.find(L' ', width);
@@ -74,15 +118,20 @@ void wrap(std::wstring_view line, std::size_t width, std::vector<std::wstring>& 
         lines.emplace_back(line.substr(0, cut));
         line.remove_prefix(cut + 1);
     }
-    lines.emplace_back(line);
+    if (line.size() == text.size())
+        lines.push_back(std::move(text));
+    else
+        lines.emplace_back(line);
 }
 
 }  // namespace
 
 std::vector<std::wstring> linesOfParagraphs(std::wstring_view text, std::size_t width) {
     std::vector<std::wstring> lines;
-    for (const std::wstring& paragraph : Paragraphs(text).read())
-        wrap(singleLine(paragraph), width, lines);
+    for (std::wstring& paragraph : Paragraphs(text).read()) {
+        const bool hasCodes = paragraph.find(L"%%") != std::wstring::npos;
+        wrap(hasCodes ? singleLine(paragraph) : std::move(paragraph), width, lines);
+    }
     return lines;
 }
 
@@ -110,24 +159,4 @@ std::wstring singleLine(std::wstring_view text) {
     return plain;
 }
 
-std::string xml(std::wstring_view text) { return xml(std::string_view(host::toUtf8(text))); }
-
-std::string xml(std::string_view text) {
-    std::string safe;
-    safe.reserve(text.size());
-    for (const char c : text) {
-        if (c == '&')
-            safe += "&amp;";
-        else if (c == '<')
-            safe += "&lt;";
-        else if (c == '>')
-            safe += "&gt;";
-        else if (c == '"')
-            safe += "&quot;";
-        else if (static_cast<unsigned char>(c) >= ' ' || c == '\n')
-            safe += c;
-    }
-    return safe;
-}
-
-}  // namespace picture
+}  // namespace host

@@ -1,0 +1,51 @@
+// From the lengths in a line type's record to dashes and gaps in turns.
+#include "picture/linetypes.h"
+
+#include <cmath>
+
+#include "host/tags/tag_values.h"
+
+namespace picture {
+namespace {
+
+/// Lengths one after the other, gaps below 0, as the pattern goes round.
+Dashes inTurns(const std::vector<double>& lengths) {
+    Dashes dashes;
+    for (const double length : lengths) {
+        const bool isGap = length < 0;
+        if (isGap == (dashes.size() % 2 != 0))
+            dashes.push_back(std::fabs(length));
+        else if (!dashes.empty())
+            dashes.back() += std::fabs(length);
+        else
+            dashes = {0, -length};  // one that begins with a gap gets a dot
+    }
+    if (dashes.size() % 2 == 0 || dashes.size() < 2) return dashes.size() < 2 ? Dashes() : dashes;
+    // The last dash goes on in the first one.
+    dashes.front() += dashes.back();
+    dashes.pop_back();
+    return dashes;
+}
+
+}  // namespace
+
+Linetypes::Linetypes(const host::Store& store) : m_store(store) {
+    const auto value = store.headerValue("$LTSCALE");
+    const double scale = value ? host::realOf(*value, 1) : 1;
+    if (scale > 0) m_scale = scale;
+}
+
+const Dashes& Linetypes::patternOf(std::string_view name) {
+    const auto [place, isNew] = m_patterns.try_emplace(name);
+    const host::ObjectBody* record =
+        isNew ? m_store.symbol("LTYPE", m_store.decode(name)) : nullptr;
+    if (record == nullptr) return place->second;
+    std::vector<double> lengths;
+    const host::OwnTags tags(record->tags());
+    for (const host::Tag& tag : tags.tags()) {
+        if (tag.code == 49) lengths.push_back(host::realOf(tag.value));
+    }
+    return place->second = inTurns(lengths);
+}
+
+}  // namespace picture
