@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "picture/plain_text.h"
+#include "picture/written_lines.h"
 
 namespace picture {
 namespace {
@@ -14,13 +15,8 @@ using host::OutlinePart;
 using host::Vec;
 using host::Writing;
 
-/// Height of capitals and mean width of a character, as parts of the size of common fonts.
-constexpr double kCapital = 0.72, kCharacter = 0.55;
-constexpr double kLineDistance = 5.0 / 3;
 /// References with more parts than this are looked at when a picture grows large.
 constexpr std::size_t kSimple = 8;
-
-double flatLength(const Vec& v) { return std::hypot(v.x, v.y); }
 
 void open(std::string& svg, const char* element, const std::string& style) {
     svg += '<';
@@ -41,14 +37,6 @@ void addPath(std::string& svg, const std::string& data, const std::string& style
 
 std::string joined(const std::string& a, const std::string& b) {
     return a.empty() ? b : b.empty() ? a : a + ' ' + b;
-}
-
-bool isWriting(const Outline& outline, const OutlineMark& from, const OutlineMark& end,
-               std::size_t area) {
-    for (std::size_t i = from.writings; i < end.writings; ++i) {
-        if (outline.writings[i].area == area) return true;
-    }
-    return false;
 }
 
 /// Appends "matrix(...)" or, for upright words as wide as they are, " x= y=". `a` and `b` are where
@@ -132,19 +120,6 @@ void EntityWriter::flush(std::string& svg, const std::string& style, std::string
     m_areas.clear();
 }
 
-/// In the order in which they were drawn: what is filled has to be one line around.
-void EntityWriter::addStrokes(const OutlineMark& from, const OutlineMark& end) {
-    const Outline& outline = m_scene.outline;
-    std::size_t line = from.lines;
-    for (std::size_t arc = from.arcs; arc < end.arcs; ++arc) {
-        for (; line < outline.arcs[arc].lines; ++line)
-            m_strokes.line(outline.lines[line]);
-        m_strokes.arc(outline.arcs[arc]);
-    }
-    for (; line < end.lines; ++line)
-        m_strokes.line(outline.lines[line]);
-}
-
 void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& look, Role role) {
     const Outline& outline = m_scene.outline;
     const std::size_t start = svg.size();
@@ -159,9 +134,9 @@ void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& 
         std::string own = styleOf(shown, part, look, role);
         if (own != style) flush(svg, style, wide);
         style.swap(own);
-        addStrokes(from, end);
+        addStrokes(m_strokes, outline, from, end);
         for (std::size_t k = from.areas; k < end.areas; ++k) {
-            if (!isWriting(outline, from, end, k)) m_areas.area(outline.areas[k]);
+            if (!isWords(outline, from, end, k)) m_areas.area(outline.areas[k]);
         }
         if (from.writings != end.writings) flush(svg, style, wide);
         for (std::size_t k = from.writings; k < end.writings; ++k)
@@ -193,42 +168,22 @@ std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, c
 
 void EntityWriter::writeWriting(std::string& svg, const Writing& writing,
                                 const std::string& style) const {
-    const std::vector<Vec>& box = m_scene.outline.areas[writing.area];
-    const Vec along = box[1] - box[0], up = box[3] - box[0];
-    const double width = flatLength(along), tall = flatLength(up);
-    const double stretch = writing.fitted ? 1 : width / (tall * writing.aspect);
-    if (!(width > 0) || !(tall > 0) || !std::isfinite(stretch)) return;
-    const Vec a = along * (stretch / width), b = up * (1 / tall);
-    const double line = tall * writing.line;
-    std::vector<std::wstring> lines;
-    if (writing.isParagraph) {
-        const double character = line / kCapital * kCharacter * stretch;
-        const double fitting = std::min(1e6, width / character);
-        lines = linesOfParagraphs(writing.words, static_cast<std::size_t>(fitting) + 1);
-    } else {
-        lines = {singleLine(writing.words)};
-    }
-    const double size = line * m_view.scale;
-    const double written = line * (1 + static_cast<double>(lines.size() - 1) * kLineDistance);
-    const double room = (tall - written) * writing.above;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i].find_first_not_of(L" \u00a0") == std::wstring::npos) continue;
-        const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
-        const Vec base = writing.isParagraph ? box[3] - b * below : box[0];
+    for (const WrittenLine& line :
+         writtenLines(writing, m_scene.outline.areas[writing.area], m_view)) {
         open(svg, "text", style);
-        addPlace(svg, m_view.spot(base + along * writing.anchor), a, b);
+        addPlace(svg, line.at, line.along, line.up);
         svg += " font-size=\"";
-        addNumber(svg, std::max(size / kCapital, 0.01));
+        addNumber(svg, line.size);
         svg += '"';
-        if (writing.anchor > 0)
-            svg += writing.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
-        if (writing.fitted) {
+        if (line.anchor > 0)
+            svg += line.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
+        if (line.fitted > 0) {
             svg += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
-            addNumber(svg, width * m_view.scale);
+            addNumber(svg, line.fitted);
             svg += '"';
         }
         svg += '>';
-        svg += xml(lines[i]);
+        svg += xml(line.words);
         svg += "</text>";
     }
 }
@@ -256,7 +211,8 @@ void EntityWriter::writeFrame(std::string& svg, const std::vector<Vec>& corners,
         data += 'z';
     }
     addPath(svg, data, joined("fr", style));
-    if (name.empty() || high.x - low.x < kNameSize * kCharacter * static_cast<double>(name.size()))
+    if (name.empty() ||
+        high.x - low.x < kNameSize * kCharacterWidth * static_cast<double>(name.size()))
         return;
     open(svg, "text", joined("note", style));
     svg += " text-anchor=\"middle\" x=\"";

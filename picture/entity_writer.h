@@ -53,7 +53,6 @@ class EntityWriter {
     void flush(std::string& svg, const std::string& style, std::string* wide);
     std::string styleOf(const Shown& shown, const host::OutlinePart& part, const Look& look,
                         Role role);
-    void addStrokes(const host::OutlineMark& from, const host::OutlineMark& end);
     void writeParts(std::string& svg, const Shown& shown, const Look& look, Role role);
     void writeWriting(std::string& svg, const host::Writing& writing,
                       const std::string& style) const;

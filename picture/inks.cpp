@@ -104,6 +104,11 @@ Rgb readableOnDark(Rgb colour) {
     return colour == kInk ? 0xd9dce1 : readable(calm(colour), kDarkPaper, 0xffffff);
 }
 
+double strokeWidth(int weight) {
+    constexpr double kUsual = 1.25;
+    return weight < 0 ? kUsual : 0.7 + 0.022 * weight;
+}
+
 Look::Look(const host::ObjectBody& entity) {
     host::TagWalk tags(entity.tags());
     // The head ends with the marker of the entity's own class.
@@ -133,25 +138,29 @@ const Inks::Layer& Inks::layerOf(std::string_view name) {
     return place->second;
 }
 
+Rgb Inks::colourOf(const Look& look, std::string_view layer, const Look& reference) {
+    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
+    if (inherits) return colourOf(reference, reference.layer, reference);
+    if (look.trueColour >= 0) return static_cast<Rgb>(look.trueColour) & 0xffffff;
+    return look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
+}
+
 const std::string& Inks::colourClass(const Look& look, std::string_view layer,
                                      const Look& reference) {
-    const bool inherits = look.trueColour < 0 && look.colour == kByBlock && &look != &reference;
-    if (inherits) return colourClass(reference, reference.layer, reference);
-    Rgb colour = kInk;
-    if (look.trueColour >= 0)
-        colour = static_cast<Rgb>(look.trueColour) & 0xffffff;
-    else
-        colour = look.colour == kByLayer ? layerOf(layer).colour : colourOfIndex(look.colour);
-    const auto [place, isNew] = m_colours.try_emplace(colour);
+    const auto [place, isNew] = m_colours.try_emplace(colourOf(look, layer, reference));
     if (isNew) place->second = "k" + std::to_string(m_colours.size() - 1);
     return place->second;
 }
 
-std::string Inks::weightClass(const Look& look, std::string_view layer) {
+int Inks::weightOf(const Look& look, std::string_view layer) {
     constexpr int kLayersOwn = -1, kHeaviest = 211;
-    int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
-    if (weight < 0 || weight == kUsualWeight) return {};
-    weight = std::min(weight, kHeaviest);
+    const int weight = look.weight == kLayersOwn ? layerOf(layer).weight : look.weight;
+    return weight < 0 || weight == kUsualWeight ? -1 : std::min(weight, kHeaviest);
+}
+
+std::string Inks::weightClass(const Look& look, std::string_view layer) {
+    const int weight = weightOf(look, layer);
+    if (weight < 0) return {};
     m_weights.try_emplace(weight, weight);
     return "w" + std::to_string(weight);
 }
@@ -166,7 +175,7 @@ std::string Inks::style() const {
     std::string weights;
     for (const auto& [weight, same] : m_weights) {
         char rule[48];
-        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, 0.7 + 0.022 * weight);
+        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, strokeWidth(weight));
         weights += rule;
     }
     return light + "\n" + weights + "\n@media(prefers-color-scheme:dark){" + dark + "}\n";

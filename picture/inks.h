@@ -23,6 +23,10 @@ Rgb colourOfIndex(int index);
 Rgb readableOnLight(Rgb colour);
 Rgb readableOnDark(Rgb colour);
 
+/// Width of a stroke in pixels for a line weight in hundredths of a millimetre; below 0 the usual
+/// one.
+double strokeWidth(int weight);
+
 /// What the head of an entity's tags says about its look. Views borrow the drawing's text.
 struct Look {
     explicit Look(const host::ObjectBody& entity);
@@ -38,6 +42,11 @@ class Inks {
   public:
     explicit Inks(const host::Store& store) : m_store(store) {}
 
+    /// The colour of an entity on a layer; `reference` is the look of the entity whose colour
+    /// counts where a part of its block takes that.
+    Rgb colourOf(const Look& look, std::string_view layer, const Look& reference);
+    /// Its line weight in hundredths of a millimetre; -1 for the usual one.
+    int weightOf(const Look& look, std::string_view layer);
     /// Class of a colour ("k3") on a layer; `reference` is the look of the entity whose colour
     /// counts where a part of its block takes that.
     const std::string& colourClass(const Look& look, std::string_view layer, const Look& reference);

@@ -179,6 +179,18 @@ void PathData::clear() {
     m_hasFirst = false;
 }
 
+void addStrokes(PathData& path, const host::Outline& outline, const host::OutlineMark& from,
+                const host::OutlineMark& end) {
+    std::size_t line = from.lines;
+    for (std::size_t arc = from.arcs; arc < end.arcs; ++arc) {
+        for (; line < outline.arcs[arc].lines; ++line)
+            path.line(outline.lines[line]);
+        path.arc(outline.arcs[arc]);
+    }
+    for (; line < end.lines; ++line)
+        path.line(outline.lines[line]);
+}
+
 std::vector<Spot> hull(std::vector<Spot> points) {
     const auto less = [](const Spot& a, const Spot& b) {
         return a.x != b.x ? a.x < b.x : a.y < b.y;

@@ -61,6 +61,11 @@ class PathData {
     bool m_hasFirst = false;
 };
 
+/// Writes the strokes of an outline between two marks in the order in which they were drawn: what
+/// is filled has to be one line around.
+void addStrokes(PathData& path, const host::Outline& outline, const host::OutlineMark& from,
+                const host::OutlineMark& end);
+
 /// Corners of the smallest convex polygon around the points.
 std::vector<Spot> hull(std::vector<Spot> points);
 

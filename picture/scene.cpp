@@ -106,6 +106,23 @@ std::vector<Vec> Scene::cornersOf(const Shown& one) const {
     return ends;
 }
 
+bool isWords(const host::Outline& outline, const host::OutlineMark& from,
+             const host::OutlineMark& end, std::size_t area) {
+    for (std::size_t i = from.writings; i < end.writings; ++i) {
+        if (outline.writings[i].area == area) return true;
+    }
+    return false;
+}
+
+Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities) {
+    Scene scene;
+    host::OutlineMaker maker(store);
+    for (const host::ObjectBody* entity : entities) {
+        if (!host::isPaperViewport(*entity)) add(scene, maker, *entity);
+    }
+    return scene;
+}
+
 Scene readScene(const host::Store& store, host::Index space) {
     Scene scene;
     // Pages that nothing comes to cost nothing; growing would copy what stands there already.

@@ -42,7 +42,13 @@ struct Scene {
     std::vector<host::Vec> cornersOf(const Shown& shown) const;
 };
 
+/// True when the area is the place of words between two marks of an outline.
+bool isWords(const host::Outline& outline, const host::OutlineMark& from,
+             const host::OutlineMark& end, std::size_t area);
+
 /// Reads a space of a drawing, which has to live as long as the scene and stay as it is.
 Scene readScene(const host::Store& store, host::Index space);
+/// The same for some of its entities alone.
+Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities);
 
 }  // namespace picture
