@@ -69,7 +69,8 @@ class EditedTerminal : public Terminal {
     }
     /// Completes the name of a command; behind it names of files.
     static unsigned char completeName(EditLine* editor, int key);
-    bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
+    bool readLine(const std::wstring& prompt, host::InputUnit unit, std::wstring& line,
+                  host::Answer& otherwise) override;
 
     KeyReader m_keys{[] { return interrupted != 0; }};
     EditLine* m_editor;
@@ -141,11 +142,11 @@ unsigned char EditedTerminal::completeName(EditLine* editor, int key) {
     return CC_REDISPLAY;
 }
 
-bool EditedTerminal::readLine(const std::wstring& prompt, std::wstring& line,
+bool EditedTerminal::readLine(const std::wstring& prompt, host::InputUnit, std::wstring& line,
                               host::Answer& otherwise) {
     int length = 0;
     flushOutput();
-    m_completesNames = asksForCommand(prompt);
+    m_completesNames = host::asksForCommand(prompt);
     m_prompt = m_open.empty() ? host::toUtf8(prompt) : std::exchange(m_open, {});
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.

@@ -16,6 +16,7 @@ namespace host {
 namespace {
 
 InputSource* source = nullptr;
+Question asked;
 
 std::wstring withoutBlanks(const std::wstring& text) {
     std::size_t begin = 0, end = text.size();
@@ -62,6 +63,15 @@ void setInputSource(InputSource* newSource) { source = newSource; }
 
 InputSource* inputSource() { return source; }
 
+const Question& question() { return asked; }
+
+Asking::Asking(Wanted wanted, const AcGePoint3d* base) : m_former(asked) {
+    asked.wanted = wanted;
+    asked.base = base != nullptr ? std::make_optional(*base) : std::nullopt;
+}
+
+Asking::~Asking() { asked = m_former; }
+
 Answer prompt(const std::wstring& text, InputUnit unit) {
     Answer answer{Answer::Kind::End, {}};
     if (inputAllowed("a prompt")) {
@@ -79,7 +89,10 @@ Answer prompt(const std::wstring& text, InputUnit unit) {
 
 bool wrongAnswer(const std::wstring& explanation) {
     printLine(explanation + L".");
-    if (source != nullptr && source->interactive()) return true;
+    if (source != nullptr && source->interactive()) {
+        source->disregardAnswer();
+        return true;
+    }
     noteWrongAnswer();
     noteProblem(explanation);
     return false;
@@ -99,6 +112,7 @@ PromptStatus promptPoint(const std::wstring& text, const AcGePoint3d* base, AcGe
         if (parsed) point = *parsed;
         return parsed.has_value();
     };
+    const Asking asking(Wanted::Point, base);
     return ask(text, InputUnit::Token, kNoPoint, read);
 }
 

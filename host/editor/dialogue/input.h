@@ -33,6 +33,28 @@ class InputSource {
     /// True when a person types: the source shows what is typed by itself, and a wrong answer is
     /// asked for again.
     virtual bool interactive() const { return false; }
+    /// The answer last given is none that a script of the same work would hold: it was wrong and is
+    /// asked for again, or a person alone is asked.
+    virtual void disregardAnswer() {}
+};
+
+/// What the prompt in progress takes beside typed words, for sources that let a person point.
+enum class Wanted { Words, Point, Selection, Entity };
+struct Question {
+    Wanted wanted = Wanted::Words;
+    std::optional<AcGePoint3d> base = {};  ///< that a point is drawn from
+};
+const Question& question();
+/// Sets it for as long as this lives.
+class Asking {
+  public:
+    explicit Asking(Wanted wanted, const AcGePoint3d* base = nullptr);
+    ~Asking();
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    Question m_former;
 };
 
 /// The source that prompts read from; owned by the caller. Null: every prompt is cancelled.

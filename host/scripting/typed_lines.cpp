@@ -1,0 +1,29 @@
+// From typed lines to answers.
+#include "host/scripting/typed_lines.h"
+
+#include <utility>
+
+namespace host {
+
+bool asksForCommand(const std::wstring& prompt) { return prompt == L"Command: "; }
+
+Answer TypedLines::next(const std::wstring& prompt, InputUnit unit) {
+    using Kind = Answer::Kind;
+    for (;;) {
+        m_beganLine = !m_line || m_line->atEnd();
+        if (m_beganLine) {
+            std::wstring line;
+            Answer otherwise;
+            m_line.reset();
+            if (!readLine(prompt, unit, line, otherwise)) return otherwise;
+            m_line.emplace(std::move(line));
+        }
+        const Answer answer = m_line->next({}, unit);
+        if (answer.kind == Kind::Text) return answer;
+        // A comment, and blanks behind a command, are no Enter that would repeat it.
+        const bool isEnter = answer.kind == Kind::Enter && m_beganLine;
+        if (isEnter || !asksForCommand(prompt)) return {Kind::Enter, {}};
+    }
+}
+
+}  // namespace host
