@@ -75,6 +75,13 @@ void declareSession(CLI::App& app, Options& options) {
         ->check(isSwitch);
 }
 
+void declareWindow(CLI::App& app, Options& options) {
+    app.add_flag("--window", options.window, "work on the drawing in the browser")
+        ->disable_flag_override();
+    app.add_flag("--no-browser", options.noBrowser, "--window prints its address alone")
+        ->disable_flag_override();
+}
+
 void declareReading(CLI::App& app, Options& options) {
     app.add_flag("--check", options.check, "check the drawings, change nothing")
         ->disable_flag_override();
@@ -96,6 +103,7 @@ void declare(CLI::App& app, Options& options) {
         ->check(notEmpty);
     declareScripts(app, options);
     declareSession(app, options);
+    declareWindow(app, options);
     declareReading(app, options);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
     app.get_formatter()->column_width(28);
@@ -113,6 +121,14 @@ std::string scriptProblem(const Options& options, const std::string& reading) {
     if (reading.empty() && options.files.size() > 1)
         return "several drawings need --script, --check or --groups";
     return {};
+}
+
+std::string windowProblem(const Options& options, const std::string& reading) {
+    if (!options.window) return options.noBrowser ? "--no-browser belongs to --window" : "";
+    if (!reading.empty() || !options.script.empty())
+        return "--window is a run of its own: it takes no script, and nothing is listed";
+    return options.files.size() > 1 ? "--window takes one drawing, not also \"" + options.files[1] + "\""
+                                    : "";
 }
 
 /// What no single option can tell; empty when all is well.
@@ -134,6 +150,8 @@ std::string contradiction(const Options& options) {
         return "--module and --no-module exclude each other";
     if (draws && options.files.size() > 1)
         return "--picture takes one drawing, not also \"" + options.files[1] + "\"";
+    if (const std::string problem = windowProblem(options, reading); !problem.empty())
+        return problem;
     return scriptProblem(options, reading);
 }
 

@@ -17,6 +17,7 @@
 #include "drafthost/process.h"
 #include "drafthost/script_job.h"
 #include "drafthost/terminal.h"
+#include "drafthost/window_job.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
@@ -162,7 +163,9 @@ int runDrawing(const Options& options, const Job& job) {
     registerGroupCommands();
     auto watch = std::make_unique<SaveWatch>();
     int status = start(*session, options, job);
-    if (status == kDone && !options.script.empty()) {
+    if (status == kDone && options.window) {
+        status = runWindow(*session, options);
+    } else if (status == kDone && !options.script.empty()) {
         status = runJob(*session, options, job);
     } else if (status == kDone && isInteractive()) {
         runTerminal(*session);
@@ -177,6 +180,10 @@ int runDrawing(const Options& options, const Job& job) {
 }  // namespace
 
 int runSession(const Options& options) {
+    if (const std::string missing = missingForWindow(); options.window && !missing.empty()) {
+        complain("--window: " + missing);
+        return kUsage;
+    }
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     if (const int status = prepareOutputFolder(options); status != kDone) return status;

@@ -1,0 +1,64 @@
+// The session of a drawing in the browser: address, Ctrl+C, and what the page wants to know.
+#include "drafthost/window_job.h"
+
+#include <unistd.h>
+
+#include <csignal>
+
+#include "drafthost/drawing_inspection.h"
+#include "drafthost/output.h"
+#include "drafthost/process.h"
+#include "host/control/effects.h"
+#include "host/text/text_codec.h"
+#include "window/window.h"
+
+namespace {
+
+volatile std::sig_atomic_t interrupts = 0;
+
+/// The session looks at the first two when it waits; a command that never ends leaves the third.
+void onInterrupt(int) {
+    interrupts = interrupts + 1;
+    if (interrupts > 2) _exit(kInterrupted);
+}
+
+void catchThem() {
+    struct sigaction action = {};
+    action.sa_handler = onInterrupt;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &action, nullptr);
+}
+
+std::vector<std::pair<host::Index, std::string>> namedSpaces(const host::Store& store) {
+    std::vector<std::pair<host::Index, std::string>> spaces;
+    for (const host::Index space : spacesOf(store))
+        spaces.emplace_back(space, spaceName(store, space));
+    return spaces;
+}
+
+}  // namespace
+
+const char* missingForWindow() { return ""; }
+
+int runWindow(host::Session& session, const Options& options) {
+    catchThem();
+    session.setProgress([](const char* what, int percent) {
+        return showProgress(what, percent) || interrupts < 2;
+    });
+    window::Setup setup;
+    setup.reader = {namedSpaces,
+                    [](AcDbDatabase& drawing) { return inspectDrawing(drawing, false); }};
+    setup.opensBrowser = !options.noBrowser;
+    setup.ready = [](const std::string& address) {
+        writeOutput(address + "\n");
+        flushOutput();
+    };
+    setup.tell = complain;
+    setup.interrupts = [] { return static_cast<int>(interrupts); };
+    const bool ran = window::run(session, setup);
+    if (!ran) complain("no port of 127.0.0.1 is free for the window");
+    session.setProgress(showProgress);
+    if (!ran) return kFailed;
+    return interrupts > 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
+}

@@ -1,0 +1,300 @@
+// Answers requests of the page.
+#include "window/display.h"
+
+#include "host/application/session_impl.h"
+#include "host/editor/dialogue/input.h"
+#include "host/editor/selection/pickfirst.h"
+#include "host/editor/state/current_drawing.h"
+#include "host/store/journal.h"
+#include "host/text/text_codec.h"
+
+namespace window {
+namespace {
+
+using host::Vec;
+using nlohmann::json;
+
+std::string dump(const json& value) {
+    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+/// The object with further members, which stand as text.
+std::string joined(const json& object, const std::string& members) {
+    std::string text = dump(object);
+    if (members.empty()) return text;
+    text.back() = ',';
+    return text + members + "}";
+}
+
+std::wstring coordinates(double x, double y) {
+    return host::fromUtf8(host::formatReal(x) + "," + host::formatReal(y));
+}
+
+std::wstring handent(AcDbObjectId id) {
+    const host::ObjectBody* body = host::Store::resolve(id);
+    return L"(handent \"" + host::fromUtf8(host::formatHandle(body->handle)) + L"\")";
+}
+
+std::string handleOf(AcDbObjectId id) {
+    const host::ObjectBody* body = host::Store::resolve(id);
+    return body != nullptr ? host::formatHandle(body->handle) : "";
+}
+
+const char* nameOf(host::Wanted wanted) {
+    switch (wanted) {
+        case host::Wanted::Point:
+            return "point";
+        case host::Wanted::Selection:
+            return "selection";
+        case host::Wanted::Entity:
+            return "entity";
+        default:
+            return "words";
+    }
+}
+
+void refuse(const Reply& reply, const std::string& why) {
+    reply->set_value(dump({{"error", why}}));
+}
+
+}  // namespace
+
+Display::Display(host::Session& session, Desk& desk, Reader reader, std::function<bool()> isOver)
+    : m_session(session),
+      m_reader(std::move(reader)),
+      m_conversation(session, desk, m_watch, [this] { return news(); }, std::move(isOver)) {}
+
+const host::Store* Display::store() const {
+    const AcDbDatabase* drawing = m_session.database();
+    return drawing != nullptr ? &drawing->store() : nullptr;
+}
+
+bool Display::nothingToLose() const {
+    if (!m_conversation.waits() || !m_conversation.atCommand()) return false;
+    for (const host::HostDocument* document : m_session.impl().documents.all()) {
+        if (document->changed()) return false;
+    }
+    return true;
+}
+
+bool Display::showsCurrentSpace() const {
+    return m_sheet && store() != nullptr && m_sheet->space() == store()->currentSpace();
+}
+
+void Display::conclude() {
+    m_over = true;
+    m_conversation.conclude();
+}
+
+json Display::state() {
+    json state;
+    state["state"] = m_over ? "ended" : m_conversation.atCommand() ? "ready" : "asking";
+    state["prompt"] = host::toUtf8(m_conversation.prompt());
+    state["wants"] = m_conversation.atCommand() ? "command" : nameOf(host::question().wanted);
+    state["line"] = m_conversation.takesLine();
+    if (const auto& base = host::question().base) state["base"] = {base->x, base->y};
+    const std::wstring& transcript = m_conversation.transcript();
+    const std::size_t from = std::max(m_told.transcript, m_conversation.forgotten());
+    state["transcript"] = host::toUtf8(transcript.substr(from - m_conversation.forgotten()));
+    m_told.transcript = m_conversation.forgotten() + transcript.size();
+    const std::string& script = m_conversation.record().text();
+    state["script"] = script.substr(m_told.script);
+    m_told.script = script.size();
+    const host::HostDocument* document = m_session.impl().documents.current();
+    state["drawing"] = document != nullptr ? json(host::toUtf8(document->fileName())) : json();
+    state["named"] = document != nullptr && !document->path().empty();
+    state["changed"] = document != nullptr && document->changed();
+    state["grouping"] = m_watch.groupingOn();
+    if (store() == nullptr) return state;
+    json spaces = json::array();
+    for (const auto& [space, name] : m_reader.spaces(*store())) {
+        spaces.push_back({{"space", space},
+                          {"name", name},
+                          {"current", space == store()->currentSpace()},
+                          {"model", space == store()->modelSpace()},
+                          {"reachable", space == store()->modelSpace() ||
+                                            space == store()->paperSpace()}});
+    }
+    state["spaces"] = std::move(spaces);
+    return state;
+}
+
+void Display::addSelection(json& news) {
+    const std::vector<AcDbObjectId>& picked = host::pickfirst();
+    if (picked == m_told.selected) return;
+    m_told.selected = picked;
+    json handles = json::array();
+    for (const AcDbObjectId id : picked)
+        handles.push_back(handleOf(id));
+    news["selected"] = std::move(handles);
+}
+
+void Display::addGroups(json& news) {
+    // Between commands only: inside one the module may have objects open.
+    if (m_told.groups || !m_conversation.atCommand() || store() == nullptr) return;
+    m_groups.set(m_reader.inspect(*m_session.database()));
+    news.update(m_groups.list());
+    m_told.groups = true;
+}
+
+std::string Display::wholeSheet() {
+    m_session.database()->store().journal().takeChanged();
+    return "\"sheet\":{\"space\":" + std::to_string(m_sheet->space()) + "," + m_sheet->all() + "}";
+}
+
+/// What of the drawing is not as the page knows it, as JSON members.
+std::string Display::sheetNews() {
+    const host::Store* now = store();
+    if (now == nullptr) {
+        m_sheet.reset();
+        m_told.drawing = 0;
+        return {};
+    }
+    host::Journal& journal = m_session.database()->store().journal();
+    const host::Index current = now->currentSpace();
+    const bool isOther = now->serial() != m_told.drawing;
+    if (isOther) journal.watch();
+    if (isOther || now->revision != m_told.revision) m_told.groups = false;
+    if (isOther || current != m_current || !m_sheet) m_sheet.emplace(*now, current);
+    const bool knowsSheet = !isOther && current == m_current && m_told.space == m_sheet->space();
+    const bool isAsTold = knowsSheet && now->revision == m_told.revision;
+    m_told.drawing = now->serial();
+    m_told.revision = now->revision;
+    m_told.space = m_sheet->space();
+    m_current = current;
+    if (isAsTold) return {};
+    std::optional<std::string> changes;
+    if (knowsSheet) changes = m_sheet->changes(journal.takeChanged());
+    return changes ? *changes : wholeSheet();
+}
+
+std::string Display::news() {
+    const std::string sheet = sheetNews();
+    json news = state();
+    addSelection(news);
+    addGroups(news);
+    return joined(news, sheet);
+}
+
+/// For a page that knows nothing yet.
+std::string Display::everything() {
+    m_told = {};
+    m_told.selected = {AcDbObjectId()};  // no set of picks is like that, so it is told
+    m_sheet.reset();
+    const std::string sheet = sheetNews();
+    json all = state();
+    addSelection(all);
+    addGroups(all);
+    json names = json::array();
+    for (const std::wstring& name : host::typableNames())
+        names.push_back(host::toUtf8(name));
+    all["commands"] = std::move(names);
+    return joined(all, sheet);
+}
+
+json Display::look(const json& request) {
+    if (!m_sheet || store() == nullptr) return json::object();
+    const Vec point{request.at("x"), request.at("y"), 0};
+    const double radius = request.at("r");
+    json found = json::object();
+    if (host::question().wanted == host::Wanted::Point && !m_conversation.atCommand()) {
+        if (const auto snap = m_sheet->snap(point, 1.6 * radius))
+            found["snap"] = {{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}};
+    }
+    const AcDbObjectId id = m_sheet->under(point, radius);
+    const host::ObjectBody* body = host::Store::resolve(id);
+    if (body == nullptr) return found;
+    found["handle"] = host::formatHandle(body->handle);
+    found["type"] = host::toUtf8(store()->decode(host::trimmed(body->type())));
+    found["layer"] = host::toUtf8(host::layerName(*body));
+    std::vector<std::string> lit;
+    if (const inspection::Group* group = m_groups.of(id)) {
+        found["group"] = {{"begin", group->begin},
+                          {"verdict", inspection::nameOf(group->state)},
+                          {"reason", group->reason}};
+        if (m_conversation.atCommand() && m_watch.groupingOn()) lit = m_groups.selectedBy(id);
+    }
+    if (lit.empty()) lit.push_back(host::formatHandle(body->handle));
+    found["lit"] = std::move(lit);
+    return found;
+}
+
+void Display::showSpace(const json& request, const Reply& reply) {
+    const host::Index wanted = request.at("space");
+    for (const auto& [space, name] : m_reader.spaces(*store())) {
+        if (space != wanted) continue;
+        m_sheet.emplace(*store(), space);
+        m_told.space = space;
+        const std::string sheet = wholeSheet();
+        return reply->set_value(joined(state(), sheet));
+    }
+    refuse(reply, "the drawing has no such space");
+}
+
+void Display::click(const json& request, const Reply& reply) {
+    if (!showsCurrentSpace()) return refuse(reply, "commands work in another space");
+    const Vec point{request.at("x"), request.at("y"), 0};
+    const double radius = request.at("r");
+    const bool shift = request.value("shift", false);
+    const host::Wanted wanted = host::question().wanted;
+    if (!m_conversation.atCommand() && wanted == host::Wanted::Point) {
+        const auto snap = m_sheet->snap(point, 1.6 * radius);
+        const Vec at = snap ? snap->point : point;
+        return m_conversation.type({coordinates(at.x, at.y)}, reply);
+    }
+    const AcDbObjectId id = m_sheet->under(point, radius);
+    const bool takes = m_conversation.atCommand() || wanted != host::Wanted::Words;
+    if (id.isNull() || !takes) return reply->set_value(news());
+    const std::wstring entity = handent(id);
+    if (m_conversation.atCommand())
+        return m_conversation.type({(shift ? L"UNPICK " : L"PICK ") + entity}, reply);
+    const bool removes = shift && wanted == host::Wanted::Selection;
+    m_conversation.type({removes ? L"R " + entity + L" A" : entity}, reply);
+}
+
+void Display::box(const json& request, const Reply& reply) {
+    if (!showsCurrentSpace()) return refuse(reply, "commands work in another space");
+    const bool shift = request.value("shift", false);
+    std::wstring line = request.at("crossing").get<bool>() ? L"C " : L"W ";
+    line += coordinates(request.at("x1"), request.at("y1")) + L" " +
+            coordinates(request.at("x2"), request.at("y2"));
+    if (m_conversation.atCommand())
+        return m_conversation.type({(shift ? L"UNPICK " : L"PICK ") + line}, reply);
+    if (host::question().wanted != host::Wanted::Selection) return reply->set_value(news());
+    m_conversation.type({shift ? L"R " + line + L" A" : line}, reply);
+}
+
+/// Picks a member as a click does, so that the module brings the others. The picks before go.
+void Display::pickGroup(const json& request, const Reply& reply) {
+    const inspection::Group* group = m_groups.beginningAt(request.at("begin"));
+    if (group == nullptr || group->members.empty())
+        return refuse(reply, "nothing stands in this group");
+    const AcDbObjectId first = group->members.front().id;
+    if (first.isErased()) return refuse(reply, "this group has changed");
+    if (!m_conversation.atCommand()) return m_conversation.type({handent(first)}, reply);
+    std::vector<std::wstring> lines;
+    if (!host::pickfirst().empty()) lines.push_back(L"PICK NONE");
+    lines.push_back(L"PICK " + handent(first));
+    m_conversation.type(std::move(lines), reply);
+}
+
+void Display::answer(const json& request, const Reply& reply) {
+    const std::string what = request.at("do");
+    if (what == "open") return reply->set_value(everything());
+    if (what == "look") return reply->set_value(dump(look(request)));
+    if (what == "cancel") return m_conversation.cancel(reply);
+    if (what == "type") {
+        std::wstring line = host::fromUtf8(request.at("line").get<std::string>());
+        for (wchar_t& c : line)
+            if (c < L' ') c = L' ';
+        return m_conversation.type({std::move(line)}, reply);
+    }
+    if (store() == nullptr) return refuse(reply, "no drawing is open");
+    if (what == "space") return showSpace(request, reply);
+    if (what == "click") return click(request, reply);
+    if (what == "box") return box(request, reply);
+    if (what == "group") return pickGroup(request, reply);
+    refuse(reply, "the request is none that is known: " + what);
+}
+
+}  // namespace window

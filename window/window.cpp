@@ -1,0 +1,85 @@
+// Brings session, page and server together.
+#include "window/window.h"
+
+#include <optional>
+
+#include "host/control/effects.h"
+#include "window/browser.h"
+#include "window/floor.h"
+#include "window/server.h"
+
+namespace window {
+namespace {
+
+/// Decides when the session is over, and tells the terminal why it is not.
+class Farewell {
+  public:
+    Farewell(const Setup& setup, const Floor& floor) : m_setup(setup), m_floor(floor) {}
+    void watch(const Display& display, const std::string& address) {
+        m_display = &display;
+        m_address = address;
+    }
+    bool isOver() {
+        if (m_over || m_display == nullptr) return m_over;
+        const int interrupts = m_setup.interrupts();
+        const bool deserted = m_floor.deserted();
+        const bool asked = interrupts > 0 || deserted;
+        m_over = interrupts > 1 || (asked && m_display->nothingToLose());
+        if (m_over) return true;
+        if (interrupts > m_interrupts)
+            m_setup.tell("there is work that is not saved; Ctrl+C again leaves it; the page is " +
+                         m_address);
+        if (deserted && !m_deserted)
+            m_setup.tell("the page was closed, and there is work that is not saved; open it again: " +
+                         m_address);
+        m_interrupts = interrupts;
+        m_deserted = deserted;
+        return false;
+    }
+
+  private:
+    const Setup& m_setup;
+    const Floor& m_floor;
+    const Display* m_display = nullptr;
+    std::string m_address;
+    int m_interrupts = 0;
+    bool m_deserted = false;
+    bool m_over = false;
+};
+
+void announce(const Setup& setup, const std::string& address, std::optional<Signpost>& signpost) {
+    setup.ready(address);
+    if (!setup.opensBrowser) return;
+    signpost.emplace(address);
+    if (!signpost->open())
+        setup.tell("no browser can be started (xdg-open): open the address above in one");
+}
+
+}  // namespace
+
+bool run(host::Session& session, const Setup& setup) {
+    Desk desk;
+    Floor floor;
+    Farewell farewell(setup, floor);
+    Display display(session, desk, setup.reader, [&] { return farewell.isOver(); });
+    Conversation& conversation = display.conversation();
+    std::optional<Signpost> signpost;
+    Server server(desk, floor, [&](const nlohmann::json& request, const Reply& reply) {
+        display.answer(request, reply);
+    });
+    if (!server.start()) return false;
+    host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
+    session.setDiagnostics([&](const std::string& line) { conversation.diagnose(line); });
+    farewell.watch(display, server.address());
+    announce(setup, server.address(), signpost);
+    do
+        session.runInput(conversation);
+    while (!session.leave(conversation));
+    display.conclude();
+    desk.close();
+    session.setDiagnostics({});
+    host::setCommandLineSink({});
+    return true;
+}
+
+}  // namespace window

@@ -1,0 +1,27 @@
+// A drawing in the person's browser: the room's one entrance.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "host/application/session.h"
+#include "window/display.h"
+
+namespace window {
+
+struct Setup {
+    Reader reader;
+    bool opensBrowser = true;
+    /// Receives the address, as soon as the page can be opened.
+    std::function<void(const std::string& address)> ready;
+    /// Receives one line for the person at the terminal.
+    std::function<void(const std::string& line)> tell;
+    /// How often Ctrl+C was pressed.
+    std::function<int()> interrupts;
+};
+
+/// Lets a page work on the session until somebody quits, the page is closed with nothing left to
+/// save, or Ctrl+C is pressed (twice when there is). False when no port can be had.
+bool run(host::Session& session, const Setup& setup);
+
+}  // namespace window
