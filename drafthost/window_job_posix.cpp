@@ -32,8 +32,13 @@ void catchThem() {
 
 std::vector<std::pair<host::Index, std::string>> namedSpaces(const host::Store& store) {
     std::vector<std::pair<host::Index, std::string>> spaces;
-    for (const host::Index space : spacesOf(store))
-        spaces.emplace_back(space, spaceName(store, space));
+    for (const host::Index space : spacesOf(store)) {
+        std::string name = spaceName(store, space);
+        // What is in no layout is called like model space; nobody gets to see it.
+        const bool isHidden = space != store.modelSpace() && space != store.currentSpace() &&
+                              name == spaceName(store, store.modelSpace());
+        if (!isHidden) spaces.emplace_back(space, std::move(name));
+    }
     return spaces;
 }
 
@@ -49,6 +54,7 @@ int runWindow(host::Session& session, const Options& options) {
     window::Setup setup;
     setup.reader = {namedSpaces,
                     [](AcDbDatabase& drawing) { return inspectDrawing(drawing, false); }};
+    setup.greeting = "drafthost " DRAFTHOST_VERSION "; ? lists the commands";
     setup.opensBrowser = !options.noBrowser;
     setup.ready = [](const std::string& address) {
         writeOutput(address + "\n");

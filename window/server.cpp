@@ -18,6 +18,8 @@ using httplib::Request;
 using httplib::Response;
 using nlohmann::json;
 
+/// Named so, the library sends it as it is: packing it would take longer than all else.
+constexpr const char* kJson = "application/json; charset=utf-8";
 constexpr std::size_t kMostBytes = 64 * 1024;  ///< of a request
 constexpr std::size_t kThreads = 6;
 constexpr std::size_t kMostConnections = 32;  ///< that wait for a thread
@@ -51,7 +53,7 @@ class BoundedPool : public httplib::TaskQueue {
 
 void refuse(Response& response, int status, const std::string& why) {
     response.status = status;
-    response.set_content(json{{"error", why}}.dump(), "application/json");
+    response.set_content(json{{"error", why}}.dump(), kJson);
 }
 
 const httplib::Headers kHeaders = {
@@ -116,7 +118,7 @@ bool Server::Impl::mayWork(const json& request, Response& response) {
                                       : floor.holds(page);
     if (!works) refuse(response, 409, "another page works on this drawing");
     if (works && what == "bye") floor.leave(page);
-    if (works && (what == "bye" || what == "ping")) response.set_content("{}", "application/json");
+    if (works && (what == "bye" || what == "ping")) response.set_content("{}", kJson);
     return works && response.body.empty();
 }
 
@@ -125,7 +127,7 @@ void Server::Impl::work(json request, Response& response) {
         answer(request, reply);
     });
     if (outcome)
-        response.set_content(*outcome, "application/json");
+        response.set_content(*outcome, kJson);
     else
         refuse(response, 503, "the session is busy, or it is over");
 }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/control/effects.h"
+#include "host/text/text_codec.h"
 #include "window/browser.h"
 #include "window/floor.h"
 #include "window/server.h"
@@ -70,6 +71,7 @@ bool run(host::Session& session, const Setup& setup) {
     if (!server.start()) return false;
     host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
     session.setDiagnostics([&](const std::string& line) { conversation.diagnose(line); });
+    host::printLine(host::fromUtf8(setup.greeting));
     farewell.watch(display, server.address());
     announce(setup, server.address(), signpost);
     do

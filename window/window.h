@@ -11,6 +11,7 @@ namespace window {
 
 struct Setup {
     Reader reader;
+    std::string greeting;  ///< first line of the transcript
     bool opensBrowser = true;
     /// Receives the address, as soon as the page can be opened.
     std::function<void(const std::string& address)> ready;

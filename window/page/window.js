@@ -288,7 +288,7 @@ function paint() {
   frameAsked = true;
   requestAnimationFrame(frame);
 }
-function contentChanged() { stale = true; pass = null; paint(); }
+function contentChanged() { selectedStrokes = null; stale = true; pass = null; paint(); }
 function viewChanged() { viewAt = performance.now(); pass = null; stale = true; paint(); }
 
 function transform(on, at = view) { on.setTransform(ratio * at.k, 0, 0, ratio * at.k, ratio * at.x, ratio * at.y); }
