@@ -20,10 +20,12 @@ const std::string_view kNewDrawing = R"(@new_drawing_text@)";
 ]])
 
 add_library(velmohost SHARED ${host_sources} ${CMAKE_BINARY_DIR}/new_drawing.cpp)
+compile_by_room(velmohost ${host_sources})
+set_target_properties(velmohost PROPERTIES DEFINE_SYMBOL "")  # headers for others are compiled with it
+target_precompile_headers(velmohost PRIVATE <algorithm> <filesystem> <functional> <map> <memory>
+  <optional> <set> <string> <unordered_map> <unordered_set> <vector>)
 if(WIN32)
   include(cmake/windows_runtime.cmake)
-  # The native build shows that every file includes what it needs; this one only saves time.
-  target_precompile_headers(velmohost PRIVATE <algorithm> <functional> <map> <memory> <string> <vector>)
 endif()
 target_include_directories(velmohost PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(velmohost PRIVATE ${CMAKE_DL_LIBS})

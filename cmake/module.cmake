@@ -19,12 +19,26 @@ module_room(module_storage storage SEES support)
 module_room(module_commands commands SEES support module storage)
 module_room(module_tracking tracking SEES support module storage commands)
 module_room(module_entry module/entry SEES support module commands tracking)
+# What every file of them includes. The files of a room use the same names, so each is compiled alone.
+target_precompile_headers(module_support PRIVATE ${module_root}/support/platform.h)
+foreach(room state storage commands tracking entry)
+  target_precompile_headers(module_${room} REUSE_FROM module_support)
+endforeach()
+
+# The moment of the build: a source that any change of the module writes anew.
+file(GLOB module_sources CONFIGURE_DEPENDS ${module_root}/module/*.h ${module_root}/module/*.cpp
+  ${module_root}/module/entry/* ${module_root}/storage/* ${module_root}/commands/*
+  ${module_root}/tracking/* ${module_root}/support/*)
+include(cmake/build_moment.cmake)
+velmo_build_moment(${CMAKE_BINARY_DIR}/build_moment.cpp "${module_sources}")
+add_library(module_moment OBJECT ${CMAKE_BINARY_DIR}/build_moment.cpp)
+target_include_directories(module_moment PRIVATE ${module_root}/module/entry)
 
 set(module_objects
   $<TARGET_OBJECTS:module_support> $<TARGET_OBJECTS:module_state>
   $<TARGET_OBJECTS:module_storage> $<TARGET_OBJECTS:module_commands>
   $<TARGET_OBJECTS:module_tracking> $<TARGET_OBJECTS:module_entry>
-  $<TARGET_OBJECTS:arx_glue>)
+  $<TARGET_OBJECTS:module_moment> $<TARGET_OBJECTS:arx_glue>)
 
 # Windows' own libraries behind the calls of the support room: statistics and version resources.
 set(module_libraries netapi32 version)

@@ -33,6 +33,14 @@ const std::vector<PageFile>& pageFiles() {
 ]])
 
 file(GLOB window_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/window/*.cpp)
-add_library(window STATIC ${window_sources} ${CMAKE_BINARY_DIR}/window_page.cpp)
+set(server_source ${CMAKE_SOURCE_DIR}/window/server.cpp)
+list(REMOVE_ITEM window_sources ${server_source})
+add_library(window STATIC ${window_sources})
+compile_by_room(window ${window_sources})
+target_precompile_headers(window REUSE_FROM velmohost)
+target_link_libraries(window PUBLIC picture)
+# The library comes with settings of its own, which no other source needs.
+add_library(window_server OBJECT ${server_source} ${CMAKE_BINARY_DIR}/window_page.cpp)
 find_package(Threads REQUIRED)
-target_link_libraries(window PUBLIC picture PRIVATE PkgConfig::CPP_HTTPLIB Threads::Threads)
+target_link_libraries(window_server PRIVATE velmohost PUBLIC PkgConfig::CPP_HTTPLIB Threads::Threads)
+target_link_libraries(window PRIVATE window_server $<TARGET_OBJECTS:window_server>)

@@ -3,12 +3,12 @@
 
 Selected selectForCommand(const wchar_t* prompt, OwnedSelection& selection) {
     if (acedSSGet(L"_I", nullptr, nullptr, nullptr, selection.name()) == RTNORM) {
-        return Selected::kPickfirst;
+        return kPickfirst;
     }
     acutPrintf(L"%s", prompt);
     if (acedSSGet(nullptr, nullptr, nullptr, nullptr, selection.name()) == RTNORM) {
-        return Selected::kAtPrompt;
+        return kSelectedAtPrompt;
     }
     acutPrintf(L"\nNothing selected");
-    return Selected::kNothing;
+    return kNothingSelected;
 }

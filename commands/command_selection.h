@@ -4,11 +4,11 @@
 #include "host_guards.h"
 
 /// Where a selection came from.
-enum class Selected { kNothing, kPickfirst, kAtPrompt };
+enum Selected { kNothingSelected, kPickfirst, kSelectedAtPrompt };
 
 /// Gives the pick-first set as it stands or, after `prompt`, what the user selects. Without either
 /// the user is told that nothing was selected.
 Selected selectForCommand(const wchar_t* prompt, OwnedSelection& selection);
 
 /// How reports name the conversion of a selected entity's name.
-constexpr const wchar_t* kSelectedConversion = L"acdbGetObjectId (objId, ent1) == Acad::eOk";
+const wchar_t* const kSelectedConversion = L"acdbGetObjectId (objId, ent1) == Acad::eOk";

@@ -1,7 +1,7 @@
 // Reads single markers and links pairs of them.
 #include "group_markers.h"
 
-#include "command_source.h"
+#include "diagnostics.h"
 #include "group_naming.h"
 #include "handle_text.h"
 #include "host_guards.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kGroupMarkers;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
 
 }  // namespace
 
@@ -18,24 +18,25 @@ std::wstring readMarkerCount(const AcDbObjectId& markerId) {
     DIAG_ASSERT(acdbOpenAcDbEntity(entity.receive(), markerId, AcDb::kForRead) == Acad::eOk,
                 L"acdbOpenAcDbEntity(pEnt, objId, AcDb::kForRead) == Acad::eOk");
     AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
-    if (reference == nullptr) return {};
+    if (reference == nullptr) return std::wstring();
     Opened<AcDbBlockTableRecord> definition;
     DIAG_ASSERT(acdbOpenObject(definition.receive(), reference->blockTableRecord(),
                                AcDb::kForRead) == Acad::eOk,
                 L"acdbOpenObject(pBlkDefRecord, blkDefId, AcDb::kForRead) == Acad::eOk");
-    if (!definition || !definition->hasAttributeDefinitions()) return {};
+    if (!definition.isOpen() || !definition->hasAttributeDefinitions()) return std::wstring();
     const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
-    if (!attributes) return {};
+    if (!attributes.isThere()) return std::wstring();
     // The count stands in the second attribute; the first is never looked at.
     attributes->start();
     attributes->step();
-    if (attributes->done()) return {};
+    if (attributes.done()) return std::wstring();
     Opened<AcDbAttribute> attribute;
     const bool opened = reference->openAttribute(attribute.receive(), attributes->objectId(),
                                                  AcDb::kForRead) == Acad::eOk;
     DIAG_ASSERT(opened, L"pBlkRef->openAttribute(pAtt, attId, AcDb::kForRead) == Acad::eOk");
-    if (!opened || attribute->tagConst() != groupPrefix() + GroupSuffix::kBeginMarker) return {};
-    return attribute->textStringConst();
+    const bool counts =
+        opened && attribute->tagConst() == groupPrefix() + GroupSuffix::kBeginMarker;
+    return counts ? attribute->textStringConst() : L"";
 }
 
 void readPosition(const AcDbObjectId& markerId, AcGePoint3d& position) {

@@ -1,36 +1,36 @@
 // VelmoGROUPMAKE: binds entities into one group.
 #include "command_selection.h"
-#include "command_source.h"
+#include "diagnostics.h"
 #include "document_data.h"
 #include "group_forming.h"
 #include "group_record.h"
+#include "group_search.h"
 #include "GroupCommands.h"
 #include "host_guards.h"
 #include "marker_block.h"
-#include "membership.h"
 #include "object_ids.h"
 #include "selection.h"
 #include "VeLogging.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kMakeGroup;
-constexpr int kPointCode = 10;
-constexpr int kRefuseEmptyInput = 1;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
+const int kPointCode = 10;
+const int kRefuseEmptyInput = 1;
 
-enum class Highlight { kOn = 3, kOff = 4 };
+enum Highlight { kHighlightOn = 3, kHighlightOff = 4 };
 
 /// Shows the first `length` entities of the set in that way.
 void highlight(const ads_name selection, Adesk::Int32 length, Highlight mode) {
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name entity = {};
         if (!nameAt(selection, i, entity, DIAG_HERE)) continue;
-        DIAG_CHECK(acedRedraw(entity, static_cast<int>(mode)) == RTNORM);
+        DIAG_CHECK(acedRedraw(entity, mode) == RTNORM);
     }
 }
 
 void takeHighlightBack(const ads_name selection) {
-    highlight(selection, selectionLength(selection, DIAG_HERE), Highlight::kOff);
+    highlight(selection, selectionLength(selection, DIAG_HERE), kHighlightOff);
 }
 
 /// Adds every id of `group` to the set; those that are in it already stay where they are.
@@ -52,7 +52,9 @@ void widenToGroups(ads_name selection) {
     const Adesk::Int32 length = selectionLength(selection, DIAG_HERE);
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kSelectedConversion, DIAG_HERE);
-        if (isGroupedEntity(id) && search.verify(group, id)) addAll(selection, group);
+        // What earlier answers gave is in the set already.
+        if (isGroupedEntity(id) && search.find(id, group) == GroupSearch::kNew)
+            addAll(selection, group);
     }
 }
 
@@ -80,12 +82,12 @@ bool markerPoint(const ads_name selection, AcGePoint3d& point) {
                         asDblArray(point)) == RTNORM;
 }
 
-/// What the command does behind formGroup, which has freed the set.
+/// What the command does once the set is freed.
 void finish(ads_name freed) {
     // The members are clones, which were never highlighted: this finds nothing to do, and neither
     // does the second release. Both are to fail in silence.
-    Adesk::Int32 length = {};
-    if (acedSSLength(freed, &length) == RTNORM) highlight(freed, length, Highlight::kOff);
+    Adesk::Int32 length = 0;
+    if (acedSSLength(freed, &length) == RTNORM) highlight(freed, length, kHighlightOff);
     logCommandUse(L"Make or Add Group");
     docData().m_aGatheredIds.setLogicalLength(0);
     acedSSFree(freed);
@@ -99,14 +101,13 @@ void finish(ads_name freed) {
 void groupMake() {
     OwnedSelection selection;
     switch (selectForCommand(L"\nSelect entities to form an VelmoGroup: ", selection)) {
-        case Selected::kNothing:
+        case kNothingSelected:
             return;
-        case Selected::kPickfirst:
+        case kPickfirst:
             break;
-        case Selected::kAtPrompt:
+        case kSelectedAtPrompt:
             widenToGroups(selection.name());
-            highlight(selection.name(), selectionLength(selection.name(), DIAG_HERE),
-                      Highlight::kOn);
+            highlight(selection.name(), selectionLength(selection.name(), DIAG_HERE), kHighlightOn);
     }
     ensureMarkerBlocks();
     AcGePoint3d point;
@@ -117,8 +118,7 @@ void groupMake() {
     }
     if (!formGroup(selection.name(), point)) {
         takeHighlightBack(selection.name());
-        DIAG_CHECK(selection.free() == RTNORM);
-        return;
+        DIAG_CHECK(acedSSFree(selection.name()) == RTNORM);
     }
     finish(selection.name());
 }

@@ -4,10 +4,10 @@
 #include "document_data.h"
 #include "group_markers.h"
 #include "group_naming.h"
+#include "group_walk.h"
 #include "GroupCommands.h"
 #include "handle_text.h"
 #include "marker.h"
-#include "membership.h"
 
 void relinkCopiedGroups() {
     const std::wstring prefix = groupPrefix();
@@ -19,7 +19,7 @@ void relinkCopiedGroups() {
     bool openPair = false;
     while (!handle.empty()) {
         const AcDbObjectId id = idFromHandleText(handle);
-        const std::wstring tag = readMarkerText(id, MarkerText::kTag);
+        const std::wstring tag = readMarkerText(id, kMarkerTag);
         if (sameTag(tag, beginTag)) {
             // A begin marker met before any end marker replaces the one before it.
             readBeginMarker(id, begin);

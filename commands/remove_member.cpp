@@ -1,7 +1,8 @@
 // VelmoGROUPREMOVEMEMBER: takes single entities out of their groups.
 #include <string>
 
-#include "command_source.h"
+#include "decimal_text.h"
+#include "diagnostics.h"
 #include "group_forming.h"
 #include "group_markers.h"
 #include "group_record.h"
@@ -10,12 +11,13 @@
 #include "host_guards.h"
 #include "marker.h"
 #include "membership.h"
+#include "number_text.h"
 #include "object_ids.h"
 #include "VeLogging.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kRemoveMember;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
 
 /// Writes the count of a group that lost a member, or erases the markers of one that became empty.
 void shrinkGroup(const AcDbObjectIdArray& group, int left) {
@@ -24,7 +26,7 @@ void shrinkGroup(const AcDbObjectIdArray& group, int left) {
     AcGePoint3d position;
     readPosition(begin, position);
     if (left >= 1) {
-        updateMarker(begin, position, handleText(end), std::to_wstring(left));
+        updateMarker(begin, position, handleText(end), decimalText(left));
     } else {
         eraseObject(begin);
         eraseObject(end);
@@ -35,7 +37,7 @@ void shrinkGroup(const AcDbObjectIdArray& group, int left) {
 void recloneAlone(const ads_name entity) {
     OwnedSelection selection;
     if (!DIAG_CHECK(acedSSAdd(entity, nullptr, selection.name()) == RTNORM)) return;
-    recloneIntoCurrentSpace(selection.name(), Records::kTakeAway);
+    recloneIntoCurrentSpace(selection.name(), kTakeRecordsAway);
     DIAG_CHECK(selection.free() == RTNORM);
 }
 
@@ -43,12 +45,9 @@ void removeMember(const ads_name entity, const AcDbObjectId& id) {
     logCommandUse(L"Remove Member");
     AcDbObjectIdArray group(0, kIdListGrowth);
     const bool verified = verifyGroup(group, id);
-    const int left = verified ? _wtoi(readMarkerCount(group.first()).c_str()) - 1 : 0;
-    recloneAlone(entity);
-    // What the host did not let go still stands between the markers: it goes on counting as a
-    // member, or repair would find one too many and dissolve the group.
-    if (!id.isErased()) return;
+    const int left = verified ? digitsOf(readMarkerCount(group.first())) - 1 : 0;
     if (verified) shrinkGroup(group, left);
+    recloneAlone(entity);
     if (left >= 1) {
         acutPrintf(L"\nEntity Removed, %d still in the Group.", left);
     } else {

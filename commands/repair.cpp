@@ -1,24 +1,27 @@
 // The repair pass: brings every group of the drawing back in line with its markers.
 #include <string>
 
-#include "command_source.h"
+#include "decimal_text.h"
+#include "diagnostics.h"
+#include "end_search.h"
 #include "group_forming.h"
 #include "group_markers.h"
 #include "group_naming.h"
+#include "group_walk.h"
 #include "GroupCommands.h"
 #include "handle_text.h"
 #include "host_guards.h"
 #include "marker.h"
-#include "membership.h"
+#include "number_text.h"
 #include "object_ids.h"
 #include "selection.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kRepair;
-constexpr int kBlockName = 2;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
+const int kBlockName = 2;
 /// Matches the blocks of both kinds of marker.
-constexpr const wchar_t* kAnyMarker = L"_G?";
+const wchar_t* const kAnyMarker = L"_G?";
 
 /// Ids of all block references in the drawing whose block name matches, in the host's order.
 AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* conversionText) {
@@ -40,45 +43,36 @@ AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* con
 }
 
 struct RepairCounts {
-    int updated = 0;
-    int deleted = 0;
+    RepairCounts() : updated(0), deleted(0) {}
+
+    int updated;
+    int deleted;
 };
 
-/// Settles a group of which `between` entities stand between its markers.
-void settleGroup(const Marker& begin, const Marker& end, int between, RepairCounts& counts) {
-    const int expected = _wtoi(begin.count.c_str());
+/// Settles the group of a begin marker by what stands between it and the end marker that follows. A
+/// begin marker that no end marker follows is left alone. Whatever stands in between counts as an
+/// entity, another group's begin marker included: groups that got into each other are dissolved.
+void repairGroup(const AcDbObjectId& beginId, EndSearch& ends, RepairCounts& counts) {
+    Marker begin;
+    readBeginMarker(beginId, begin);
+    const EndSearch::Answer found = ends.find(beginId);
+    if (found.m_idEnd.isNull()) return;
+    Marker end;
+    end.id = found.m_idEnd;
+    end.handle = found.m_sHandle;
+    readPosition(end.id, end.position);
+    const int between = found.m_nBetween;
+    const int expected = digitsOf(begin.count);
     if (between == expected) {
         linkMarkers(begin, end, begin.count);
         ++counts.updated;
     } else if (between == 0 || between > expected) {
-        eraseObject(begin.id);
-        eraseObject(end.id);
+        ends.erasePair(begin.id, end.id);
         ++counts.deleted;
     } else {
-        linkMarkers(begin, end, std::to_wstring(between));
+        linkMarkers(begin, end, decimalText(between));
         ++counts.updated;
     }
-}
-
-/// Walks from a begin marker to the end marker that follows it and settles the group. A walk that
-/// meets no end marker leaves the group alone. Whatever stands in between counts as an entity,
-/// another group's begin marker included: groups that got into each other are dissolved.
-void repairGroup(const AcDbObjectId& beginId, const std::wstring& endTag, RepairCounts& counts) {
-    Marker begin;
-    readBeginMarker(beginId, begin);
-    Marker end;
-    end.handle = nextEntityHandle(beginId);
-    if (end.handle.empty()) return;
-    end.id = idFromHandleText(end.handle);
-    int between = 0;
-    while (!sameTag(readMarkerText(end.id, MarkerText::kTag), endTag)) {
-        end.handle = nextEntityHandle(end.id);
-        end.id = idFromHandleText(end.handle);
-        ++between;
-        if (!end.id.isValid()) return;
-    }
-    readPosition(end.id, end.position);
-    settleGroup(begin, end, between, counts);
 }
 
 /// Erases markers whose partner does not exist; so goes also what only looks like a marker. A
@@ -87,7 +81,7 @@ void purgePartnerless(const std::wstring& prefix) {
     const AcDbObjectIdArray markers =
         referencesOf(prefix + kAnyMarker, L"acdbGetObjectId(objId, ent) == Acad::eOk");
     for (int i = 0; i < markers.length(); ++i) {
-        const std::wstring partner = readMarkerText(markers[i], MarkerText::kText);
+        const std::wstring partner = readMarkerText(markers[i], kMarkerText);
         if (idFromHandleText(partner).isNull()) eraseObject(markers[i]);
     }
 }
@@ -98,7 +92,7 @@ void purgeEmptyPairs(const std::wstring& prefix) {
                                                   L"acdbGetObjectId(objId2, ent) == Acad::eOk");
     for (int i = 0; i < begins.length(); ++i) {
         const std::wstring next = nextEntityHandle(begins[i]);
-        const std::wstring partner = readMarkerText(begins[i], MarkerText::kText);
+        const std::wstring partner = readMarkerText(begins[i], kMarkerText);
         const AcDbObjectId end = idFromHandleText(partner);
         if (end.isNull() || partner != next) continue;
         eraseObject(end);
@@ -110,12 +104,12 @@ void purgeEmptyPairs(const std::wstring& prefix) {
 
 void updateAllGroups() {
     const std::wstring prefix = groupPrefix();
-    const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
     const AcDbObjectIdArray begins = referencesOf(prefix + GroupSuffix::kBeginMarker,
                                                   L"acdbGetObjectId(objIdGB, ent) == Acad::eOk");
+    EndSearch ends(prefix + GroupSuffix::kEndMarker);
     RepairCounts counts;
     for (int i = 0; i < begins.length(); ++i) {
-        repairGroup(begins[i], endTag, counts);
+        repairGroup(begins[i], ends, counts);
     }
     if (counts.updated >= 1) acutPrintf(L"\n%d Groups Updated. ", counts.updated);
     if (counts.deleted > 0) acutPrintf(L"\n%d Groups Deleted. ", counts.deleted);

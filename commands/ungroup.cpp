@@ -1,19 +1,19 @@
 // VelmoGROUPDELETE: dissolves whole groups.
 #include "command_selection.h"
-#include "command_source.h"
+#include "diagnostics.h"
 #include "document_data.h"
 #include "group_forming.h"
 #include "group_record.h"
+#include "group_search.h"
 #include "GroupCommands.h"
 #include "host_guards.h"
-#include "membership.h"
 #include "object_ids.h"
 #include "selection.h"
 #include "VeLogging.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = kUngroup;
+const CheckSource DIAG_SOURCE = L"GroupCommands";
 
 /// Takes each selected entity out of its group, as it stands: the set has been widened already, or
 /// the user wants just these. The number of entities that lost a record.
@@ -38,13 +38,16 @@ int ungroupWholeGroups(const ads_name selection) {
         AcDbObjectIdArray group(0, kIdListGrowth);
         if (!isGroupedEntity(id)) {
             group.append(id);
-        } else if (!search.verify(group, id)) {
+        } else if (!search.findWhole(id, group)) {
             continue;
         }
         for (int k = 0; k < group.length(); ++k) {
-            if (ungroupEntity(group[k])) ++ungrouped;
+            if (ungroupEntity(group[k])) {
+                ++ungrouped;
+            } else if (group[k].isErased()) {
+                search.forget(group[k]);
+            }
         }
-        if (group.last().isErased()) search.forget();  // a marker
     }
     return ungrouped;
 }
@@ -55,14 +58,14 @@ void groupDelete() {
     OwnedSelection selection;
     int ungrouped = 0;
     switch (selectForCommand(L"\nPick group(s) to explode: ", selection)) {
-        case Selected::kNothing:
+        case kNothingSelected:
             return;
-        case Selected::kPickfirst:
+        case kPickfirst:
             ungrouped = ungroupSelected(selection.name());
             docData().m_aGatheredIds.setLogicalLength(0);
             docData().m_bReactToPickfirst = false;
             break;
-        case Selected::kAtPrompt:
+        case kSelectedAtPrompt:
             ungrouped = ungroupWholeGroups(selection.name());
     }
     logCommandUse(L"Ungroup");

@@ -40,7 +40,7 @@ int listOne(const Options& options, const std::string& file) {
     }
     const inspection::Inspection found = inspectDrawing(*drawing, true);
     if (!found.good() || !options.quiet) {
-        writeOutput(options.json ? inspection::listJson(file, found)
+        writeOutput(options.json ? groupsJson(file, found)
                                  : inspection::listText(file + ": ", found));
     }
     return found.good() ? kDone : kDamaged;

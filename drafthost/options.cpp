@@ -127,8 +127,9 @@ std::string windowProblem(const Options& options, const std::string& reading) {
     if (!options.window) return options.noBrowser ? "--no-browser belongs to --window" : "";
     if (!reading.empty() || !options.script.empty())
         return "--window is a run of its own: it takes no script, and nothing is listed";
-    return options.files.size() > 1 ? "--window takes one drawing, not also \"" + options.files[1] + "\""
-                                    : "";
+    return options.files.size() > 1
+               ? "--window takes one drawing, not also \"" + options.files[1] + "\""
+               : "";
 }
 
 /// What no single option can tell; empty when all is well.

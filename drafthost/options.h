@@ -28,11 +28,11 @@ struct Options {
     bool noModule = false;
     bool check = false;
     bool groups = false;
-    bool json = false;    ///< the list of findings or groups as JSON
+    bool json = false;       ///< the list of findings or groups as JSON
     bool window = false;     ///< the session in the browser
     bool noBrowser = false;  ///< its address alone
-    std::string picture;  ///< file to draw into; empty: nothing is drawn
-    std::string layout;   ///< to draw; empty: model space
+    std::string picture;     ///< file to draw into; empty: nothing is drawn
+    std::string layout;      ///< to draw; empty: model space
     std::vector<std::string> menuGroups;
     std::vector<std::string> variables;  ///< "NAME=VALUE"
     std::vector<std::string> switches;   ///< "NAME=VALUE", a number of 32 bits

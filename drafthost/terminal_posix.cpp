@@ -22,12 +22,12 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
 
-void onInterrupt(int) { interrupted = 1; }
+void cancelNextPrompt(int) { interrupted = 1; }
 
 /// Ctrl+C while a command works counts at its next prompt. (While a line is edited it is a key.)
-void catchInterrupts() {
+void catchAtPrompts() {
     struct sigaction action = {};
-    action.sa_handler = onInterrupt;
+    action.sa_handler = cancelNextPrompt;
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
 }
@@ -102,7 +102,7 @@ EditedTerminal::EditedTerminal()
     el_set(m_editor, EL_BIND, "^C", "drafthost-cancel", nullptr);
     el_set(m_editor, EL_ADDFN, "drafthost-complete", "Completes a name", onTabKey);
     el_set(m_editor, EL_BIND, "^I", "drafthost-complete", nullptr);
-    catchInterrupts();
+    catchAtPrompts();
 }
 
 EditedTerminal::~EditedTerminal() {

@@ -14,17 +14,17 @@
 
 namespace {
 
-volatile std::sig_atomic_t interrupts = 0;
+volatile std::sig_atomic_t windowInterrupts = 0;
 
 /// The session looks at the first two when it waits; a command that never ends leaves the third.
-void onInterrupt(int) {
-    interrupts = interrupts + 1;
-    if (interrupts > 2) _exit(kInterrupted);
+void onWindowInterrupt(int) {
+    windowInterrupts = windowInterrupts + 1;
+    if (windowInterrupts > 2) _exit(kInterrupted);
 }
 
-void catchThem() {
+void catchWindowInterrupts() {
     struct sigaction action = {};
-    action.sa_handler = onInterrupt;
+    action.sa_handler = onWindowInterrupt;
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
@@ -47,9 +47,9 @@ std::vector<std::pair<host::Index, std::string>> namedSpaces(const host::Store& 
 const char* missingForWindow() { return ""; }
 
 int runWindow(host::Session& session, const Options& options) {
-    catchThem();
+    catchWindowInterrupts();
     session.setProgress([](const char* what, int percent) {
-        return showProgress(what, percent) || interrupts < 2;
+        return showProgress(what, percent) || windowInterrupts < 2;
     });
     window::Setup setup;
     setup.reader = {namedSpaces,
@@ -61,10 +61,10 @@ int runWindow(host::Session& session, const Options& options) {
         flushOutput();
     };
     setup.tell = complain;
-    setup.interrupts = [] { return static_cast<int>(interrupts); };
+    setup.interrupts = [] { return static_cast<int>(windowInterrupts); };
     const bool ran = window::run(session, setup);
     if (!ran) complain("no port of 127.0.0.1 is free for the window");
     session.setProgress(showProgress);
     if (!ran) return kFailed;
-    return interrupts > 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
+    return windowInterrupts > 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
 }

@@ -44,7 +44,7 @@ class Play {
         const bool counted = countOf(begin.count) == pair.between;
         if (!begin.sound || !end.sound || !counted || !names(begin, end) || !names(end, begin))
             return Repair::Damaged;
-        if (countOf(m_before[pair.begin].count) != pair.between) return Repair::Shortened;
+        if (digitsOf(m_before[pair.begin].count) != pair.between) return Repair::Shortened;
         const bool linked = names(m_before[pair.begin], end) && names(m_before[pair.end], begin);
         return linked ? Repair::Stays : Repair::Linked;
     }
@@ -56,7 +56,7 @@ class Play {
     void settle(std::size_t begin) {
         if (m_end == m_markers.size()) return;
         const long between = m_between + m_steps.own(begin);
-        const int expected = countOf(m_markers[begin].count);
+        const int expected = digitsOf(m_markers[begin].count);
         if (between == 0 ? expected != 0 : between > expected) {
             erase(begin);
             erase(m_end);

@@ -41,6 +41,8 @@ std::string breach(const Marker& begin, const Marker& end, const Pair& pair) {
     bool isNumber = false;
     countOf(begin.count, &isNumber);
     if (!isNumber) return "its count \"" + host::toUtf8(begin.count) + "\" is no number";
+    if (countOf(begin.count) != digitsOf(begin.count))
+        return "its count \"" + host::toUtf8(begin.count) + "\" does not begin with a digit";
     return {};
 }
 

@@ -103,7 +103,7 @@ class SpaceReader {
     void readAttributes(AcDbBlockReference& reference, Marker& marker) const {
         std::vector<std::wstring> tags;
         const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
-        for (; attributes && !attributes->done(); attributes->step()) {
+        for (; !attributes.done(); attributes->step()) {
             Opened<AcDbAttribute> attribute;
             if (reference.openAttribute(attribute.receive(), attributes->objectId(),
                                         AcDb::kForRead) != Acad::eOk) {
@@ -160,7 +160,7 @@ AcDbObjectId steppedOverTo(AcDbObjectId id) {
     } else if (AcDb2dPolyline* polyline = AcDb2dPolyline::cast(entity.get())) {
         if (polyline->openSequenceEnd(end.receive(), AcDb::kForRead) != Acad::eOk) return {};
     }
-    return end ? end->objectId() : AcDbObjectId();
+    return end.isOpen() ? end->objectId() : AcDbObjectId();
 }
 
 /// How many entities a walk over members meets between one main entity and the next.
@@ -220,6 +220,10 @@ int countOf(const std::wstring& text, bool* isNumber) {
     const long long value = std::wcstoll(text.c_str(), &end, 10);
     if (isNumber != nullptr) *isNumber = end != text.c_str();
     return static_cast<int>(value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : value);
+}
+
+int digitsOf(const std::wstring& text) {
+    return countOf(text.substr(0, text.find_first_not_of(L"0123456789")));
 }
 
 }  // namespace inspection

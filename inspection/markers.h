@@ -73,7 +73,10 @@ class Steps {
 
 /// The object with a handle, erased or not, as the module resolves the text; null when unknown.
 AcDbObjectId resolve(const std::wstring& handleText);
-/// A count as the module reads it; 0 for what is no number. `isNumber` tells the two apart.
+/// A count as a walk reads it, with blanks and a sign in front; 0 for what is no number. `isNumber`
+/// tells the two apart.
 int countOf(const std::wstring& text, bool* isNumber = nullptr);
+/// A count as the repair reads it: the digits at its very start.
+int digitsOf(const std::wstring& text);
 
 }  // namespace inspection

@@ -1,22 +1,11 @@
-// Words and JSON for an inspection.
+// Words for an inspection.
 #include "inspection/report.h"
 
-#include <cmath>
-#include <map>
-#include <nlohmann/json.hpp>
+#include <cstdio>
+#include <functional>
 
 namespace inspection {
 namespace {
-
-using Json = nlohmann::ordered_json;
-using Census = std::map<std::string, int>;
-
-Census census(const Group& group, std::string Entity::*property) {
-    Census counts;
-    for (const Entity& member : group.members)
-        ++counts[member.*property];
-    return counts;
-}
 
 /// "20 LINE, 12 ARC", the most frequent first.
 std::string listed(const Census& counts) {
@@ -55,51 +44,14 @@ std::string line(const Group& group) {
     return text;
 }
 
-Json handles(const Group& group, bool onlyWithoutRecord) {
-    Json list = Json::array();
-    for (const Entity& member : group.members) {
-        if (!onlyWithoutRecord || !member.hasRecord) list.push_back(member.handle);
-    }
-    return list;
-}
-
-Json json(const Group& group) {
-    Json object = {{"begin", group.begin},
-                   {"end", group.end},
-                   {"space", group.space},
-                   {"count", group.count},
-                   {"members", handles(group, false)},
-                   {"withoutRecord", handles(group, true)},
-                   {"types", census(group, &Entity::type)},
-                   {"layers", census(group, &Entity::layer)}};
-    object["extents"] = group.extents ? Json(*group.extents) : Json();
-    object["state"] = nameOf(group.state);
-    object["reason"] = group.reason;
-    object["atSave"] = group.outlook;
-    return object;
-}
-
-Json json(const std::string& file, const Inspection& found) {
-    Json groups = Json::array();
-    for (const Group& group : found.groups)
-        groups.push_back(json(group));
-    Json strays = Json::array();
-    for (const Stray& stray : found.strays) {
-        strays.push_back(Json{{"handle", stray.handle},
-                              {"type", stray.type},
-                              {"what", stray.what},
-                              {"space", stray.space},
-                              {"reason", stray.reason}});
-    }
-    return {{"file", file},
-            {"prefix", found.prefix},
-            {"whole", found.whole()},
-            {"notWhole", static_cast<long>(found.groups.size()) - found.whole()},
-            {"groups", std::move(groups)},
-            {"strays", std::move(strays)}};
-}
-
 }  // namespace
+
+Census census(const Group& group, std::string Entity::*property) {
+    Census counts;
+    for (const Entity& member : group.members)
+        ++counts[member.*property];
+    return counts;
+}
 
 std::string listText(const std::string& head, const Inspection& found) {
     std::string text;
@@ -114,11 +66,6 @@ std::string listText(const std::string& head, const Inspection& found) {
     return text + head + std::to_string(whole) + " whole, " +
            std::to_string(static_cast<long>(found.groups.size()) - whole) + " not whole, " +
            std::to_string(found.strays.size()) + " stray\n";
-}
-
-std::string listJson(const std::string& file, const Inspection& found) {
-    // Names that are no sound UTF-8 must not end the program.
-    return json(file, found).dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
 std::vector<std::string> changes(const Inspection& before, const Inspection& after) {

@@ -1,6 +1,7 @@
-// The list of groups as text and as JSON.
+// The list of groups as text.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -8,11 +9,12 @@
 
 namespace inspection {
 
+/// How many of a group's members have which type, layer and so on.
+using Census = std::map<std::string, int>;
+Census census(const Group& group, std::string Entity::*property);
+
 /// One line for each group and stray and one with the totals, each behind `head`; all end in \n.
 std::string listText(const std::string& head, const Inspection& inspection);
-
-/// One drawing as an object of JSON.
-std::string listJson(const std::string& file, const Inspection& inspection);
 
 /// What a save did to groups, one line each without line end: those that `before` has and `after`
 /// has no more, or with a smaller count.

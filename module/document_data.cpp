@@ -12,7 +12,15 @@ AsdkDataManager<CDocData> G_documentData;
 
 }  // namespace
 
-CDocData::CDocData() : m_aGatheredIds(0, kIdListGrowth) { showGroupingOn(); }
+CDocData::CDocData()
+    : m_bReportGathering(false),
+      m_bActive(true),
+      m_bReactToPickfirst(true),
+      m_bSelectionHasGroups(false),
+      m_bClipboardHasGroups(false),
+      m_aGatheredIds(0, kIdListGrowth) {
+    showGroupingOn();
+}
 
 AsdkDataManager<CDocData>& documentDataManager() { return G_documentData; }
 

@@ -8,20 +8,21 @@
 /// State of grouping in one drawing. A plain value; holds ids, never pointers into the drawing.
 class CDocData {
   public:
-    /// Grouping starts switched on. Greys the menu item that switches it on: every drawing that the
-    /// module meets for the first time does so, whatever state the menu was in.
+    /// Grouping starts switched on, and changes of the pick-first set are followed; all else is off
+    /// or empty. Greys the menu item that switches grouping on: every drawing that the module meets
+    /// for the first time does so, whatever state the menu was in.
     CDocData();
 
     /// Print the progress line while the current widening of the pick-first set runs.
-    bool m_bReportGathering = false;
+    bool m_bReportGathering;
     /// Picking a member selects the whole group.
-    bool m_bActive = true;
+    bool m_bActive;
     /// When false the next change of the pick-first set is ignored, and this is true again.
-    bool m_bReactToPickfirst = true;
+    bool m_bReactToPickfirst;
     /// The pick-first set was widened to whole groups.
-    bool m_bSelectionHasGroups = false;
+    bool m_bSelectionHasGroups;
     /// The clipboard took grouped entities, so that a later paste makes groups.
-    bool m_bClipboardHasGroups = false;
+    bool m_bClipboardHasGroups;
     /// Last entity of the drawing when a copying command began; what follows it is new.
     AcDbObjectId m_idLastBeforeCommand;
     /// Ids gathered into the widened pick-first set.
@@ -33,21 +34,22 @@ class CDocData {
 template <typename T>
 class AsdkDataManager : public AcApDocManagerReactor {
   public:
-    ~AsdkDataManager() override { m_records.clear(); }
+    ~AsdkDataManager() override { m_aRecords.clear(); }
 
-    void documentToBeDestroyed(AcApDocument* document) override { m_records.erase(document); }
+    void documentToBeDestroyed(AcApDocument* document) override { m_aRecords.erase(document); }
 
     /// The record of `document`, made with its defaults when there is none.
     T& docData(AcApDocument* document) {
-        const auto found = m_records.lower_bound(document);
-        if (found != m_records.end() && found->first == document) return found->second;
-        return m_records.emplace_hint(found, document, T())->second;
+        const auto found = m_aRecords.lower_bound(document);
+        if (found != m_aRecords.end() && found->first == document) return found->second;
+        return m_aRecords.insert(found, typename Records::value_type(document, T()))->second;
     }
     /// The record of the current document.
     T& docData() { return docData(acDocManager->curDocument()); }
 
   private:
-    std::map<AcApDocument*, T, std::less<AcApDocument*>> m_records;
+    typedef std::map<AcApDocument*, T> Records;
+    Records m_aRecords;
 };
 
 /// The one manager, attached to the document manager between load and unload.

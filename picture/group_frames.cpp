@@ -10,7 +10,7 @@ namespace picture {
 namespace {
 
 constexpr double kRowHeight = 20, kReasonHeight = 15, kLabelHeight = 18;
-constexpr double kCharacter = 6.9;  ///< mean width in a text of 12 units
+constexpr double kLabelCharacter = 6.9;  ///< mean width in a text of 12 units
 /// With more groups than these, labels do not count members; those of whole groups are left out.
 constexpr std::size_t kFullLabels = 40, kAnyLabels = 400, kMostLabels = 2000;
 
@@ -116,7 +116,7 @@ std::string GroupFrames::label(std::size_t number, const inspection::Group& grou
     std::string text = std::to_string(number);
     if (m_rows.size() <= kFullLabels) text += " \u00b7 " + membersOf(group);
     if (!isWhole(group)) text += std::string(", ") + nameOf(group.state);
-    const double width = kCharacter * static_cast<double>(text.size()) + 12;
+    const double width = kLabelCharacter * static_cast<double>(text.size()) + 12;
     constexpr double kAbove = 15;
     Area area{std::clamp(m_top.x - width / 2, m_canvas.left,
                          std::max(m_canvas.left, m_canvas.right - width)),
@@ -148,7 +148,7 @@ std::string GroupFrames::legendRow(std::size_t number, const inspection::Group& 
                       at("cy", top + 10) + " r=\"5\"/>";
     const std::string name = std::to_string(number) + " \u00b7 " + membersOf(group);
     svg += words("", text, top + 14, name);
-    svg += words("small", text + kCharacter * static_cast<double>(name.size()) + 4, top + 14,
+    svg += words("small", text + kLabelCharacter * static_cast<double>(name.size()) + 4, top + 14,
                  std::string(nameOf(group.state)) + ", " + group.begin + " to " + group.end);
     for (std::size_t i = 0; i < reason.size(); ++i)
         svg += words("why", text, top + 14 + kReasonHeight * static_cast<double>(i + 1), reason[i]);

@@ -14,11 +14,11 @@ using host::OwnTags;
 using host::Vec;
 
 /// Numbers beyond this are damage, not a place in a drawing.
-constexpr double kFarthest = 1e15;
+constexpr double kDamageBeyond = 1e15;
 
 bool sane(const host::Box& box) {
-    return box.left > -kFarthest && box.bottom > -kFarthest && box.right < kFarthest &&
-           box.top < kFarthest;
+    return box.left > -kDamageBeyond && box.bottom > -kDamageBeyond && box.right < kDamageBeyond &&
+           box.top < kDamageBeyond;
 }
 
 std::vector<Vec> rectangle(double left, double bottom, double right, double top) {

@@ -17,8 +17,8 @@ done; }
 mapfile -t sources < <(listed '*.cpp' '*.h')
 clang-format --dry-run -Werror "${sources[@]}" || report "run: clang-format -i on the files above"
 
-for file in "${sources[@]}"; do
-    head -n 1 "$file" | grep -q '^// ' || report "$file: does not open with a line on its purpose"
+for file in $(awk 'FNR == 1 && !/^\/\/ / { print FILENAME }' "${sources[@]}"); do
+    report "$file: does not open with a line on its purpose"
 done
 
 # The module builds from the same sources everywhere and sees only the platform.
@@ -27,6 +27,7 @@ grep -nE '^\s*#\s*if' "${module[@]}" && report "conditional compilation in the m
 grep -nE '#include "(host|tests|drafthost|inspection|picture)/' "${module[@]}" && report "the module looks into the host"
 grep -nE '#include <(windows|afx)' "${module[@]}" | grep -v '^support/platform.h' &&
     report "only support/platform.h names the platform's headers"
+scripts/module_language.py || report "the platform's compiler cannot compile the lines above"
 
 # The rooms of the host: an include goes to the same room or to one above it in host/rooms.txt. What
 # stands beside the rooms (windows, mfc) sees them down to text.
@@ -64,8 +65,8 @@ grep -nE '#include "' picture/*.cpp picture/*.h |
 grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture |
     grep -v '"module/version.h"' && report "the host knows the module"
 
-# Each header compiles by itself. One that a source includes before all others is shown to by every
-# build; the rest is tried here.
+# Each header compiles by itself. One that a source includes before all others is shown to by the
+# builds that compile each file alone (sanitize, windows, fuzz); the rest is tried here.
 first=$(listed '*.cpp' | grep -v '_windows\.cpp$' | xargs awk '
     FNR == 1 { found = 0 }
     !found && /^#include/ { found = 1; gsub(/[<>"]/, "", $2); print $2 }' | sort -u)

@@ -7,15 +7,15 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"CurrentSpace";
-constexpr int kPaperSpaceViewport = 1;
+const CheckSource DIAG_SOURCE = L"CurrentSpace";
+const int kPaperSpaceViewport = 1;
 
 }  // namespace
 
 std::wstring currentSpaceName() {
     AcDbDatabase* database = workingDatabase();
     if (database == nullptr || database->tilemode()) return ACDB_MODEL_SPACE;
-    resbuf viewport{};
+    resbuf viewport = {};
     const bool known = DIAG_CHECK(acedGetVar(L"CVPORT", &viewport) == RTNORM);
     return known && viewport.resval.rint == kPaperSpaceViewport ? ACDB_PAPER_SPACE
                                                                 : ACDB_MODEL_SPACE;

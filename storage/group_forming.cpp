@@ -4,6 +4,7 @@
 #include <string>
 
 #include "current_space.h"
+#include "decimal_text.h"
 #include "diagnostics.h"
 #include "group_naming.h"
 #include "group_record.h"
@@ -16,11 +17,11 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"GroupForming";
-constexpr const wchar_t* kConversion = L"acdbGetObjectId(id, name) == Acad::eOk";
-constexpr const wchar_t* kProceed = L"Continue";
+const CheckSource DIAG_SOURCE = L"GroupForming";
+const wchar_t* const kConversion = L"acdbGetObjectId(id, entity) == Acad::eOk";
+const wchar_t* const kProceed = L"Continue";
 /// Stands in a begin marker until its end marker exists.
-constexpr const wchar_t* kEndMarkerPending = L"ENT_HANDL";
+const wchar_t* const kEndMarkerPending = L"ENT_HANDL";
 
 /// The confirmation step of forming a group. Its answer is fixed: nobody is asked.
 std::wstring confirmForming() { return kProceed; }
@@ -30,7 +31,7 @@ std::wstring confirmForming() { return kProceed; }
 AcDbObjectId lastEntity(Insertion marker) {
     ads_name name = {};
     AcDbObjectId id;
-    if (marker == Insertion::kRefused || !DIAG_CHECK(acdbEntLast(name) == RTNORM)) return id;
+    if (marker == kInsertionRefused || !DIAG_CHECK(acdbEntLast(name) == RTNORM)) return id;
     DIAG_CHECK(acdbGetObjectId(id, name) == Acad::eOk);
     return id;
 }
@@ -41,13 +42,13 @@ AcDbObjectId lastEntity(Insertion marker) {
 bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjectIdArray& markers) {
     const std::wstring beginTag = prefix + GroupSuffix::kBeginMarker;
     const std::wstring endTag = prefix + GroupSuffix::kEndMarker;
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
-        std::wstring tag;
-        if (id.isNull() || !readMarkerTag(id, tag)) return false;
-        if (sameTag(tag, beginTag) || sameTag(tag, endTag)) markers.append(id);
+        FirstAttribute first;
+        if (id.isNull() || !readFirstAttribute(id, first)) return false;
+        if (sameTag(first.tag, beginTag) || sameTag(first.tag, endTag)) markers.append(id);
     }
     return true;
 }
@@ -75,20 +76,22 @@ void putBack(const AcDbObjectIdArray& markers, const ads_name selection) {
 
 /// What a re-cloning does with the entities of its selection.
 struct Sources {
-    AcDbObjectIdArray changed{0, kIdListGrowth};  // those whose record was given or taken away
-    AcDbObjectIdArray toClone{0, kIdListGrowth};  // those with the owner of the first one
-    AcDbObjectIdArray toErase{0, kIdListGrowth};  // these and, on purpose, those of other owners
+    Sources() : changed(0, kIdListGrowth), toClone(0, kIdListGrowth), toErase(0, kIdListGrowth) {}
+
+    AcDbObjectIdArray changed;  // those whose record was given or taken away
+    AcDbObjectIdArray toClone;  // those with the owner of the first one
+    AcDbObjectIdArray toErase;  // these and, on purpose, those of other owners
 };
 
 /// Gives or takes each entity's record and sorts the entities by owner; false, and no further, at
 /// one that cannot be read.
 bool prepareSources(const ads_name selection, Records records, Sources& sources) {
     AcDbObjectId commonOwner;
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &length) == RTNORM)) return false;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
-        const bool changed = records == Records::kGive ? createXrecord(id) : ungroupEntity(id);
+        const bool changed = records == kGiveRecords ? createXrecord(id) : ungroupEntity(id);
         if (changed) sources.changed.append(id);
         Opened<AcDbEntity> entity;
         if (!DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk)) {
@@ -101,7 +104,9 @@ bool prepareSources(const ads_name selection, Records records, Sources& sources)
     return true;
 }
 
+/// Markers alone make a group of nothing: the host is not asked what it thinks of that.
 bool cloneSources(Sources& sources) {
+    if (sources.toClone.length() == 0) return true;
     AcDbObjectId space = currentSpaceId();
     AcDbDatabase* database = workingDatabase();
     AcDbIdMapping clones;
@@ -112,10 +117,10 @@ bool cloneSources(Sources& sources) {
 
 void restoreRecords(const AcDbObjectIdArray& changed, Records records) {
     for (int i = 0; i < changed.length(); ++i) {
-        if (records == Records::kGive) {
+        if (records == kGiveRecords) {
             deleteXrecord(changed[i]);
         } else {
-            createXrecord(changed[i]);
+            restoreXrecord(changed[i]);
         }
     }
 }
@@ -129,16 +134,16 @@ void eraseAll(const AcDbObjectIdArray& ids) {
 /// Re-clones the selection, which holds no markers, between two new ones and frees it. False, with
 /// nothing changed, when there is no begin marker or no clones.
 bool bracketClones(const ads_name selection, const AcGePoint3d& point, const std::wstring& prefix) {
-    Adesk::Int32 members = {};
+    Adesk::Int32 members = 0;
     if (!DIAG_CHECK(acedSSLength(selection, &members) == RTNORM)) return false;
-    const std::wstring count = std::to_wstring(members);
+    const std::wstring count = decimalText(members);
     const Insertion inserted =
         insertMarker(prefix + GroupSuffix::kBeginMarker, point, kEndMarkerPending, count);
-    if (inserted == Insertion::kRefused) return false;
+    if (inserted == kInsertionRefused) return false;
     const AcDbObjectId begin = lastEntity(inserted);
     const std::wstring beginHandle = handleText(begin);
-    if (!recloneIntoCurrentSpace(selection, Records::kGive)) {
-        if (inserted == Insertion::kDone) eraseObject(begin);
+    if (!recloneIntoCurrentSpace(selection, kGiveRecords)) {
+        if (inserted == kInserted) eraseObject(begin);
         return false;
     }
     DIAG_CHECK(acedSSFree(selection) == RTNORM);
@@ -164,7 +169,7 @@ bool ungroupEntity(const AcDbObjectId& entityId) {
         return true;
     }
     const std::wstring prefix = groupPrefix();
-    const std::wstring tag = readMarkerText(entityId, MarkerText::kTag);
+    const std::wstring tag = readMarkerText(entityId, kMarkerTag);
     if (tag == prefix + GroupSuffix::kEndMarker || tag == prefix + GroupSuffix::kBeginMarker) {
         eraseObject(entityId);
     }
@@ -186,12 +191,14 @@ bool formGroup(const ads_name selection, const AcGePoint3d& point) {
     if (confirmForming() != kProceed) return false;
     const std::wstring prefix = groupPrefix();
     AcDbObjectIdArray oldMarkers(0, kIdListGrowth);
-    if (!findMarkers(selection, prefix, oldMarkers)) return false;
-    const bool formed = takeOut(oldMarkers, selection) && bracketClones(selection, point, prefix);
+    const bool known = findMarkers(selection, prefix, oldMarkers);
+    const bool formed =
+        known && takeOut(oldMarkers, selection) && bracketClones(selection, point, prefix);
     if (formed) {
         eraseAll(oldMarkers);
     } else {
-        putBack(oldMarkers, selection);
+        if (known) putBack(oldMarkers, selection);
+        acutPrintf(L"\nNo group formed: an entity cannot be read or copied.");
     }
     return formed;
 }

@@ -7,13 +7,15 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"GroupLayer";
+const CheckSource DIAG_SOURCE = L"GroupLayer";
 
 /// Updates the layer `name`, which the open table holds. The null id when it cannot be opened.
 AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
                          const AcCmColor& color, const AcDbObjectId& linetype, bool thaw) {
     Opened<AcDbLayerTableRecord> layer;
-    if (layers.getAt(name.c_str(), layer.receive(), AcDb::kForWrite) != Acad::eOk) return {};
+    if (layers.getAt(name.c_str(), layer.receive(), AcDb::kForWrite) != Acad::eOk) {
+        return AcDbObjectId();
+    }
     if (thaw) {
         DIAG_CHECK(layer->setIsFrozen(false) == Acad::eOk);
     }
@@ -25,7 +27,7 @@ AcDbObjectId updateLayer(const AcDbLayerTable& layers, const std::wstring& name,
 /// Adds a new layer to the open table, which is upgraded to write. The null id on failure.
 AcDbObjectId addLayer(AcDbLayerTable& layers, const std::wstring& name, const AcCmColor& color,
                       const AcDbObjectId& linetype) {
-    if (!DIAG_CHECK(layers.upgradeOpen() == Acad::eOk)) return {};
+    if (!DIAG_CHECK(layers.upgradeOpen() == Acad::eOk)) return AcDbObjectId();
     NewObject<AcDbLayerTableRecord> layer(new AcDbLayerTableRecord);
     DIAG_CHECK(layer->setName(name.c_str()) == Acad::eOk);
     DIAG_CHECK(layer->setColor(color) == Acad::eOk);

@@ -5,17 +5,17 @@
 
 /// Suffixes behind the group prefix. Drawings hold these names, so they never change.
 namespace GroupSuffix {
-constexpr const wchar_t* kRecordKey = L"_GROUP";
-constexpr const wchar_t* kRecordText = L" Group entity";
-constexpr const wchar_t* kBeginMarker = L"_GB";
-constexpr const wchar_t* kEndMarker = L"_GE";
-constexpr const wchar_t* kLayer = L"_GFRZ";
+const wchar_t* const kRecordKey = L"_GROUP";
+const wchar_t* const kRecordText = L" Group entity";
+const wchar_t* const kBeginMarker = L"_GB";
+const wchar_t* const kEndMarker = L"_GE";
+const wchar_t* const kLayer = L"_GFRZ";
 }  // namespace GroupSuffix
 
 /// The two words that can stand in front of them.
 namespace GroupPrefix {
-constexpr const wchar_t* kOlder = L"KEST";
-constexpr const wchar_t* kNewer = L"VELMO";
+const wchar_t* const kOlder = L"KEST";
+const wchar_t* const kNewer = L"VELMO";
 }  // namespace GroupPrefix
 
 /// The word that names everything that belongs to groups in the working drawing: "KEST" or

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"GroupRecord";
-constexpr int kTextCode = 1;
+const CheckSource DIAG_SOURCE = L"GroupRecord";
+const int kTextCode = 1;
 
 /// Text of the first text group in the record; empty when it has none.
 std::wstring recordText(const AcDbXrecord& record) {
@@ -18,13 +18,15 @@ std::wstring recordText(const AcDbXrecord& record) {
         if (item->restype != kTextCode) continue;
         return item->resval.rstring != nullptr ? item->resval.rstring : L"";
     }
-    return {};
+    return std::wstring();
 }
 
 /// Null when the entity has none or cannot be opened.
 AcDbObjectId extensionDictionaryOf(const AcDbObjectId& entityId) {
     Opened<AcDbObject> entity;
-    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) return {};
+    if (acdbOpenObject(entity.receive(), entityId, AcDb::kForRead) != Acad::eOk) {
+        return AcDbObjectId();
+    }
     return entity->extensionDictionary();
 }
 
@@ -47,24 +49,34 @@ void storeRecord(const AcDbObjectId& dictionaryId, AcDbXrecord& record) {
     DIAG_CHECK(record.setFromRbChain(*chain.get()) == Acad::eOk);
 }
 
-}  // namespace
+enum Dictionary { kNewDictionaryOnly, kAnyDictionary };
 
-bool createXrecord(const AcDbObjectId& entityId) {
+/// False when the entity cannot be opened, which prints a line, or has no dictionary for it.
+bool giveRecord(const AcDbObjectId& entityId, Dictionary wanted) {
     NewObject<AcDbXrecord> record(new AcDbXrecord);
     Opened<AcDbObject> entity;
     if (acdbOpenObject(entity.receive(), entityId, AcDb::kForWrite) != Acad::eOk) {
         acutPrintf(L"\nIn fucntion createXrecord acdbOpenObject failed.");
         return false;
     }
-    // An extension dictionary of somebody else's is left alone: such an entity gets no record.
     const Acad::ErrorStatus status = entity->createExtensionDictionary();
-    if (status == Acad::eAlreadyInDb) return false;
-    DIAG_ASSERT(status == Acad::eOk, L"entity->createExtensionDictionary() == Acad::eOk");
+    if (status == Acad::eAlreadyInDb && wanted == kNewDictionaryOnly) return false;
+    const bool ready = status == Acad::eOk || status == Acad::eAlreadyInDb;
+    DIAG_ASSERT(ready, L"entity->createExtensionDictionary() == Acad::eOk");
     const AcDbObjectId dictionaryId = entity->extensionDictionary();
     entity.close();
     storeRecord(dictionaryId, *record.get());
-    return status == Acad::eOk;
+    return ready;
 }
+
+}  // namespace
+
+bool createXrecord(const AcDbObjectId& entityId) {
+    // An extension dictionary of somebody else's is left alone: such an entity gets no record.
+    return giveRecord(entityId, kNewDictionaryOnly);
+}
+
+bool restoreXrecord(const AcDbObjectId& entityId) { return giveRecord(entityId, kAnyDictionary); }
 
 bool isGroupedEntity(const AcDbObjectId& entityId) {
     if (entityId.isErased()) return false;
@@ -77,8 +89,9 @@ bool isGroupedEntity(const AcDbObjectId& entityId) {
     Opened<AcDbObject> entry;
     dictionary->getAt((prefix + GroupSuffix::kRecordKey).c_str(), entry.receive(), AcDb::kForRead);
     dictionary.close();
-    const AcDbXrecord* record = AcDbXrecord::cast(entry.get());
-    return record != nullptr && recordText(*record) == prefix + GroupSuffix::kRecordText;
+    if (!entry.isOpen() || !entry->isA()->isDerivedFrom(AcDbXrecord::desc())) return false;
+    const AcDbXrecord& record = *static_cast<const AcDbXrecord*>(entry.get());
+    return recordText(record) == prefix + GroupSuffix::kRecordText;
 }
 
 bool deleteXrecord(const AcDbObjectId& entityId) {

@@ -12,6 +12,10 @@
 /// line.
 bool createXrecord(const AcDbObjectId& entityId);
 
+/// Puts back the record that deleteXrecord has taken away, also into a dictionary that other
+/// entries have kept. False, with a line, when the entity cannot be opened for write.
+bool restoreXrecord(const AcDbObjectId& entityId);
+
 /// Removes the group record and, when nothing else is in it, the extension dictionary. False only
 /// when the entity could not be opened; each step that fails prints a line.
 bool deleteXrecord(const AcDbObjectId& entityId);

@@ -8,13 +8,15 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"HandleText";
+const CheckSource DIAG_SOURCE = L"HandleText";
 
 }  // namespace
 
 std::wstring handleText(const AcDbObjectId& id) {
     Opened<AcDbObject> object;
-    if (!DIAG_CHECK(acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk)) return {};
+    if (!DIAG_CHECK(acdbOpenObject(object.receive(), id, AcDb::kForRead) == Acad::eOk)) {
+        return std::wstring();
+    }
     AcDbHandle handle;
     object->getAcDbHandle(handle);
     ACHAR text[kHandleBufferLength] = {};
@@ -24,7 +26,7 @@ std::wstring handleText(const AcDbObjectId& id) {
 
 AcDbObjectId idFromHandleText(const std::wstring& text) {
     AcDbDatabase* database = workingDatabase();
-    if (text.empty() || database == nullptr) return {};
+    if (text.empty() || database == nullptr) return AcDbObjectId();
     AcDbObjectId id;
     const Acad::ErrorStatus status = database->getAcDbObjectId(id, false, AcDbHandle(text.c_str()));
     return status == Acad::eUnknownHandle ? AcDbObjectId() : id;

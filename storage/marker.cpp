@@ -6,15 +6,18 @@
 #include "group_naming.h"
 #include "host_guards.h"
 #include "host_services.h"
+#include "marker_block.h"
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"Marker";
-constexpr Adesk::UInt16 kByLayer = 256;
-constexpr Adesk::UInt16 kFieldLength = 25;
-constexpr double kSamePlace = 0.01;
+const CheckSource DIAG_SOURCE = L"Marker";
+const Adesk::UInt16 kByLayer = 256;
+const double kSamePlace = 0.01;
 
 struct MarkerTexts {
+    MarkerTexts(const std::wstring& firstText, const std::wstring& otherText)
+        : first(firstText), other(otherText) {}
+
     const std::wstring& first;
     const std::wstring& other;
 };
@@ -34,7 +37,7 @@ void appendAttribute(AcDbBlockReference& reference, const AcDbAttributeDefinitio
     DIAG_CHECK(attribute->setHeight(definition.height()) == Acad::eOk);
     DIAG_CHECK(attribute->setRotation(definition.rotation()) == Acad::eOk);
     DIAG_CHECK(attribute->setTag(definition.tagConst()) == Acad::eOk);
-    DIAG_CHECK(attribute->setFieldLength(kFieldLength) == Acad::eOk);
+    DIAG_CHECK(attribute->setFieldLength(kMarkerFieldLength) == Acad::eOk);
     DIAG_CHECK(attribute->setTextString(text.c_str()) == Acad::eOk);
     DIAG_CHECK(reference.appendAttribute(attribute.get()) == Acad::eOk);
 }
@@ -51,7 +54,7 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
     Iterator<AcDbBlockTableRecordIterator> entities;
     DIAG_CHECK(definitionRecord->newIterator(entities.receive()) == Acad::eOk);
     bool first = true;
-    for (; entities && !entities->done(); entities->step()) {
+    for (; !entities.done(); entities->step()) {
         Opened<AcDbEntity> entity;
         DIAG_CHECK(entities->getEntity(entity.receive(), AcDb::kForRead) == Acad::eOk);
         const AcDbAttributeDefinition* definition = AcDbAttributeDefinition::cast(entity.get());
@@ -59,35 +62,6 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
         appendAttribute(reference, *definition, point, first ? texts.first : texts.other);
         first = false;
     }
-}
-
-/// Tag and text of an entity's first attribute; empty when it has none.
-struct FirstAttribute {
-    std::wstring tag;
-    std::wstring text;
-};
-
-/// False when the host does not let the entity be read.
-bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first) {
-    if (entityId.isErased()) return true;
-    Opened<AcDbEntity> entity;
-    const bool opened =
-        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
-    AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
-    if (reference == nullptr) return opened;
-    Opened<AcDbBlockTableRecord> block;
-    if (!openBlock(*reference, block)) return false;
-    if (!block->hasAttributeDefinitions()) return true;
-    const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
-    if (!attributes || attributes->done()) return true;
-    Opened<AcDbAttribute> attribute;
-    if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
-                                             AcDb::kForRead) == Acad::eOk)) {
-        return false;
-    }
-    first.tag = attribute->tagConst();
-    first.text = attribute->textStringConst();
-    return true;
 }
 
 AcGeTol placeTolerance() {
@@ -101,7 +75,7 @@ void rewriteAttributes(AcDbBlockReference& reference, const AcGePoint3d& point,
     const AcGeTol tolerance = placeTolerance();
     const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
     bool first = true;
-    for (; attributes && !attributes->done(); attributes->step()) {
+    for (; !attributes.done(); attributes->step()) {
         const std::wstring& text = first ? texts.first : texts.other;
         first = false;
         Opened<AcDbAttribute> attribute;
@@ -126,21 +100,21 @@ bool blockHasAttributeDefinitions(const AcDbBlockReference& reference) {
 Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
                        const std::wstring& firstText, const std::wstring& otherText) {
     AcDbDatabase* database = workingDatabase();
-    if (database == nullptr) return Insertion::kRefused;
+    if (database == nullptr) return kInsertionRefused;
     Opened<AcDbBlockTable> blocks;
     if (!DIAG_CHECK(database->getSymbolTable(blocks.receive(), AcDb::kForRead) == Acad::eOk)) {
-        return Insertion::kRefused;
+        return kInsertionRefused;
     }
     if (!blocks->has(blockName.c_str())) {
         acutPrintf(L"\nBlock definition %s not found. ", blockName.c_str());
-        return Insertion::kNoBlock;
+        return kNoBlock;
     }
     AcDbObjectId block;
     Opened<AcDbBlockTableRecord> space;
     if (!DIAG_CHECK(blocks->getAt(blockName.c_str(), block) == Acad::eOk) ||
         !DIAG_CHECK(blocks->getAt(currentSpaceName().c_str(), space.receive(), AcDb::kForWrite) ==
                     Acad::eOk)) {
-        return Insertion::kRefused;
+        return kInsertionRefused;
     }
     blocks.close();
     NewObject<AcDbBlockReference> reference(new AcDbBlockReference(point, block));
@@ -150,27 +124,45 @@ Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
     DIAG_CHECK(reference->setColorIndex(kByLayer) == Acad::eOk);
     DIAG_CHECK(reference->setLinetype(L"BYLAYER") == Acad::eOk);
     if (!DIAG_CHECK(space->appendAcDbEntity(reference.get()) == Acad::eOk)) {
-        return Insertion::kRefused;
+        return kInsertionRefused;
     }
-    appendAttributes(*reference.get(), block, point, {firstText, otherText});
-    return Insertion::kDone;
+    appendAttributes(*reference.get(), block, point, MarkerTexts(firstText, otherText));
+    return kInserted;
+}
+
+bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first) {
+    if (entityId.isErased()) return true;
+    Opened<AcDbEntity> entity;
+    const bool opened =
+        DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), entityId, AcDb::kForRead) == Acad::eOk);
+    AcDbBlockReference* reference = AcDbBlockReference::cast(entity.get());
+    if (reference == nullptr) return opened;
+    Opened<AcDbBlockTableRecord> block;
+    if (!openBlock(*reference, block)) {
+        const AcDbObjectId missing = reference->blockTableRecord();
+        return missing.isNull() || missing.isErased();
+    }
+    if (!block->hasAttributeDefinitions()) return true;
+    const Iterator<AcDbObjectIterator> attributes(reference->attributeIterator());
+    if (attributes.done()) return true;
+    Opened<AcDbAttribute> attribute;
+    if (!DIAG_CHECK(reference->openAttribute(attribute.receive(), attributes->objectId(),
+                                             AcDb::kForRead) == Acad::eOk)) {
+        return false;
+    }
+    first.tag = attribute->tagConst();
+    first.text = attribute->textStringConst();
+    return true;
 }
 
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted) {
     FirstAttribute first;
     readFirstAttribute(entityId, first);
-    if (wanted == MarkerText::kTag || first.tag.empty()) return first.tag;
+    if (wanted == kMarkerTag || first.tag.empty()) return first.tag;
     const std::wstring prefix = groupPrefix();
     const bool marker = first.tag == prefix + GroupSuffix::kEndMarker ||
                         first.tag == prefix + GroupSuffix::kBeginMarker;
-    return marker ? first.text : L"";
-}
-
-bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag) {
-    FirstAttribute first;
-    const bool readable = readFirstAttribute(entityId, first);
-    tag = first.tag;
-    return readable;
+    return marker ? first.text : std::wstring();
 }
 
 bool sameTag(const std::wstring& left, const std::wstring& right) {
@@ -187,6 +179,6 @@ void updateMarker(const AcDbObjectId& markerId, const AcGePoint3d& point,
         DIAG_CHECK(reference->setPosition(point) == Acad::eOk);
     }
     if (blockHasAttributeDefinitions(*reference.get())) {
-        rewriteAttributes(*reference.get(), point, {firstText, otherText});
+        rewriteAttributes(*reference.get(), point, MarkerTexts(firstText, otherText));
     }
 }

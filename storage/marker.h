@@ -9,13 +9,19 @@
 #include "platform.h"
 
 /// What readMarkerText gives.
-enum class MarkerText { kTag, kText };
+enum MarkerText { kMarkerTag, kMarkerText };
 
 /// What became of a marker that was to be inserted.
-enum class Insertion {
-    kDone,     ///< it is the last entity (acdbEntLast) now
-    kNoBlock,  ///< the drawing lacks the block: a line is printed, the drawing is as it was
-    kRefused   ///< by the host; the drawing is as it was
+enum Insertion {
+    kInserted,         ///< it is the last entity (acdbEntLast) now
+    kNoBlock,          ///< the drawing lacks the block: a line is printed, the drawing is as it was
+    kInsertionRefused  ///< by the host; the drawing is as it was
+};
+
+/// Tag and text of an entity's first attribute; empty when it has none.
+struct FirstAttribute {
+    std::wstring tag;
+    std::wstring text;
 };
 
 /// Appends a marker of block `blockName` at `point` to the current space. Its first attribute gets
@@ -23,12 +29,14 @@ enum class Insertion {
 Insertion insertMarker(const std::wstring& blockName, const AcGePoint3d& point,
                        const std::wstring& firstText, const std::wstring& otherText);
 
-/// The tag of the entity's first attribute or, for kText, that attribute's text when the tag is a
-/// marker tag (compared exactly). Empty for anything but a block reference with attributes.
-std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted);
+/// Reads the first attribute of a block reference whose block defines attributes; empty for
+/// anything else, so also where the drawing lacks the block. False when the host did not let the
+/// entity be read: it may be a marker.
+bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first);
 
-/// The same for the tag. False when the host did not let the entity be read: it may be a marker.
-bool readMarkerTag(const AcDbObjectId& entityId, std::wstring& tag);
+/// The tag of the entity's first attribute or, for kMarkerText, that attribute's text when the tag
+/// is a marker tag (compared exactly). Empty for anything but a block reference with attributes.
+std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted);
 
 /// Compares tags without regard to case.
 bool sameTag(const std::wstring& left, const std::wstring& right);

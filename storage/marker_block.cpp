@@ -9,12 +9,11 @@
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"MarkerBlock";
-constexpr Adesk::UInt16 kGroupLayerColor = 7;
-constexpr double kAttributeHeight = 1.0;
-constexpr Adesk::UInt16 kFieldLength = 25;
+const CheckSource DIAG_SOURCE = L"MarkerBlock";
+const Adesk::UInt16 kGroupLayerColor = 7;
+const double kAttributeHeight = 1.0;
 
-enum class Place { kFirst, kBelowFirst };
+enum Place { kFirst, kBelowFirst };
 
 /// Tag, prompt and default text of a definition are all the block's name.
 void setProperties(AcDbAttributeDefinition& definition, const std::wstring& blockName,
@@ -31,14 +30,14 @@ void setProperties(AcDbAttributeDefinition& definition, const std::wstring& bloc
     DIAG_CHECK(definition.setVerifiable(false) == Acad::eOk);
     DIAG_CHECK(definition.setPreset(false) == Acad::eOk);
     DIAG_CHECK(definition.setConstant(false) == Acad::eOk);
-    DIAG_CHECK(definition.setFieldLength(kFieldLength) == Acad::eOk);
+    DIAG_CHECK(definition.setFieldLength(kMarkerFieldLength) == Acad::eOk);
 }
 
 void appendDefinition(AcDbBlockTableRecord& block, const std::wstring& blockName,
                       const std::wstring& layerName, Place place) {
     NewObject<AcDbAttributeDefinition> definition(new AcDbAttributeDefinition);
     // Below by the height that a new definition reports, not by the one that it is given.
-    const double y = place == Place::kBelowFirst ? -definition->height() : 0.0;
+    const double y = place == kBelowFirst ? -definition->height() : 0.0;
     DIAG_CHECK(definition->setPosition(AcGePoint3d(0.0, y, 0.0)) == Acad::eOk);
     setProperties(*definition.get(), blockName, layerName);
     DIAG_CHECK(block.appendAcDbEntity(definition.get()) == Acad::eOk);
@@ -61,6 +60,12 @@ bool groupLinetype(AcDbDatabase* database, AcDbObjectId& linetype) {
     }
     DIAG_CHECK(linetypes->getAt(L"CONTINUOUS", linetype) == Acad::eOk);
     return true;
+}
+
+void ensureMarkerBlock(const wchar_t* suffix) {
+    const std::wstring blockName = groupPrefix() + suffix;
+    AcDbObjectId blockId;
+    if (blockMissing(blockName)) createMarkerBlock(blockId, blockName);
 }
 
 }  // namespace
@@ -86,16 +91,13 @@ void createMarkerBlock(AcDbObjectId& blockId, const std::wstring& blockName) {
         !DIAG_CHECK(blocks->add(blockId, block.get()) == Acad::eOk)) {
         return;
     }
-    appendDefinition(*block.get(), blockName, layerName, Place::kFirst);
+    appendDefinition(*block.get(), blockName, layerName, kFirst);
     if (blockName == prefix + GroupSuffix::kBeginMarker) {
-        appendDefinition(*block.get(), blockName, layerName, Place::kBelowFirst);
+        appendDefinition(*block.get(), blockName, layerName, kBelowFirst);
     }
 }
 
 void ensureMarkerBlocks() {
-    for (const wchar_t* suffix : {GroupSuffix::kBeginMarker, GroupSuffix::kEndMarker}) {
-        const std::wstring blockName = groupPrefix() + suffix;
-        AcDbObjectId blockId;
-        if (blockMissing(blockName)) createMarkerBlock(blockId, blockName);
-    }
+    ensureMarkerBlock(GroupSuffix::kBeginMarker);
+    ensureMarkerBlock(GroupSuffix::kEndMarker);
 }

@@ -5,6 +5,9 @@
 
 #include "platform.h"
 
+/// Field length of a marker's attributes and of their definitions.
+const Adesk::UInt16 kMarkerFieldLength = 25;
+
 /// Creates whichever of the two marker blocks the working drawing lacks, the begin block first.
 void ensureMarkerBlocks();
 

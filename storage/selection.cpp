@@ -2,7 +2,7 @@
 #include "selection.h"
 
 Adesk::Int32 selectionLength(const ads_name selection, const CheckSite& site) {
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     return DIAG_CHECK_AT(site, acedSSLength(selection, &length) == RTNORM) ? length : 0;
 }
 

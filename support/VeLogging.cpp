@@ -10,13 +10,13 @@ CVelmoLogging* G_pLoggingObject = NULL;
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"VeLogging";
+const CheckSource DIAG_SOURCE = L"VeLogging";
 
 /// The lines that the checks of this source report, fixed so that reports of different releases
 /// stay comparable.
-constexpr CheckSite kCreateCheck{DIAG_SOURCE, 21};
-constexpr CheckSite kDestructorCheck{DIAG_SOURCE, 62};
-constexpr CheckSite kUseCheck{DIAG_SOURCE, 69};
+const CheckSite kCreateCheck = {DIAG_SOURCE, 21};
+const CheckSite kDestructorCheck = {DIAG_SOURCE, 62};
+const CheckSite kUseCheck = {DIAG_SOURCE, 69};
 
 }  // namespace
 

@@ -8,7 +8,7 @@
 class CLogSession {
   public:
     CLogSession(const std::wstring& sApplicationName, const std::wstring& sVersion);
-    virtual ~CLogSession() = default;
+    virtual ~CLogSession() {}
 
     /// Accepts a text and discards it.
     virtual void log(const std::wstring& sText);

@@ -10,8 +10,8 @@
 namespace {
 
 /// Older Windows versions walk fewer than 63 frames, those skipped included.
-constexpr DWORD kSkippedFrames = 1;
-constexpr DWORD kMostFrames = 62 - kSkippedFrames;
+const DWORD kSkippedFrames = 1;
+const DWORD kMostFrames = 62 - kSkippedFrames;
 
 std::wstring frameText(void* address) {
     HMODULE hModule = NULL;

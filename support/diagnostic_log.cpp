@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <map>
 
+#include "decimal_text.h"
 #include "library.h"
 #include "log_header.h"
 #include "module_file.h"
@@ -12,13 +13,14 @@
 
 namespace {
 
-constexpr int kMostAttempts = 10;
-constexpr DWORD kPauseMilliseconds = 500;
-constexpr wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
+const int kMostAttempts = 10;
+const DWORD kPauseMilliseconds = 500;
+const wchar_t kTimeFormat[] = L"%Y%m%d%H%M%S";
 
 std::wstring environmentValue(const wchar_t* name) {
     std::wstring value;
     value.resize(::GetEnvironmentVariableW(name, NULL, 0));
+    if (value.empty()) return value;
     const auto size = static_cast<DWORD>(value.size());
     const DWORD length = ::GetEnvironmentVariableW(name, &value[0], size);
     value.resize(length < size ? length : 0);  // it may have grown in between
@@ -30,27 +32,24 @@ std::wstring environmentValue(const wchar_t* name) {
 ULONGLONG workstationStart() {
     wchar_t service[] = L"LanmanWorkstation";
     LPBYTE buffer = NULL;
-    ULONGLONG start = {};
+    ULONGLONG start = 0;
     if (::NetStatisticsGet(NULL, service, 0, 0, &buffer) == NERR_Success) {
         const auto* const statistics = reinterpret_cast<const STAT_WORKSTATION_0*>(buffer);
         start = static_cast<ULONGLONG>(statistics->StatisticsStartTime.QuadPart);
         ::NetApiBufferFree(buffer);
     }
-    constexpr ULONGLONG stepsInMillisecond = 10000;
+    const ULONGLONG stepsInMillisecond = 10000;
     return start != 0 ? start : currentMoment() - ::GetTickCount64() * stepsInMillisecond;
 }
 
 std::wstring newWorkingLogName(const std::wstring& base) {
     return diagnosticsFolder() + base + L"." + utcTimeText(workstationStart(), kTimeFormat) + L"_" +
-           utcTimeText(currentMoment(), kTimeFormat) + L"_" +
-           std::to_wstring(::GetCurrentProcessId()) + L".log";
+           utcTimeText(currentMoment(), kTimeFormat) + L"_" + decimalText(::GetCurrentProcessId()) +
+           L".log";
 }
 
-/// Full names by base name, each made at its first use.
-std::map<std::wstring, std::wstring>& nameCache() {
-    static std::map<std::wstring, std::wstring> cache;
-    return cache;
-}
+/// Full names of the logs by base name, each made at its first use.
+std::map<std::wstring, std::wstring> G_aLogNames;
 
 bool isFolder(const std::wstring& name) {
     const DWORD attributes = ::GetFileAttributesW(name.c_str());
@@ -66,17 +65,17 @@ bool createFolders(const std::wstring& folder) {
     return isFolder(folder);
 }
 
-enum class OpenResult { Opened, Missing, Failed };
+enum OpenResult { kOpened, kMissing, kOpenFailed };
 
 /// Opens for writing without creating, and closes again.
 OpenResult tryOpen(const std::wstring& name) {
     const HANDLE file = ::CreateFileW(name.c_str(), GENERIC_WRITE, FILE_SHARE_READ, NULL,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, NULL);
     if (file == INVALID_HANDLE_VALUE) {
-        return ::GetLastError() == ERROR_FILE_NOT_FOUND ? OpenResult::Missing : OpenResult::Failed;
+        return ::GetLastError() == ERROR_FILE_NOT_FOUND ? kMissing : kOpenFailed;
     }
     ::CloseHandle(file);
-    return OpenResult::Opened;
+    return kOpened;
 }
 
 bool appendText(const std::wstring& name, const std::wstring& text) {
@@ -89,8 +88,8 @@ bool appendText(const std::wstring& name, const std::wstring& text) {
 /// One attempt; false after any file error.
 bool appendOnce(const std::wstring& name, const std::wstring& text) {
     const OpenResult state = tryOpen(name);
-    if (state == OpenResult::Failed) return false;
-    if (state == OpenResult::Missing && !appendText(name, logHeader(diagnosticsFolder()))) {
+    if (state == kOpenFailed) return false;
+    if (state == kMissing && !appendText(name, logHeader(diagnosticsFolder()))) {
         return false;
     }
     return appendText(name, text);
@@ -102,7 +101,8 @@ std::wstring diagnosticsFolder() {
     std::wstring folder = environmentValue(L"TEMP");
     if (folder.empty()) folder = environmentValue(L"TMP");
     if (folder.empty()) return folder;
-    if (folder.back() != L'\\' && folder.back() != L'/') folder += L'\\';
+    const wchar_t last = folder[folder.size() - 1];
+    if (last != L'\\' && last != L'/') folder += L'\\';
     return folder + L"Velmo Diagnostics\\";
 }
 
@@ -113,17 +113,15 @@ bool createDiagnosticsFolder() {
 
 std::wstring workingLogName() {
     const std::wstring base = moduleFileName(G_hCurrentModule);
-    if (diagnosticsFolder().empty()) return std::wstring();
-    std::wstring& name = nameCache()[base];
-    if (name.empty()) name = newWorkingLogName(base);
+    std::wstring& name = G_aLogNames[base];
+    if (name.empty() && !diagnosticsFolder().empty()) name = newWorkingLogName(base);
     return name;
 }
 
 std::wstring finalLogName() {
     const std::wstring base = moduleFileName(G_hCurrentModule) + L".log";
-    if (diagnosticsFolder().empty()) return std::wstring();
-    std::wstring& name = nameCache()[base];
-    if (name.empty()) name = diagnosticsFolder() + base;
+    std::wstring& name = G_aLogNames[base];
+    if (name.empty() && !diagnosticsFolder().empty()) name = diagnosticsFolder() + base;
     return name;
 }
 
@@ -133,7 +131,7 @@ bool fileExists(const std::wstring& name) {
 
 void deleteWorkingLog() {
     const std::wstring name = workingLogName();
-    if (tryOpen(name) == OpenResult::Opened) ::DeleteFileW(name.c_str());
+    if (tryOpen(name) == kOpened) ::DeleteFileW(name.c_str());
 }
 
 void appendToWorkingLog(const std::wstring& text) {

@@ -1,7 +1,9 @@
 // Assertion reports and their way to message box, standard output, debugger and log file.
 #include "diagnostics.h"
 
+#include "boundary.h"
 #include "call_stack.h"
+#include "decimal_text.h"
 #include "diagnostic_log.h"
 #include "library.h"
 #include "module_file.h"
@@ -12,7 +14,7 @@ DiagnosticsSettings G_diagnostics = {};
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"Diagnostics";
+const CheckSource DIAG_SOURCE = L"Diagnostics";
 
 /// In the narrow character set of the system; characters outside it become its default character.
 std::string narrowText(const std::wstring& text) {
@@ -27,25 +29,19 @@ std::string narrowText(const std::wstring& text) {
 void writeStandardOutput(const std::wstring& text) {
     const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
     const std::string narrow = narrowText(text);
-    DWORD written = {};
+    DWORD written = 0;
     ::WriteFile(output, narrow.data(), static_cast<DWORD>(narrow.size()), &written, NULL);
 }
 
-/// Holds a flag up, also when an exception passes by.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Raised() { m_flag = false; }
-
-  private:
-    bool& m_flag;
-};
+/// While the report of a folder that cannot be made is on its way.
+bool G_bReportingFolder = false;
 
 }  // namespace
 
 bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression) {
     if (holds || !G_diagnostics.assertionsEnabled) return holds;
-    reportAssertion(site.source.name, site.source.addedLines + site.line, expression);
+    // Also without memory for the report what was checked goes on.
+    withinBoundary([&] { reportAssertion(site.source, site.line, expression); });
     if (::IsDebuggerPresent()) ::DebugBreak();
     return holds;
 }
@@ -53,7 +49,7 @@ bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression
 void reportAssertion(const wchar_t* source, int line, const wchar_t* expression) {
     const std::wstring stack = callStackText();
     const std::wstring module = moduleName(G_hCurrentModule);
-    const std::wstring number = std::to_wstring(line);
+    const std::wstring number = decimalText(line);
     const std::wstring report = std::wstring(source) + L"(" + number + L"): Assertion in \"" +
                                 module + L"\" (" + expression + L").\n";
     const std::wstring box = L"Module : <" + module + L">\nAssertion : <" + expression +
@@ -78,13 +74,10 @@ std::wstring timePrefixed(const std::wstring& text) {
 }
 
 void logDiagnosticText(const std::wstring& text) {
-    // The report of a folder that cannot be made comes back here; the folder still is not there.
-    static bool reportingFolder = false;
-    if (reportingFolder) return;
+    if (G_bReportingFolder) return;  // the report comes back here; the folder still is not there
     const bool folderIsThere = createDiagnosticsFolder();
-    {
-        const Raised reporting(reportingFolder);
-        DIAG_ASSERT(folderIsThere, L"KestFile::RecursiveCreateDirectory(sDirectory)");
-    }
+    G_bReportingFolder = true;
+    DIAG_ASSERT(folderIsThere, L"KestFile::RecursiveCreateDirectory(sDirectory)");
+    G_bReportingFolder = false;
     appendToWorkingLog(text);
 }

@@ -15,27 +15,24 @@ struct DiagnosticsSettings {
 
 extern DiagnosticsSettings G_diagnostics;
 
-/// The source that a check reports as its place. Sources that share a name keep their lines apart
-/// by what they add to them.
-struct CheckSource {
-    constexpr CheckSource(const wchar_t* reportedName, int added = 0)
-        : name(reportedName), addedLines(added) {}
-
-    const wchar_t* name;
-    int addedLines;
-};
+/// The name under which a source reports its checks.
+typedef const wchar_t* CheckSource;
 
 /// A place for the checks of a function that works for several sources: its caller's.
 struct CheckSite {
     CheckSource source;
     int line;
 };
-#define DIAG_HERE (CheckSite{DIAG_SOURCE, __LINE__})
+inline CheckSite checkSite(CheckSource source, int line) {
+    const CheckSite site = {source, line};
+    return site;
+}
+#define DIAG_HERE checkSite(DIAG_SOURCE, __LINE__)
 
 /// Checks a condition, which is evaluated exactly once whatever the settings, so that it may be the
 /// call itself; the value is the condition's. When it is false and checks are enabled, `expression`
 /// is reported; execution always goes on. The source names itself by a constant:
-/// `constexpr CheckSource DIAG_SOURCE = L"VeLogging";`
+/// `const CheckSource DIAG_SOURCE = L"VeLogging";`
 #define DIAG_ASSERT(condition, expression) DIAG_ASSERT_AT(DIAG_HERE, condition, expression)
 /// The same with the place to report.
 #define DIAG_ASSERT_AT(site, condition, expression) \
@@ -46,7 +43,8 @@ struct CheckSite {
 #define DIAG_WIDE(literal) DIAG_WIDE_TOKEN(literal)
 #define DIAG_WIDE_TOKEN(literal) L##literal
 
-/// What DIAG_ASSERT does: reports, then breaks into an attached debugger. Gives `holds`.
+/// What DIAG_ASSERT does: reports, then breaks into an attached debugger. Gives `holds`; throws
+/// nothing.
 bool checkAssertion(bool holds, const CheckSite& site, const wchar_t* expression);
 /// Shows the message box, waits for it, and hands report line and call stack to diagnosticsOutput.
 void reportAssertion(const wchar_t* source, int line, const wchar_t* expression);

@@ -7,7 +7,9 @@
 /// expected class. It stays the host's; look it up afresh at each use.
 template <typename T>
 T* hostService(const ACHAR* key) {
-    return T::cast(acrxSysRegistry()->at(key));
+    AcRxObject* service = acrxSysRegistry()->at(key);
+    const bool expected = service != nullptr && service->isA()->isDerivedFrom(T::desc());
+    return expected ? static_cast<T*>(service) : nullptr;
 }
 
 /// The drawing that all storage operations work on; null when no drawing is open.

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "boundary.h"
 #include "diagnostic_log.h"
 #include "diagnostics.h"
 #include "version_resource.h"
@@ -13,9 +14,9 @@ HMODULE G_hCurrentModule = NULL;
 
 namespace {
 
-constexpr CheckSource DIAG_SOURCE = L"Library";
+const CheckSource DIAG_SOURCE = L"Library";
 
-bool finaliseAtShutDown = false;
+bool G_bFinaliseAtShutDown = false;
 
 /// Whether a per-user switch is there, is a REG_DWORD and equals 1.
 bool isSwitchOn(const wchar_t* name) {
@@ -26,8 +27,8 @@ bool isSwitchOn(const wchar_t* name) {
         ERROR_SUCCESS) {
         return false;
     }
-    DWORD type = {};
-    DWORD value = {};
+    DWORD type = REG_NONE;
+    DWORD value = 0;
     DWORD size = sizeof value;
     const bool on = ::RegQueryValueExW(hkRegistryKey, name, NULL, &type,
                                        reinterpret_cast<BYTE*>(&value), &size) == ERROR_SUCCESS &&
@@ -42,10 +43,14 @@ void readDiagnosticsSettings() {
     const bool assertStartup = isSwitchOn(L"AssertStartup");
     if (debugStartup) {
         deleteWorkingLog();
-        G_diagnostics = {true, true, true, 2};
+        const DiagnosticsSettings everything = {true, true, true, 2};
+        G_diagnostics = everything;
     }
     // The narrower switch wins when both are on.
-    if (assertStartup) G_diagnostics = {true, false, false, 1};
+    if (assertStartup) {
+        const DiagnosticsSettings assertionsOnly = {true, false, false, 1};
+        G_diagnostics = assertionsOnly;
+    }
 }
 
 void finaliseLog() {
@@ -67,7 +72,7 @@ void initialiseLibrary(const CString& sApplicationName, HMODULE hModule, bool cr
     DIAG_ASSERT(!sApplicationName.IsEmpty(), L"!CString(sApplicationName).IsEmpty()");
     G_sApplicationName = sApplicationName;
     G_hCurrentModule = hModule;
-    finaliseAtShutDown = finaliseLog;
+    G_bFinaliseAtShutDown = finaliseLog;
     G_bLibraryInitialised = true;
     static_cast<void>(createCrashDumper);
     readDiagnosticsSettings();
@@ -78,7 +83,7 @@ void shutDownLibrary() {
     DIAG_ASSERT(G_bLibraryInitialised, L"G_bLibraryInitialised");
     DIAG_ASSERT(!G_sApplicationName.IsEmpty(), L"!G_sApplicationName.IsEmpty()");
     G_diagnostics.logFileEnabled = false;
-    if (finaliseAtShutDown) finaliseLog();
+    if (G_bFinaliseAtShutDown) withinBoundary(finaliseLog);
     G_sApplicationName.Empty();
     G_hCurrentModule = NULL;
     G_bLibraryInitialised = false;

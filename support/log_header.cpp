@@ -1,9 +1,9 @@
 // Gathers the block about the machine from Windows and its registry.
 #include "log_header.h"
 
-#include <iterator>
 #include <vector>
 
+#include "decimal_text.h"
 #include "library.h"
 #include "module_file.h"
 #include "platform.h"
@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr wchar_t kVersionKey[] = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
-constexpr wchar_t kShellKey[] =
+const wchar_t kVersionKey[] = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+const wchar_t kShellKey[] =
     L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-constexpr wchar_t kBiosKey[] = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
-constexpr wchar_t kProcessorKey[] = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
+const wchar_t kBiosKey[] = L"HARDWARE\\DESCRIPTION\\System\\BIOS";
+const wchar_t kProcessorKey[] = L"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
 
 /// One value to report: the line reads "label::name=value".
 struct ReportedValue {
@@ -25,7 +25,7 @@ struct ReportedValue {
     const wchar_t* name;
 };
 
-constexpr ReportedValue kReported[] = {
+const ReportedValue kReported[] = {
     {L"Windows", false, kVersionKey, L"ProductName"},
     {L"Windows", false, kVersionKey, L"CurrentVersion"},
     {L"Windows", false, kVersionKey, L"CurrentBuildNumber"},
@@ -39,12 +39,12 @@ constexpr ReportedValue kReported[] = {
 /// A value's bytes; empty when it is not there or has another type than `type`.
 std::vector<BYTE> registryData(bool ofUser, const wchar_t* key, const wchar_t* name,
                                DWORD wantedType) {
+    std::vector<BYTE> data;
     const HKEY root = ofUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
     HKEY open = NULL;
-    if (::RegOpenKeyExW(root, key, 0, KEY_READ, &open) != ERROR_SUCCESS) return {};
-    DWORD type = {};
-    DWORD size = {};
-    std::vector<BYTE> data;
+    if (::RegOpenKeyExW(root, key, 0, KEY_READ, &open) != ERROR_SUCCESS) return data;
+    DWORD type = REG_NONE;
+    DWORD size = 0;
     if (::RegQueryValueExW(open, name, NULL, &type, NULL, &size) == ERROR_SUCCESS &&
         type == wantedType) {
         data.resize(size);
@@ -65,7 +65,7 @@ std::wstring registryText(bool ofUser, const wchar_t* key, const wchar_t* name) 
 
 std::wstring computerName() {
     wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = static_cast<DWORD>(std::size(name));
+    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
     return ::GetComputerNameW(name, &size) ? std::wstring(name, size) : std::wstring();
 }
 
@@ -74,7 +74,7 @@ std::wstring processorLine() {
     const std::vector<BYTE> data = registryData(false, kProcessorKey, L"~MHz", REG_DWORD);
     if (data.size() != sizeof(DWORD)) return std::wstring();
     const DWORD rate = *reinterpret_cast<const DWORD*>(data.data());
-    return L"Hardware::id= " + std::to_wstring(rate) + L" MHz, " +
+    return L"Hardware::id= " + decimalText(rate) + L" MHz, " +
            registryText(false, kProcessorKey, L"ProcessorNameString") + L", " +
            registryText(false, kProcessorKey, L"Identifier") + L"\n";
 }
@@ -84,7 +84,8 @@ std::wstring processorLine() {
 std::wstring logHeader(const std::wstring& diagnosticsFolder) {
     std::wstring text = L"Diagnostics started: " + localTimeText(L"%c") + L"\n";
     text += L"::HostName=" + computerName() + L"\n";
-    for (const ReportedValue& reported : kReported) {
+    for (std::size_t i = 0; i < sizeof kReported / sizeof *kReported; ++i) {
+        const ReportedValue& reported = kReported[i];
         const std::wstring value = registryText(reported.ofUser, reported.key, reported.name);
         if (value.empty()) continue;
         text += std::wstring(reported.label) + L"::" + reported.name + L"=" + value + L"\n";

@@ -4,7 +4,7 @@
 namespace {
 
 /// Takes the longest path that Windows allows, with its end.
-constexpr DWORD kPathBufferLength = 32768;
+const DWORD kPathBufferLength = 32768;
 
 std::wstring withoutFolder(const std::wstring& path) {
     const std::size_t slash = path.find_last_of(L"\\/");

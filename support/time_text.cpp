@@ -7,7 +7,7 @@
 namespace {
 
 /// Longer than any time that is printed, in every language of the system.
-constexpr std::size_t kTextBufferLength = 128;
+const std::size_t kTextBufferLength = 128;
 
 std::wstring timeText(const SYSTEMTIME& time, const wchar_t* format) {
     std::tm fields = {};

@@ -9,12 +9,12 @@
 namespace {
 
 /// Language and code page, four digits each, and the end of the text.
-constexpr std::size_t kDigitsBufferLength = 9;
+const std::size_t kDigitsBufferLength = 9;
 
 /// "\StringFileInfo\<language><code page>\" of the first translation; empty when there is none.
 std::wstring stringTable(const void* block) {
     void* value = nullptr;
-    UINT bytes = {};
+    UINT bytes = 0;
     wchar_t translationQuery[] = L"\\VarFileInfo\\Translation";
     if (!::VerQueryValueW(block, translationQuery, &value, &bytes) || bytes < 2 * sizeof(WORD)) {
         return std::wstring();
@@ -35,7 +35,7 @@ std::wstring versionString(HMODULE hModule, const wchar_t* name) {
     if (!::GetFileVersionInfoW(file.c_str(), 0, size, block.data())) return std::wstring();
     const std::wstring table = stringTable(block.data());
     void* value = nullptr;
-    UINT characters = {};
+    UINT characters = 0;
     if (table.empty() ||
         !::VerQueryValueW(block.data(), (table + name).c_str(), &value, &characters)) {
         return std::wstring();

@@ -6,10 +6,10 @@
 #include "boundary.h"
 #include "document_data.h"
 #include "group_record.h"
+#include "group_search.h"
 #include "grouping_mode.h"
 #include "host_guards.h"
 #include "host_services.h"
-#include "membership.h"
 #include "object_ids.h"
 
 namespace {
@@ -18,14 +18,14 @@ AcEditor* editor() { return hostService<AcEditor>(L"AcEditor"); }
 
 /// True when the host variable can be read and is 0.
 bool variableIsZero(const wchar_t* name) {
-    resbuf value{};
+    resbuf value = {};
     return acedGetVar(name, &value) == RTNORM && value.resval.rint == 0;
 }
 
 /// Ids of a selection set in its order.
 AcDbObjectIdArray idsOf(const ads_name set) {
     AcDbObjectIdArray ids(0, kIdListGrowth);
-    Adesk::Int32 length = {};
+    Adesk::Int32 length = 0;
     if (acedSSLength(set, &length) != RTNORM) return ids;
     for (Adesk::Int32 i = 0; i < length; ++i) {
         ads_name name = {};
@@ -59,11 +59,27 @@ AcDbObjectIdArray without(const AcDbObjectIdArray& ids, const IdSet& others) {
     return rest;
 }
 
-/// Finds the group of `id`, as GroupSearch gives it; false when it is in none that can be walked.
-bool findGroup(GroupSearch& search, const AcDbObjectId& id, AcDbObjectIdArray& group) {
-    if (!isGroupedEntity(id) || !search.verify(group, id)) return false;
-    docData().m_bSelectionHasGroups = true;
-    return true;
+/// Finds the group of `id`, as GroupSearch gives it; kNone when it is in none that can be walked.
+GroupSearch::Answer findGroup(GroupSearch& search, const AcDbObjectId& id,
+                              AcDbObjectIdArray& group) {
+    const GroupSearch::Answer answer =
+        isGroupedEntity(id) ? search.find(id, group) : GroupSearch::kNone;
+    if (answer != GroupSearch::kNone) docData().m_bSelectionHasGroups = true;
+    return answer;
+}
+
+/// The ids without those at the places named, which ascend.
+AcDbObjectIdArray withoutPlaces(const AcDbObjectIdArray& ids, const std::vector<int>& places) {
+    AcDbObjectIdArray rest(0, kIdListGrowth);
+    std::size_t next = 0;
+    for (int i = 0; i < ids.length(); ++i) {
+        if (next < places.size() && places[next] == i) {
+            ++next;
+        } else {
+            rest.append(ids[i]);
+        }
+    }
+    return rest;
 }
 
 /// Widens the picks from position `first` on: each that has a group is taken out and comes back in
@@ -73,28 +89,25 @@ bool findGroup(GroupSearch& search, const AcDbObjectId& id, AcDbObjectIdArray& g
 AcDbObjectIdArray withGroupsOfPicks(AcDbObjectIdArray ids, int first) {
     GroupSearch search;
     IdSet present(ids);
-    std::vector<int>
-        gaps;  // places of what was taken out, lowest first; they are closed at the end
+    std::vector<int> takenOut;  // places in `ids`, which is closed up at the end only
     AcDbObjectIdArray group(0, kIdListGrowth);
-    int place = first;
-    for (int steps = ids.length() - first; steps > 0; --steps, ++place) {
+    const int picks = ids.length() - first;
+    for (int pick = 0; pick < picks; ++pick) {
+        // Everything taken out stood in front: each moved this position up by one.
+        const int place = first + pick + static_cast<int>(takenOut.size());
         const AcDbObjectId id = ids[place];
-        if (!findGroup(search, id, group)) continue;
-        gaps.push_back(place++);
+        const GroupSearch::Answer answer = findGroup(search, id, group);
+        if (answer == GroupSearch::kNone) continue;
+        takenOut.push_back(place);
+        if (answer == GroupSearch::kKnown) {
+            ids.append(id);  // all others of its group are in the list
+            continue;
+        }
         for (int i = 0; i < group.length(); ++i) {
             if (group[i] == id || present.add(group[i])) ids.append(group[i]);
         }
     }
-    AcDbObjectIdArray widened(0, kIdListGrowth);
-    auto gap = gaps.begin();
-    for (int i = 0; i < ids.length(); ++i) {
-        if (gap == gaps.end() || i != *gap) {
-            widened.append(ids[i]);
-        } else {
-            ++gap;
-        }
-    }
-    return widened;
+    return withoutPlaces(ids, takenOut);
 }
 
 /// What is left of `ids` without the whole groups of what was dropped.
@@ -103,7 +116,8 @@ AcDbObjectIdArray withoutGroupsOf(const AcDbObjectIdArray& dropped, const AcDbOb
     IdSet leaving;
     AcDbObjectIdArray group(0, kIdListGrowth);
     for (int i = 0; i < dropped.length(); ++i) {
-        if (findGroup(search, dropped[i], group)) leaving.add(group);
+        const GroupSearch::Answer answer = findGroup(search, dropped[i], group);
+        if (answer == GroupSearch::kNew) leaving.add(group);
     }
     return without(ids, leaving);
 }
@@ -157,7 +171,7 @@ void followPickfirst() {
 
 }  // namespace
 
-KESTpickGroupEnt::KESTpickGroupEnt(bool attach) {
+KESTpickGroupEnt::KESTpickGroupEnt(bool attach) : m_bAttachedToEditor(false) {
     AcEditor* host = attach ? editor() : nullptr;
     if (host == nullptr) return;
     host->addReactor(this);

@@ -23,5 +23,5 @@ class KESTpickGroupEnt : public AcEditorReactor {
     void commandCancelled(const ACHAR* name) override;
 
   private:
-    bool m_bAttachedToEditor = false;
+    bool m_bAttachedToEditor;
 };

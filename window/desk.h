@@ -1,5 +1,5 @@
-// Where work for the host's thread waits. Everything of the host runs on one thread only: the others
-// put down what they want and wait for the outcome.
+// Where work for the host's thread waits. Everything of the host runs on one thread only: the
+// others put down what they want and wait for the outcome.
 #pragma once
 
 #include <condition_variable>

@@ -1,6 +1,9 @@
 // Answers requests of the page.
 #include "window/display.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
 #include "host/application/session_impl.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
@@ -12,14 +15,14 @@ namespace window {
 namespace {
 
 using host::Vec;
-using nlohmann::json;
+using Json = nlohmann::json;
 
-std::string dump(const json& value) {
-    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+std::string dump(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 /// The object with further members, which stand as text.
-std::string joined(const json& object, const std::string& members) {
+std::string joined(const Json& object, const std::string& members) {
     std::string text = dump(object);
     if (members.empty()) return text;
     text.back() = ',';
@@ -53,7 +56,7 @@ const char* nameOf(host::Wanted wanted) {
     }
 }
 
-void refuse(const Reply& reply, const std::string& why) {
+void decline(const Reply& reply, const std::string& why) {
     reply->set_value(dump({{"error", why}}));
 }
 
@@ -62,7 +65,8 @@ void refuse(const Reply& reply, const std::string& why) {
 Display::Display(host::Session& session, Desk& desk, Reader reader, std::function<bool()> isOver)
     : m_session(session),
       m_reader(std::move(reader)),
-      m_conversation(session, desk, m_watch, [this] { return news(); }, std::move(isOver)) {}
+      m_conversation(
+          session, desk, m_watch, [this] { return news(); }, std::move(isOver)) {}
 
 const host::Store* Display::store() const {
     const AcDbDatabase* drawing = m_session.database();
@@ -86,8 +90,8 @@ void Display::conclude() {
     m_conversation.conclude();
 }
 
-json Display::state() {
-    json state;
+Json Display::state() {
+    Json state;
     state["state"] = m_over ? "ended" : m_conversation.atCommand() ? "ready" : "asking";
     state["prompt"] = host::toUtf8(m_conversation.prompt());
     state["wants"] = m_conversation.atCommand() ? "command" : nameOf(host::question().wanted);
@@ -101,35 +105,35 @@ json Display::state() {
     state["script"] = script.substr(m_told.script);
     m_told.script = script.size();
     const host::HostDocument* document = m_session.impl().documents.current();
-    state["drawing"] = document != nullptr ? json(host::toUtf8(document->fileName())) : json();
+    state["drawing"] = document != nullptr ? Json(host::toUtf8(document->fileName())) : Json();
     state["named"] = document != nullptr && !document->path().empty();
     state["changed"] = document != nullptr && document->changed();
     state["grouping"] = m_watch.groupingOn();
     if (store() == nullptr) return state;
-    json spaces = json::array();
+    Json spaces = Json::array();
     for (const auto& [space, name] : m_reader.spaces(*store())) {
-        spaces.push_back({{"space", space},
-                          {"name", name},
-                          {"current", space == store()->currentSpace()},
-                          {"model", space == store()->modelSpace()},
-                          {"reachable", space == store()->modelSpace() ||
-                                            space == store()->paperSpace()}});
+        spaces.push_back(
+            {{"space", space},
+             {"name", name},
+             {"current", space == store()->currentSpace()},
+             {"model", space == store()->modelSpace()},
+             {"reachable", space == store()->modelSpace() || space == store()->paperSpace()}});
     }
     state["spaces"] = std::move(spaces);
     return state;
 }
 
-void Display::addSelection(json& news) {
+void Display::addSelection(Json& news) {
     const std::vector<AcDbObjectId>& picked = host::pickfirst();
     if (picked == m_told.selected) return;
     m_told.selected = picked;
-    json handles = json::array();
+    Json handles = Json::array();
     for (const AcDbObjectId id : picked)
         handles.push_back(handleOf(id));
     news["selected"] = std::move(handles);
 }
 
-void Display::addGroups(json& news) {
+void Display::addGroups(Json& news) {
     // Between commands only: inside one the module may have objects open.
     if (m_told.groups || !m_conversation.atCommand() || store() == nullptr) return;
     m_groups.set(m_reader.inspect(*m_session.database()));
@@ -170,7 +174,7 @@ std::string Display::sheetNews() {
 
 std::string Display::news() {
     const std::string sheet = sheetNews();
-    json news = state();
+    Json news = state();
     addSelection(news);
     addGroups(news);
     return joined(news, sheet);
@@ -182,21 +186,21 @@ std::string Display::everything() {
     m_told.selected = {AcDbObjectId()};  // no set of picks is like that, so it is told
     m_sheet.reset();
     const std::string sheet = sheetNews();
-    json all = state();
+    Json all = state();
     addSelection(all);
     addGroups(all);
-    json names = json::array();
+    Json names = Json::array();
     for (const std::wstring& name : host::typableNames())
         names.push_back(host::toUtf8(name));
     all["commands"] = std::move(names);
     return joined(all, sheet);
 }
 
-json Display::look(const json& request) {
-    if (!m_sheet || store() == nullptr) return json::object();
+Json Display::look(const Json& request) {
+    if (!m_sheet || store() == nullptr) return Json::object();
     const Vec point{request.at("x"), request.at("y"), 0};
     const double radius = request.at("r");
-    json found = json::object();
+    Json found = Json::object();
     if (host::question().wanted == host::Wanted::Point && !m_conversation.atCommand()) {
         if (const auto snap = m_sheet->snap(point, 1.6 * radius))
             found["snap"] = {{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}};
@@ -219,7 +223,7 @@ json Display::look(const json& request) {
     return found;
 }
 
-void Display::showSpace(const json& request, const Reply& reply) {
+void Display::showSpace(const Json& request, const Reply& reply) {
     const host::Index wanted = request.at("space");
     for (const auto& [space, name] : m_reader.spaces(*store())) {
         if (space != wanted) continue;
@@ -228,11 +232,11 @@ void Display::showSpace(const json& request, const Reply& reply) {
         const std::string sheet = wholeSheet();
         return reply->set_value(joined(state(), sheet));
     }
-    refuse(reply, "the drawing has no such space");
+    decline(reply, "the drawing has no such space");
 }
 
-void Display::click(const json& request, const Reply& reply) {
-    if (!showsCurrentSpace()) return refuse(reply, "commands work in another space");
+void Display::click(const Json& request, const Reply& reply) {
+    if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
     const Vec point{request.at("x"), request.at("y"), 0};
     const double radius = request.at("r");
     const bool shift = request.value("shift", false);
@@ -252,8 +256,8 @@ void Display::click(const json& request, const Reply& reply) {
     m_conversation.type({removes ? L"R " + entity + L" A" : entity}, reply);
 }
 
-void Display::box(const json& request, const Reply& reply) {
-    if (!showsCurrentSpace()) return refuse(reply, "commands work in another space");
+void Display::box(const Json& request, const Reply& reply) {
+    if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
     const bool shift = request.value("shift", false);
     std::wstring line = request.at("crossing").get<bool>() ? L"C " : L"W ";
     line += coordinates(request.at("x1"), request.at("y1")) + L" " +
@@ -265,12 +269,12 @@ void Display::box(const json& request, const Reply& reply) {
 }
 
 /// Picks a member as a click does, so that the module brings the others. The picks before go.
-void Display::pickGroup(const json& request, const Reply& reply) {
+void Display::pickGroup(const Json& request, const Reply& reply) {
     const inspection::Group* group = m_groups.beginningAt(request.at("begin"));
     if (group == nullptr || group->members.empty())
-        return refuse(reply, "nothing stands in this group");
+        return decline(reply, "nothing stands in this group");
     const AcDbObjectId first = group->members.front().id;
-    if (first.isErased()) return refuse(reply, "this group has changed");
+    if (first.isErased()) return decline(reply, "this group has changed");
     if (!m_conversation.atCommand()) return m_conversation.type({handent(first)}, reply);
     std::vector<std::wstring> lines;
     if (!host::pickfirst().empty()) lines.push_back(L"PICK NONE");
@@ -278,7 +282,7 @@ void Display::pickGroup(const json& request, const Reply& reply) {
     m_conversation.type(std::move(lines), reply);
 }
 
-void Display::answer(const json& request, const Reply& reply) {
+void Display::answer(const Json& request, const Reply& reply) {
     const std::string what = request.at("do");
     if (what == "open") return reply->set_value(everything());
     if (what == "look") return reply->set_value(dump(look(request)));
@@ -289,12 +293,12 @@ void Display::answer(const json& request, const Reply& reply) {
             if (c < L' ') c = L' ';
         return m_conversation.type({std::move(line)}, reply);
     }
-    if (store() == nullptr) return refuse(reply, "no drawing is open");
+    if (store() == nullptr) return decline(reply, "no drawing is open");
     if (what == "space") return showSpace(request, reply);
     if (what == "click") return click(request, reply);
     if (what == "box") return box(request, reply);
     if (what == "group") return pickGroup(request, reply);
-    refuse(reply, "the request is none that is known: " + what);
+    decline(reply, "the request is none that is known: " + what);
 }
 
 }  // namespace window

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <utility>
@@ -15,14 +15,9 @@
 #include "window/desk.h"
 #include "window/groups.h"
 #include "window/sheet.h"
+#include "window/window.h"
 
 namespace window {
-
-/// What the program knows of drawings and the page wants to know too.
-struct Reader {
-    std::function<std::vector<std::pair<host::Index, std::string>>(const host::Store&)> spaces;
-    std::function<inspection::Inspection(AcDbDatabase&)> inspect;
-};
 
 /// Of the host's thread. Requests and answers are JSON; docs/window.md tells what is in them.
 class Display {

@@ -2,6 +2,7 @@
 #include "window/groups.h"
 
 #include <map>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "host/store/store.h"
@@ -9,7 +10,7 @@
 namespace window {
 namespace {
 
-using nlohmann::json;
+using Json = nlohmann::json;
 
 /// "20 LINE, 12 ARC"
 std::string contentOf(const inspection::Group& group) {
@@ -33,8 +34,8 @@ void Groups::set(inspection::Inspection found) {
     }
 }
 
-json Groups::list() const {
-    json groups = json::array(), strays = json::array();
+Json Groups::list() const {
+    Json groups = Json::array(), strays = Json::array();
     for (const inspection::Group& group : m_found.groups) {
         groups.push_back({{"begin", group.begin},
                           {"space", group.space},

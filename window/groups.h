@@ -1,7 +1,7 @@
 // The groups of a drawing as a page lists them, and what a click on a member selects.
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <unordered_map>
 #include <vector>

@@ -5,6 +5,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <nlohmann/json.hpp>
 #include <thread>
 #include <utility>
 
@@ -16,7 +17,7 @@ namespace {
 
 using httplib::Request;
 using httplib::Response;
-using nlohmann::json;
+using Json = nlohmann::json;
 
 /// Named so, the library sends it as it is: packing it would take longer than all else.
 constexpr const char* kJson = "application/json; charset=utf-8";
@@ -53,7 +54,7 @@ class BoundedPool : public httplib::TaskQueue {
 
 void refuse(Response& response, int status, const std::string& why) {
     response.status = status;
-    response.set_content(json{{"error", why}}.dump(), kJson);
+    response.set_content(Json{{"error", why}}.dump(), kJson);
 }
 
 const httplib::Headers kHeaders = {
@@ -75,8 +76,8 @@ struct Server::Impl {
     void get(const Request& request, Response& response);
     void post(const Request& request, Response& response);
     /// True when the page may go on; else it was answered.
-    bool mayWork(const json& request, Response& response);
-    void work(json request, Response& response);
+    bool mayWork(const Json& request, Response& response);
+    void work(Json request, Response& response);
 
     Desk& desk;
     Floor& floor;
@@ -89,10 +90,10 @@ struct Server::Impl {
 
 httplib::Server::HandlerResponse Server::Impl::admit(const Request& request,
                                                      Response& response) const {
-    const std::string why = refusal(
-        {request.path, request.get_header_value("Host"), request.get_header_value("Origin"),
-         request.get_header_value("Sec-Fetch-Site")},
-        key);
+    const std::string why =
+        refusal({request.path, request.get_header_value("Host"), request.get_header_value("Origin"),
+                 request.get_header_value("Sec-Fetch-Site")},
+                key);
     if (why.empty()) return httplib::Server::HandlerResponse::Unhandled;
     refuse(response, 403, why);
     return httplib::Server::HandlerResponse::Handled;
@@ -108,24 +109,23 @@ void Server::Impl::get(const Request& request, Response& response) {
     refuse(response, 404, "there is no such file");
 }
 
-bool Server::Impl::mayWork(const json& request, Response& response) {
+bool Server::Impl::mayWork(const Json& request, Response& response) {
     const std::string what = request.at("do"), page = request.at("page");
     if (page.size() > 64) {
         refuse(response, 400, "the name of the page is too long");
         return false;
     }
-    const bool works = what == "open" ? floor.claim(page, request.value("takesOver", false))
-                                      : floor.holds(page);
+    const bool works =
+        what == "open" ? floor.claim(page, request.value("takesOver", false)) : floor.holds(page);
     if (!works) refuse(response, 409, "another page works on this drawing");
     if (works && what == "bye") floor.leave(page);
     if (works && (what == "bye" || what == "ping")) response.set_content("{}", kJson);
     return works && response.body.empty();
 }
 
-void Server::Impl::work(json request, Response& response) {
-    const auto outcome = desk.ask([this, request = std::move(request)](const Reply& reply) {
-        answer(request, reply);
-    });
+void Server::Impl::work(Json request, Response& response) {
+    const auto outcome = desk.ask(
+        [this, request = std::move(request)](const Reply& reply) { answer(request, reply); });
     if (outcome)
         response.set_content(*outcome, kJson);
     else
@@ -133,15 +133,14 @@ void Server::Impl::work(json request, Response& response) {
 }
 
 void Server::Impl::post(const Request& request, Response& response) {
-    const bool isJson =
-        request.get_header_value("Content-Type").rfind("application/json", 0) == 0;
+    const bool isJson = request.get_header_value("Content-Type").rfind("application/json", 0) == 0;
     if (behindKey(request.path, key) != "api" || !isJson)
         return refuse(response, 404, "requests are JSON for api");
-    json asked = json::parse(request.body, nullptr, false);
+    Json asked = Json::parse(request.body, nullptr, false);
     if (!asked.is_object()) return refuse(response, 400, "the request is no object of JSON");
     try {
         if (mayWork(asked, response)) work(std::move(asked), response);
-    } catch (const json::exception& problem) {
+    } catch (const Json::exception& problem) {
         refuse(response, 400, std::string("the request lacks something: ") + problem.what());
     } catch (const std::exception& problem) {
         refuse(response, 500, problem.what());
@@ -162,9 +161,8 @@ Server::Server(Desk& desk, Floor& floor, Answer answer)
         return impl.admit(request, response);
     });
     const char* const everything = ".*";
-    http.Get(everything, [&impl](const Request& request, Response& response) {
-        impl.get(request, response);
-    });
+    http.Get(everything,
+             [&impl](const Request& request, Response& response) { impl.get(request, response); });
     http.Post(everything, [&impl](const Request& request, Response& response) {
         impl.post(request, response);
     });

@@ -186,8 +186,8 @@ std::optional<std::string> Sheet::changes(const std::vector<Index>& slots) {
     std::string gone;
     for (std::size_t i = 0; i < entities.size(); ++i) {
         if (!wasShown[i] || m_reach[entities[i]].any()) continue;
-        gone += (gone.empty() ? "\"" : ",\"") +
-                host::formatHandle(m_store.at(entities[i]).handle) + '"';
+        gone += (gone.empty() ? "\"" : ",\"") + host::formatHandle(m_store.at(entities[i]).handle) +
+                '"';
     }
     return "\"styles\":" + m_styles.listFrom(styles) + ",\"entities\":[" + written +
            "],\"gone\":[" + gone + "]";
@@ -226,8 +226,7 @@ std::optional<Snap> Sheet::snap(const Vec& point, double radius) const {
         if (body == nullptr || body->erased) continue;
         maker.addOutline(*body, outline, parts);
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            const host::OutlineMark end =
-                i + 1 < parts.size() ? parts[i + 1].from : outline.mark();
+            const host::OutlineMark end = i + 1 < parts.size() ? parts[i + 1].from : outline.mark();
             if (parts[i].type != "HATCH") offerPart(nearest, outline, parts[i].from, end);
         }
     }

@@ -130,8 +130,8 @@ void SheetWriter::writeParts(const Shown& shown, const Look& look) {
     for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
         const picture::Frame& frame = m_scene.frames[i];
         const Look inner(*frame.source);
-        writeFrame(frame, m_styles.numberOf(
-                              {m_inks.colourOf(inner, inner.layer, look), 0.9, 0, true}));
+        writeFrame(frame,
+                   m_styles.numberOf({m_inks.colourOf(inner, inner.layer, look), 0.9, 0, true}));
     }
 }
 

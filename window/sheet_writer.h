@@ -57,8 +57,8 @@ class SheetWriter {
     const picture::View& m_view;
     Styles& m_styles;
     picture::Inks m_inks;
-    picture::PathData m_path;            ///< with one style
-    std::string m_paths, m_words;        ///< of the entity that is being written
+    picture::PathData m_path;      ///< with one style
+    std::string m_paths, m_words;  ///< of the entity that is being written
 };
 
 /// A string of JSON, with its quotes.

@@ -1,11 +1,13 @@
 // Brings session, page and server together.
 #include "window/window.h"
 
+#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "host/control/effects.h"
 #include "host/text/text_codec.h"
 #include "window/browser.h"
+#include "window/display.h"
 #include "window/floor.h"
 #include "window/server.h"
 
@@ -31,8 +33,9 @@ class Farewell {
             m_setup.tell("there is work that is not saved; Ctrl+C again leaves it; the page is " +
                          m_address);
         if (deserted && !m_deserted)
-            m_setup.tell("the page was closed, and there is work that is not saved; open it again: " +
-                         m_address);
+            m_setup.tell(
+                "the page was closed, and there is work that is not saved; open it again: " +
+                m_address);
         m_interrupts = interrupts;
         m_deserted = deserted;
         return false;

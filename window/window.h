@@ -3,11 +3,20 @@
 
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/application/session.h"
-#include "window/display.h"
+#include "host/store/store.h"
+#include "inspection/inspection.h"
 
 namespace window {
+
+/// What the program knows of drawings and the page wants to know too.
+struct Reader {
+    std::function<std::vector<std::pair<host::Index, std::string>>(const host::Store&)> spaces;
+    std::function<inspection::Inspection(AcDbDatabase&)> inspect;
+};
 
 struct Setup {
     Reader reader;

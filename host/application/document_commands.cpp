@@ -159,7 +159,7 @@ CommandStatus runQuit() {
     return asked;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kDocumentCommands[] = {
     {L"NEW", 0, runNew, L"opens a new, empty drawing"},
     {L"OPEN", 0, runOpen, L"opens a drawing: file"},
     {L"SAVE", 0, runSave, L"saves a copy of the drawing: file"},
@@ -172,6 +172,8 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerDocumentCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerDocumentCommands() {
+    registerBuiltins(kDocumentCommands, std::size(kDocumentCommands));
+}
 
 }  // namespace host

@@ -163,10 +163,12 @@ void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
         host::reportModuleFault("AcApDocManager::addReactor: null reactor");
         return;
     }
+    host::recordEffect(host::EffectKind::Registration, L"AcApDocManager::addReactor");
     host::reactors().attach(reactor);
 }
 
 void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
+    host::recordEffect(host::EffectKind::Registration, L"AcApDocManager::removeReactor");
     host::reactors().detach(reactor);
 }
 

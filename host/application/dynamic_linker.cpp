@@ -1,6 +1,7 @@
 // The dynamic linker as modules see it: locks and the registration for several documents.
 #include "host/application/session_impl.h"
 #include "host/control/accounting.h"
+#include "host/control/effects.h"
 #include "host/control/faults.h"
 
 namespace host {
@@ -33,6 +34,7 @@ AcRxClass* AcRxDynamicLinker::isA() const { return desc(); }
 
 bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
     if (host::callFails("unlockApplication")) return false;
+    host::recordEffect(host::EffectKind::Registration, L"unlockApplication");
     host::Module* module = host::moduleOf(pkt, "unlockApplication");
     if (module != nullptr) module->locked = false;
     return module != nullptr;
@@ -40,6 +42,7 @@ bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
 
 bool AcRxDynamicLinker::registerAppMDIAware(void* pkt) const {
     if (host::callFails("registerAppMDIAware")) return false;
+    host::recordEffect(host::EffectKind::Registration, L"registerAppMDIAware");
     host::Module* module = host::moduleOf(pkt, "registerAppMDIAware");
     if (module != nullptr) module->mdiAware = true;
     return module != nullptr;

@@ -20,13 +20,13 @@ CommandStatus runHelp() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kHelpCommands[] = {
     {L"HELP", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runHelp, L"lists the commands"},
 };
 
 }  // namespace
 
-void registerHelpCommand() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerHelpCommand() { registerBuiltins(kHelpCommands, std::size(kHelpCommands)); }
 
 std::wstring commandHelp() {
     std::wstring text = L"Commands, and what they ask for:\n";

@@ -38,12 +38,12 @@ CommandStatus runArx() {
     return outcome ? CommandStatus::Done : session.fail(outcome);
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kModuleCommands[] = {
     {L"ARX", 0, runArx, L"applications: ? lists, L loads a file, U unloads one by its name"},
 };
 
 }  // namespace
 
-void registerModuleCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerModuleCommands() { registerBuiltins(kModuleCommands, std::size(kModuleCommands)); }
 
 }  // namespace host

@@ -22,7 +22,7 @@ void cloneOwned(Store& store, const ObjectBody& source, CloneMap& map) {
 
 /// The drawing is the same, so references stay; but what reactors, extension dictionaries and
 /// entries name is tied to the source.
-ReferenceFate fateOfOthers(const ObjectBody&, ReferencePlace place, int) {
+ReferenceFate fateInSameDrawing(const ObjectBody&, ReferencePlace place, int) {
     const bool tied = place == ReferencePlace::Link || place == ReferencePlace::Entry;
     return {tied ? ReferenceFate::Drop : ReferenceFate::Keep};
 }
@@ -41,7 +41,7 @@ void copyWithOwned(Store& store, const std::vector<ObjectBody*>& sources, Object
 }
 
 void translateReferences(Store& store, const CloneMap& map) {
-    translateClones(store, store, map, kNoIndex, fateOfOthers);
+    translateClones(store, store, map, kNoIndex, fateInSameDrawing);
     enterInDefinitions(store, store, map, store.count() + 1);
     enterInListings(store, store, map);
 }

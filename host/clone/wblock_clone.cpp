@@ -207,7 +207,7 @@ class Collector {
 
 /// What stays behind is dropped from lists and brackets, and where a 0 would be none: plot styles,
 /// and all that layers name.
-ReferenceFate fateOfOthers(const ObjectBody& clone, ReferencePlace place, int code) {
+ReferenceFate fateOfLeftBehind(const ObjectBody& clone, ReferencePlace place, int code) {
     const bool drops = place != ReferencePlace::Plain || code == 390 ||
                        (clone.kind == Kind::LayerRecord && code != 330);
     return {drops ? ReferenceFate::Drop : ReferenceFate::Turn, 0};
@@ -240,7 +240,7 @@ std::vector<Index> wblockClone(const std::vector<const ObjectBody*>& sources, St
     const std::vector<Index> clones = collector.run(sources, owner);
     for (const CloneMap::Pair& pair : map.pairs())
         if (pair.clone >= firstNew) renameBlock(from, to, map, to.at(pair.clone));
-    translateClones(from, to, map, firstNew, fateOfOthers);
+    translateClones(from, to, map, firstNew, fateOfLeftBehind);
     collector.enterObjects();
     enterInDefinitions(from, to, map, firstNew);
     enterInListings(from, to, map);

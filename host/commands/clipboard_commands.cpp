@@ -108,13 +108,12 @@ CommandStatus runPasteClip() {
     return CommandStatus::Done;
 }
 
-constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
 constexpr Adesk::Int32 kKeepsPickfirst = ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW;
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kClipboardCommands[] = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
-    {L"CUTCLIP", kTakesPickfirst, runCutClip, L"the same, and erases them"},
+    {L"CUTCLIP", ACRX_CMD_USEPICKSET, runCutClip, L"the same, and erases them"},
     {L"PASTECLIP", 0, runPasteClip, L"inserts what the clipboard holds: insertion point"},
 };
 
@@ -122,7 +121,7 @@ const BuiltinCommand kCommands[] = {
 
 void registerClipboardCommands() {
     dropClipboard();
-    registerBuiltins(kCommands, std::size(kCommands));
+    registerBuiltins(kClipboardCommands, std::size(kClipboardCommands));
 }
 
 void dropClipboard() { clipboard() = {}; }

@@ -151,7 +151,7 @@ CommandStatus runText() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kFigureCommands[] = {
     {L"LINE", 0, runLine, L"line segments: points, C closes, U takes one back, Enter ends"},
     {L"CIRCLE", 0, runCircle, L"a circle: centre, radius"},
     {L"POINT", 0, runPoint, L"a point"},
@@ -160,6 +160,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerFigureCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerFigureCommands() { registerBuiltins(kFigureCommands, std::size(kFigureCommands)); }
 
 }  // namespace host

@@ -116,13 +116,13 @@ CommandStatus runAudit() {
     return CommandStatus::Failed;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kInquiryCommands[] = {
     {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle, geometry and data of entities"},
     {L"AUDIT", 0, runAudit, L"checks the drawing for damage, changes nothing"},
 };
 
 }  // namespace
 
-void registerInquiryCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerInquiryCommands() { registerBuiltins(kInquiryCommands, std::size(kInquiryCommands)); }
 
 }  // namespace host

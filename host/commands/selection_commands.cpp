@@ -28,15 +28,15 @@ CommandStatus runSelect() {
                : CommandStatus::Done;
 }
 
-constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
-
-const BuiltinCommand kCommands[] = {
-    {L"ERASE", kTakesPickfirst, runErase, L"erases the selected entities"},
-    {L"SELECT", kTakesPickfirst, runSelect, L"selects entities for the P of later commands"},
+const BuiltinCommand kSelectionCommands[] = {
+    {L"ERASE", ACRX_CMD_USEPICKSET, runErase, L"erases the selected entities"},
+    {L"SELECT", ACRX_CMD_USEPICKSET, runSelect, L"selects entities for the P of later commands"},
 };
 
 }  // namespace
 
-void registerSelectionCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerSelectionCommands() {
+    registerBuiltins(kSelectionCommands, std::size(kSelectionCommands));
+}
 
 }  // namespace host

@@ -66,7 +66,7 @@ CommandStatus runMenuload() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kSettingCommands[] = {
     {L"SETVAR", 0, runSetvar, L"shows or sets a system variable: name, value; ? lists all"},
     {L"REGEN", 0, runRegen, L"regenerates the drawing"},
     {L"MENULOAD", 0, runMenuload, L"makes a menu group count as loaded: name"},
@@ -74,6 +74,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerSettingCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerSettingCommands() { registerBuiltins(kSettingCommands, std::size(kSettingCommands)); }
 
 }  // namespace host

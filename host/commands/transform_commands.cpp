@@ -143,18 +143,18 @@ CommandStatus runCopy() { return editSelection(Locked::Taken, copyEntities); }
 
 CommandStatus runMirror() { return editSelection(Locked::Taken, mirrorEntities); }
 
-constexpr Adesk::Int32 kTakesPickfirst = ACRX_CMD_USEPICKSET;
-
-const BuiltinCommand kCommands[] = {
-    {L"MOVE", kTakesPickfirst, runMove, L"moves entities: base point, second point"},
-    {L"COPY", kTakesPickfirst, runCopy,
+const BuiltinCommand kTransformCommands[] = {
+    {L"MOVE", ACRX_CMD_USEPICKSET, runMove, L"moves entities: base point, second point"},
+    {L"COPY", ACRX_CMD_USEPICKSET, runCopy,
      L"copies entities: base point, a second point for each copy, Enter ends; Esc keeps them"},
-    {L"MIRROR", kTakesPickfirst, runMirror,
+    {L"MIRROR", ACRX_CMD_USEPICKSET, runMirror,
      L"mirrors entities, texts and patterns too: two points, erase the sources or not"},
 };
 
 }  // namespace
 
-void registerTransformCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerTransformCommands() {
+    registerBuiltins(kTransformCommands, std::size(kTransformCommands));
+}
 
 }  // namespace host

@@ -56,7 +56,7 @@ CommandStatus runRedo() {
     return finish(store->journal().redo(), L"Everything has been redone.");
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kUndoCommands[] = {
     {L"U", 0, runU, L"undoes the last command that changed the drawing"},
     {L"UNDO", 0, runUndo, L"undoes several of them: number"},
     {L"REDO", 0, runRedo, L"redoes what the last U or UNDO undid"},
@@ -64,6 +64,6 @@ const BuiltinCommand kCommands[] = {
 
 }  // namespace
 
-void registerUndoCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerUndoCommands() { registerBuiltins(kUndoCommands, std::size(kUndoCommands)); }
 
 }  // namespace host

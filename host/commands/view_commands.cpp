@@ -74,13 +74,13 @@ CommandStatus runZoom() {
     }
 }
 
-const BuiltinCommand kCommands[] = {
+const BuiltinCommand kViewCommands[] = {
     {L"ZOOM", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runZoom,
      L"how far picks reach: E extents, W two corners, a factor n or nX"},
 };
 
 }  // namespace
 
-void registerViewCommands() { registerBuiltins(kCommands, std::size(kCommands)); }
+void registerViewCommands() { registerBuiltins(kViewCommands, std::size(kViewCommands)); }
 
 }  // namespace host

@@ -13,25 +13,25 @@ struct ClockState {
     std::uint64_t slept = 0;
 };
 
-ClockState state;
+ClockState clockState;
 
 }  // namespace
 
 std::time_t clockNow() {
-    if (!state.fixed) return std::time(nullptr);
-    return state.moment + static_cast<std::time_t>(state.slept / 1000);
+    if (!clockState.fixed) return std::time(nullptr);
+    return clockState.moment + static_cast<std::time_t>(clockState.slept / 1000);
 }
 
 void clockSleep(std::uint32_t milliseconds) {
-    if (state.fixed) {
-        state.slept += milliseconds;
+    if (clockState.fixed) {
+        clockState.slept += milliseconds;
     } else {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
 }
 
-void clockFix(std::time_t moment) { state = {true, moment, 0}; }
+void clockFix(std::time_t moment) { clockState = {true, moment, 0}; }
 
-std::uint64_t clockSlept() { return state.slept; }
+std::uint64_t clockSlept() { return clockState.slept; }
 
 }  // namespace host

@@ -12,7 +12,7 @@ struct EffectState {
     bool recording = true;
 };
 
-EffectState& state() {
+EffectState& effectState() {
     static EffectState instance;
     return instance;
 }
@@ -20,7 +20,7 @@ EffectState& state() {
 }  // namespace
 
 void recordEffect(EffectKind kind, std::wstring text) {
-    EffectState& now = state();
+    EffectState& now = effectState();
     if (kind == EffectKind::CommandLine && now.sink) now.sink(text);
     if (now.recording) now.recorded.push_back({kind, std::move(text)});
 }
@@ -29,19 +29,19 @@ void print(const std::wstring& text) { recordEffect(EffectKind::CommandLine, tex
 
 void printLine(const std::wstring& text) { print(L"\n" + text); }
 
-const std::vector<Effect>& effects() { return state().recorded; }
+const std::vector<Effect>& effects() { return effectState().recorded; }
 
-void clearEffects() { state().recorded.clear(); }
+void clearEffects() { effectState().recorded.clear(); }
 
-void setEffectRecording(bool on) { state().recording = on; }
+void setEffectRecording(bool on) { effectState().recording = on; }
 
 void setCommandLineSink(std::function<void(const std::wstring&)> sink) {
-    state().sink = std::move(sink);
+    effectState().sink = std::move(sink);
 }
 
 std::wstring effectText(EffectKind kind) {
     std::wstring all;
-    for (const Effect& effect : state().recorded) {
+    for (const Effect& effect : effectState().recorded) {
         if (effect.kind == kind) all += effect.text;
     }
     return all;
@@ -49,7 +49,7 @@ std::wstring effectText(EffectKind kind) {
 
 std::vector<std::wstring> effectTexts(EffectKind kind) {
     std::vector<std::wstring> texts;
-    for (const Effect& effect : state().recorded) {
+    for (const Effect& effect : effectState().recorded) {
         if (effect.kind == kind) texts.push_back(effect.text);
     }
     return texts;

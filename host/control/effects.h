@@ -14,8 +14,11 @@ enum class EffectKind {
     Redraw,          ///< mode and handle: "3 2A"
     Notification,    ///< name and argument: "commandWillStart LINE"
     SystemVariable,  ///< write: "PICKFIRST=1"
+    Registration,    ///< what is registered or taken back: "addCommand VelmoGROUPMAKE"
     DebugOutput,     ///< text for an attached debugger
+    Breakpoint,      ///< the module broke into the debugger; no text
     StandardOutput,  ///< text the module wrote to standard output
+    RegistryRead,    ///< value name
     RegistryWrite,   ///< key and value name
     FileWrite,       ///< path that the module opened for writing, deleted or renamed
 };

@@ -22,9 +22,8 @@ void setEnvironment(const std::wstring& name, std::optional<std::wstring> value)
 /// violation.
 void lockFile(const std::wstring& path, long attempts);
 
-/// Whether a debugger counts as attached, and how often the module broke into it since the reset.
+/// Whether a debugger counts as attached.
 void setDebuggerPresent(bool present);
-long breakpointsHit();
 
 /// Overrides the file name of a module handle; null is the program.
 void setModuleFileName(const void* module, const std::wstring& path);

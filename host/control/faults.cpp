@@ -11,32 +11,32 @@ struct FaultState {
     std::set<std::string, std::less<>> failed;
 };
 
-FaultState state;
+FaultState faultState;
 long heapCallsLeft = 0;
 
 }  // namespace
 
 void setFaultPlan(const FaultPlan& plan) {
-    state.plan = plan;
-    state.calls = 0;
-    state.injected = 0;
-    state.failed.clear();
+    faultState.plan = plan;
+    faultState.calls = 0;
+    faultState.injected = 0;
+    faultState.failed.clear();
 }
 
-long faultCallCount() { return state.calls; }
+long faultCallCount() { return faultState.calls; }
 
-long faultsInjected() { return state.injected; }
+long faultsInjected() { return faultState.injected; }
 
-const std::set<std::string, std::less<>>& failedCalls() { return state.failed; }
+const std::set<std::string, std::less<>>& failedCalls() { return faultState.failed; }
 
 bool callFails(const char* name) noexcept {
-    const FaultPlan& plan = state.plan;
+    const FaultPlan& plan = faultState.plan;
     if (!plan.onlyCalls.empty() && plan.onlyCalls != name) return false;
-    ++state.calls;
-    if (plan.failAt == 0 || state.calls < plan.failAt) return false;
-    if (state.calls > plan.failAt && !plan.andAllLater) return false;
-    ++state.injected;
-    if (state.failed.find(name) == state.failed.end()) state.failed.insert(name);
+    ++faultState.calls;
+    if (plan.failAt == 0 || faultState.calls < plan.failAt) return false;
+    if (faultState.calls > plan.failAt && !plan.andAllLater) return false;
+    ++faultState.injected;
+    if (faultState.failed.find(name) == faultState.failed.end()) faultState.failed.insert(name);
     return true;
 }
 

@@ -8,7 +8,7 @@ namespace host {
 bool asksForCommand(const std::wstring& prompt) { return prompt == L"Command: "; }
 
 Answer TypedLines::next(const std::wstring& prompt, InputUnit unit) {
-    using Kind = Answer::Kind;
+    using Given = Answer::Kind;
     for (;;) {
         m_beganLine = !m_line || m_line->atEnd();
         if (m_beganLine) {
@@ -19,10 +19,10 @@ Answer TypedLines::next(const std::wstring& prompt, InputUnit unit) {
             m_line.emplace(std::move(line));
         }
         const Answer answer = m_line->next({}, unit);
-        if (answer.kind == Kind::Text) return answer;
+        if (answer.kind == Given::Text) return answer;
         // A comment, and blanks behind a command, are no Enter that would repeat it.
-        const bool isEnter = answer.kind == Kind::Enter && m_beganLine;
-        if (isEnter || !asksForCommand(prompt)) return {Kind::Enter, {}};
+        const bool isEnter = answer.kind == Given::Enter && m_beganLine;
+        if (isEnter || !asksForCommand(prompt)) return {Given::Enter, {}};
     }
 }
 

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <set>
 
+#include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/windows/state.h"
 
@@ -72,6 +73,7 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM, PHKEY res
 
 LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
     if (callFails("RegQueryValueExW")) return ERROR_GEN_FAILURE;
+    recordEffect(EffectKind::RegistryRead, name);
     const OpenKey* const open = openKey(key);
     if (open == nullptr) return ERROR_INVALID_HANDLE;
     const RegistryKey& values = windowsState().registry[open->path];

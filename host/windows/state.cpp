@@ -28,7 +28,6 @@ void resetWindows() { windowsState() = WindowsState(); }
 
 void setDebuggerPresent(bool present) { windowsState().debuggerPresent = present; }
 
-long breakpointsHit() { return windowsState().breakpoints; }
 
 void setEnvironment(const std::wstring& name, std::optional<std::wstring> value) {
     windowsState().environment[name] = std::move(value);

@@ -24,7 +24,6 @@ using RegistryKey = std::map<std::wstring, RegistryValue>;
 struct WindowsState {
     std::map<std::wstring, RegistryKey> registry;
     bool debuggerPresent = false;
-    long breakpoints = 0;
     std::map<std::wstring, std::optional<std::wstring>> environment;
     std::map<const void*, std::wstring> moduleFiles;
     std::string lockedFile;

@@ -57,7 +57,7 @@ void OutputDebugStringW(LPCWSTR text) {
     if (windowsState().debuggerPresent) recordEffect(EffectKind::DebugOutput, text);
 }
 
-void DebugBreak() { ++windowsState().breakpoints; }
+void DebugBreak() { recordEffect(EffectKind::Breakpoint, L""); }
 
 DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size) {
     if (callFails("GetEnvironmentVariableW")) return failWith(ERROR_GEN_FAILURE);

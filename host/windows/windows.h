@@ -132,7 +132,7 @@ int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT style);
 BOOL WINAPI IsDebuggerPresent();
 /// Recorded while a debugger counts as present.
 void WINAPI OutputDebugStringW(LPCWSTR text);
-/// Counted: the debugger that counts as present goes on at once.
+/// Recorded: the debugger that counts as present goes on at once.
 void WINAPI DebugBreak();
 
 // Files. Documented, but for the error of a path that is neither there nor forbidden.

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr const wchar_t* kCommandGroup = L"VelmoGROUP";
-constexpr int kNoFunctionCode = -1;
+const wchar_t* const kCommandGroup = L"VelmoGROUP";
+const int kNoFunctionCode = -1;
 
 struct CommandRow {
     const wchar_t* name;
@@ -31,13 +31,14 @@ void guarded() {
 
 /// The commands in the order of their registration. Only making and dissolving take the pick-first
 /// set, and only making asks for a redraw.
-constexpr CommandRow kCommands[] = {
+const CommandRow kCommands[] = {
     {L"VelmoGROUPMAKE", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, guarded<groupMake>},
     {L"VelmoGROUPDELETE", ACRX_CMD_USEPICKSET, guarded<groupDelete>},
     {L"VelmoGROUPREMOVEMEMBER", ACRX_CMD_MODAL, guarded<groupRemoveMember>},
     {L"VelmoGROUPACTIVE", ACRX_CMD_MODAL, guarded<groupingOn>},
     {L"VelmoGROUPNOTACTIVE", ACRX_CMD_MODAL, guarded<groupingOff>},
 };
+const int kCommandCount = sizeof kCommands / sizeof *kCommands;
 
 /// The one editor reactor, from load to unload; null also when start-up could not make it. It is
 /// not reset at the unload, so each start-up has to set it.
@@ -56,44 +57,63 @@ void registerCommand(const CommandRow& row) {
                       kNoFunctionCode, nullptr);
 }
 
-void declareToLinker(void* pkt) {
+void unlock(void* pkt) {
     if (AcRxDynamicLinker* linker = dynamicLinker()) linker->unlockApplication(pkt);
+}
+void declareMdiAware(void* pkt) {
     if (AcRxDynamicLinker* linker = dynamicLinker()) linker->registerAppMDIAware(pkt);
 }
 
-/// Makes the reactor, attached. Whatever is thrown, the module goes on without one.
 void makePickReactor() {
     G_pPickReactor = nullptr;
-    withinBoundary([] { G_pPickReactor = new KESTpickGroupEnt(true); });
+    G_pPickReactor = new KESTpickGroupEnt(true);
 }
 
-/// Start-up, once, on kInitAppMsg.
-void initApplication() {
-    for (const CommandRow& row : kCommands) {
-        registerCommand(row);
-    }
-    makePickReactor();
-    initialiseLibrary(L"Corvinstrand", moduleInstance(), false, true);
-    showGroupingOn();
+void startLibrary() { initialiseLibrary(L"Corvinstrand", moduleInstance(), false, true); }
+
+void startLogging() {
     createLogging(L"Pelltrix::Corvinstrand", versionString(moduleInstance(), L"FileVersion"));
-    acDocManager->addReactor(&documentDataManager());
 }
 
-/// Takes down what initApplication built, once, on kUnloadAppMsg.
-void unloadApplication() {
-    acDocManager->removeReactor(&documentDataManager());
+void attachDocumentData() { acDocManager->addReactor(&documentDataManager()); }
+void detachDocumentData() { acDocManager->removeReactor(&documentDataManager()); }
+
+void removeCommands() {
     if (AcEdCommandStack* stack = commandStack()) stack->removeGroup(kCommandGroup);
-    delete G_pPickReactor;
-    destroyLogging();
-    shutDownLibrary();
-    // The farewell comes first although the removal has happened already.
-    acutPrintf(L"%s%s", L"Goodbye\n", L"Removing command group \"VelmoGROUP\"\n");
+}
+
+void deletePickReactor() { delete G_pPickReactor; }
+
+// The farewell comes first although the removal has happened already.
+void sayGoodbye() { acutPrintf(L"%s%s", L"Goodbye\n", L"Removing command group \"VelmoGROUP\"\n"); }
+
+/// Start-up, once, on kInitAppMsg. A step that runs out of memory is left out; the others are done.
+void initApplication() {
+    for (int i = 0; i < kCommandCount; ++i) {
+        withinBoundary([&] { registerCommand(kCommands[i]); });
+    }
+    withinBoundary(makePickReactor);
+    withinBoundary(startLibrary);
+    withinBoundary(showGroupingOn);
+    withinBoundary(startLogging);
+    withinBoundary(attachDocumentData);
+}
+
+/// Takes down what initApplication built, once, on kUnloadAppMsg; each step by itself as there.
+void unloadApplication() {
+    withinBoundary(detachDocumentData);
+    withinBoundary(removeCommands);
+    withinBoundary(deletePickReactor);
+    withinBoundary(destroyLogging);
+    withinBoundary(shutDownLibrary);
+    withinBoundary(sayGoodbye);
 }
 
 void handleMessage(AcRx::AppMsgCode msg, void* pkt) {
     switch (msg) {
         case AcRx::kInitAppMsg:
-            declareToLinker(pkt);
+            withinBoundary([&] { unlock(pkt); });
+            withinBoundary([&] { declareMdiAware(pkt); });
             return initApplication();
         case AcRx::kUnloadAppMsg:
             return unloadApplication();

@@ -1,9 +1,10 @@
 // Defines, undefines and dispatches the AutoLISP functions of the module.
 #include "lisp_table.h"
 
-#include <iterator>
+#include <string>
 
 #include "boundary.h"
+#include "build_moment.h"
 #include "message_service.h"
 #include "platform.h"
 
@@ -16,15 +17,12 @@ struct LispFunction {
 };
 
 /// The code of a function is its index. Row 0 is never used, so that real codes begin at 1.
-constexpr LispFunction kLispFunctions[] = {
-    {},
+const LispFunction kLispFunctions[] = {
+    {L"", nullptr, 0},
     {L"VelmoGroupVersion", lispVersionFunction, 1},
 };
-constexpr int kRowCount = static_cast<int>(std::size(kLispFunctions));
-constexpr int kVersionCode = 1;
-
-/// Source name and moment of the build: fixed by the compiler, not read when the module runs.
-constexpr wchar_t kVersionLine[] = L"GroupCommands : " __DATE__ L" " __TIME__;
+const int kRowCount = sizeof kLispFunctions / sizeof *kLispFunctions;
+const int kVersionCode = 1;
 
 }  // namespace
 
@@ -49,7 +47,8 @@ int lispVersionFunction() {
     // The host calls this directly, past the entry point.
     withinBoundary([] {
         acedGetArgs();
-        messageService(L"%s\n", kVersionLine);
+        const std::wstring line = std::wstring(L"GroupCommands : ") + buildMoment();
+        messageService(L"%s\n", line.c_str());
     });
     return RSRSLT;
 }

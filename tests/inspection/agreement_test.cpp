@@ -186,8 +186,9 @@ class DamagedDrawing {
     std::string anyText(const std::string& entity) {
         const std::size_t begin = entity.find("\n  5\n") + 5;
         const std::string handle = entity.substr(begin, entity.find('\n', begin) - begin);
-        const std::string texts[] = {handle, handle, "1",  "2",     "3",         "4", "many",
-                                     "",     " 2",   "-1", "FFFFF", "ENT_HANDL", "2x"};
+        const std::string texts[] = {handle,        handle, "1",  "2",     "3",         "4",
+                                     "many",        "",     " 2", "FFFFF", "ENT_HANDL", "2x",
+                                     "-2147483648", "+3"};
         return texts[any(std::size(texts))];
     }
     /// Gives a value of a random marker another: the first with that code behind `from`.

@@ -3,6 +3,7 @@
 #include "common/drawing_order.h"
 #include "common/scene.h"
 #include "drafthost/drawing_inspection.h"
+#include "drafthost/json_text.h"
 #include "picture/picture.h"
 
 namespace {
@@ -50,7 +51,7 @@ TEST(InspectionReport, EverySpaceIsListedAndAPictureShowsOne) {
     EXPECT_EQ(found.groups[0].space, "Model");
     const std::string layout = found.groups[1].space;
     EXPECT_NE(layout, "Model");
-    const std::string json = inspection::listJson("a \"b\"\xff.dxf", found);
+    const std::string json = groupsJson("a \"b\"\xff.dxf", found);
     EXPECT_NE(json.find("\"file\": \"a \\\"b\\\"\xef\xbf\xbd.dxf\""), json.npos) << json;
     const std::string model = picture::draw(store, store.modelSpace(), "a<b", "Model", found);
     const std::string sheet = picture::draw(store, store.paperSpace(), "a<b", layout, found);

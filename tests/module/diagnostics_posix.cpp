@@ -2,6 +2,7 @@
 //
 // Each report is a message box, and files are watched: this is for the Windows that is stood in.
 #include <fstream>
+#include <functional>
 #include <set>
 
 #include "common/scene.h"
@@ -10,6 +11,7 @@
 #include "host/control/faults.h"
 #include "host/control/windows_setup.h"
 #include "host/editor/selection/selection_sets.h"
+#include "host/editor/state/menus.h"
 
 namespace {
 
@@ -27,15 +29,13 @@ class Switch {
     ~Switch() { host::resetWindows(); }
 };
 
-/// "SOURCE CALL" of a report; the thousands of the line, where they tell the file, behind SOURCE.
+/// "SOURCE CALL" of a report.
 std::string reportLine(const std::wstring& box) {
     const auto after = [&](const std::wstring& word) {
         return box.substr(box.find(word) + word.size());
     };
     const std::wstring source = after(L"\nFile : <"), call = after(L"\nAssertion : <");
-    const int thousands = std::stoi(after(L"\nLine : ")) / 1000;
-    return host::toUtf8(source.substr(0, source.find(L'>'))) +
-           (thousands > 0 ? std::to_string(thousands) : "") + ' ' +
+    return host::toUtf8(source.substr(0, source.find(L'>'))) + ' ' +
            host::toUtf8(call.substr(0, call.find(L">\n")));
 }
 
@@ -140,13 +140,37 @@ TEST(Diagnostics, OrdinaryWorkFailsNoCheckAndStaysInTheDrawing) {
     EXPECT_EQ(outside(), std::vector<std::wstring>());
 }
 
-TEST(Diagnostics, TheLogOfTheSessionIsFinalisedAtTheUnload) {
+/// What `act` makes the module do, in order; of files only the end of the name.
+std::wstring inOrder(const std::function<void()>& act) {
+    host::clearEffects();
+    act();
+    std::wstring text;
+    for (const host::Effect& effect : host::effects()) {
+        const std::size_t folder = effect.text.rfind(L'\\');
+        const bool named = effect.kind == EffectKind::FileWrite && folder != std::wstring::npos;
+        text += L"\n" + (named ? effect.text.substr(folder) : effect.text);
+    }
+    return text;
+}
+
+TEST(Diagnostics, LoadAndUnloadGoInOrder) {
+    Scene scene("");
+    scene.session().unloadModule("VelmoGroup.arx");
     const Switch debugStartup(L"DebugStartup");
     host::setEnvironment(L"TEMP", host::fromUtf8(tests::scratchFolder()));
-    const std::vector<std::wstring> written = outside();
-    ASSERT_FALSE(written.empty());
-    const std::wstring name = L"Velmo Diagnostics\\VelmoGroup.arx.log";
-    EXPECT_EQ(written.back().substr(written.back().size() - name.size()), name);
+    host::setMenuGroupLoaded(L"Pelltrix", true);
+    EXPECT_EQ(inOrder([&] { scene.session().loadModule(tests::modulePath()); }),
+              L"\nkInitAppMsg VelmoGroup.arx\nunlockApplication\nregisterAppMDIAware"
+              L"\naddCommand VelmoGROUPMAKE\naddCommand VelmoGROUPDELETE"
+              L"\naddCommand VelmoGROUPREMOVEMEMBER\naddCommand VelmoGROUPACTIVE"
+              L"\naddCommand VelmoGROUPNOTACTIVE\nAcEditor::addReactor"
+              L"\nDebugStartup\nAssertStartup\nGPelltrix.ID_GRP_ON=~"
+              L"\nAcApDocManager::addReactor\nkLoadDwgMsg VelmoGroup.arx");
+    scene.session().callLisp(L"(VelmoGroupVersion)");
+    EXPECT_EQ(inOrder([&] { scene.session().unloadModule("VelmoGroup.arx"); }),
+              L"\nkUnloadDwgMsg VelmoGroup.arx\nkUnloadAppMsg VelmoGroup.arx"
+              L"\nAcApDocManager::removeReactor\nremoveGroup VelmoGROUP\nAcEditor::removeReactor"
+              L"\n\\VelmoGroup.arx.log\nGoodbye\nRemoving command group \"VelmoGROUP\"\n");
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include "common/scene.h"
 #include "gtest/gtest.h"
 #include "host/control/accounting.h"
+#include "host/control/effects.h"
+#include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
 #include "host/objectarx/runtime.h"
 
@@ -84,11 +86,32 @@ TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
     failEveryAllocation(
         5, "", [](auto& scene) { scene.session().loadModule(tests::modulePath()); },
         [](auto& scene) {
+            // What stood in the way of one step spared the others: the mode goes with its drawing.
+            host::setMenuGroupLoaded(L"Pelltrix", true);
+            scene.after(L"VelmoGROUPNOTACTIVE\n");
+            scene.session().closeDrawing();
+            scene.session().newDrawing();
+            EXPECT_NE(scene.after(L"VelmoGROUPACTIVE\n").find("ON=~, GPelltrix.ID_GRP_ON=~"),
+                      std::string::npos);
             scene.session().unloadModule(kModule);
             EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
             EXPECT_EQ(host::editorReactorCount(), 1);
         },
         [](auto& scene) { EXPECT_TRUE(scene.session().unloadModule(kModule)); });
+}
+
+TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
+    failEveryAllocation(
+        1, "",
+        [](auto& scene) {
+            host::clearEffects();
+            scene.session().unloadModule(kModule);
+        },
+        [](auto& scene) {
+            EXPECT_EQ(host::effectText(host::EffectKind::CommandLine),
+                      L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
+            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+        });
 }
 
 TEST(NoMemory, ALispFunctionAnswersAllTheSame) {

@@ -3,13 +3,11 @@
 //
 // VELMO_SEED=7 in the environment replays the drawing of one seed.
 #include <cstdlib>
-#include <random>
 
-#include "common/census.h"
+#include "damaged_scene.h"
 #include "group_record.h"
 #include "host/editor/state/sysvars.h"
 #include "membership.h"
-#include "storage_pieces.h"
 
 namespace {
 
@@ -56,18 +54,13 @@ Ids plainly(Ids picked, const Ids& gathered) {
     return picked;
 }
 
-class RandomDrawing {
+class RandomDrawing : private tests::DamagedScene {
   public:
-    explicit RandomDrawing(unsigned seed) : m_random(seed), m_scene(words(), settingsOf(seed)) {
-        m_scene.run(L"VelmoGROUPNOTACTIVE\n");
-        for (int i = roll(9); i > 0; --i)
-            damage();
-        m_scene.run(L"VelmoGROUPACTIVE\nPICK NONE\n");
-    }
+    explicit RandomDrawing(unsigned seed) : DamagedScene(seed, settingsOf(seed)) {}
 
     /// One gesture; what it printed, which is what the plain form prints.
     std::string pickOrUnpick() {
-        const Ids all = m_scene.entities();
+        const Ids all = entities();
         const bool shift = roll(3) == 0;
         const bool alone = setPickAdd(roll(3)) == 0;
         std::vector<int> positions;
@@ -81,14 +74,14 @@ class RandomDrawing {
         if (changes && answered && picked.size() != m_gathered.size())
             m_gathered = expected = plainly(picked, m_gathered);
         const std::string printed = Scene::printed();
-        shift ? m_scene.shiftClick(positions) : m_scene.click(positions);
+        shift ? shiftClick(positions) : click(positions);
         // A begin marker that is erased may still be named, and then counts as a member of the
         // group; the host does not take it into the set.
         dropErased(expected);
         const std::string said = Scene::printed();
-        EXPECT_EQ(host::pickfirst(), expected) << m_scene.order();
+        EXPECT_EQ(host::pickfirst(), expected) << order();
         EXPECT_EQ(said.substr(0, said.find("Application VelmoGroup.arx ERROR")), printed)
-            << m_scene.order();
+            << order();
         return printed;
     }
 
@@ -124,60 +117,6 @@ class RandomDrawing {
         return value;
     }
 
-    int roll(int sides) { return static_cast<int>(m_random() % static_cast<unsigned>(sides)); }
-
-    std::string words() {
-        std::string text = "line";
-        for (int groups = 2 + roll(4); groups > 0; --groups) {
-            text += " (line";
-            for (int i = roll(6); i > 0; --i)
-                text += " circle";
-            text += roll(2) != 0 ? " line)" : " line) line";
-        }
-        return text;
-    }
-
-    /// An entity goes, markers are copied as they are with what follows them, a count is wrong, an
-    /// end marker names another marker, two groups run into one, or a marker counts as a member.
-    void damage() {
-        const std::vector<int> markers = markerPositions();
-        if (markers.empty()) return;
-        const int marker = roll(static_cast<int>(markers.size()));
-        const int other = roll(static_cast<int>(markers.size()));
-        const auto at = [&](int n) { return L"#" + std::to_wstring(markers[n]) + L" "; };
-        const std::vector<std::string> words = tests::wordsOf(m_scene);
-        const auto isEnd = [&](int n) { return words[markers[n] - 1][0] == 'e'; };
-        const int kind = roll(6);
-        if (kind == 0) m_scene.after(L"ERASE " + at(marker) + L"\n\n");
-        if (kind == 1) m_scene.after(L"COPY " + at(marker) + at(other) + L"\n\n0,0 0,0\n\n");
-        if (kind == 2 && !isEnd(marker))
-            tests::setAttribute(m_scene, marker, 1, std::to_wstring(roll(16)));
-        if (kind == 3 && isEnd(marker)) name(marker, markers[other]);
-        if (kind == 4) createXrecord(m_scene.entities()[markers[marker] - 1]);
-        if (kind == 5 && isEnd(marker) && marker > 0 && marker + 2 < int(markers.size()) &&
-            isEnd(marker + 2)) {
-            name(marker + 2, markers[marker - 1]);
-            m_scene.after(L"ERASE " + at(marker) + L"\n\n");
-        }
-    }
-
-    void name(int endMarker, int position) {
-        ACHAR handle[17] = {};
-        m_scene.entities()[position - 1].handle().getIntoAsciiBuffer(handle);
-        tests::setAttribute(m_scene, endMarker, 0, handle);
-    }
-
-    /// Positions of the markers.
-    std::vector<int> markerPositions() const {
-        const std::vector<std::string> words = tests::wordsOf(m_scene);
-        std::vector<int> positions;
-        for (std::size_t i = 0; i < words.size(); ++i)
-            if (tests::isMarker(words[i])) positions.push_back(static_cast<int>(i) + 1);
-        return positions;
-    }
-
-    std::mt19937 m_random;
-    Scene m_scene;
     Ids m_gathered;
 };
 

@@ -5,6 +5,7 @@
 #include "common/scene.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
+#include "host/store/body_text.h"
 #include "host_guards.h"
 #include "host_services.h"
 #include "marker.h"
@@ -22,6 +23,17 @@ void addRecord(const wchar_t* name) {
     ASSERT_EQ(table->add(record.get()), Acad::eOk);
 }
 
+/// Locks a layer that the drawing has.
+inline void lockLayer(const wchar_t* name) {
+    Opened<AcDbLayerTable> layers;
+    Opened<AcDbLayerTableRecord> layer;
+    ASSERT_EQ(workingDatabase()->getSymbolTable(layers.receive(), AcDb::kForRead), Acad::eOk);
+    ASSERT_EQ(layers->getAt(name, layer.receive(), AcDb::kForWrite), Acad::eOk);
+    std::string text(layer->body().tags());
+    host::setTag(text, 70, "4");
+    layer->body().setTags(text);
+}
+
 /// One attribute, from 0, of the n-th block reference, open for write.
 inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAttribute>& opened) {
     const host::Store& store = scene.store();
@@ -36,7 +48,7 @@ inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAt
 inline void insertBlock(Scene&, const std::wstring& name, const std::wstring& text) {
     AcDbObjectId block;
     createMarkerBlock(block, name);
-    ASSERT_EQ(insertMarker(name, {}, text, L""), Insertion::kDone);
+    ASSERT_EQ(insertMarker(name, {}, text, L""), kInserted);
 }
 
 /// Rewrites the text of an attribute.

@@ -142,8 +142,8 @@ TEST(Storage, OnlyAMarkersTagLendsItsText) {
     tests::insertBlock(scene, L"VELMO_G", L"2A");
     std::wstring texts;
     for (const AcDbObjectId& id : scene.entities())
-        texts += readMarkerText(id, MarkerText::kTag) + L"=" +
-                 (readMarkerText(id, MarkerText::kText).empty() ? L" " : L"handle ");
+        texts += readMarkerText(id, kMarkerTag) + L"=" +
+                 (readMarkerText(id, kMarkerText).empty() ? L" " : L"handle ");
     EXPECT_EQ(texts, L"VELMO_GB=handle = VELMO_GE=handle = VELMO_G= ");
 }
 
@@ -197,14 +197,13 @@ TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
     EXPECT_EQ(scene.picked(), "1 2 3 4 5");
     const AcDbObjectId erased = scene.entities()[1];
     scene.after(L"ERASE #2\n\n");
-    std::wstring tag;
-    EXPECT_TRUE(readMarkerTag(erased, tag));
+    FirstAttribute first;
+    EXPECT_TRUE(readFirstAttribute(erased, first));
 }
 
 /// Where the markers are, and the text of one.
 std::string markerAt(const Scene& scene, const AcDbObjectId& id) {
-    return tests::markerPlaces(scene.store()) + " " +
-           host::toUtf8(readMarkerText(id, MarkerText::kText));
+    return tests::markerPlaces(scene.store()) + " " + host::toUtf8(readMarkerText(id, kMarkerText));
 }
 
 TEST(Storage, AMarkerIsMovedWhenItStandsFartherThanAHundredth) {

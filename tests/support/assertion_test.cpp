@@ -33,13 +33,13 @@ TEST_F(Support, WithoutSwitchesAFailedCheckIsSilent) {
     for (const bool debugger : {false, true}) {
         host::setDebuggerPresent(debugger);
         start(0, 0);
+        host::clearEffects();
         int calls = 0;
         DIAG_ASSERT(counted(calls, false), L"counted(calls, false)");
         EXPECT_EQ(calls, 1) << "the condition is the call itself";
         diagnosticsOutput(L"text");
         shutDownLibrary();
         EXPECT_TRUE(effects().empty());
-        EXPECT_EQ(host::breakpointsHit(), 0);
         EXPECT_FALSE(std::filesystem::exists(logFolder()));
     }
 }
@@ -73,6 +73,7 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
 
 TEST_F(Support, DebugStartupReportsEverywhere) {
     start(1, 0);
+    host::clearEffects();
     int line = failCheck();
     EXPECT_EQ(effects()[0].kind, EffectKind::AlertBox) << "the box comes first";
     const Lines output = linesOf(effectText(EffectKind::StandardOutput));
@@ -83,12 +84,17 @@ TEST_F(Support, DebugStartupReportsEverywhere) {
     EXPECT_EQ(output[1].substr(0, 11), L"[16:19:18] ") << "the call stack";
     EXPECT_EQ(loggedLines(), output);
     EXPECT_EQ(effectText(EffectKind::DebugOutput), L"") << "no debugger is there";
-    EXPECT_EQ(host::breakpointsHit(), 0);
     host::clearEffects();
     host::setDebuggerPresent(true);
     failCheck();
     EXPECT_EQ(effectText(EffectKind::DebugOutput), effectText(EffectKind::StandardOutput));
-    EXPECT_EQ(host::breakpointsHit(), 1);
+    const EffectKind text[] = {EffectKind::StandardOutput, EffectKind::DebugOutput,
+                               EffectKind::FileWrite, EffectKind::FileWrite};
+    std::vector<EffectKind> inOrder = {EffectKind::AlertBox};  // then report and call stack
+    inOrder.insert(inOrder.end(), std::begin(text), std::end(text));
+    inOrder.insert(inOrder.end(), std::begin(text), std::end(text));
+    inOrder.push_back(EffectKind::Breakpoint);
+    EXPECT_EQ(effectKinds(), inOrder);
     host::clearEffects();
     G_diagnostics.logFileEnabled = false;
     diagnosticsOutput(L"text");

@@ -14,6 +14,7 @@ std::wstring report(const wchar_t* expression, int line) {
 
 TEST_F(Support, LoggingFromCreationToDestruction) {
     start(0, 1);
+    host::clearEffects();
     logCommandUse(L"Active");
     createLogging(L"Pelltrix::Corvinstrand", L"1.0.0.0");
     ASSERT_NE(G_pLoggingObject, nullptr);

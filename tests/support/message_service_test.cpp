@@ -1,6 +1,7 @@
 // The message service: what reaches the command line, in which pieces, and what goes elsewhere.
 #include "message_service.h"
 
+#include "diagnostic_log.h"
 #include "host/control/fake_windows.h"
 #include "support_fixture.h"
 
@@ -54,14 +55,19 @@ TEST_F(Support, MessagesHaveOneNewline) {
 TEST_F(Support, MessagesGoToADebuggerAndWithDebugStartupToTheLog) {
     host::setDebuggerPresent(true);
     messageService(L"\ntext\n\n");
-    EXPECT_EQ(effectTexts(EffectKind::DebugOutput), Lines{L"[16:19:18] \ntext\n\n"});
-    EXPECT_EQ(effectTexts(EffectKind::CommandLine), Lines{L"text\n"});
-    EXPECT_EQ(host::effects().size(), 2u);
+    using Effects = std::vector<host::Effect>;
+    EXPECT_EQ(host::effects(), (Effects{{EffectKind::DebugOutput, L"[16:19:18] \ntext\n\n"},
+                                        {EffectKind::CommandLine, L"text\n"}}));
     start(1, 0);
+    messageService(L"the log begins");
+    host::clearEffects();
     messageService(L"more\n");
-    EXPECT_EQ(loggedLines(), Lines{L"[16:19:18] more"});
-    EXPECT_TRUE(effectTexts(EffectKind::StandardOutput).empty());
-    EXPECT_EQ(effectTexts(EffectKind::CommandLine), (Lines{L"text\n", L"more\n"}));
+    const std::wstring log = workingLogName();
+    EXPECT_EQ(host::effects(), (Effects{{EffectKind::DebugOutput, L"[16:19:18] more\n"},
+                                        {EffectKind::FileWrite, log},
+                                        {EffectKind::FileWrite, log},
+                                        {EffectKind::CommandLine, L"more\n"}}));
+    EXPECT_EQ(loggedLines().back(), L"[16:19:18] more");
 }
 
 }  // namespace

@@ -72,6 +72,13 @@ std::wstring Support::onlyBox() {
     return boxes.empty() ? std::wstring() : boxes[0].substr(0, boxes[0].find(L"\n\n"));
 }
 
+std::vector<host::EffectKind> Support::effectKinds() {
+    std::vector<host::EffectKind> kinds;
+    for (const host::Effect& effect : host::effects())
+        kinds.push_back(effect.kind);
+    return kinds;
+}
+
 Lines Support::reportedExpressions() {
     Lines expressions;
     for (const std::wstring& box : effectTexts(host::EffectKind::AlertBox)) {

@@ -28,6 +28,8 @@ class Support : public ::testing::Test {
 
     /// Title, style and text of the one message box since the last clear, up to the call stack.
     static std::wstring onlyBox();
+    /// What happened since the last clear, in order.
+    static std::vector<host::EffectKind> effectKinds();
     /// The expressions of all message boxes.
     static Lines reportedExpressions();
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/editor/run/command_stack.h"
 #include "host/text/text_codec.h"
@@ -66,11 +67,18 @@ void clearModuleCommands() { groups().clear(); }
 
 using namespace host;
 
+namespace {
+
+std::wstring textOf(const ACHAR* text) { return text != nullptr ? text : L""; }
+
+}  // namespace
+
 Acad::ErrorStatus AcEdCommandStack::addCommand(const ACHAR* group, const ACHAR* globalName,
                                                const ACHAR* localName, Adesk::Int32 flags,
                                                AcRxFunctionPtr function, AcEdUIContext*, int,
                                                HINSTANCE__*, AcEdCommand** command) {
     if (callFails("AcEdCommandStack::addCommand")) return Acad::eInvalidInput;
+    recordEffect(EffectKind::Registration, L"addCommand " + textOf(globalName));
     const bool complete = group != nullptr && globalName != nullptr && function != nullptr;
     if (!complete || *group == 0 || *globalName == 0) return Acad::eInvalidInput;
     if (localName == nullptr || *localName == 0) localName = globalName;
@@ -88,6 +96,7 @@ Acad::ErrorStatus AcEdCommandStack::addCommand(const ACHAR* group, const ACHAR* 
 
 Acad::ErrorStatus AcEdCommandStack::removeGroup(const ACHAR* group) {
     if (callFails("AcEdCommandStack::removeGroup")) return Acad::eInvalidInput;
+    recordEffect(EffectKind::Registration, L"removeGroup " + textOf(group));
     if (group == nullptr) return Acad::eInvalidInput;
     const auto found = findGroup(group);
     if (found == groups().end()) return Acad::eKeyNotFound;

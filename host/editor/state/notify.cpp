@@ -133,7 +133,11 @@ void AcEditorReactor::commandFailed(const ACHAR*) {}
 void AcEditorReactor::pickfirstModified() {}
 
 void AcRxEvent::addReactor(AcRxEventReactor* reactor) const {
+    recordEffect(EffectKind::Registration, L"AcEditor::addReactor");
     if (reactor != nullptr) reactors().attach(reactor);
 }
 
-void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const { reactors().detach(reactor); }
+void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const {
+    recordEffect(EffectKind::Registration, L"AcEditor::removeReactor");
+    reactors().detach(reactor);
+}
