@@ -4,6 +4,7 @@
 #include <iterator>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "drafthost/drawing_inspection.h"
@@ -66,6 +67,7 @@ AcEditor* editor() { return static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEdi
 
 class SaveWatch::Reactor : public AcEditorReactor {
   public:
+    explicit Reactor(std::function<void(const std::string&)> tell) : m_tell(std::move(tell)) {}
     void beginSave(AcDbDatabase* drawing, const ACHAR*) override {
         m_before = inspectDrawing(*drawing, false);
     }
@@ -75,16 +77,18 @@ class SaveWatch::Reactor : public AcEditorReactor {
         if (m_before.groups.empty()) return;
         lines = inspection::changes(m_before, inspectDrawing(*drawing, false));
         for (const std::string& line : lines)
-            complain(host::toUtf8(name) + ": " + line);
+            m_tell(host::toUtf8(name) + ": " + line);
     }
 
   private:
+    std::function<void(const std::string&)> m_tell;
     inspection::Inspection m_before;
 };
 
 void registerGroupCommands() { host::registerBuiltins(kCommands, std::size(kCommands)); }
 
-SaveWatch::SaveWatch() : m_reactor(std::make_unique<Reactor>()) {
+SaveWatch::SaveWatch(std::function<void(const std::string&)> tell)
+    : m_reactor(std::make_unique<Reactor>(std::move(tell))) {
     editor()->addReactor(m_reactor.get());
 }
 

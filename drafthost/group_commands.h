@@ -1,17 +1,19 @@
 // What the program adds to a session about groups: two commands, and what saves did to groups.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
 /// Registers GROUPLIST and PICTURE; call it once a session exists.
 void registerGroupCommands();
 
-/// Watches saves while it lives and says on standard error which groups the repair before them
+/// Watches saves while it lives and tells, one line each, which groups the repair before them
 /// dissolved or shortened. Make it before a module is loaded, so that it sees a drawing before the
 /// module does, and destroy it before the session.
 class SaveWatch {
   public:
-    SaveWatch();
+    explicit SaveWatch(std::function<void(const std::string& line)> tell);
     ~SaveWatch();
     SaveWatch(const SaveWatch&) = delete;
     SaveWatch& operator=(const SaveWatch&) = delete;

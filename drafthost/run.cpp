@@ -152,6 +152,8 @@ void runTerminal(host::Session& session) {
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
 
+void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
+
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
@@ -161,7 +163,7 @@ int runDrawing(const Options& options, const Job& job) {
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
-    auto watch = std::make_unique<SaveWatch>();
+    auto watch = std::make_unique<SaveWatch>(options.window ? tellOnCommandLine : complain);
     int status = start(*session, options, job);
     if (status == kDone && options.window) {
         status = runWindow(*session, options);

@@ -37,9 +37,11 @@ void Conversation::finishCommand() {
     end.failed = m_failed;
     end.cancelled = m_escaped || status == host::CommandStatus::Cancelled;
     end.changed = mark() != m_before;
+    end.dropsPicks = m_pickedBefore && host::pickfirst().empty();
     m_record.finish(end);
     m_failed = m_escaped = false;
     m_before = mark();
+    m_pickedBefore = !host::pickfirst().empty();
 }
 
 Answer Conversation::next(const std::wstring& prompt, InputUnit unit) {

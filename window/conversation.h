@@ -83,6 +83,7 @@ class Conversation : public host::TypedLines {
     bool m_failed = false;   ///< the command under way, or what stands for one
     bool m_escaped = false;  ///< in it
     Mark m_before;           ///< it began
+    bool m_pickedBefore = false;
     host::InputUnit m_unit = host::InputUnit::Token;
 };
 

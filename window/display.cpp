@@ -43,6 +43,13 @@ std::string handleOf(AcDbObjectId id) {
     return body != nullptr ? host::formatHandle(body->handle) : "";
 }
 
+Json handlesOf(const std::vector<AcDbObjectId>& entities) {
+    Json handles = Json::array();
+    for (const AcDbObjectId id : entities)
+        handles.push_back(handleOf(id));
+    return handles;
+}
+
 const char* nameOf(host::Wanted wanted) {
     switch (wanted) {
         case host::Wanted::Point:
@@ -97,6 +104,7 @@ Json Display::state() {
     state["wants"] = m_conversation.atCommand() ? "command" : nameOf(host::question().wanted);
     state["line"] = m_conversation.takesLine();
     if (const auto& base = host::question().base) state["base"] = {base->x, base->y};
+    if (const auto* chosen = host::question().chosen) state["chosen"] = handlesOf(*chosen);
     const std::wstring& transcript = m_conversation.transcript();
     const std::size_t from = std::max(m_told.transcript, m_conversation.forgotten());
     state["transcript"] = host::toUtf8(transcript.substr(from - m_conversation.forgotten()));
@@ -127,10 +135,7 @@ void Display::addSelection(Json& news) {
     const std::vector<AcDbObjectId>& picked = host::pickfirst();
     if (picked == m_told.selected) return;
     m_told.selected = picked;
-    Json handles = Json::array();
-    for (const AcDbObjectId id : picked)
-        handles.push_back(handleOf(id));
-    news["selected"] = std::move(handles);
+    news["selected"] = handlesOf(picked);
 }
 
 void Display::addGroups(Json& news) {
@@ -204,6 +209,7 @@ Json Display::look(const Json& request) {
     if (host::question().wanted == host::Wanted::Point && !m_conversation.atCommand()) {
         if (const auto snap = m_sheet->snap(point, 1.6 * radius))
             found["snap"] = {{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}};
+        return found;
     }
     const AcDbObjectId id = m_sheet->under(point, radius);
     const host::ObjectBody* body = host::Store::resolve(id);

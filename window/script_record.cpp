@@ -48,10 +48,11 @@ void ScriptRecord::finish(const CommandEnd& end) {
     if (repeats) command = host::toUtf8(m_repeated) + command;
     if (end.isCommand && !repeats) m_repeated = m_name;
     if (end.cancelled && end.changed) command += "\n";
+    const bool stays = !end.failed && (!end.cancelled || end.changed);
+    if (stays) m_text += command;
     if (end.failed)
         m_text += "; left out, as it failed: " + command.substr(0, command.find('\n')) + "\n";
-    else if (!end.cancelled || end.changed)
-        m_text += command;
+    if (!stays && end.dropsPicks) dropPicks();
 }
 
 }  // namespace window

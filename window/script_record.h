@@ -12,6 +12,7 @@ struct CommandEnd {
     bool failed = false;     ///< failed or was unknown
     bool cancelled = false;  ///< by the person
     bool changed = false;    ///< the drawing is not as before
+    bool dropsPicks = false;  ///< what was picked before is not any more
     bool isCommand = false;  ///< what Enter repeats: no gesture and no expression
 };
 

@@ -99,7 +99,10 @@ function take(news) {
   if (news.sheet) loadSheet(news.sheet);
   else if (news.drawing === null) loadSheet(null);
   else if (news.entities) changeSheet(news);
-  if (news.selected) select(news.selected);
+  if (news.state === 'ready') chosen = [];
+  if (news.chosen) chosen = news.chosen;
+  else if (news.selected && !news.selected.length && news.state === 'asking' && !chosen.length) chosen = [...selected];
+  select(news.selected || [...selected]);
   if (news.groups) listGroups(news.groups, news.strays);
   el('prompt').textContent = news.prompt;
   offerOptions(news.prompt);
@@ -262,16 +265,20 @@ function build(batch) {
   }
 }
 
+// The pick-first set, and what a command that runs has got to work on.
 function select(handles) {
   selected = new Set(handles);
-  selectedStrokes = null;
+  const before = marked.length, all = [...new Set([...selected, ...chosen])];
+  if (all.length !== before || all.some((handle, i) => handle !== marked[i])) {
+    marked = all;
+    markedStrokes = null;
+    if (Math.max(before, marked.length) > kFew) contentChanged();
+  }
   markGroups();
-  if (selected.size > kFew || manyWereSelected) contentChanged();
-  manyWereSelected = selected.size > kFew;
-  el('info').textContent = selected.size ? selected.size + ' selected' : '';
+  say(marked.length ? marked.length + ' selected' : '');
 }
 const kFew = 1500;                // so many are lit in each frame; more are part of the picture
-let manyWereSelected = false, selectedStrokes = null;
+let chosen = [], marked = [], markedStrokes = null;
 
 // --- drawing ----------------------------------------------------------------------------------
 const kSlice = 24;                // milliseconds of drawing before the page listens again
@@ -288,7 +295,7 @@ function paint() {
   frameAsked = true;
   requestAnimationFrame(frame);
 }
-function contentChanged() { selectedStrokes = null; stale = true; pass = null; paint(); }
+function contentChanged() { markedStrokes = null; stale = true; pass = null; paint(); }
 function viewChanged() { viewAt = performance.now(); pass = null; stale = true; paint(); }
 
 function transform(on, at = view) { on.setTransform(ratio * at.k, 0, 0, ratio * at.k, ratio * at.x, ratio * at.y); }
@@ -368,7 +375,7 @@ function drawOn() {
     drawBatch(back.ctx, batches[pass.next++], pass.view, pass.window);
     if (performance.now() > end) return false;
   }
-  if (selected.size > kFew) drawStrokes(back.ctx, selection(), colours.accent, 1, pass.view);
+  if (marked.length > kFew) drawStrokes(back.ctx, markedOnes(), colours.accent, 1, pass.view);
   back.view = pass.view;
   [front, back] = [back, front];
   pass = null;
@@ -377,7 +384,7 @@ function drawOn() {
 }
 
 const known = handles => [...handles].map(handle => entities.get(handle)).filter(Boolean);
-const selection = () => selectedStrokes || (selectedStrokes = strokesOf(known(selected)));
+const markedOnes = () => markedStrokes || (markedStrokes = strokesOf(known(marked)));
 
 function frame() {
   frameAsked = false;
@@ -407,9 +414,9 @@ function frame() {
 function drawMarks(on) {
   on.lineCap = on.lineJoin = 'round';
   transform(on);
-  if (selected.size <= kFew) {
-    if (selected.size) drawStrokes(on, selection(), colours.accent, 1);
-    for (const handle of selected) { const entity = entities.get(handle); if (entity && entity.t) drawWords(on, entity, colours.accent); }
+  if (marked.length <= kFew) {
+    drawStrokes(on, markedOnes(), colours.accent, 1);
+    for (const entity of known(marked)) if (entity.t) drawWords(on, entity, colours.accent);
   }
   if (hover && hover.strokes) {
     drawStrokes(on, hover.strokes, colours.lit, 6);

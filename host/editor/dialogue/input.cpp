@@ -66,8 +66,11 @@ InputSource* inputSource() { return source; }
 const Question& question() { return asked; }
 
 Asking::Asking(Wanted wanted, const AcGePoint3d* base) : m_former(asked) {
-    asked.wanted = wanted;
-    asked.base = base != nullptr ? std::make_optional(*base) : std::nullopt;
+    asked = {wanted, base != nullptr ? std::make_optional(*base) : std::nullopt};
+}
+
+Asking::Asking(const std::vector<AcDbObjectId>& chosen) : m_former(asked) {
+    asked = {Wanted::Selection, std::nullopt, &chosen};
 }
 
 Asking::~Asking() { asked = m_former; }

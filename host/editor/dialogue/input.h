@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/objectarx/geometry.h"
+#include "host/objectarx/object_id.h"
 
 namespace host {
 
@@ -43,12 +44,15 @@ enum class Wanted { Words, Point, Selection, Entity };
 struct Question {
     Wanted wanted = Wanted::Words;
     std::optional<AcGePoint3d> base = {};  ///< that a point is drawn from
+    const std::vector<AcDbObjectId>* chosen = nullptr;  ///< of a selection, until now
 };
 const Question& question();
 /// Sets it for as long as this lives.
 class Asking {
   public:
     explicit Asking(Wanted wanted, const AcGePoint3d* base = nullptr);
+    /// For a selection; the list lives as long.
+    explicit Asking(const std::vector<AcDbObjectId>& chosen);
     ~Asking();
     Asking(const Asking&) = delete;
     Asking& operator=(const Asking&) = delete;
