@@ -9,10 +9,11 @@ constexpr auto kPatience = std::chrono::seconds(5);
 
 }  // namespace
 
-bool Floor::claim(const std::string& page, bool takesOver) {
+bool Floor::claim(const std::string& page, const std::string& was, bool takesOver) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto now = Clock::now();
-    const bool isFree = m_page.empty() || m_page == page || now - m_heard > kPatience;
+    const bool isFree =
+        m_page.empty() || m_page == page || m_page == was || now - m_heard > kPatience;
     if (page.empty() || !(isFree || takesOver)) return false;
     m_page = page;
     m_heard = now;

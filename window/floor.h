@@ -11,8 +11,9 @@ namespace window {
 /// that asks; a page that says that it closes gives it up.
 class Floor {
   public:
-    /// True when the page works on the session from now on; `takesOver` also from another page.
-    bool claim(const std::string& page, bool takesOver);
+    /// True when the page works on the session from now on. It may take the place of the page that
+    /// it `was` before it was loaded again; `takesOver` that of any.
+    bool claim(const std::string& page, const std::string& was, bool takesOver);
     /// True when it does; it has been heard of.
     bool holds(const std::string& page);
     void leave(const std::string& page);

@@ -9,11 +9,11 @@ namespace window {
 
 /// How a command went, as far as a script has to know.
 struct CommandEnd {
-    bool failed = false;     ///< failed or was unknown
-    bool cancelled = false;  ///< by the person
-    bool changed = false;    ///< the drawing is not as before
+    bool failed = false;      ///< failed or was unknown
+    bool cancelled = false;   ///< by the person
+    bool changed = false;     ///< the drawing is not as before
     bool dropsPicks = false;  ///< what was picked before is not any more
-    bool isCommand = false;  ///< what Enter repeats: no gesture and no expression
+    bool isCommand = false;   ///< what Enter repeats: no gesture and no expression
 };
 
 /// Collects answers, and adds those of a command to the script when it is over. What a script

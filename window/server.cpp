@@ -115,8 +115,9 @@ bool Server::Impl::mayWork(const Json& request, Response& response) {
         refuse(response, 400, "the name of the page is too long");
         return false;
     }
-    const bool works =
-        what == "open" ? floor.claim(page, request.value("takesOver", false)) : floor.holds(page);
+    const bool works = what == "open" ? floor.claim(page, request.value("was", ""),
+                                                    request.value("takesOver", false))
+                                      : floor.holds(page);
     if (!works) refuse(response, 409, "another page works on this drawing");
     if (works && what == "bye") floor.leave(page);
     if (works && (what == "bye" || what == "ping")) response.set_content("{}", kJson);

@@ -5,6 +5,17 @@
 
 namespace host {
 
+namespace {
+
+/// A text, which may begin like a comment.
+Answer wholeLine(std::wstring line) {
+    line.erase(line.find_last_not_of(L"\r\n") + 1);
+    if (line.empty()) return {Answer::Kind::Enter, {}};
+    return {Answer::Kind::Text, std::move(line)};
+}
+
+}  // namespace
+
 bool asksForCommand(const std::wstring& prompt) { return prompt == L"Command: "; }
 
 Answer TypedLines::next(const std::wstring& prompt, InputUnit unit) {
@@ -16,6 +27,8 @@ Answer TypedLines::next(const std::wstring& prompt, InputUnit unit) {
             Answer otherwise;
             m_line.reset();
             if (!readLine(prompt, unit, line, otherwise)) return otherwise;
+            if (line.empty() || line.back() != L'\n') line += L'\n';
+            if (unit == InputUnit::Line) return wholeLine(std::move(line));
             m_line.emplace(std::move(line));
         }
         const Answer answer = m_line->next({}, unit);

@@ -16,8 +16,8 @@ class TypedLines : public InputSource {
     bool interactive() const final { return true; }
 
   protected:
-    /// Reads a line behind the prompt; false when there is none, with the answer that stands for
-    /// it.
+    /// Reads a line behind the prompt, with or without its end; false when there is none, with the
+    /// answer that stands for it.
     virtual bool readLine(const std::wstring& prompt, InputUnit unit, std::wstring& line,
                           Answer& otherwise) = 0;
     /// True when the answer last given was the first of its line.

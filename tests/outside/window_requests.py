@@ -136,6 +136,34 @@ def conversation(session):
     check("a failed command is the status", session.host.wait(30) == 4)
 
 
+ESCAPE = None
+# What a person types: with blanks and quotes, wrongly, with Esc at every stage, and Enter to repeat.
+TYPED = ["LINE", "0,0", "nowhere", "5,5", ESCAPE, "", "@1,1 2,2", "", "TEXT 1,1 1 0", '; "say  so', "TEXT",
+         "1,2", "", "", "what (it", "PICK L", "MOVE", "0,0", ESCAPE, "ERASE", "L", "", "NONSENSE",
+         "CIRCLE 0,0 3", "U", "", "REDO", "COPY", "L", "nothing", "R", "L", "A", '(handent "40")', "",
+         "0,0", "1,1", "2,2", ESCAPE, "PICK ALL", ESCAPE, "VelmoGROUPMAKE W 7,0 10,8", "", "MIRROR C 9,3 9.5,4",
+         "", "0,0", "0,0", "0,1", "", "PICKADD 0", "QSAVE"]
+
+
+def script(drawing):
+    """The script of a session gives the same drawing."""
+    source, other = os.path.join(SAMPLES, "plan.dxf"), os.path.join(WORK, "my plan.dxf")
+    shutil.copy(source, drawing)
+    shutil.copy(source, other)
+    session = Session(drawing)
+    written = session.ask("open")["script"]
+    for line in [*TYPED, f'SAVEAS "{other}"', "Y"]:
+        answer = session.ask("cancel") if line is ESCAPE else session.type(line)
+        written += answer["script"]
+    session.end(1)  # of NONSENSE
+    first = [open(name, "rb").read() for name in (drawing, other)]
+    check("both are saved, and differ from the source", first[0] == first[1] != open(source, "rb").read())
+    shutil.copy(source, drawing)
+    run = subprocess.run([HOST, "-q", "-s", "-", drawing], input=written, text=True)
+    again = [open(name, "rb").read() for name in (drawing, other)]
+    check(f"the script gives the same drawings:\n{written}", run.returncode == 0 and first == again)
+
+
 def endings(drawing):
     """A closed page ends a session with nothing to lose; Ctrl+C asks where there is something."""
     idle, busy = Session(drawing), Session(drawing)
@@ -193,6 +221,7 @@ shutil.copy(os.path.join(SAMPLES, "plan.dxf"), plan)
 one = Session(plan)
 admission(one)
 conversation(one)
+script(plan)
 endings(plan)
 costs("slow" in sys.argv[4:])
 sys.exit(1 if failed else 0)

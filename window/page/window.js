@@ -7,12 +7,13 @@ const ctx = canvas.getContext('2d', {alpha: false});
 const dark = matchMedia('(prefers-color-scheme: dark)');
 
 // --- the session ------------------------------------------------------------------------------
-let page = '';                    // this page's name; it stays when the page is loaded again
-try { page = sessionStorage.getItem('page') || ''; } catch { /* then it is a new one each time */ }
-if (!page) {
-  page = [...crypto.getRandomValues(new Uint32Array(4))].map(n => n.toString(16)).join('');
-  try { sessionStorage.setItem('page', page); } catch { /* as above */ }
-}
+// This page's name, and the one that it had before it was loaded again: it takes that one's place.
+const page = [...crypto.getRandomValues(new Uint32Array(4))].map(n => n.toString(16)).join('');
+let was = '';
+try {
+  was = sessionStorage.getItem('page') || '';
+  sessionStorage.setItem('page', page);
+} catch { /* then it is another page */ }
 let now = {state: 'busy', prompt: '', wants: 'words'};  // what the host told last
 let waiting = [];                 // requests that are not sent yet
 let running = false, ready = false, lost = false;
@@ -80,7 +81,7 @@ function open(takesOver) {
   waiting = [];
   el('notice').hidden = true;
   el('transcript').textContent = el('script').textContent = '';
-  send({do: 'open', takesOver});
+  send({do: 'open', takesOver, was});
   input.focus();
 }
 
@@ -97,7 +98,7 @@ function take(news) {
   }
   if (news.script) append(el('script'), news.script);
   if (news.sheet) loadSheet(news.sheet);
-  else if (news.drawing === null) loadSheet(null);
+  else if (news.drawing === null) { loadSheet(null); listGroups([], []); }
   else if (news.entities) changeSheet(news);
   if (news.state === 'ready') chosen = [];
   if (news.chosen) chosen = news.chosen;
@@ -778,11 +779,11 @@ el('download').onclick = () => {
 };
 
 setInterval(async () => {
-  if (lost || running || !ready) return;
+  if (lost) return;
   try {
     await post({do: 'ping'});
   } catch (problem) {
-    if (!lost && !running) loseTouch(problem);
+    if (!lost) loseTouch(problem);
   }
 }, 2000);
 addEventListener('beforeunload', event => { if (now.changed && !lost) event.preventDefault(); });
