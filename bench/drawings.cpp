@@ -55,10 +55,8 @@ host::Store& store() { return acdbHostApplicationServices()->workingDatabase()->
 std::vector<AcDbObjectId> entities() {
     const host::Store& drawing = store();
     std::vector<AcDbObjectId> ids;
-    for (host::Index i = drawing.firstLive(drawing.modelSpace()); i != host::kNoIndex;
-         i = drawing.nextLive(drawing.at(i))) {
-        ids.push_back(drawing.idOf(i));
-    }
+    for (const host::ObjectBody& entity : drawing.children(drawing.modelSpace()))
+        ids.push_back(drawing.idOf(entity));
     return ids;
 }
 

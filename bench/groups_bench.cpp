@@ -30,7 +30,7 @@ void mustHold(bool holds, const char* what) {
 void openReadClose(const AcDbObjectId& id) {
     AcDbEntity* entity = nullptr;
     mustHold(acdbOpenAcDbEntity(entity, id, AcDb::kForRead) == Acad::eOk, "an entity opens");
-    benchmark::DoNotOptimize(entity->colorIndex());
+    benchmark::DoNotOptimize(entity->objectId());
     entity->close();
 }
 

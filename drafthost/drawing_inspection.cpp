@@ -13,11 +13,9 @@ using host::Store;
 std::vector<Index> spacesOf(const Store& store) {
     std::vector<Index> spaces;
     if (store.modelSpace() != kNoIndex) spaces.push_back(store.modelSpace());
-    const Index records = store.table("BLOCK_RECORD");
-    for (Index i = records == kNoIndex ? kNoIndex : store.firstLive(records); i != kNoIndex;
-         i = store.nextLive(store.at(i))) {
-        if (i != store.modelSpace() && host::isSpace(store.at(i))) spaces.push_back(i);
-    }
+    for (const host::ObjectBody& record : store.children(store.table("BLOCK_RECORD")))
+        if (record.self != store.modelSpace() && host::isSpace(record))
+            spaces.push_back(record.self);
     return spaces;
 }
 
@@ -33,11 +31,9 @@ inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
     host::OutlineMaker maker(store);
     const inspection::Describe describe = [&](AcDbObjectId id) {
         const host::ObjectBody& body = *Store::resolve(id);
-        const auto layer = host::findTag(body.tags(), 8);
-        inspection::Entity entity{
-            id, host::formatHandle(body.handle),
-            host::toUtf8(store.decode(host::trimmed(body.type()))),
-            host::toUtf8(store.decode(layer ? host::trimmed(layer->value) : "0"))};
+        inspection::Entity entity{id, host::formatHandle(body.handle),
+                                  host::toUtf8(store.decode(body.type())),
+                                  host::toUtf8(store.decode(host::textTag(body.tags(), 8, "0")))};
         const std::optional<host::Box> box =
             withExtents ? maker.outlineOf(body).bounds() : std::nullopt;
         if (box) entity.extents = {box->left, box->bottom, box->right, box->top};

@@ -1,7 +1,6 @@
 // GROUPLIST and PICTURE, and the watch over saves.
 #include "drafthost/group_commands.h"
 
-#include <iterator>
 #include <map>
 #include <string>
 #include <utility>
@@ -10,7 +9,7 @@
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/output.h"
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
@@ -30,35 +29,33 @@ std::map<std::uint32_t, std::vector<std::string>>& lastSaves() {
     return saves;
 }
 
-host::CommandStatus runGroupList() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
-    std::string text = inspection::listText("", inspectDrawing(*store->database, true));
-    for (const std::string& line : lastSaves()[store->serial()])
+host::CommandStatus runGroupList(host::Store& store) {
+    std::string text = inspection::listText("", inspectDrawing(*store.database, true));
+    for (const std::string& line : lastSaves()[store.serial()])
         text += line + "\n";
     text.pop_back();
     host::printLine(host::fromUtf8(text));
     return host::CommandStatus::Done;
 }
 
-host::CommandStatus runPicture() {
-    const host::Store* store = host::drawingOrComplaint();
-    if (store == nullptr) return host::CommandStatus::Failed;
+host::CommandStatus runPicture(host::Store& store) {
     const host::Answer answer = host::prompt(L"\nEnter name of picture file: ");
     if (answer.kind != host::Answer::Kind::Text) return host::CommandStatus::Cancelled;
     std::string path = host::withHome(host::toUtf8(answer.text));
     const std::string name = path.substr(host::folderPart(path).size());
     if (name.find('.') == std::string::npos) path += ".svg";
     const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-    const std::string why = writePicture(*store->database, store->currentSpace(),
+    const std::string why = writePicture(*store.database, store.currentSpace(),
                                          drawing.substr(host::folderPart(drawing).size()), path);
     if (!why.empty()) host::printLine(host::fromUtf8(why));
     return why.empty() ? host::CommandStatus::Done : host::CommandStatus::Failed;
 }
 
-const host::BuiltinCommand kCommands[] = {
-    {L"GROUPLIST", 0, runGroupList, L"lists the groups of the drawing and what is wrong with them"},
-    {L"PICTURE", 0, runPicture, L"draws the current space and its groups as SVG: file"},
+const host::CommandTable kGroupCommands = {
+    {L"GROUPLIST", 0, host::onDrawing<runGroupList>,
+     L"lists the groups of the drawing and what is wrong with them"},
+    {L"PICTURE", 0, host::onDrawing<runPicture>,
+     L"draws the current space and its groups as SVG: file"},
 };
 
 AcEditor* editor() { return static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor")); }
@@ -85,7 +82,7 @@ class SaveWatch::Reactor : public AcEditorReactor {
     inspection::Inspection m_before;
 };
 
-void registerGroupCommands() { host::registerBuiltins(kCommands, std::size(kCommands)); }
+void registerGroupCommands() { host::registerBuiltins(kGroupCommands); }
 
 SaveWatch::SaveWatch(std::function<void(const std::string&)> tell)
     : m_reactor(std::make_unique<Reactor>(std::move(tell))) {

@@ -8,7 +8,6 @@
 #include "drafthost/output.h"
 #include "drafthost/process.h"
 #include "drafthost/run.h"
-#include "drafthost/terminal.h"
 
 namespace {
 

@@ -71,7 +71,7 @@ void declareSession(CLI::App& app, Options& options) {
     addList("--set", options.variables, "NAME=VALUE", "a system variable at start (repeatable)")
         ->check(isAssignment);
     addList("--registry", options.switches, "NAME=DWORD",
-            "a per-user switch of the module, like AssertStartup=1 (repeatable)")
+            "a per-user switch of the module (repeatable); DebugStartup=1 prints the failed checks")
         ->check(isSwitch);
 }
 

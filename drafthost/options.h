@@ -4,16 +4,10 @@
 #include <string>
 #include <vector>
 
-/// Exit statuses of the program.
-enum ExitStatus {
-    kDone = 0,
-    kFailed = 1,  ///< a command failed or was unknown, or the accounting found a fault
-    kUsage = 2,
-    kUnreadable = 3,     ///< a drawing cannot be read
-    kUnwritable = 4,     ///< a drawing or picture cannot be written
-    kDamaged = 5,        ///< the check found damage, or a group is not whole
-    kInterrupted = 130,  ///< Ctrl+C, as shells tell it
-};
+#include "host/application/exit_status.h"
+
+using host::kDone, host::kFailed, host::kUsage, host::kUnreadable, host::kUnwritable,
+    host::kDamaged, host::kInterrupted;
 
 /// What the command line asks for. All texts are UTF-8.
 struct Options {

@@ -7,7 +7,6 @@
 #include <cstring>
 
 #include "drafthost/process.h"
-#include "drafthost/terminal.h"
 
 namespace {
 

@@ -1,14 +1,31 @@
-// Ctrl+C, and a process of its own for each drawing, as the system has them.
+// The program's process as the system has it: arguments, streams, Ctrl+C, and a process of its own
+// for each drawing.
 #pragma once
 
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
-/// From here on Ctrl+C asks the program to stop; pressed again, it ends it.
-void catchInterrupts();
+/// Arguments behind the program's name, as UTF-8.
+std::vector<std::string> programArguments(int count, char** values);
+/// Folder of the program's own file, as UTF-8 with a separator at its end; empty when unknown.
+std::string programFolder();
+/// Standard streams as the program wants them: no end by signal when a pipe is closed, bytes as
+/// they are.
+void prepareStreams();
+/// True when a person sits at standard input and output.
+bool isInteractive();
+bool standardErrorIsTerminal();
+
+/// From here on Ctrl+C asks the program to stop; pressed again, it ends it. With a person
+/// `atPrompt` it cancels alone, and wakes whoever waits for keys.
+void catchInterrupts(bool atPrompt = false);
 /// True once Ctrl+C was pressed.
 bool interruptRequested();
+/// Counts as Ctrl+C; and takes back what was pressed.
+void requestInterrupt();
+void forgetInterrupts();
 
 /// What one of several jobs gave.
 struct JobResult {

@@ -1,4 +1,5 @@
-// Ctrl+C as a signal; jobs in child processes, whose output comes through pipes.
+// Arguments, streams, Ctrl+C as a signal; jobs in child processes, whose output comes through
+// pipes.
 #include "drafthost/process.h"
 
 #include <fcntl.h>
@@ -8,8 +9,10 @@
 
 #include <array>
 #include <cerrno>
+#include <clocale>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <list>
 #include <utility>
 #include <vector>
@@ -20,12 +23,12 @@
 namespace {
 
 volatile std::sig_atomic_t interrupts = 0;
-/// A process with children ends them before itself.
-volatile std::sig_atomic_t hasChildren = 0;
+/// A process with children ends them before itself; at the prompt nothing is ended.
+volatile std::sig_atomic_t outlives = 0;
 
 void onInterrupt(int) {
-    interrupts = interrupts + 1;
-    if (interrupts > 1 && hasChildren == 0) _exit(kInterrupted);
+    requestInterrupt();
+    if (interrupts > 1 && outlives == 0) _exit(kInterrupted);
 }
 
 /// The reading end of a pipe into a child; closed on destruction.
@@ -86,9 +89,9 @@ class Jobs {
     using Finished = std::function<void(std::size_t, JobResult)>;
 
     Jobs(const Work& work, const Finished& finished) : m_work(work), m_finished(finished) {
-        hasChildren = 1;
+        outlives = 1;
     }
-    ~Jobs() { hasChildren = 0; }
+    ~Jobs() { outlives = 0; }
     Jobs(const Jobs&) = delete;
     Jobs& operator=(const Jobs&) = delete;
 
@@ -111,7 +114,7 @@ class Jobs {
 void Jobs::work(const Child& child) const {
     // A group of its own: the terminal's Ctrl+C comes through the parent alone, and so once.
     setpgid(0, 0);
-    hasChildren = 0;
+    outlives = 0;
     child.output.takeOver(STDOUT_FILENO);
     child.errors.takeOver(STDERR_FILENO);
     const int status = m_work(child.number);
@@ -180,15 +183,41 @@ void Jobs::wait() {
 
 }  // namespace
 
-void catchInterrupts() {
+std::vector<std::string> programArguments(int count, char** values) {
+    return count > 0 ? std::vector<std::string>(values + 1, values + count)
+                     : std::vector<std::string>();
+}
+
+std::string programFolder() {
+    std::error_code failure;
+    const auto file = std::filesystem::read_symlink("/proc/self/exe", failure);
+    return failure ? std::string() : file.parent_path().string() + "/";
+}
+
+void prepareStreams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    // Character classes only: numbers keep their point.
+    if (std::setlocale(LC_CTYPE, "") == nullptr) std::setlocale(LC_CTYPE, "C.UTF-8");
+}
+
+bool isInteractive() { return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0; }
+
+bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void catchInterrupts(bool atPrompt) {
     struct sigaction action = {};
     action.sa_handler = onInterrupt;
     sigemptyset(&action.sa_mask);
-    action.sa_flags = SA_RESTART;
+    action.sa_flags = atPrompt ? 0 : SA_RESTART;
+    outlives = atPrompt ? 1 : 0;
     sigaction(SIGINT, &action, nullptr);
 }
 
 bool interruptRequested() { return interrupts != 0; }
+
+void requestInterrupt() { interrupts = interrupts + 1; }
+
+void forgetInterrupts() { interrupts = 0; }
 
 void runJobs(std::size_t count, int atATime, const std::function<int(std::size_t)>& work,
              const std::function<void(std::size_t, JobResult)>& finished) {

@@ -139,16 +139,11 @@ int reportFaults(const Job& job, int status) {
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
     host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
-    session.setProgress([&](const char* what, int percent) {
-        const bool stops = terminal->stopRequested();
-        return showProgress(what, stops ? 100 : percent) && !stops;
-    });
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
     while (!session.leave(*terminal));
-    session.setProgress(showProgress);
     host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
 }
 

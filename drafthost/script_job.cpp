@@ -53,7 +53,7 @@ int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
         session.activate(i);
         const host::Outcome saved = session.saveDrawing(job.target);
         if (!saved) complain(saved.error);
-        return saved.status;
+        return saved ? kDone : saved.status;
     }
     complain(job.file + ": the script has closed it, so " + job.target + " is not written");
     return kFailed;

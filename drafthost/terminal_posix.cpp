@@ -2,11 +2,8 @@
 #include "drafthost/terminal.h"
 
 #include <histedit.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -14,23 +11,12 @@
 
 #include "drafthost/key_reader_posix.h"
 #include "drafthost/output.h"
+#include "drafthost/process.h"
 #include "host/application/session.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-void cancelNextPrompt(int) { interrupted = 1; }
-
-/// Ctrl+C while a command works counts at its next prompt. (While a line is edited it is a key.)
-void catchAtPrompts() {
-    struct sigaction action = {};
-    action.sa_handler = cancelNextPrompt;
-    sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, nullptr);
-}
 
 /// File that keeps the history; empty when the user has no place for it.
 std::filesystem::path historyFile() {
@@ -49,7 +35,6 @@ class EditedTerminal : public Terminal {
     EditedTerminal& operator=(const EditedTerminal&) = delete;
 
     void print(const std::wstring& text) override;
-    bool stopRequested() const override { return interrupted != 0; }
 
   private:
     static EditedTerminal& of(EditLine* editor) {
@@ -60,7 +45,7 @@ class EditedTerminal : public Terminal {
     static char* promptOf(EditLine* editor) { return of(editor).m_prompt.data(); }
     static int readKey(EditLine* editor, wchar_t* key) { return of(editor).m_keys.next(*key); }
     static unsigned char onCancelKey(EditLine*, int) {
-        interrupted = 1;
+        requestInterrupt();
         return CC_EOF;
     }
     static unsigned char onTabKey(EditLine* editor, int key) {
@@ -72,7 +57,7 @@ class EditedTerminal : public Terminal {
     bool readLine(const std::wstring& prompt, host::InputUnit unit, std::wstring& line,
                   host::Answer& otherwise) override;
 
-    KeyReader m_keys{[] { return interrupted != 0; }};
+    KeyReader m_keys{interruptRequested};
     EditLine* m_editor;
     History* m_history;
     std::string m_prompt;
@@ -102,7 +87,8 @@ EditedTerminal::EditedTerminal()
     el_set(m_editor, EL_BIND, "^C", "drafthost-cancel", nullptr);
     el_set(m_editor, EL_ADDFN, "drafthost-complete", "Completes a name", onTabKey);
     el_set(m_editor, EL_BIND, "^I", "drafthost-complete", nullptr);
-    catchAtPrompts();
+    // While a command works it is a signal, which counts at the next prompt.
+    catchInterrupts(true);
 }
 
 EditedTerminal::~EditedTerminal() {
@@ -151,10 +137,10 @@ bool EditedTerminal::readLine(const std::wstring& prompt, host::InputUnit, std::
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.
     el_set(m_editor, EL_PREP_TERM, 1);
-    const char* typed = interrupted == 0 ? el_gets(m_editor, &length) : nullptr;
+    const char* typed = !interruptRequested() ? el_gets(m_editor, &length) : nullptr;
     m_atLineBegin = true;
-    if (interrupted != 0) {
-        interrupted = 0;
+    if (interruptRequested()) {
+        forgetInterrupts();
         el_reset(m_editor);
         m_atLineBegin = false;
         otherwise.kind = host::Answer::Kind::Cancel;
@@ -185,26 +171,5 @@ void EditedTerminal::print(const std::wstring& text) {
 }
 
 }  // namespace
-
-std::vector<std::string> programArguments(int count, char** values) {
-    return count > 0 ? std::vector<std::string>(values + 1, values + count)
-                     : std::vector<std::string>();
-}
-
-std::string programFolder() {
-    std::error_code failure;
-    const auto file = std::filesystem::read_symlink("/proc/self/exe", failure);
-    return failure ? std::string() : file.parent_path().string() + "/";
-}
-
-void prepareStreams() {
-    std::signal(SIGPIPE, SIG_IGN);
-    // Character classes only: numbers keep their point.
-    if (std::setlocale(LC_CTYPE, "") == nullptr) std::setlocale(LC_CTYPE, "C.UTF-8");
-}
-
-bool isInteractive() { return isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0; }
-
-bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
 std::unique_ptr<Terminal> openTerminal() { return std::make_unique<EditedTerminal>(); }

@@ -1,34 +1,11 @@
 // The session of a drawing in the browser: address, Ctrl+C, and what the page wants to know.
-#include "drafthost/window_job.h"
-
-#include <unistd.h>
-
-#include <csignal>
-
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/output.h"
 #include "drafthost/process.h"
-#include "host/control/effects.h"
-#include "host/text/text_codec.h"
+#include "drafthost/window_job.h"
 #include "window/window.h"
 
 namespace {
-
-volatile std::sig_atomic_t windowInterrupts = 0;
-
-/// The session looks at the first two when it waits; a command that never ends leaves the third.
-void onWindowInterrupt(int) {
-    windowInterrupts = windowInterrupts + 1;
-    if (windowInterrupts > 2) _exit(kInterrupted);
-}
-
-void catchWindowInterrupts() {
-    struct sigaction action = {};
-    action.sa_handler = onWindowInterrupt;
-    sigemptyset(&action.sa_mask);
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
-}
 
 std::vector<std::pair<host::Index, std::string>> namedSpaces(const host::Store& store) {
     std::vector<std::pair<host::Index, std::string>> spaces;
@@ -42,29 +19,38 @@ std::vector<std::pair<host::Index, std::string>> namedSpaces(const host::Store& 
     return spaces;
 }
 
+void printAddress(const std::string& address) {
+    writeOutput(address + "\n");
+    flushOutput();
+}
+
+/// Once it was seen, a load or save that the page asks for runs to its end.
+bool takeInterrupt() {
+    const bool pressed = interruptRequested();
+    if (pressed) forgetInterrupts();
+    return pressed;
+}
+
 }  // namespace
 
 const char* missingForWindow() { return ""; }
 
 int runWindow(host::Session& session, const Options& options) {
-    catchWindowInterrupts();
-    session.setProgress([](const char* what, int percent) {
-        return showProgress(what, percent) || windowInterrupts < 2;
-    });
     window::Setup setup;
     setup.reader = {namedSpaces,
                     [](AcDbDatabase& drawing) { return inspectDrawing(drawing, false); }};
     setup.greeting = "drafthost " DRAFTHOST_VERSION "; ? lists the commands";
     setup.opensBrowser = !options.noBrowser;
-    setup.ready = [](const std::string& address) {
-        writeOutput(address + "\n");
-        flushOutput();
-    };
+    setup.ready = printAddress;
     setup.tell = complain;
-    setup.interrupts = [] { return static_cast<int>(windowInterrupts); };
-    const bool ran = window::run(session, setup);
-    if (!ran) complain("no port of 127.0.0.1 is free for the window");
-    session.setProgress(showProgress);
-    if (!ran) return kFailed;
-    return windowInterrupts > 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
+    setup.takeInterrupt = takeInterrupt;
+    switch (window::run(session, setup)) {
+        case window::End::NoPort:
+            complain("--window: no port of 127.0.0.1 is free");
+            return kFailed;
+        case window::End::Interrupted:
+            return kInterrupted;
+        default:
+            return session.exitStatus();
+    }
 }

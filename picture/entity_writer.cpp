@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "host/tags/tag_values.h"
 #include "picture/plain_text.h"
 #include "picture/written_lines.h"
 
@@ -96,15 +97,14 @@ void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const 
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
                               const std::string& note) {
-    const std::string_view type = host::trimmed(shown.entity->type());
+    const std::string_view type = shown.entity->type();
     svg += "<title>";
     svg += m_names.of(m_store, type);
     svg += ' ';
     svg += host::formatHandle(shown.entity->handle);
     if (type == "INSERT") {
-        const auto block = host::findTag(shown.entity->tags(), 2);
         svg += ", block ";
-        svg += m_names.of(m_store, block ? host::trimmed(block->value) : "");
+        svg += m_names.of(m_store, host::textTag(shown.entity->tags(), 2));
     }
     svg += ", layer ";
     svg += m_names.of(m_store, look.layer);
@@ -146,7 +146,7 @@ void EntityWriter::writeParts(std::string& svg, const Shown& shown, const Look& 
     for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
         const Frame& frame = m_scene.frames[i];
         const Look inner(*frame.source);
-        writeFrame(svg, frame.corners, std::string(host::trimmed(frame.source->type())),
+        writeFrame(svg, frame.corners, std::string(frame.source->type()),
                    role == Role::Plain ? m_inks.colourClass(inner, inner.layer, look) : "");
     }
     if (!all.empty()) svg.insert(start, "<path class=\"hit\" d=\"" + all + "\"/>");
@@ -160,8 +160,8 @@ std::string EntityWriter::styleOf(const Shown& shown, const OutlinePart& part, c
     if (role == Role::Plain)
         style = joined(m_inks.colourClass(isMain ? look : inner, part.layer, look), style);
     if (part.type == "HATCH") {
-        const auto solid = host::findTag(part.source->tags(), 70);
-        return joined(solid && host::integerOf(solid->value) == 1 ? "h s" : "h", style);
+        const bool solid = host::integerTag(part.source->tags(), 70) == 1;
+        return joined(solid ? "h s" : "h", style);
     }
     return part.type == "POINT" ? joined("p", style) : style;
 }

@@ -8,7 +8,7 @@
 #include <unordered_map>
 
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 #include "host/tags/tag_walk.h"
 
 namespace picture {

@@ -131,10 +131,8 @@ Scene readScene(const host::Store& store, host::Index space) {
     scene.outline.lines.reserve(store.count());
     scene.outline.arcs.reserve(store.count());
     host::OutlineMaker maker(store);
-    for (host::Index i = space == host::kNoIndex ? host::kNoIndex : store.firstLive(space);
-         i != host::kNoIndex; i = store.nextLive(store.at(i))) {
-        if (!host::isPaperViewport(store.at(i))) add(scene, maker, store.at(i));
-    }
+    for (const host::ObjectBody& entity : store.children(space))
+        if (!host::isPaperViewport(entity)) add(scene, maker, entity);
     return scene;
 }
 

@@ -179,8 +179,11 @@ KESTpickGroupEnt::KESTpickGroupEnt(bool attach) : m_bAttachedToEditor(false) {
 }
 
 KESTpickGroupEnt::~KESTpickGroupEnt() {
-    AcEditor* host = m_bAttachedToEditor ? editor() : nullptr;
-    if (host != nullptr) host->removeReactor(this);
+    const bool attached = m_bAttachedToEditor;
+    withinBoundary([this, attached] {
+        AcEditor* host = attached ? editor() : nullptr;
+        if (host != nullptr) host->removeReactor(this);
+    });
 }
 
 void KESTpickGroupEnt::pickfirstModified() { withinBoundary(followPickfirst); }

@@ -24,22 +24,21 @@ class Farewell {
     }
     bool isOver() {
         if (m_over || m_display == nullptr) return m_over;
-        const int interrupts = m_setup.interrupts();
-        const bool deserted = m_floor.deserted();
-        const bool asked = interrupts > 0 || deserted;
-        m_over = interrupts > 1 || (asked && m_display->nothingToLose());
+        const bool interrupted = m_setup.takeInterrupt(), deserted = m_floor.deserted();
+        if (interrupted) ++m_interrupts;
+        m_over = m_interrupts > 1 || ((interrupted || deserted) && m_display->nothingToLose());
         if (m_over) return true;
-        if (interrupts > m_interrupts)
+        if (interrupted)
             m_setup.tell("there is work that is not saved; Ctrl+C again leaves it; the page is " +
                          m_address);
         if (deserted && !m_deserted)
             m_setup.tell(
                 "the page was closed, and there is work that is not saved; open it again: " +
                 m_address);
-        m_interrupts = interrupts;
         m_deserted = deserted;
         return false;
     }
+    bool wasInterrupted() const { return m_over && m_interrupts > 0; }
 
   private:
     const Setup& m_setup;
@@ -61,7 +60,7 @@ void announce(const Setup& setup, const std::string& address, std::optional<Sign
 
 }  // namespace
 
-bool run(host::Session& session, const Setup& setup) {
+End run(host::Session& session, const Setup& setup) {
     Desk desk;
     Floor floor;
     Farewell farewell(setup, floor);
@@ -71,7 +70,7 @@ bool run(host::Session& session, const Setup& setup) {
     Server server(desk, floor, [&](const nlohmann::json& request, const Reply& reply) {
         display.answer(request, reply);
     });
-    if (!server.start()) return false;
+    if (!server.start()) return End::NoPort;
     host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
     session.setDiagnostics([&](const std::string& line) { conversation.diagnose(line); });
     host::printLine(host::fromUtf8(setup.greeting));
@@ -84,7 +83,7 @@ bool run(host::Session& session, const Setup& setup) {
     desk.close();
     session.setDiagnostics({});
     host::setCommandLineSink({});
-    return true;
+    return farewell.wasInterrupted() ? End::Interrupted : End::Quit;
 }
 
 }  // namespace window

@@ -26,12 +26,14 @@ struct Setup {
     std::function<void(const std::string& address)> ready;
     /// Receives one line for the person at the terminal.
     std::function<void(const std::string& line)> tell;
-    /// How often Ctrl+C was pressed.
-    std::function<int()> interrupts;
+    /// True when Ctrl+C was pressed since it was last asked.
+    std::function<bool()> takeInterrupt;
 };
 
+enum class End { Quit, Interrupted, NoPort };
+
 /// Lets a page work on the session until somebody quits, the page is closed with nothing left to
-/// save, or Ctrl+C is pressed (twice when there is). False when no port can be had.
-bool run(host::Session& session, const Setup& setup);
+/// save, or Ctrl+C is pressed (twice when there is).
+End run(host::Session& session, const Setup& setup);
 
 }  // namespace window

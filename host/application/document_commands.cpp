@@ -91,14 +91,14 @@ CommandStatus save(const std::string& path, bool keepName) {
 /// Saves under a name that is asked for.
 CommandStatus saveUnderName(bool keepName) {
     const HostDocument* document = session().impl().documents.current();
-    if (document == nullptr) return statusOf({"no drawing is open", 4});
+    if (document == nullptr) return statusOf({"no drawing is open", kUnwritable});
     std::string path;
     const PromptStatus status = promptSaveName(*document, path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::Ok) {
         const std::wstring extension = extensionOf(path);
         if (extension == L"DWG") {
-            return statusOf({path + ": only DXF can be written; name the file .dxf", 4});
+            return statusOf({path + ": only DXF can be written; name the file .dxf", kUnwritable});
         }
         if (extension.empty()) path += ".dxf";
         if (!mayReplace(*document, path)) return CommandStatus::Cancelled;
@@ -129,7 +129,8 @@ CommandStatus runOpen() {
     std::string path;
     const PromptStatus status = promptFile(L"\nEnter name of drawing to open: ", path);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
-    if (status == PromptStatus::None) return statusOf({"the name of a drawing is missing", 3});
+    if (status == PromptStatus::None)
+        return statusOf({"the name of a drawing is missing", kUnreadable});
     if (!exists(path) && exists(path + ".dxf")) path += ".dxf";
     return statusOf(session().openDrawing(path));
 }
@@ -159,7 +160,9 @@ CommandStatus runQuit() {
     return asked;
 }
 
-const BuiltinCommand kDocumentCommands[] = {
+}  // namespace
+
+const CommandTable kDocumentCommands = {
     {L"NEW", 0, runNew, L"opens a new, empty drawing"},
     {L"OPEN", 0, runOpen, L"opens a drawing: file"},
     {L"SAVE", 0, runSave, L"saves a copy of the drawing: file"},
@@ -169,11 +172,5 @@ const BuiltinCommand kDocumentCommands[] = {
     {L"CLOSE", 0, runClose, L"closes the drawing; asks about changes, but in a script drops them"},
     {L"QUIT", 0, runQuit, L"ends the program; asks about changes, but in a script drops them"},
 };
-
-}  // namespace
-
-void registerDocumentCommands() {
-    registerBuiltins(kDocumentCommands, std::size(kDocumentCommands));
-}
 
 }  // namespace host

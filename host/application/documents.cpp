@@ -125,19 +125,9 @@ int detachDocumentReactorsOf(const std::function<bool(const void*)>& isInLibrary
 
 }  // namespace host
 
-AcRxClass* AcApDocument::desc() {
-    static AcRxClass descriptor(L"AcApDocument", AcRxObject::desc());
-    return &descriptor;
-}
-AcRxClass* AcApDocument::isA() const { return desc(); }
 AcDbDatabase* AcApDocument::database() const { return nullptr; }
 const ACHAR* AcApDocument::fileName() const { return L""; }
 
-AcRxClass* AcApDocManagerReactor::desc() {
-    static AcRxClass descriptor(L"AcApDocManagerReactor", AcRxObject::desc());
-    return &descriptor;
-}
-AcRxClass* AcApDocManagerReactor::isA() const { return desc(); }
 AcApDocManagerReactor::~AcApDocManagerReactor() {
     if (!host::reactors().contains(this)) return;
     host::reactors().detach(this);
@@ -146,12 +136,6 @@ AcApDocManagerReactor::~AcApDocManagerReactor() {
 void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
 void AcApDocManagerReactor::documentToBeDestroyed(AcApDocument*) {}
 void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
-
-AcRxClass* AcApDocManager::desc() {
-    static AcRxClass descriptor(L"AcApDocManager", AcRxObject::desc());
-    return &descriptor;
-}
-AcRxClass* AcApDocManager::isA() const { return desc(); }
 
 AcApDocument* AcApDocManager::curDocument() const {
     host::Session* session = host::currentSession();

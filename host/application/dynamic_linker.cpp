@@ -26,12 +26,6 @@ AcRxDynamicLinker& dynamicLinker() {
 
 }  // namespace host
 
-AcRxClass* AcRxDynamicLinker::desc() {
-    static AcRxClass descriptor(L"AcRxDynamicLinker", AcRxObject::desc());
-    return &descriptor;
-}
-AcRxClass* AcRxDynamicLinker::isA() const { return desc(); }
-
 bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
     if (host::callFails("unlockApplication")) return false;
     host::recordEffect(host::EffectKind::Registration, L"unlockApplication");

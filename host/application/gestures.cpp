@@ -37,17 +37,14 @@ CommandStatus pickGesture(Session::Impl& session, bool shift) {
     }
     std::vector<AcDbObjectId> selection;
     std::wstring explanation;
-    if (session.documents.current() == nullptr) {
-        return session.fail({"no drawing is open", 1});
-    }
+    if (session.documents.current() == nullptr) return session.fail({"no drawing is open"});
     if (words.empty()) {
         return session.fail(
             {"a selection is missing: a point, W or C and two points, ALL, L, P, "
-             "(handent \"2A\") or NONE",
-             1});
+             "(handent \"2A\") or NONE"});
     }
     if (!parseSelection(words, selection, explanation)) {
-        return session.fail({toUtf8(explanation), 1});
+        return session.fail({toUtf8(explanation)});
     }
     if (selection.empty()) printLine(L"0 found");
     shift ? unpick(selection) : pick(selection);
@@ -93,7 +90,7 @@ CommandStatus switchGesture(Session::Impl& session) {
     if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
     HostDocument* document = namedDocument(session.documents, answer.text);
     if (document == nullptr)
-        return session.fail({toUtf8(answer.text) + ": no open drawing; SWITCH lists them", 1});
+        return session.fail({toUtf8(answer.text) + ": no open drawing; SWITCH lists them"});
     session.activate(*document);
     return CommandStatus::Done;
 }

@@ -20,13 +20,11 @@ CommandStatus runHelp() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kHelpCommands[] = {
-    {L"HELP", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runHelp, L"lists the commands"},
-};
-
 }  // namespace
 
-void registerHelpCommand() { registerBuiltins(kHelpCommands, std::size(kHelpCommands)); }
+const CommandTable kHelpCommands = {
+    {L"HELP", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runHelp, L"lists the commands"},
+};
 
 std::wstring commandHelp() {
     std::wstring text = L"Commands, and what they ask for:\n";

@@ -66,7 +66,6 @@ CommandStatus Session::callLisp(const std::wstring& expression) {
 CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
     LispCall call;
     Outcome outcome;
-    outcome.status = 1;
     if (!readLispCall(expression, call, outcome.error)) {
         outcome.error = toUtf8(expression) + ": " + outcome.error;
         return fail(outcome);

@@ -26,8 +26,7 @@ CommandStatus runArx() {
     if (word == L"?" || word == L"LIST") return listModules();
     const bool load = word == L"L" || word == L"LOAD";
     if (!load && word != L"U" && word != L"UNLOAD") {
-        return session.fail(
-            {toUtf8(option.text) + " is no option: ? lists, L loads, U unloads", 1});
+        return session.fail({toUtf8(option.text) + " is no option: ? lists, L loads, U unloads"});
     }
     const Answer file = prompt(L"\nApplication file: ");
     if (file.kind == Answer::Kind::Enter) return CommandStatus::Done;
@@ -38,12 +37,10 @@ CommandStatus runArx() {
     return outcome ? CommandStatus::Done : session.fail(outcome);
 }
 
-const BuiltinCommand kModuleCommands[] = {
-    {L"ARX", 0, runArx, L"applications: ? lists, L loads a file, U unloads one by its name"},
-};
-
 }  // namespace
 
-void registerModuleCommands() { registerBuiltins(kModuleCommands, std::size(kModuleCommands)); }
+const CommandTable kModuleCommands = {
+    {L"ARX", 0, runArx, L"applications: ? lists, L loads a file, U unloads one by its name"},
+};
 
 }  // namespace host

@@ -27,7 +27,7 @@ std::string fileNameOf(const std::string& path) {
     return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-Outcome failure(std::string text) { return {std::move(text), 1}; }
+Outcome failure(std::string text) { return {std::move(text)}; }
 
 /// Why the file cannot be an application, before the system's loader sees it; empty when it may.
 std::string fileProblem(const std::string& path) {

@@ -12,6 +12,7 @@
 #include "host/scripting/script.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
+#include "host/text/lisp_cursor.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -41,12 +42,11 @@ class WatchedSource : public InputSource {
 
 CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
-    if (document == nullptr) return session.fail({"no drawing is open", 1});
-    const auto value = parseHandle(toUtf8(handle));
-    const ObjectBody* body = value ? document->database()->store().byHandle(*value) : nullptr;
+    if (document == nullptr) return session.fail({"no drawing is open"});
+    const ObjectBody* body = document->database()->store().byHandle(toUtf8(handle));
     if (body == nullptr) {
         printLine(L"nil");
-        return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing", 1});
+        return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing"});
     }
     printLine(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
     return CommandStatus::Done;
@@ -86,7 +86,7 @@ void Session::Impl::diagnose(const std::string& line) {
 
 void Session::Impl::reportCommand(const std::string& where, const std::wstring& command,
                                   CommandStatus status) {
-    exitStatus = std::max(exitStatus, 1);
+    exitStatus = std::max(exitStatus, kFailed);
     std::string line = where.empty() ? where : where + ": ";
     const std::string problem = toUtf8(takeProblem());
     const std::string name = toUtf8(command);

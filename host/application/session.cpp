@@ -48,10 +48,12 @@ Session::Session() : m_impl(std::make_unique<Impl>()) {
     detachAllDocumentReactors();
     registerEditorServices();
     registerService(L"DynamicLinker", &dynamicLinker());
-    registerHostCommands();
-    registerDocumentCommands();
-    registerModuleCommands();
-    registerHelpCommand();
+    for (const CommandTable* commands :
+         {&kFigureCommands, &kSelectionCommands, &kTransformCommands, &kClipboardCommands,
+          &kUndoCommands, &kInquiryCommands, &kSettingCommands, &kViewCommands, &kDocumentCommands,
+          &kModuleCommands, &kHelpCommands})
+        registerBuiltins(*commands);
+    dropClipboard();
     clearEffects();
     clearModuleFaults();
     m_impl->heldAtStart = heldNow();
@@ -82,9 +84,8 @@ Outcome Session::Impl::mayAddDocument() const {
     const Module* single = documents.count() > 0 ? modules.withoutMdi() : nullptr;
     if (single == nullptr) return {};
     return {single->name +
-                " does not work with several drawings: close the open drawing or unload " +
-                single->name,
-            1};
+            " does not work with several drawings: close the open drawing or unload " +
+            single->name};
 }
 
 void Session::Impl::close(HostDocument& document) {
@@ -97,13 +98,13 @@ void Session::Impl::close(HostDocument& document) {
 
 Outcome Session::Impl::save(const std::string& path, bool keepName) {
     HostDocument* document = documents.current();
-    if (document == nullptr) return {"no drawing is open", 4};
+    if (document == nullptr) return {"no drawing is open", kUnwritable};
     const std::wstring target = path.empty() ? document->path() : fromUtf8(absolutePath(path));
-    if (target.empty()) return {"the drawing has no name yet: save it with SAVEAS", 4};
+    if (target.empty()) return {"the drawing has no name yet: save it with SAVEAS", kUnwritable};
     const HostDocument* holder = documents.withPath(target);
     if (holder != nullptr && holder != document) {
         return {toUtf8(target) + ": open as another drawing; choose another name or close that one",
-                4};
+                kUnwritable};
     }
     modules.sendToAll(AcRx::kSaveMsg);
     notifyBeginSave(document->database(), target);
@@ -113,7 +114,7 @@ Outcome Session::Impl::save(const std::string& path, bool keepName) {
     const FormerFile former = hasSaved(file) ? FormerFile::Replaced : FormerFile::KeptAsBackup;
     if (!host::saveDrawing(document->database()->store(), file, error, progressOf(*this, what),
                            former)) {
-        return {error.message(), 4};
+        return {error.message(), kUnwritable};
     }
     saved.insert(withoutLinks(file));
     if (!keepName || document->path().empty()) document->setPath(target);
@@ -142,10 +143,10 @@ Outcome Session::newDrawing() {
 Outcome Session::openDrawing(const std::string& path, const std::string& target) {
     if (const Outcome refused = m_impl->mayAddDocument(); !refused) return refused;
     const std::wstring file = fromUtf8(absolutePath(path));
-    if (m_impl->documents.withPath(file) != nullptr) return {path + ": open already", 3};
+    if (m_impl->documents.withPath(file) != nullptr) return {path + ": open already", kUnreadable};
     DxfError error;
     std::unique_ptr<Store> store = loadDrawing(path, error, progressOf(*m_impl, "Loading " + path));
-    if (store == nullptr) return {error.message(), 3};
+    if (store == nullptr) return {error.message(), kUnreadable};
     if (m_impl->documents.current() != nullptr) m_impl->modules.sendToAll(AcRx::kSaveMsg);
     return m_impl->addDocument(std::make_unique<AcDbDatabase>(std::move(store)),
                                target.empty() ? file : fromUtf8(absolutePath(target)));
@@ -159,7 +160,7 @@ bool Session::hasSaved(const std::string& path) const {
 
 Outcome Session::closeDrawing() {
     HostDocument* document = m_impl->documents.current();
-    if (document == nullptr) return {"no drawing is open", 1};
+    if (document == nullptr) return {"no drawing is open"};
     afterCommand([impl = m_impl.get(), document] {
         impl->close(*document);
         const std::size_t left = impl->documents.count();
@@ -172,8 +173,7 @@ Outcome Session::activate(std::size_t index) {
     HostDocument* document = m_impl->documents.at(index);
     if (document == nullptr) {
         return {"drawing " + std::to_string(index) + " is not open: there are " +
-                    std::to_string(documentCount()),
-                1};
+                std::to_string(documentCount())};
     }
     m_impl->activate(*document);
     return {};
@@ -215,6 +215,6 @@ void Session::setDiagnostics(std::function<void(const std::string&)> diagnostics
     m_impl->diagnostics = std::move(diagnostics);
 }
 
-int Session::exitStatus() const { return m_impl->exitStatus; }
+ExitStatus Session::exitStatus() const { return m_impl->exitStatus; }
 
 }  // namespace host

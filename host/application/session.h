@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/application/exit_status.h"
 #include "host/editor/run/command_runner.h"
 #include "host/objectarx/documents.h"
 
@@ -15,11 +16,10 @@ namespace host {
 
 class InputSource;
 
-/// Outcome of an operation that can fail: empty text means success. `status` is the exit status of
-/// drafthost for this failure.
+/// Outcome of an operation that can fail: empty text means success. `status` is that of a failure.
 struct Outcome {
     std::string error;
-    int status = 0;
+    ExitStatus status = kFailed;
     explicit operator bool() const { return error.empty(); }
 };
 
@@ -36,12 +36,12 @@ class Session {
     // --- documents ----------------------------------------------------------------------------
     /// Opens a new empty drawing and makes it current.
     Outcome newDrawing();
-    /// Loads a drawing and makes it current. Status 3 when it cannot be read. With a `target` the
-    /// drawing is that file's from then on: QSAVE writes there, and the source stays as it is.
+    /// Loads a drawing and makes it current; kUnreadable when it cannot be read. With a `target`
+    /// the drawing is that file's from then on: QSAVE writes there, and the source stays as it is.
     Outcome openDrawing(const std::string& path, const std::string& target = {});
     /// Saves the current drawing: beginSave, file, saveComplete. An empty path means its own.
-    /// Status 4 when it cannot be written; the former file is whole then. The first save of a file
-    /// in a session keeps the former one as a backup, the later ones leave that backup alone.
+    /// kUnwritable when it cannot be written; the former file is whole then. The first save of a
+    /// file in a session keeps the former one as a backup, the later ones leave that backup alone.
     Outcome saveDrawing(const std::string& path);
     /// True when this session has written the file.
     bool hasSaved(const std::string& path) const;
@@ -55,7 +55,7 @@ class Session {
     AcDbDatabase* database() const;
 
     // --- modules ------------------------------------------------------------------------------
-    /// Loads an application: kInitAppMsg, then kLoadDwgMsg for each open document. Status 1.
+    /// Loads an application: kInitAppMsg, then kLoadDwgMsg for each open document.
     Outcome loadModule(const std::string& path);
     /// Unloads it, by file name without regard to case: kUnloadDwgMsg for each, kUnloadAppMsg.
     /// Refused for a locked one.
@@ -88,8 +88,8 @@ class Session {
     /// Receives one line, without line end, for each command that did not end well: where, what and
     /// what to do. Without a receiver the lines appear on the command line.
     void setDiagnostics(std::function<void(const std::string& line)> diagnostics);
-    /// Highest exit status that a command has earned so far: 0, 1, 3 or 4.
-    int exitStatus() const;
+    /// Highest exit status that a command has earned so far.
+    ExitStatus exitStatus() const;
 
     struct Impl;
     Impl& impl() { return *m_impl; }

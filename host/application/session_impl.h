@@ -23,7 +23,7 @@ struct Session::Impl {
     std::function<void(const std::string&)> diagnostics;
     HeldCounts heldAtStart = {};  ///< left over by an earlier session of the process
     bool quit = false;
-    int exitStatus = 0;
+    ExitStatus exitStatus = kDone;
     /// Files that this session has written, links followed: each one's former content is kept once.
     std::set<std::string> saved;
 
@@ -49,9 +49,7 @@ struct Session::Impl {
     void diagnose(const std::string& line);
 };
 
-/// Commands that need documents and modules, for the table of built-in commands.
-void registerDocumentCommands();
-void registerModuleCommands();
-void registerHelpCommand();
+/// Commands that need documents and modules.
+extern const CommandTable kDocumentCommands, kModuleCommands, kHelpCommands;
 
 }  // namespace host

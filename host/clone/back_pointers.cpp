@@ -14,15 +14,14 @@
 namespace host {
 namespace {
 
-constexpr std::string_view kUsers[] = {
-    "INSERT",     "DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION",
-    "LEADER",     "TOLERANCE", "ACAD_TABLE",    "MULTILEADER",
-    "IMAGE",      "WIPEOUT",   "PDFUNDERLAY",   "DWFUNDERLAY",
-    "DGNUNDERLAY"};
+constexpr std::string_view kUsers[] = {"INSERT",      "LEADER",      "TOLERANCE",
+                                       "MULTILEADER", "IMAGE",       "WIPEOUT",
+                                       "PDFUNDERLAY", "DWFUNDERLAY", "DGNUNDERLAY"};
 
 bool usesDefinitions(const ObjectBody& source) {
-    return isEntityKind(source.kind) && std::find(std::begin(kUsers), std::end(kUsers),
-                                                  trimmed(source.type())) != std::end(kUsers);
+    if (!isEntityKind(source.kind)) return false;
+    return blockPictureOf(source.type()) != BlockPicture::None ||
+           std::find(std::begin(kUsers), std::end(kUsers), source.type()) != std::end(kUsers);
 }
 
 bool namesUser(const ObjectBody& definition, const TagWalk& tag) {
@@ -57,7 +56,7 @@ class UserLists {
             }
             const TagType type = tagTypeOf(tag.code());
             if (type != TagType::HardPointer && type != TagType::HardOwner) continue;
-            const ObjectBody* const named = m_from.byHandle(parseHandle(tag.value()).value_or(0));
+            const ObjectBody* const named = m_from.byHandle(tag.value());
             if (type == TagType::HardPointer)
                 definitions.push_back(named);
             else if (named != nullptr)

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "host/content/fields.h"
+#include "host/store/body_text.h"
 #include "host/store/data_records.h"
 #include "host/store/store.h"
 
@@ -51,8 +52,8 @@ void cloneEntity(const ObjectBody& source, Store& to, ObjectBody& owner, CloneMa
     };
     ObjectBody& made = clonePart(source, owner.self);
     to.appendChild(owner.self, made);
-    for (Index at = from.firstLive(source.self); at != kNoIndex; at = from.nextLive(from.at(at)))
-        to.appendChild(made.self, clonePart(from.at(at), made.self));
+    for (const ObjectBody& part : from.children(source.self))
+        to.appendChild(made.self, clonePart(part, made.self));
     const Index end = source.sequenceEnd;
     if (end != kNoIndex && !from.at(end).erased)
         to.setSequenceEnd(made, clonePart(from.at(end), made.self));
@@ -69,7 +70,7 @@ void translateClones(const Store& from, Store& to, const CloneMap& map, Index fi
                      FateOfOthers others) {
     ReferenceRewriter rewriter(
         [&](const ObjectBody& clone, ReferencePlace place, const Tag& tag) -> ReferenceFate {
-            const ObjectBody* target = from.byHandle(parseHandle(tag.value).value_or(0));
+            const ObjectBody* target = from.byHandle(tag.value);
             const Index found = target != nullptr ? map.cloneOf(*target) : kNoIndex;
             if (found == kNoIndex) return others(clone, place, tag.code);
             return {ReferenceFate::Turn, to.at(found).handle};

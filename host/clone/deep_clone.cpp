@@ -13,7 +13,7 @@ void cloneOwned(Store& store, const ObjectBody& source, CloneMap& map) {
     TagWalk tag(source.tags());
     while (tag.next()) {
         if (!isOwnerCode(tag.code())) continue;
-        const ObjectBody* owned = store.byHandle(parseHandle(tag.value()).value_or(0));
+        const ObjectBody* owned = store.byHandle(tag.value());
         if (goesAlong(source, owned, map))
             store.appendChild(store.objectsList(),
                               cloneBody(*owned, store, map.cloneOf(source), map));

@@ -5,16 +5,18 @@
 
 #include "host/clone/back_pointers.h"
 #include "host/clone/deep_clone.h"
-#include "host/content/fields.h"
+#include "host/content/references.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
 
-bool isTable(const ObjectBody& entity) { return trimmed(entity.type()) == "ACAD_TABLE"; }
+bool isTable(const ObjectBody& entity) {
+    return blockPictureOf(entity.type()) == BlockPicture::Table;
+}
 
 /// Where an entity names its block.
 FieldPlace blockPlace(const ObjectBody& entity) {
@@ -24,11 +26,9 @@ FieldPlace blockPlace(const ObjectBody& entity) {
 }  // namespace
 
 ObjectBody* pictureOf(const ObjectBody& entity) {
-    const auto name = fieldValue(entity.tags(), blockPlace(entity));
-    if (!name || name->empty()) return nullptr;
-    const Store& store = *entity.store;
-    ObjectBody* record = store.symbol("BLOCK_RECORD", store.decode(*name));
-    return record != nullptr && !record->erased ? record : nullptr;
+    const std::string_view name = rawTag(entity.tags(), blockPlace(entity));
+    if (name.empty()) return nullptr;
+    return entity.store->liveSymbol("BLOCK_RECORD", entity.decode(name));
 }
 
 ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& like) {
@@ -44,7 +44,7 @@ ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& l
     const BlockParts parts = like.store->blockParts(like.self);
     if (parts.begin != kNoIndex) {
         const std::string_view block = like.store->at(parts.begin).tags();
-        addPointTag(text, 10, realTag(block, 10, 0), realTag(block, 20, 0), realTag(block, 30, 0));
+        addPointTag(text, 10, realTag(block, 10), realTag(block, 20), realTag(block, 30));
     }
     ObjectBody fresh;
     fresh.kind = Kind::BlockRecord;
@@ -60,14 +60,14 @@ ObjectBody& copyPicture(Store& store, ObjectBody& entity) {
     ObjectBody& old = *pictureOf(entity);
     ObjectBody& made = makeAnonymousBlock(store, isTable(entity) ? L'T' : L'D', old);
     std::vector<ObjectBody*> contents;
-    for (Index at = store.firstLive(old.self); at != kNoIndex; at = store.nextLive(store.at(at)))
-        contents.push_back(&store.at(at));
+    for (ObjectBody& part : store.children(old.self))
+        contents.push_back(&part);
     CloneMap map;
     copyWithOwned(store, contents, made, map);
     translateReferences(store, map);
     std::string text(entity.tags());
-    setFieldValue(text, blockPlace(entity), store.encode(symbolName(made)));
-    if (isTable(entity)) setFieldValue(text, kRecordOfTable, formatHandle(made.handle));
+    setTag(text, blockPlace(entity), store.encode(symbolName(made)));
+    if (isTable(entity)) setTag(text, kRecordOfTable, formatHandle(made.handle));
     entity.setTags(text);
     leaveDefinition(old, entity.handle);
     return made;

@@ -9,7 +9,7 @@
 #include "host/content/dictionary_text.h"
 #include "host/content/listings.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -104,7 +104,7 @@ void bringClasses(const Store& from, Store& to, Index firstNew) {
     std::string records;
     std::string_view former;
     for (Index index = firstNew; index <= to.count(); ++index) {
-        const std::string_view type = trimmed(to.at(index).type());
+        const std::string_view type = to.at(index).type();
         if (type == std::exchange(former, type)) continue;  // many of a type stand together
         const auto record = known.find(type);
         if (record == known.end() || there.count(type) != 0 || !added.insert(type).second) continue;

@@ -8,6 +8,7 @@
 #include "host/content/dictionary_text.h"
 #include "host/content/references.h"
 #include "host/store/store.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -60,7 +61,7 @@ class Collector {
                 type == TagType::HardOwner || (hardEntries && type == TagType::SoftOwner);
             constexpr int kExtended = 1005;  // a dimension's own text style, arrows and linetypes
             if (!owned && type != TagType::HardPointer && tag.code() != kExtended) continue;
-            const ObjectBody* target = m_from.byHandle(parseHandle(tag.value()).value_or(0));
+            const ObjectBody* target = m_from.byHandle(tag.value());
             if (tag.code() == kExtended && (target == nullptr || !isRecordKind(target->kind)))
                 continue;
             if (owned && goesAlong(source, target, m_map)) {
@@ -87,11 +88,8 @@ class Collector {
 
     /// A shape does not say which of the loaded files has it.
     void bringShapeFiles() {
-        const Index styles = m_from.table("STYLE");
-        Index at = styles != kNoIndex ? m_from.firstLive(styles) : kNoIndex;
-        for (; at != kNoIndex; at = m_from.nextLive(m_from.at(at)))
-            if (symbolName(m_from.at(at)).empty() && m_map.cloneOf(m_from.at(at)) == kNoIndex)
-                bringRecord(m_from.at(at));
+        for (const ObjectBody& style : m_from.children(m_from.table("STYLE")))
+            if (symbolName(style).empty() && m_map.cloneOf(style) == kNoIndex) bringRecord(style);
     }
 
     /// The record of the target that stands for one of the source. A shape file has no name: there
@@ -99,24 +97,20 @@ class Collector {
     ObjectBody* counterpart(const ObjectBody& record, Index table, const std::wstring& name) const {
         if (!name.empty()) return m_to.symbol(table, name);
         const auto fileOf = [](const ObjectBody& body) {
-            const auto file = findTag(body.tags(), 3);
-            return foldCase(body.store->decode(file ? file->value : ""));
+            return foldCase(body.decode(rawTag(body.tags(), 3)));
         };
-        for (Index at = m_to.firstLive(table); at != kNoIndex; at = m_to.nextLive(m_to.at(at)))
-            if (symbolName(m_to.at(at)).empty() && fileOf(m_to.at(at)) == fileOf(record))
-                return &m_to.at(at);
+        for (ObjectBody& each : m_to.children(table))
+            if (symbolName(each).empty() && fileOf(each) == fileOf(record)) return &each;
         return nullptr;
     }
 
     void bringSymbol(const char* table, std::string_view name) {
-        const ObjectBody* record = m_from.symbol(table, m_from.decode(name));
-        if (record != nullptr && !record->erased && m_map.cloneOf(*record) == kNoIndex)
-            bringRecord(*record);
+        const ObjectBody* record = m_from.liveSymbol(table, m_from.decode(name));
+        if (record != nullptr && m_map.cloneOf(*record) == kNoIndex) bringRecord(*record);
     }
 
     void bringRecord(const ObjectBody& record) {
-        const auto tableName = findTag(m_from.at(record.owner).tags(), 2);
-        const Index table = tableName ? m_to.table(tableName->value) : kNoIndex;
+        const Index table = m_to.table(rawTag(m_from.at(record.owner).tags(), 2));
         if (table == kNoIndex) return;
         const std::wstring name = symbolName(record);
         const bool isBlock = record.kind == Kind::BlockRecord;
@@ -144,9 +138,8 @@ class Collector {
     }
 
     void copyContents(const ObjectBody& record, ObjectBody& made) {
-        for (Index at = m_from.firstLive(record.self); at != kNoIndex;
-             at = m_from.nextLive(m_from.at(at)))
-            if (m_map.cloneOf(m_from.at(at)) == kNoIndex) copyEntity(m_from.at(at), made);
+        for (const ObjectBody& entity : m_from.children(record.self))
+            if (m_map.cloneOf(entity) == kNoIndex) copyEntity(entity, made);
     }
 
     /// What the target has where a named object or dictionary of the source stands: its own under

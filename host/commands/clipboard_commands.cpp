@@ -1,12 +1,11 @@
 // COPYCLIP, CUTCLIP and PASTECLIP, through a drawing that the application keeps.
 #include <algorithm>
-#include <iterator>
 #include <memory>
 
 #include "host/clone/wblock_clone.h"
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
+#include "host/commands/open_drawing.h"
 #include "host/content/fields.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
@@ -86,9 +85,7 @@ bool mayHold(const ObjectBody& space, const std::vector<ObjectBody*>& entities) 
     return false;
 }
 
-CommandStatus runPasteClip() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runPasteClip(Store& store) {
     if (clipboard().drawing == nullptr) {
         printProblem(L"The clipboard is empty: use COPYCLIP or CUTCLIP first.");
         return CommandStatus::Failed;
@@ -98,32 +95,27 @@ CommandStatus runPasteClip() {
         return CommandStatus::Cancelled;
     Store& source = clipboard().drawing->store();
     std::vector<ObjectBody*> entities;
-    for (Index at = source.firstLive(source.modelSpace()); at != kNoIndex;
-         at = source.nextLive(source.at(at)))
-        entities.push_back(&source.at(at));
-    ObjectBody& space = store->at(store->currentSpace());
+    for (ObjectBody& entity : source.children(source.modelSpace()))
+        entities.push_back(&entity);
+    ObjectBody& space = store.at(store.currentSpace());
     EntityTransform moved(displacement(Vec{point.x, point.y, point.z} - clipboard().base), "moved");
     if (!mayHold(space, entities) || !canTransform(moved, entities)) return CommandStatus::Failed;
-    moved.apply(*store, wblockClone({entities.begin(), entities.end()}, *store, space));
+    moved.apply(store, wblockClone({entities.begin(), entities.end()}, store, space));
     return CommandStatus::Done;
 }
 
 constexpr Adesk::Int32 kKeepsPickfirst = ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW;
 
-const BuiltinCommand kClipboardCommands[] = {
+}  // namespace
+
+void dropClipboard() { clipboard() = {}; }
+
+const CommandTable kClipboardCommands = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
     {L"CUTCLIP", ACRX_CMD_USEPICKSET, runCutClip, L"the same, and erases them"},
-    {L"PASTECLIP", 0, runPasteClip, L"inserts what the clipboard holds: insertion point"},
+    {L"PASTECLIP", 0, onDrawing<runPasteClip>,
+     L"inserts what the clipboard holds: insertion point"},
 };
-
-}  // namespace
-
-void registerClipboardCommands() {
-    dropClipboard();
-    registerBuiltins(kClipboardCommands, std::size(kClipboardCommands));
-}
-
-void dropClipboard() { clipboard() = {}; }
 
 }  // namespace host

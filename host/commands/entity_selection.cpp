@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/editor/dialogue/input.h"

@@ -1,9 +1,9 @@
 // LINE, CIRCLE, POINT and TEXT.
 #include <cmath>
 
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
+#include "host/commands/open_drawing.h"
 #include "host/commands/point_or_word.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -47,9 +47,7 @@ void undoSegment(Segments& figure) {
 }
 
 /// Segments until Enter; C closes the figure once it has two, U takes the last one back.
-CommandStatus runLine() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runLine(Store& store) {
     AcGePoint3d next;
     PromptStatus status = promptPoint(L"\nSpecify first point: ", nullptr, next);
     if (status != PromptStatus::Ok) {
@@ -67,15 +65,13 @@ CommandStatus runLine() {
             continue;
         }
         if (word == L'C') next = figure.points.front();
-        figure.lines.push_back(drawLine(*store, figure.points.back(), next));
+        figure.lines.push_back(drawLine(store, figure.points.back(), next));
         figure.points.push_back(next);
         if (word == L'C') return CommandStatus::Done;
     }
 }
 
-CommandStatus runCircle() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runCircle(Store& store) {
     AcGePoint3d centre;
     if (promptPoint(L"\nSpecify center point for circle: ", nullptr, centre) != PromptStatus::Ok) {
         return CommandStatus::Cancelled;
@@ -92,13 +88,11 @@ CommandStatus runCircle() {
     addTag(tags, 100, "AcDbCircle");
     addPoint(tags, 10, centre);
     addTag(tags, 40, radius);
-    addEntity(*store, "CIRCLE", tags);
+    addEntity(store, "CIRCLE", tags);
     return CommandStatus::Done;
 }
 
-CommandStatus runPoint() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runPoint(Store& store) {
     AcGePoint3d point;
     if (promptPoint(L"\nSpecify a point: ", nullptr, point) != PromptStatus::Ok) {
         return CommandStatus::Cancelled;
@@ -106,7 +100,7 @@ CommandStatus runPoint() {
     std::string tags;
     addTag(tags, 100, "AcDbPoint");
     addPoint(tags, 10, point);
-    addEntity(*store, "POINT", tags);
+    addEntity(store, "POINT", tags);
     return CommandStatus::Done;
 }
 
@@ -119,15 +113,13 @@ bool realOr(const std::wstring& question, double& value) {
     return status != PromptStatus::Cancel;
 }
 
-CommandStatus runText() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runText(Store& store) {
     constexpr double kHeightOfNewDrawings = 2.5;
     AcGePoint3d start;
     if (promptPoint(L"\nSpecify start point of text: ", nullptr, start) != PromptStatus::Ok) {
         return CommandStatus::Cancelled;
     }
-    double height = parseReal(store->headerValue("$TEXTSIZE").value_or("")).value_or(0.0);
+    double height = parseReal(store.headerValue("$TEXTSIZE").value_or("")).value_or(0.0);
     if (!(height > 0.0)) height = kHeightOfNewDrawings;
     double rotation = 0.0;
     if (!realOr(L"\nSpecify height", height)) return CommandStatus::Cancelled;
@@ -147,19 +139,18 @@ CommandStatus runText() {
     addTag(tags, 1, encodeText(text, Encoding()));  // a NUL has to be escaped
     addTag(tags, 50, rotation);
     addTag(tags, 100, "AcDbText");
-    addEntity(*store, "TEXT", tags);
+    addEntity(store, "TEXT", tags);
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kFigureCommands[] = {
-    {L"LINE", 0, runLine, L"line segments: points, C closes, U takes one back, Enter ends"},
-    {L"CIRCLE", 0, runCircle, L"a circle: centre, radius"},
-    {L"POINT", 0, runPoint, L"a point"},
-    {L"TEXT", 0, runText, L"a line of text: start, height, rotation in degrees, text"},
-};
-
 }  // namespace
 
-void registerFigureCommands() { registerBuiltins(kFigureCommands, std::size(kFigureCommands)); }
+const CommandTable kFigureCommands = {
+    {L"LINE", 0, onDrawing<runLine>,
+     L"line segments: points, C closes, U takes one back, Enter ends"},
+    {L"CIRCLE", 0, onDrawing<runCircle>, L"a circle: centre, radius"},
+    {L"POINT", 0, onDrawing<runPoint>, L"a point"},
+    {L"TEXT", 0, onDrawing<runText>, L"a line of text: start, height, rotation in degrees, text"},
+};
 
 }  // namespace host

@@ -1,10 +1,9 @@
 // LIST and AUDIT.
-#include <iterator>
 #include <string>
 #include <vector>
 
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/commands/open_drawing.h"
 #include "host/content/dictionary_text.h"
 #include "host/control/effects.h"
 #include "host/dxf/check/drawing_check.h"
@@ -12,23 +11,22 @@
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/state/active_command.h"
+#include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 #include "host/text/text_codec.h"
 
 namespace host {
 namespace {
 
-std::wstring wide(std::string_view text) { return fromUtf8(trimmed(text)); }
-
 /// "label X=.. Y=.. Z=.." for the point whose first tag has `code`; nothing without such a tag.
 void listPoint(std::string_view text, int code, const wchar_t* label) {
-    const auto x = findTag(text, code);
-    if (!x) return;
-    const auto y = findTag(text, code + 10);
-    const auto z = findTag(text, code + 20);
-    printLine(std::wstring(L"    ") + label + L" X=" + wide(x->value) + L" Y=" +
-              (y ? wide(y->value) : L"0.0") + L" Z=" + (z ? wide(z->value) : L"0.0"));
+    if (!findTag(text, code)) return;
+    const auto coordinate = [&](int beyond) {
+        return fromUtf8(textTag(text, code + beyond, "0.0"));
+    };
+    printLine(std::wstring(L"    ") + label + L" X=" + coordinate(0) + L" Y=" + coordinate(10) +
+              L" Z=" + coordinate(20));
 }
 
 void listValue(const Store& store, std::string_view text, int code, const wchar_t* label) {
@@ -59,8 +57,7 @@ void listGeometry(const Store& store, const ObjectBody& body) {
 
 /// Attributes of a block reference: "attribute TAG = text".
 void listAttributes(const Store& store, const ObjectBody& body) {
-    for (Index at = store.firstLive(body.self); at != kNoIndex; at = store.nextLive(store.at(at))) {
-        const ObjectBody& part = store.at(at);
+    for (const ObjectBody& part : store.children(body.self)) {
         const auto tag = findTag(part.tags(), 2);
         const auto text = findTag(part.tags(), 1);
         if (part.kind != Kind::Attribute || !tag || !text) continue;
@@ -79,9 +76,7 @@ void listApplicationData(const Store& store, const ObjectBody& body) {
     }
 }
 
-CommandStatus runList() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runList(Store& store) {
     std::vector<AcDbObjectId> selection;
     if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel) {
         return CommandStatus::Cancelled;
@@ -89,21 +84,19 @@ CommandStatus runList() {
     for (const AcDbObjectId id : selection) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr || body->erased) continue;
-        printLine(wide(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
+        printLine(fromUtf8(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
                   fromUtf8(formatHandle(body->handle)));
-        listGeometry(*store, *body);
-        listAttributes(*store, *body);
-        listApplicationData(*store, *body);
+        listGeometry(store, *body);
+        listAttributes(store, *body);
+        listApplicationData(store, *body);
     }
     return CommandStatus::Done;
 }
 
 /// Prints what the drawing check finds; Failed when the drawing is damaged.
-CommandStatus runAudit() {
-    const Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runAudit(Store& store) {
     long errors = 0;
-    const std::vector<Finding> findings = checkDrawing(*store);
+    const std::vector<Finding> findings = checkDrawing(store);
     for (const Finding& finding : findings) {
         const bool isError = finding.severity == Severity::Error;
         errors += isError ? 1 : 0;
@@ -116,13 +109,12 @@ CommandStatus runAudit() {
     return CommandStatus::Failed;
 }
 
-const BuiltinCommand kInquiryCommands[] = {
-    {L"LIST", ACRX_CMD_USEPICKSET, runList, L"type, layer, handle, geometry and data of entities"},
-    {L"AUDIT", 0, runAudit, L"checks the drawing for damage, changes nothing"},
-};
-
 }  // namespace
 
-void registerInquiryCommands() { registerBuiltins(kInquiryCommands, std::size(kInquiryCommands)); }
+const CommandTable kInquiryCommands = {
+    {L"LIST", ACRX_CMD_USEPICKSET, onDrawing<runList>,
+     L"type, layer, handle, geometry and data of entities"},
+    {L"AUDIT", 0, onDrawing<runAudit>, L"checks the drawing for damage, changes nothing"},
+};
 
 }  // namespace host

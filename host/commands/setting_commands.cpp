@@ -1,9 +1,8 @@
 // SETVAR, REGEN and MENULOAD.
-#include <iterator>
 #include <string>
 
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -51,8 +50,7 @@ CommandStatus runSetvar() {
 }
 
 /// Nothing is displayed here: the command exists for the notifications it causes.
-CommandStatus runRegen() {
-    if (drawingOrComplaint() == nullptr) return CommandStatus::Failed;
+CommandStatus runRegen(Store&) {
     printLine(L"Regenerating model.");
     return CommandStatus::Done;
 }
@@ -66,14 +64,12 @@ CommandStatus runMenuload() {
     return CommandStatus::Done;
 }
 
-const BuiltinCommand kSettingCommands[] = {
-    {L"SETVAR", 0, runSetvar, L"shows or sets a system variable: name, value; ? lists all"},
-    {L"REGEN", 0, runRegen, L"regenerates the drawing"},
-    {L"MENULOAD", 0, runMenuload, L"makes a menu group count as loaded: name"},
-};
-
 }  // namespace
 
-void registerSettingCommands() { registerBuiltins(kSettingCommands, std::size(kSettingCommands)); }
+const CommandTable kSettingCommands = {
+    {L"SETVAR", 0, runSetvar, L"shows or sets a system variable: name, value; ? lists all"},
+    {L"REGEN", 0, onDrawing<runRegen>, L"regenerates the drawing"},
+    {L"MENULOAD", 0, runMenuload, L"makes a menu group count as loaded: name"},
+};
 
 }  // namespace host

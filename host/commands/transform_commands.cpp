@@ -1,6 +1,4 @@
 // MOVE, COPY and MIRROR.
-#include <iterator>
-
 #include "host/clone/deep_clone.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
@@ -143,18 +141,14 @@ CommandStatus runCopy() { return editSelection(Locked::Taken, copyEntities); }
 
 CommandStatus runMirror() { return editSelection(Locked::Taken, mirrorEntities); }
 
-const BuiltinCommand kTransformCommands[] = {
+}  // namespace
+
+const CommandTable kTransformCommands = {
     {L"MOVE", ACRX_CMD_USEPICKSET, runMove, L"moves entities: base point, second point"},
     {L"COPY", ACRX_CMD_USEPICKSET, runCopy,
      L"copies entities: base point, a second point for each copy, Enter ends; Esc keeps them"},
     {L"MIRROR", ACRX_CMD_USEPICKSET, runMirror,
      L"mirrors entities, texts and patterns too: two points, erase the sources or not"},
 };
-
-}  // namespace
-
-void registerTransformCommands() {
-    registerBuiltins(kTransformCommands, std::size(kTransformCommands));
-}
 
 }  // namespace host

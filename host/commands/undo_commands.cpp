@@ -1,8 +1,6 @@
 // U, UNDO and REDO of whole commands.
-#include <iterator>
-
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -29,41 +27,32 @@ CommandStatus undo(Store& store, int count) {
     return finish(store.journal().undo(count), L"Everything has been undone.");
 }
 
-CommandStatus runU() {
-    Store* store = drawingOrComplaint();
-    return store != nullptr ? undo(*store, 1) : CommandStatus::Failed;
-}
+CommandStatus runU(Store& store) { return undo(store, 1); }
 
-CommandStatus runUndo() {
+CommandStatus runUndo(Store& store) {
     constexpr long long kMost = 32767;
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
     for (;;) {
         const Answer answer = prompt(L"\nEnter the number of operations to undo <1>: ");
-        if (answer.kind == Answer::Kind::Enter) return undo(*store, 1);
+        if (answer.kind == Answer::Kind::Enter) return undo(store, 1);
         if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
         const auto count = parseInteger(toUtf8(answer.text));
-        if (count && *count > 0 && *count <= kMost) return undo(*store, static_cast<int>(*count));
+        if (count && *count > 0 && *count <= kMost) return undo(store, static_cast<int>(*count));
         if (!wrongAnswer(L"\"" + answer.text +
                          L"\" is no number from 1 to 32767; UNDO has no other options here"))
             return CommandStatus::Cancelled;
     }
 }
 
-CommandStatus runRedo() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
-    return finish(store->journal().redo(), L"Everything has been redone.");
+CommandStatus runRedo(Store& store) {
+    return finish(store.journal().redo(), L"Everything has been redone.");
 }
-
-const BuiltinCommand kUndoCommands[] = {
-    {L"U", 0, runU, L"undoes the last command that changed the drawing"},
-    {L"UNDO", 0, runUndo, L"undoes several of them: number"},
-    {L"REDO", 0, runRedo, L"redoes what the last U or UNDO undid"},
-};
 
 }  // namespace
 
-void registerUndoCommands() { registerBuiltins(kUndoCommands, std::size(kUndoCommands)); }
+const CommandTable kUndoCommands = {
+    {L"U", 0, onDrawing<runU>, L"undoes the last command that changed the drawing"},
+    {L"UNDO", 0, onDrawing<runUndo>, L"undoes several of them: number"},
+    {L"REDO", 0, onDrawing<runRedo>, L"redoes what the last U or UNDO undid"},
+};
 
 }  // namespace host

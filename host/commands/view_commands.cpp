@@ -1,11 +1,10 @@
 // ZOOM. Nothing is displayed: what the view decides is how far the pick box reaches.
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <sstream>
 
-#include "host/commands/command_support.h"
 #include "host/commands/commands.h"
+#include "host/commands/open_drawing.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -53,34 +52,30 @@ bool zoomFactor(Store& store, std::wstring text) {
     return true;
 }
 
-CommandStatus runZoom() {
-    Store* store = drawingOrComplaint();
-    if (store == nullptr) return CommandStatus::Failed;
+CommandStatus runZoom(Store& store) {
     for (;;) {
         const Answer answer = prompt(
             L"\nSpecify corner of window or scale factor (n or nX), or "
             L"[All/Extents/Window] <Extents>: ");
         const std::wstring typed = foldCase(answer.text);
-        if (answer.kind == Answer::Kind::Enter) return zoomExtents(*store);
+        if (answer.kind == Answer::Kind::Enter) return zoomExtents(store);
         if (answer.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
         for (const wchar_t* all : {L"A", L"ALL", L"E", L"EXTENTS"})
-            if (typed == all) return zoomExtents(*store);
-        if (typed == L"W" || typed == L"WINDOW") return zoomWindow(*store, {}, false);
+            if (typed == all) return zoomExtents(store);
+        if (typed == L"W" || typed == L"WINDOW") return zoomWindow(store, {}, false);
         if (const auto corner = readPoint(answer.text, nullptr))
-            return zoomWindow(*store, *corner, true);
-        if (zoomFactor(*store, typed)) return CommandStatus::Done;
+            return zoomWindow(store, *corner, true);
+        if (zoomFactor(store, typed)) return CommandStatus::Done;
         if (!wrongAnswer(L"\"" + answer.text + L"\" is no corner, factor, A, E or W"))
             return CommandStatus::Cancelled;
     }
 }
 
-const BuiltinCommand kViewCommands[] = {
-    {L"ZOOM", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, runZoom,
-     L"how far picks reach: E extents, W two corners, a factor n or nX"},
-};
-
 }  // namespace
 
-void registerViewCommands() { registerBuiltins(kViewCommands, std::size(kViewCommands)); }
+const CommandTable kViewCommands = {
+    {L"ZOOM", ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW, onDrawing<runZoom>,
+     L"how far picks reach: E extents, W two corners, a factor n or nX"},
+};
 
 }  // namespace host

@@ -3,16 +3,9 @@
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
-
-namespace {
-
-std::wstring decodedKey(const ObjectBody& dictionary, std::string_view key) {
-    return dictionary.store != nullptr ? dictionary.store->decode(key) : fromUtf8(key);
-}
-
-}  // namespace
 
 bool DictionaryReader::next(DictionaryEntry& entry) {
     bool haveKey = false;
@@ -39,7 +32,7 @@ std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstr
     DictionaryReader reader(dictionary.tags());
     DictionaryEntry entry;
     while (reader.next(entry))
-        if (foldCase(decodedKey(dictionary, entry.key)) == folded) return entry;
+        if (foldCase(dictionary.decode(entry.key)) == folded) return entry;
     return std::nullopt;
 }
 
@@ -58,9 +51,8 @@ bool removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
 
 void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handle) {
     std::string text(dictionary.tags());
-    std::string entry;
-    addTag(entry, 3, dictionary.store->encode(key));
-    addHandleTag(entry, ownsHard(text) ? 360 : 350, handle);
+    const std::string entry = storedTags(
+        {{3, dictionary.encode(key)}, {ownsHard(text) ? 360 : 350, formatHandle(handle)}});
     // In front of a further subclass part (a default entry) and of extended data.
     std::size_t place = text.size();
     bool inPart = false;
@@ -75,14 +67,10 @@ void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handl
 }
 
 std::string newDictionaryText(bool hard) {
-    std::string text;
-    addTag(text, 0, "DICTIONARY");
-    addTag(text, 100, "AcDbDictionary");
-    if (hard) addTag(text, 280, 1);
-    addTag(text, 281, 1);
-    return text;
+    std::string text = storedTags({{0, "DICTIONARY"}, {100, "AcDbDictionary"}});
+    return text += hard ? "280\n1\n281\n1\n" : "281\n1\n";
 }
 
-bool ownsHard(std::string_view dictionaryText) { return integerTag(dictionaryText, 280, 0) != 0; }
+bool ownsHard(std::string_view dictionaryText) { return integerTag(dictionaryText, 280) != 0; }
 
 }  // namespace host

@@ -1,26 +1,16 @@
 // What an entity's fields are: where each stands in the tags, its type and its default.
 //
-// A field belongs to a subclass part of the tags (100 to the next 100). Tags inside 102
-// brackets, xdata and embedded objects never count. A drawing without subclass markers is searched
-// as a whole. Tags that no field names stay as they are.
+// What counts as a field's tag, tag_values.h says. Tags that no field names stay as they are.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "host/objectarx/geometry.h"
 #include "host/store/object_body.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
-
-/// Where a field stands.
-struct FieldPlace {
-    std::string_view subclass;
-    int code = 0;
-    int occurrence = 0;          ///< which part of that name: TEXT has "AcDbText" twice
-    bool storesDefault = false;  ///< the tag is written even when the value is the default
-};
 
 struct RealField {
     FieldPlace place;
@@ -38,13 +28,6 @@ struct TextField {
     FieldPlace place;
     std::wstring_view fallback;
 };
-
-/// Value of a tag as it is stored, or nothing when the tag is absent.
-std::optional<std::string_view> fieldValue(std::string_view text, const FieldPlace& place);
-/// Replaces the value in place, or adds the tag at the end of its subclass part.
-void setFieldValue(std::string& text, const FieldPlace& place, std::string_view value);
-/// Takes the tag away; harmless when it is absent.
-void removeField(std::string& text, const FieldPlace& place);
 
 /// Values of an object; the field's default when the tag is absent or malformed.
 double getField(const ObjectBody& body, const RealField& field);

@@ -7,25 +7,17 @@
 #include "host/tags/tags.h"
 
 namespace host {
-namespace {
-
-/// The handle that a tag of an object's subclass names; 0 when there is none.
-std::uint64_t pointerOf(const ObjectBody* object, const FieldPlace& place) {
-    if (object == nullptr) return 0;
-    return parseHandle(fieldValue(object->tags(), place).value_or("0")).value_or(0);
-}
-
-}  // namespace
 
 bool isPaperViewport(const ObjectBody& entity) {
     if (entity.type() != "VIEWPORT" || entity.owner == kNoIndex) return false;
     const Store& store = *entity.store;
     const ObjectBody& block = store.at(entity.owner);
     if (block.kind != Kind::BlockRecord || !isPaperSpace(block)) return false;
-    const long long number = integerTag(entity.tags(), 69, 0);
+    const int number = integerTag(entity.tags(), 69);
     if (number != 0) return number == 1;
-    const std::uint64_t layout = pointerOf(&block, {"AcDbBlockTableRecord", 340});
-    return pointerOf(store.byHandle(layout), {"AcDbLayout", 331}) == entity.handle;
+    const ObjectBody* const layout =
+        store.byHandle(handleTag(block.tags(), {"AcDbBlockTableRecord", 340}));
+    return layout != nullptr && handleTag(layout->tags(), {"AcDbLayout", 331}) == entity.handle;
 }
 
 }  // namespace host

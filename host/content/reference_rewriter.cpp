@@ -1,6 +1,8 @@
 // Rewriting references: lists and counts around them stay true.
 #include "host/content/reference_rewriter.h"
 
+#include "host/tags/tag_values.h"
+
 namespace host {
 
 const std::string& ReferenceRewriter::rewritten(const ObjectBody& holder) {

@@ -14,13 +14,6 @@ constexpr NamedReference kNames[] = {
     {"", 8, "LAYER"},
     {"", 6, "LTYPE"},
     {"INSERT", 2, "BLOCK_RECORD"},
-    {"DIMENSION", 2, "BLOCK_RECORD"},
-    {"DIMENSION", 3, "DIMSTYLE"},
-    {"ARC_DIMENSION", 2, "BLOCK_RECORD"},
-    {"ARC_DIMENSION", 3, "DIMSTYLE"},
-    {"LARGE_RADIAL_DIMENSION", 2, "BLOCK_RECORD"},
-    {"LARGE_RADIAL_DIMENSION", 3, "DIMSTYLE"},
-    {"ACAD_TABLE", 2, "BLOCK_RECORD"},
     {"LEADER", 3, "DIMSTYLE"},
     {"TOLERANCE", 3, "DIMSTYLE"},
     {"TEXT", 7, "STYLE"},
@@ -32,6 +25,13 @@ constexpr NamedReference kNames[] = {
 constexpr int kHighestNaming = 8;  ///< of the codes above; asked for every tag
 
 }  // namespace
+
+BlockPicture blockPictureOf(std::string_view type) {
+    if (type == "ACAD_TABLE") return BlockPicture::Table;
+    const bool isDimension =
+        type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION";
+    return isDimension ? BlockPicture::Dimension : BlockPicture::None;
+}
 
 const char* tableNamedBy(const ObjectBody& body, const TagWalk& tag) {
     const int code = tag.code();
@@ -46,6 +46,11 @@ const char* tableNamedBy(const ObjectBody& body, const TagWalk& tag) {
     if (!isEntityKind(body.kind) && body.kind != Kind::BlockBegin && body.kind != Kind::BlockEnd)
         return nullptr;
     if (code == 6 && tag.zone() > TagZone::Common) return nullptr;
+    if (code == 2 || code == 3) {
+        const BlockPicture picture = blockPictureOf(body.type());
+        if (code == 2 && picture != BlockPicture::None) return "BLOCK_RECORD";
+        if (code == 3 && picture == BlockPicture::Dimension) return "DIMSTYLE";
+    }
     for (const NamedReference& each : kNames) {
         if (each.code == code && (each.type.empty() || each.type == body.type())) return each.table;
     }

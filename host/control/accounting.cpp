@@ -2,6 +2,7 @@
 #include "host/control/accounting.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace host {
@@ -22,6 +23,17 @@ std::vector<HeldLister>& listers() {
 std::vector<std::string>& faults() {
     static std::vector<std::string> instance;
     return instance;
+}
+
+/// What iterators walk over that were not deleted yet. Never destroyed.
+std::unordered_map<const void*, std::string>& iterators() {
+    static auto& instance = *new std::unordered_map<const void*, std::string>;
+    return instance;
+}
+
+void listIterators(std::vector<std::string>& lines) {
+    for (const auto& [iterator, walksOver] : iterators())
+        lines.push_back("iterator over " + walksOver);
 }
 
 /// " (a; b)", or nothing when no room describes what it holds.
@@ -46,6 +58,17 @@ long heldCount(Held kind) { return held.counts[static_cast<int>(kind)]; }
 void addHeldLister(HeldLister lister) {
     std::vector<HeldLister>& all = listers();
     if (std::find(all.begin(), all.end(), lister) == all.end()) all.push_back(lister);
+}
+
+void holdIterator(const void* iterator, std::string walksOver) {
+    addHeldLister(listIterators);
+    iterators()[iterator] = std::move(walksOver);
+    countHeld(Held::Iterator);
+}
+
+void returnIterator(const void* iterator) {
+    iterators().erase(iterator);
+    countReturned(Held::Iterator);
 }
 
 void reportModuleFault(std::string text) { faults().push_back(std::move(text)); }

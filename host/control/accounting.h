@@ -20,6 +20,9 @@ long heldCount(Held kind);
 /// "LINE 2A open for read". Called once per room at first use.
 using HeldLister = void (*)(std::vector<std::string>& lines);
 void addHeldLister(HeldLister lister);
+/// Counts an iterator, by its address, with what it walks over; and that it was deleted.
+void holdIterator(const void* iterator, std::string walksOver);
+void returnIterator(const void* iterator);
 
 /// Reports a fault of the calling module: a stale id, a double close, a call in a wrong context.
 /// The text names the call and the object.

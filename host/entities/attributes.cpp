@@ -1,6 +1,6 @@
 // Attribute definitions of blocks and attributes of placed block references.
-#include "host/entities/entity_support.h"
-#include "host/tags/tags.h"
+#include "host/entities/field_setters.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -10,9 +10,7 @@ std::string newAttribute(std::string_view type, std::string_view subclass, bool 
     std::string text = newText(type, subclass);
     addTag(text, 280, 0);  // version of the record
     if (hasPrompt) addTag(text, 3, "");
-    addTag(text, 2, "");
-    addTag(text, 70, 0);
-    return text;
+    return text += storedTags({{2, ""}, {70, "0"}});
 }
 
 bool flagIn(const ObjectBody& body, const IntegerField& field, int bit) {

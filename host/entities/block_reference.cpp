@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "host/control/faults.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 #include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 
@@ -11,12 +11,11 @@ namespace {
 
 /// Tags of a new reference to a block, whose name is in UTF-8.
 std::string newInsert(std::string_view blockName, const AcGePoint3d& position) {
-    std::string text;
-    addTag(text, 0, "INSERT");
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, "AcDbBlockReference");
-    addTag(text, 2, blockName);
+    std::string text = storedTags({{0, "INSERT"},
+                                   {100, "AcDbEntity"},
+                                   {8, "0"},
+                                   {100, "AcDbBlockReference"},
+                                   {2, blockName}});
     addPointTag(text, 10, position.x, position.y, position.z);
     return text;
 }
@@ -35,13 +34,9 @@ AcGePoint3d finite(const AcGePoint3d& point) {
 
 /// Gives a reference its sequence end, on the reference's layer and in its space.
 void addSequenceEnd(ObjectBody& reference) {
-    std::string text;
-    addTag(text, 0, "SEQEND");
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
     ObjectBody pattern;
     pattern.kind = Kind::SequenceEnd;
-    pattern.setTags(text);
+    pattern.setTags(storedTags({{0, "SEQEND"}, {100, "AcDbEntity"}, {8, "0"}}));
     Store& store = *reference.store;
     ObjectBody& end = store.duplicate(pattern, reference.self);
     copyField(reference, end, field::paperSpace.place);

@@ -1,6 +1,6 @@
 // Properties that every entity has, and opening entities.
 #include "host/control/faults.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 
 namespace host {
 namespace {
@@ -83,11 +83,6 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source,
     for (ObjectBody* part : subEntitiesOf(body()))
         copyProperties(source->body(), *part);
     return Acad::eOk;
-}
-
-Adesk::UInt16 AcDbEntity::colorIndex() const {
-    const int color = getField(body(), field::color);
-    return color >= 0 && color <= kByLayer ? static_cast<Adesk::UInt16>(color) : kByLayer;
 }
 
 AcDbObjectId AcDbEntity::layerId() const {

@@ -3,7 +3,7 @@
 
 #include "host/control/faults.h"
 #include "host/objectarx/database.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"
 

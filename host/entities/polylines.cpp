@@ -1,6 +1,6 @@
 // Old-style polylines: access to the sequence end.
 #include "host/control/faults.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 
 Acad::ErrorStatus AcDb2dPolyline::openSequenceEnd(AcDbSequenceEnd*& end, AcDb::OpenMode mode) {
     end = nullptr;

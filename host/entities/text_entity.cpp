@@ -1,6 +1,6 @@
 // Single-line text, and what attributes and their definitions have in common with it.
 #include "host/control/switches.h"
-#include "host/entities/entity_support.h"
+#include "host/entities/field_setters.h"
 #include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 
@@ -9,14 +9,8 @@ namespace {
 
 /// The vertical mode has a place of its own in each of the three kinds of text.
 const IntegerField& verticalModeOf(const ObjectBody& body) {
-    switch (body.kind) {
-        case Kind::AttributeDefinition:
-            return field::definitionVerticalMode;
-        case Kind::Attribute:
-            return field::attributeVerticalMode;
-        default:
-            return field::textVerticalMode;
-    }
+    if (body.kind == Kind::AttributeDefinition) return field::definitionVerticalMode;
+    return body.kind == Kind::Attribute ? field::attributeVerticalMode : field::textVerticalMode;
 }
 
 /// Sets a mode; eInvalidInput for a number that is none.
@@ -32,17 +26,11 @@ Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const I
 }  // namespace
 
 std::string newText(std::string_view type, std::string_view lastSubclass) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, "AcDbText");
+    std::string text = storedTags({{0, type}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbText"}});
     const double at = switches().newTextPosition;
     addPointTag(text, 10, at, at, at);
     addTag(text, 40, switches().newTextHeight);
-    addTag(text, 1, "");
-    addTag(text, 100, lastSubclass);
-    return text;
+    return text += storedTags({{1, ""}, {100, lastSubclass}});
 }
 
 }  // namespace host

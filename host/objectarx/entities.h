@@ -39,7 +39,6 @@ class AcDbEntity : public AcDbObject {
     /// Documented name, extent assumed.
     Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source,
                                         Adesk::Boolean doSubents = Adesk::kTrue);
-    Adesk::UInt16 colorIndex() const;
     AcDbObjectId layerId() const;
 };
 

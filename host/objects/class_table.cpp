@@ -1,40 +1,9 @@
-// The database classes: their descriptors, and which class a stored object is viewed through.
+// Which class a stored object is viewed through.
 #include <iterator>
 
 #include "host/objectarx/entities.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/class_table.h"
-
-/// The run-time class members of one class. Descriptors are made on first use, parents first.
-#define HOST_DEFINE_CLASS(CLASS, PARENT)                             \
-    AcRxClass* CLASS::desc() {                                       \
-        static AcRxClass descriptor(ACRX_T(#CLASS), PARENT::desc()); \
-        return &descriptor;                                          \
-    }                                                                \
-    AcRxClass* CLASS::isA() const { return CLASS::desc(); }
-
-HOST_DEFINE_CLASS(AcDbObject, AcRxObject)
-HOST_DEFINE_CLASS(AcDbDictionary, AcDbObject)
-HOST_DEFINE_CLASS(AcDbXrecord, AcDbObject)
-HOST_DEFINE_CLASS(AcDbSymbolTable, AcDbObject)
-HOST_DEFINE_CLASS(AcDbBlockTable, AcDbSymbolTable)
-HOST_DEFINE_CLASS(AcDbLayerTable, AcDbSymbolTable)
-HOST_DEFINE_CLASS(AcDbLinetypeTable, AcDbSymbolTable)
-HOST_DEFINE_CLASS(AcDbSymbolTableRecord, AcDbObject)
-HOST_DEFINE_CLASS(AcDbBlockTableRecord, AcDbSymbolTableRecord)
-HOST_DEFINE_CLASS(AcDbLayerTableRecord, AcDbSymbolTableRecord)
-HOST_DEFINE_CLASS(AcDbLinetypeTableRecord, AcDbSymbolTableRecord)
-HOST_DEFINE_CLASS(AcDbEntity, AcDbObject)
-HOST_DEFINE_CLASS(AcDbText, AcDbEntity)
-HOST_DEFINE_CLASS(AcDbAttributeDefinition, AcDbText)
-HOST_DEFINE_CLASS(AcDbAttribute, AcDbText)
-HOST_DEFINE_CLASS(AcDbSequenceEnd, AcDbEntity)
-HOST_DEFINE_CLASS(AcDbBlockReference, AcDbEntity)
-HOST_DEFINE_CLASS(AcDb2dPolyline, AcDbEntity)
-HOST_DEFINE_CLASS(AcDb3dPolyline, AcDbEntity)
-HOST_DEFINE_CLASS(AcDbObjectIterator, AcRxObject)
-HOST_DEFINE_CLASS(AcDbBlockTableRecordIterator, AcRxObject)
-#undef HOST_DEFINE_CLASS
 
 namespace host {
 

@@ -6,6 +6,8 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 
+using namespace host;
+
 namespace {
 
 bool keyIsValid(const ACHAR* key) {
@@ -14,9 +16,9 @@ bool keyIsValid(const ACHAR* key) {
 }
 
 /// The object under a key, or null. An entry whose object is missing counts as none.
-host::ObjectBody* valueOf(const host::ObjectBody& dictionary, const ACHAR* key) {
+ObjectBody* valueOf(const ObjectBody& dictionary, const ACHAR* key) {
     if (key == nullptr || dictionary.store == nullptr) return nullptr;
-    const auto entry = host::findEntry(dictionary, key);
+    const auto entry = findEntry(dictionary, key);
     return entry ? dictionary.store->byHandle(entry->handle) : nullptr;
 }
 
@@ -25,15 +27,15 @@ host::ObjectBody* valueOf(const host::ObjectBody& dictionary, const ACHAR* key) 
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObject*& entry,
                                         AcDb::OpenMode mode) const {
     entry = nullptr;
-    if (host::callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
-    host::ObjectBody* const value = valueOf(body(), key);
-    return value != nullptr ? host::openBody(entry, *value, mode) : Acad::eKeyNotFound;
+    if (callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
+    ObjectBody* const value = valueOf(body(), key);
+    return value != nullptr ? openBody(entry, *value, mode) : Acad::eKeyNotFound;
 }
 
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) const {
     id.setNull();
-    if (host::callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
-    const host::ObjectBody* const value = valueOf(body(), key);
+    if (callFails("AcDbDictionary::getAt")) return Acad::eKeyNotFound;
+    const ObjectBody* const value = valueOf(body(), key);
     if (value == nullptr) return Acad::eKeyNotFound;
     id = value->store->idOf(*value);
     return Acad::eOk;
@@ -41,41 +43,41 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* key, AcDbObjectId& id) cons
 
 Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, AcDbObjectId& id) {
     id.setNull();
-    if (host::callFails("AcDbDictionary::setAt")) return Acad::eInvalidKey;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbDictionary::setAt")) return Acad::eInvalidKey;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (!keyIsValid(key)) return Acad::eInvalidKey;
     if (newValue == nullptr) return Acad::eNullObjectPointer;
-    if (!host::isObjectKind(newValue->body().kind)) return Acad::eWrongObjectType;
-    host::Store& store = *content.store;
-    host::ObjectBody* const former = valueOf(content, key);
+    if (!isObjectKind(newValue->body().kind)) return Acad::eWrongObjectType;
+    Store& store = *content.store;
+    ObjectBody* const former = valueOf(content, key);
     if (former != nullptr) {
-        const Acad::ErrorStatus status = host::mayOpen(*former, AcDb::kForWrite, true);
+        const Acad::ErrorStatus status = mayOpen(*former, AcDb::kForWrite, true);
         if (status != Acad::eOk) return status;
     }
-    const Acad::ErrorStatus status = host::makeResident(*newValue, store, content.self);
+    const Acad::ErrorStatus status = makeResident(*newValue, store, content.self);
     if (status != Acad::eOk) return status;
-    if (const auto entry = host::findEntry(content, key)) {
-        host::removeEntry(content, entry->handle);
-        if (former != nullptr && former->owner == content.self) host::eraseWithOwned(*former);
+    if (const auto entry = findEntry(content, key)) {
+        removeEntry(content, entry->handle);
+        if (former != nullptr && former->owner == content.self) eraseWithOwned(*former);
     }
-    host::ObjectBody& value = newValue->body();
+    ObjectBody& value = newValue->body();
     store.appendChild(store.objectsList(), value);
-    host::addEntry(content, key, value.handle);
+    addEntry(content, key, value.handle);
     id = store.idOf(value);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* key) {
-    if (host::callFails("AcDbDictionary::remove")) return Acad::eKeyNotFound;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbDictionary::remove")) return Acad::eKeyNotFound;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    host::ObjectBody* const value = valueOf(content, key);
+    ObjectBody* const value = valueOf(content, key);
     if (value == nullptr) return Acad::eKeyNotFound;
-    const Acad::ErrorStatus status = host::mayOpen(*value, AcDb::kForWrite, true);
+    const Acad::ErrorStatus status = mayOpen(*value, AcDb::kForWrite, true);
     if (status != Acad::eOk) return status;
-    host::removeEntry(content, value->handle);
-    if (value->owner == content.self) host::eraseWithOwned(*value);
+    removeEntry(content, value->handle);
+    if (value->owner == content.self) eraseWithOwned(*value);
     return Acad::eOk;
 }

@@ -5,22 +5,24 @@
 #include "host/control/switches.h"
 #include "host/objects/opening.h"
 #include "host/store/store.h"
-#include "host/store/store_parts.h"
+#include "host/store/store_memory.h"
 #include "host/tags/tags.h"
+
+using namespace host;
 
 bool c5ObjIdIsEqualTo(const AcDbObjectId& left, const AcDbObjectId& right) {
     return left.asWord() == right.asWord();
 }
 
-bool AcDbObjectId::isValid() const { return host::Store::resolve(*this) != nullptr; }
+bool AcDbObjectId::isValid() const { return Store::resolve(*this) != nullptr; }
 
 bool AcDbObjectId::isErased() const {
-    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::isErased");
+    const ObjectBody* const body = bodyOfId(*this, "AcDbObjectId::isErased");
     return body == nullptr || body->erased;
 }
 
 AcDbHandle AcDbObjectId::handle() const {
-    const host::ObjectBody* const body = host::bodyOfId(*this, "AcDbObjectId::handle");
+    const ObjectBody* const body = bodyOfId(*this, "AcDbObjectId::handle");
     return body != nullptr ? AcDbHandle(body->handle) : AcDbHandle();
 }
 
@@ -28,11 +30,11 @@ AcDbHandle::AcDbHandle(const ACHAR* text) {
     std::string digits;
     for (; text != nullptr && *text != 0; ++text)
         digits += *text < 128 ? static_cast<char>(*text) : '?';
-    m_value = host::parseHandle(digits).value_or(0);
+    m_value = parseHandle(digits).value_or(0);
 }
 
 bool AcDbHandle::getIntoAsciiBuffer(ACHAR* buffer) const {
-    for (const char digit : host::formatHandle(m_value))
+    for (const char digit : formatHandle(m_value))
         *buffer++ = static_cast<ACHAR>(digit);
     *buffer = 0;
     return true;
@@ -40,24 +42,24 @@ bool AcDbHandle::getIntoAsciiBuffer(ACHAR* buffer) const {
 
 Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
     ads_name_clear(name);
-    if (host::callFails("acdbGetAdsName")) return Acad::eInvalidInput;
+    if (callFails("acdbGetAdsName")) return Acad::eInvalidInput;
     if (id.isNull()) return Acad::eNullObjectId;
-    if (host::bodyOfId(id, "acdbGetAdsName") == nullptr) return Acad::eInvalidInput;
+    if (bodyOfId(id, "acdbGetAdsName") == nullptr) return Acad::eInvalidInput;
     name[0] = static_cast<Adesk::IntPtr>(id.asWord());
     return Acad::eOk;
 }
 
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name) {
-    if (host::switches().failedIdIsNull) id.setNull();
-    if (host::callFails("acdbGetObjectId")) return Acad::eInvalidAdsName;
+    if (switches().failedIdIsNull) id.setNull();
+    if (callFails("acdbGetObjectId")) return Acad::eInvalidAdsName;
     if (name == nullptr || name[1] != 0) return Acad::eInvalidAdsName;
     const auto wanted = AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));
-    if (host::Store::resolve(wanted) == nullptr) {
+    if (Store::resolve(wanted) == nullptr) {
         // A name that this session never gave out is merely bad; one of a closed drawing is stale.
         const Adesk::UInt64 serial = wanted.asWord() >> 32;
-        const auto& stores = host::storesBySerial();
+        const auto& stores = storesBySerial();
         if (serial != 0 && serial < stores.size() && stores[serial] == nullptr)
-            host::bodyOfId(wanted, "acdbGetObjectId");
+            bodyOfId(wanted, "acdbGetObjectId");
         return Acad::eInvalidAdsName;
     }
     id = wanted;

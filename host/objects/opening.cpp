@@ -9,7 +9,7 @@
 #include "host/objects/class_table.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/store/store_parts.h"
+#include "host/store/store_memory.h"
 #include "host/tags/tags.h"
 
 namespace host {
@@ -193,57 +193,57 @@ Acad::ErrorStatus makeResident(AcDbObject& object, Store& store, Index owner) {
 
 }  // namespace host
 
-AcDbObject::AcDbObject(host::ObjectBody* content) : m_body(content) { m_body->view = this; }
+using namespace host;
+
+AcDbObject::AcDbObject(ObjectBody* content) : m_body(content) { m_body->view = this; }
 
 AcDbObject::~AcDbObject() {
     if (m_body == nullptr) return;
-    if (host::isClosed(*this)) {
-        host::reportModuleFault("delete: " + host::closedViews().describeView(*this) +
-                                " was closed; the pointer is no longer the caller's");
-        host::closedViews().forget(*this);
+    if (isClosed(*this)) {
+        reportModuleFault("delete: " + closedViews().describeView(*this) +
+                          " was closed; the pointer is no longer the caller's");
+        closedViews().forget(*this);
     } else if (m_body->store == nullptr) {
-        host::freshBodies().erase(m_body);
-        host::countReturned(host::Held::Object);
+        freshBodies().erase(m_body);
+        countReturned(Held::Object);
         delete m_body;
     } else {
-        host::reportModuleFault("delete: " + host::describe(*m_body) +
-                                " is in a database; close it instead");
-        host::dropOpenings(*m_body);
+        reportModuleFault("delete: " + describe(*m_body) + " is in a database; close it instead");
+        dropOpenings(*m_body);
         m_body->view = nullptr;
     }
 }
 
-host::ObjectBody& AcDbObject::body() const {
-    if (host::isClosed(*this))
-        host::reportModuleFault("use of " + host::closedViews().describeView(*this) +
-                                " after it was closed");
+ObjectBody& AcDbObject::body() const {
+    if (isClosed(*this))
+        reportModuleFault("use of " + closedViews().describeView(*this) + " after it was closed");
     return *m_body;
 }
 
 Acad::ErrorStatus AcDbObject::close() {
-    if (host::isClosed(*this)) {
-        host::reportModuleFault("AcDbObject::close: " + host::closedViews().describeView(*this) +
-                                " is not open");
+    if (isClosed(*this)) {
+        reportModuleFault("AcDbObject::close: " + closedViews().describeView(*this) +
+                          " is not open");
         return Acad::eInvalidOpenState;
     }
-    host::ObjectBody& content = *m_body;
+    ObjectBody& content = *m_body;
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (content.openForWrite)
         content.openForWrite = false;
     else
         --content.readers;
-    host::countReturned(host::Held::Object);
-    if (host::openings(content) == 0) host::retireView(content);
+    countReturned(Held::Object);
+    if (openings(content) == 0) retireView(content);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbObject::upgradeOpen() {
-    if (host::callFails("AcDbObject::upgradeOpen")) return Acad::eHadMultipleReaders;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbObject::upgradeOpen")) return Acad::eHadMultipleReaders;
+    ObjectBody& content = body();
     if (content.openForWrite) return Acad::eWasOpenForWrite;
     if (content.readers == 0) return Acad::eNotOpenForRead;
     if (content.readers > 1) return Acad::eHadMultipleReaders;
-    if (host::isEntityKind(content.kind) && content.store->onLockedLayer(content))
+    if (isEntityKind(content.kind) && content.store->onLockedLayer(content))
         return Acad::eOnLockedLayer;
     content.readers = 0;
     content.openForWrite = true;
@@ -252,9 +252,9 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
 
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode) {
     object = nullptr;
-    if (host::callFails("acdbOpenObject")) return Acad::eWasOpenForWrite;
+    if (callFails("acdbOpenObject")) return Acad::eWasOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
-    host::ObjectBody* const content = host::bodyOfId(id, "acdbOpenObject");
+    ObjectBody* const content = bodyOfId(id, "acdbOpenObject");
     if (content == nullptr) return Acad::eInvalidInput;
-    return host::openBody(object, *content, mode);
+    return openBody(object, *content, mode);
 }

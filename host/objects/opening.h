@@ -8,6 +8,7 @@
 #include <string>
 
 #include "host/objectarx/database_objects.h"
+#include "host/objects/class_table.h"
 #include "host/store/object_body.h"
 
 namespace host {
@@ -24,6 +25,17 @@ Acad::ErrorStatus mayOpen(const ObjectBody& body, AcDb::OpenMode mode, bool open
 /// Opens an object: acdbOpenObject without its fault point, for the host's own calls. `object` is
 /// null on failure.
 Acad::ErrorStatus openBody(AcDbObject*& object, ObjectBody& body, AcDb::OpenMode mode);
+
+/// The same as the class that is wanted; eNotThatKindOfClass for an object of another.
+template <typename T>
+Acad::ErrorStatus openAs(T*& object, ObjectBody& body, AcDb::OpenMode mode) {
+    object = nullptr;
+    if (!classOf(body.kind)->isDerivedFrom(T::desc())) return Acad::eNotThatKindOfClass;
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = openBody(opened, body, mode);
+    if (status == Acad::eOk) object = static_cast<T*>(opened);
+    return status;
+}
 
 /// Fresh body on the heap for an object made with `new`: its first tags, in UTF-8, without
 /// handle and owner.

@@ -10,7 +10,7 @@
 
 #include "host/control/accounting.h"
 #include "host/objectarx/entities.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 
 namespace host {
 namespace {

@@ -2,7 +2,7 @@
 #include <cstdarg>
 
 #include "host/control/faults.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 #include "host/tags/tag_codes.h"
 
@@ -167,7 +167,7 @@ void ResultList::addTag(const Store& store, const Tag& tag, TagReader& reader) {
             addBinary(tag.code, bytesOfHex(tag.value));
             break;
         case ValueKind::Name: {
-            const ObjectBody* target = store.byHandle(parseHandle(tag.value).value_or(0));
+            const ObjectBody* target = store.byHandle(tag.value);
             addName(tag.code, target != nullptr ? store.idOf(*target) : AcDbObjectId());
             break;
         }

@@ -17,13 +17,6 @@ std::map<std::wstring, AcRxObject*>& services() {
 
 }  // namespace
 
-AcRxClass* AcRxDictionary::desc() {
-    static AcRxClass descriptor(L"AcRxDictionary", AcRxObject::desc());
-    return &descriptor;
-}
-
-AcRxClass* AcRxDictionary::isA() const { return AcRxDictionary::desc(); }
-
 AcRxObject* AcRxDictionary::at(const ACHAR* key) const {
     if (host::callFails("AcRxDictionary::at")) return nullptr;
     if (key == nullptr) return nullptr;

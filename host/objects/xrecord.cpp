@@ -1,9 +1,11 @@
 // AcDbXrecord: a chain of tags as an object's content.
 #include "host/control/faults.h"
 #include "host/objects/opening.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 #include "host/tags/tag_walk.h"
+
+using namespace host;
 
 namespace {
 
@@ -15,13 +17,13 @@ struct DataPlace {
 };
 
 DataPlace dataPlace(std::string_view text) {
-    host::TagWalk tag(text);
+    TagWalk tag(text);
     DataPlace place{text.size(), text.size()};
     bool first = true;
-    while (tag.next() && tag.zone() != host::TagZone::Extended) {
-        if (tag.zone() != host::TagZone::Data) continue;
-        const bool isMark = tag.role() == host::TagRole::Marker || (first && tag.code() == 280);
-        first = tag.role() == host::TagRole::Marker;
+    while (tag.next() && tag.zone() != TagZone::Extended) {
+        if (tag.zone() != TagZone::Data) continue;
+        const bool isMark = tag.role() == TagRole::Marker || (first && tag.code() == 280);
+        first = tag.role() == TagRole::Marker;
         if (isMark) place.begin = tag.end();
         place.end = tag.end();
     }
@@ -39,53 +41,48 @@ std::string hexOf(const ads_binary& bytes) {
     return text;
 }
 
-std::string encoded(const host::ObjectBody& xrecord, const ACHAR* text) {
-    if (text == nullptr) return {};
-    const host::Store* const store = xrecord.store;
-    return store != nullptr ? store->encode(text) : host::encodeText(text, host::Encoding());
-}
-
 /// Appends a reference as a handle; the empty name as 0. False for an id that names no object of
 /// the xrecord's drawing.
-bool addReference(std::string& text, const host::ObjectBody& xrecord, const resbuf& item) {
-    const AcDbObjectId id = host::idOfName(item.resval.rlname);
-    const host::ObjectBody* const target = host::bodyOfId(id, "AcDbXrecord::setFromRbChain");
+bool addReference(std::string& text, const ObjectBody& xrecord, const resbuf& item) {
+    const AcDbObjectId id = idOfName(item.resval.rlname);
+    const ObjectBody* const target = bodyOfId(id, "AcDbXrecord::setFromRbChain");
     if (target == nullptr && !id.isNull()) return false;
     if (target != nullptr && xrecord.store != nullptr && target->store != xrecord.store)
         return false;
-    host::addHandleTag(text, item.restype, target != nullptr ? target->handle : 0);
+    addHandleTag(text, item.restype, target != nullptr ? target->handle : 0);
     return true;
 }
 
 /// Appends one item as tags; eInvalidDxfCode or eInvalidResBuf when it has no place there.
-Acad::ErrorStatus addItem(std::string& text, const host::ObjectBody& xrecord, const resbuf& item) {
+Acad::ErrorStatus addItem(std::string& text, const ObjectBody& xrecord, const resbuf& item) {
     const int code = item.restype;
     if (code < 1 || code > 369 || code == 5 || code == 105) return Acad::eInvalidDxfCode;
-    switch (host::valueKindOf(code)) {
-        case host::ValueKind::Text:
-            host::addTag(text, code, encoded(xrecord, item.resval.rstring));
+    switch (valueKindOf(code)) {
+        case ValueKind::Text:
+            addTag(text, code,
+                   xrecord.encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
             break;
-        case host::ValueKind::Real:
-            host::addTag(text, code, item.resval.rreal);
+        case ValueKind::Real:
+            addTag(text, code, item.resval.rreal);
             break;
-        case host::ValueKind::Short:
-            host::addTag(text, code, int{item.resval.rint});
+        case ValueKind::Short:
+            addTag(text, code, int{item.resval.rint});
             break;
-        case host::ValueKind::Long:
-            host::addTag(text, code, int{item.resval.rlong});
+        case ValueKind::Long:
+            addTag(text, code, int{item.resval.rlong});
             break;
-        case host::ValueKind::Int64:
-            host::addTag(text, code, std::to_string(item.resval.mnInt64));
+        case ValueKind::Int64:
+            addTag(text, code, std::to_string(item.resval.mnInt64));
             break;
-        case host::ValueKind::Binary:
-            host::addTag(text, code, hexOf(item.resval.rbinary));
+        case ValueKind::Binary:
+            addTag(text, code, hexOf(item.resval.rbinary));
             break;
-        case host::ValueKind::Point: {
+        case ValueKind::Point: {
             const ads_real* const point = item.resval.rpoint;
-            host::addPointTag(text, code, point[0], point[1], point[2]);
+            addPointTag(text, code, point[0], point[1], point[2]);
             break;
         }
-        case host::ValueKind::Name:
+        case ValueKind::Name:
             return addReference(text, xrecord, item) ? Acad::eOk : Acad::eInvalidResBuf;
         default:
             return Acad::eInvalidDxfCode;
@@ -98,15 +95,15 @@ Acad::ErrorStatus addItem(std::string& text, const host::ObjectBody& xrecord, co
 AcDbXrecord::AcDbXrecord()
     : AcDbObject([] {
           std::string text;
-          host::addTag(text, 0, "XRECORD");
-          host::addTag(text, 100, "AcDbXrecord");
-          host::addTag(text, 280, 1);
-          return host::freshBody(host::Kind::Xrecord, text);
+          addTag(text, 0, "XRECORD");
+          addTag(text, 100, "AcDbXrecord");
+          addTag(text, 280, 1);
+          return freshBody(Kind::Xrecord, text);
       }()) {}
 
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*) {
-    if (host::callFails("AcDbXrecord::setFromRbChain")) return Acad::eInvalidResBuf;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbXrecord::setFromRbChain")) return Acad::eInvalidResBuf;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     std::string data;
     for (const resbuf* item = &chain; item != nullptr; item = item->rbnext) {
@@ -122,15 +119,15 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
 
 Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const {
     if (chain != nullptr) *chain = nullptr;
-    if (host::callFails("AcDbXrecord::rbChain")) return Acad::eOutOfMemory;
+    if (callFails("AcDbXrecord::rbChain")) return Acad::eOutOfMemory;
     if (chain == nullptr) return Acad::eInvalidInput;
-    const host::ObjectBody& content = body();
+    const ObjectBody& content = body();
     const DataPlace place = dataPlace(content.tags());
-    host::TagReader reader(content.tags().substr(place.begin, place.end - place.begin));
-    host::Tag tag;
-    host::ResultList list;
-    const host::Store* const store = content.store;
-    static const host::Store& unbound = *new host::Store;  // decodes texts of new objects
+    TagReader reader(content.tags().substr(place.begin, place.end - place.begin));
+    Tag tag;
+    ResultList list;
+    const Store* const store = content.store;
+    static const Store& unbound = *new Store;  // decodes texts of new objects
     while (reader.next(tag))
         list.addTag(store != nullptr ? *store : unbound, tag, reader);
     *chain = list.release();

@@ -12,14 +12,9 @@ namespace {
 template <typename Test>
 std::vector<AcDbObjectId> entitiesWhere(const Store& store, Test test) {
     std::vector<AcDbObjectId> found;
-    const Index space = store.currentSpace();
-    if (space == kNoIndex) return found;
     OutlineMaker maker(store);
-    for (Index i = store.firstLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
+    for (const ObjectBody& entity : store.children(store.currentSpace()))
         if (test(maker.outlineOf(entity))) found.push_back(store.idOf(entity));
-        i = store.nextLive(entity);
-    }
     return found;
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "host/content/paper_viewport.h"
+#include "host/content/references.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -34,15 +35,8 @@ Transform placeOfReference(const OwnTags& tags, int column, int row) {
     return turned * scale;
 }
 
-/// True for what an anonymous block shows.
-bool hasPicture(std::string_view type) {
-    return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION" ||
-           type == "ACAD_TABLE";
-}
-
-/// The picture of a dimension is in the coordinates of the drawing, that of a table in its own.
 Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
-    if (shape.type != "ACAD_TABLE") return shape.pen;
+    if (blockPictureOf(shape.type) == BlockPicture::Dimension) return shape.pen;
     const Vec along = pointOf(shape.tags, 11, {1, 0, 0});
     Transform place = rotation(std::atan2(along.y, along.x));
     place.origin = pointOf(shape.tags, 10) - place.turn(baseOf(record));
@@ -79,13 +73,14 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     const OwnTags tags(entity.tags());
     std::string_view layer = tags.text(8, "0");
     if (layer == "0" && !m_blocks.empty()) layer = layerOfReference;
-    const std::string_view type = trimmed(entity.type());
+    const std::string_view type = entity.type();
     const bool isReference = type == "INSERT" || type == "MINSERT";
     // What a block holds on layers of its own stays when the layer of its reference is off.
     if (isReference ? m_layers.frozen(layer) : !m_layers.drawn(layer)) return;
     if (tags.integer(60, 0) == 1) return;
     const Shape shape{m_store, entity, type, tags, pen};
-    const ObjectBody* picture = hasPicture(type) ? blockOf(tags) : nullptr;
+    const ObjectBody* picture =
+        blockPictureOf(type) != BlockPicture::None ? blockOf(tags) : nullptr;
     if (isReference) {
         drawReference(shape, layer);
     } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {
@@ -114,11 +109,8 @@ void OutlineMaker::drawReference(const Shape& shape, std::string_view layer) {
             }
         }
     }
-    for (Index i = m_store.firstLive(shape.entity.self); i != kNoIndex;) {
-        const ObjectBody& attribute = m_store.at(i);
+    for (const ObjectBody& attribute : m_store.children(shape.entity.self))
         draw(attribute, shape.pen, layer);
-        i = m_store.nextLive(attribute);
-    }
 }
 
 const ObjectBody* OutlineMaker::blockOf(const OwnTags& tags) const {
@@ -129,10 +121,9 @@ void OutlineMaker::drawBlock(const ObjectBody* record, const Pen& pen, std::stri
     if (record == nullptr || record->erased || m_blocks.size() >= kDeepestNesting) return;
     if (std::find(m_blocks.begin(), m_blocks.end(), record->self) != m_blocks.end()) return;
     m_blocks.push_back(record->self);
-    for (Index i = m_store.firstLive(record->self); i != kNoIndex && m_budget > 0;) {
-        const ObjectBody& entity = m_store.at(i);
+    for (const ObjectBody& entity : m_store.children(record->self)) {
+        if (m_budget <= 0) break;
         draw(entity, pen, layer);
-        i = m_store.nextLive(entity);
     }
     m_blocks.pop_back();
 }

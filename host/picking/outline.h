@@ -6,11 +6,18 @@
 #include "host/geometry/shapes.h"
 #include "host/picking/layer_states.h"
 #include "host/store/object_body.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 
 class Store;
+
+/// A corner of a polyline, and how the stroke behind it bends: the tangent of a quarter of its
+/// angle.
+struct Corner {
+    Vec point;
+    double bulge = 0;
+};
 
 /// Draws strokes given in an entity's own coordinates into an outline.
 class Pen {
@@ -27,6 +34,8 @@ class Pen {
     /// From `a` to `b` with the tangent of a quarter of the angle; 0 is straight.
     void bulge(const Vec& a, const Vec& b, double bulge) const;
     void path(const std::vector<Vec>& points, bool closed) const;
+    /// Strokes from corner to corner; one corner is a point.
+    void corners(const std::vector<Corner>& corners, bool closed) const;
     void area(const std::vector<Vec>& points) const;
     /// The area that words fill, from a corner along and up; `writing.area` is set here.
     void write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const;

@@ -91,12 +91,10 @@ void drawPath(const Pen& pen, const Path& path) {
             drawEdge(pen, edge);
         return;
     }
-    std::vector<Vec> corners;
-    for (const Edge& edge : path.edges) {
-        if (!edge.first.empty()) corners.push_back(edge.first.front());
-    }
-    for (std::size_t i = 0; i < corners.size(); ++i)
-        pen.bulge(corners[i], corners[(i + 1) % corners.size()], path.edges[i].bulge);
+    std::vector<Corner> corners;
+    for (const Edge& edge : path.edges)
+        corners.push_back({edge.first.front(), edge.bulge});
+    pen.corners(corners, true);
 }
 
 }  // namespace

@@ -46,6 +46,12 @@ void Pen::path(const std::vector<Vec>& points, bool closed) const {
     if (closed && points.size() > 2) line(points.back(), points.front());
 }
 
+void Pen::corners(const std::vector<Corner>& corners, bool closed) const {
+    if (corners.size() == 1) return point(corners[0].point);
+    for (std::size_t i = 0; i + (closed ? 0 : 1) < corners.size(); ++i)
+        bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
+}
+
 void Pen::area(const std::vector<Vec>& points) const {
     if (points.empty()) return;
     std::vector<Vec> placed;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/content/fields.h"
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
 #include "host/picking/outline.h"
@@ -40,10 +41,6 @@ void drawEllipse(const Shape& shape) {
 }
 
 void drawLightPolyline(const Shape& shape) {
-    struct Corner {
-        Vec point;
-        double bulge = 0;
-    };
     std::vector<Corner> corners;
     const double elevation = shape.tags.real(38, 0);
     for (const Tag& tag : shape.tags.tags()) {
@@ -52,11 +49,7 @@ void drawLightPolyline(const Shape& shape) {
         if (tag.code == 20) corners.back().point.y = realOf(tag.value);
         if (tag.code == 42) corners.back().bulge = realOf(tag.value);
     }
-    const Pen pen = objectPen(shape);
-    if (corners.size() == 1) pen.point(corners[0].point);
-    const bool closed = (shape.tags.integer(70, 0) & 1) != 0 && corners.size() > 1;
-    for (std::size_t i = 0; i + (closed ? 0 : 1) < corners.size(); ++i)
-        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
+    objectPen(shape).corners(corners, (shape.tags.integer(70, 0) & 1) != 0);
 }
 
 std::vector<double> realsOf(const OwnTags& tags, int code) {
@@ -105,9 +98,8 @@ void drawLeader(const Shape& shape) { shape.pen.path(pointsOf(shape.tags, 10), f
 void drawSingleText(const Shape& shape) { drawText(shape, false); }
 
 void drawAttribute(const Shape& shape) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttribute");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    if ((flags & 1) == 0) drawText(shape, false);
+    const int flags = getField(shape.entity, field::attributeFlags);
+    if ((flags & field::kInvisible) == 0) drawText(shape, false);
 }
 
 struct KindOfShape {
@@ -138,9 +130,9 @@ constexpr KindOfShape kShapes[] = {
 
 /// A definition shows its tag; inside a block only a constant one shows, and then its value.
 void drawDefinition(const Shape& shape, bool insideBlock) {
-    const auto part = subclassPart(shape.entity.tags(), "AcDbAttributeDefinition");
-    const int flags = (part ? OwnTags(*part) : shape.tags).integer(70, 0);
-    const bool constant = (flags & 2) != 0, invisible = (flags & 1) != 0;
+    const int flags = getField(shape.entity, field::definitionFlags);
+    const bool constant = (flags & field::kConstant) != 0,
+               invisible = (flags & field::kInvisible) != 0;
     if (!insideBlock || (constant && !invisible)) drawText(shape, !insideBlock);
 }
 
@@ -165,27 +157,17 @@ bool drawShape(const Shape& shape, bool insideBlock) {
 void drawPolyline(const Shape& shape) {
     constexpr int kClosed = 1, kSplineFit = 4, k3d = 8, kMeshes = 16 | 64, kFrameVertex = 16;
     const int flags = shape.tags.integer(70, 0);
-    struct Corner {
-        Vec point;
-        double bulge;
-    };
     std::vector<Corner> corners;
-    for (Index i = shape.store.firstLive(shape.entity.self); i != kNoIndex;) {
-        const ObjectBody& vertex = shape.store.at(i);
+    for (const ObjectBody& vertex : shape.store.children(shape.entity.self)) {
         const OwnTags tags(vertex.tags());
         const bool frame = (flags & kSplineFit) != 0 && (tags.integer(70, 0) & kFrameVertex) != 0;
         if (!frame && vertex.kind == Kind::Vertex)
             corners.push_back({pointOf(tags, 10), tags.real(42, 0)});
-        i = shape.store.nextLive(vertex);
     }
     const Pen pen = (flags & (k3d | kMeshes)) != 0 ? shape.pen : objectPen(shape);
-    const bool asPoints = (flags & kMeshes) != 0 || corners.size() == 1;
-    for (std::size_t i = 0; asPoints && i < corners.size(); ++i)
-        pen.point(corners[i].point);
-    if (asPoints) return;
-    const std::size_t open = (flags & kClosed) != 0 ? 0 : 1;
-    for (std::size_t i = 0; i + open < corners.size(); ++i)
-        pen.bulge(corners[i].point, corners[(i + 1) % corners.size()].point, corners[i].bulge);
+    if ((flags & kMeshes) == 0) return pen.corners(corners, (flags & kClosed) != 0);
+    for (const Corner& corner : corners)
+        pen.point(corner.point);
 }
 
 }  // namespace host

@@ -29,12 +29,12 @@ ViewPlace placeIn(ObjectBody* holder, std::string_view part, int height, int asp
 ViewPlace viewPlace(const Store& store) {
     const Index space = store.currentSpace();
     if (space == store.modelSpace()) {
-        ObjectBody* const active = store.symbol("VPORT", L"*Active");
-        if (active == nullptr || active->erased) return {};
+        ObjectBody* const active = store.liveSymbol("VPORT", L"*Active");
+        if (active == nullptr) return {};
         return placeIn(active, "AcDbViewportTableRecord", 40, 41);
     }
-    for (Index i = store.firstLive(space); i != kNoIndex; i = store.nextLive(store.at(i)))
-        if (isPaperViewport(store.at(i))) return placeIn(&store.at(i), "AcDbViewport", 45, 0);
+    for (ObjectBody& entity : store.children(space))
+        if (isPaperViewport(entity)) return placeIn(&entity, "AcDbViewport", 45, 0);
     return {};
 }
 
@@ -63,12 +63,8 @@ bool setHeight(Store& store, const ViewPlace& view, double height) {
 std::optional<Box> extentsOf(const Store& store) {
     std::optional<Box> extents;
     OutlineMaker maker(store);
-    const Index space = store.currentSpace();
-    for (Index i = space == kNoIndex ? kNoIndex : store.firstLive(space); i != kNoIndex;
-         i = store.nextLive(store.at(i))) {
-        if (isPaperViewport(store.at(i))) continue;
-        extend(extents, maker.outlineOf(store.at(i)).bounds());
-    }
+    for (const ObjectBody& entity : store.children(store.currentSpace()))
+        if (!isPaperViewport(entity)) extend(extents, maker.outlineOf(entity).bounds());
     return extents;
 }
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 
 namespace host {
 

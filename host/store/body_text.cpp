@@ -1,4 +1,4 @@
-// Edits of an object's tags: identity, encoding, single values, the extension dictionary's link.
+// Edits of an object's tags: identity, encoding, the extension dictionary's link.
 #include "host/store/body_text.h"
 
 #include <cstring>
@@ -12,14 +12,6 @@ namespace host {
 namespace {
 
 constexpr std::string_view kDictionaryBracket = "{ACAD_XDICTIONARY";
-
-/// Where tags of the object's own have to go: before embedded objects and extended data.
-std::size_t ownEnd(std::string_view text) {
-    TagWalk walk(text);
-    while (walk.next() && walk.zone() < TagZone::Embedded) {
-    }
-    return walk.begin();
-}
 
 /// The bracket that names the extension dictionary, with both its 102 tags, and the handle in it.
 struct DictionaryLink {
@@ -90,28 +82,6 @@ std::string recoded(std::string_view text, const Encoding& from, const Encoding&
     return result;
 }
 
-void setTag(std::string& text, int code, std::string_view value) {
-    if (const auto place = findTag(text, code)) {
-        replaceValue(text, *place, value);
-        return;
-    }
-    std::string tag;
-    addTag(tag, code, value);
-    text.insert(ownEnd(text), tag);
-}
-
-void setTag(std::string& text, int code, int value) { setTag(text, code, std::to_string(value)); }
-
-long long integerTag(std::string_view text, int code, long long otherwise) {
-    const auto place = findTag(text, code);
-    return place ? parseInteger(place->value).value_or(otherwise) : otherwise;
-}
-
-double realTag(std::string_view text, int code, double otherwise) {
-    const auto place = findTag(text, code);
-    return place ? parseReal(place->value).value_or(otherwise) : otherwise;
-}
-
 std::uint64_t extensionDictionaryHandle(std::string_view text) {
     return findDictionaryLink(text).handle;
 }
@@ -120,10 +90,8 @@ void setExtensionDictionary(std::string& text, std::uint64_t handle) {
     const DictionaryLink old = findDictionaryLink(text);
     if (old.end != 0) text.erase(old.begin, old.end - old.begin);
     if (handle == 0) return;
-    std::string bracket;
-    addTag(bracket, 102, kDictionaryBracket);
-    addHandleTag(bracket, 360, handle);
-    addTag(bracket, 102, "}");
+    const std::string bracket =
+        storedTags({{102, kDictionaryBracket}, {360, formatHandle(handle)}, {102, "}"}});
     std::size_t place = 0;
     TagWalk walk(text);
     while (walk.next() && walk.zone() == TagZone::Head)

@@ -21,15 +21,8 @@ std::string withIdentity(std::string_view text, std::uint64_t handle, std::uint6
 /// Copy of an object's tags with every value converted from one encoding to another.
 std::string recoded(std::string_view text, const Encoding& from, const Encoding& to);
 
-/// Sets the value of the first tag with a code outside brackets; adds the tag, before any
-/// extended data, when it is missing.
-void setTag(std::string& text, int code, std::string_view value);
-void setTag(std::string& text, int code, int value);
-
-/// Integer and real values of the first tag with a code, or the given default.
-long long integerTag(std::string_view text, int code, long long otherwise);
-double realTag(std::string_view text, int code, double otherwise);
-
+/// The extension dictionary's handle in an object's tags, or 0.
+std::uint64_t extensionDictionaryHandle(std::string_view text);
 /// Links an object to its extension dictionary; handle 0 takes the link away.
 void setExtensionDictionary(std::string& text, std::uint64_t handle);
 

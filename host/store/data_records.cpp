@@ -35,7 +35,8 @@ std::string withSchemas(std::string_view text, const Turn& turn) {
 }  // namespace
 
 DataPiece DataRecords::pieceOf(std::string_view text) const {
-    DataPiece piece{DataPiece::Kind::Other, text, {}, {}, kNoIndex, {}, -1};
+    DataPiece piece;
+    piece.text = text;
     bool named = false;
     TagReader reader(text);
     for (Tag tag; reader.next(tag);) {
@@ -72,7 +73,7 @@ void DataRecords::read(std::string_view text) {
     const auto endPiece = [&](std::size_t end) {
         if (begin == end) return;
         DataPiece piece = pieceOf(text.substr(begin, end - begin));
-        const ObjectBody* const owner = m_store.byHandle(parseHandle(piece.handle).value_or(0));
+        const ObjectBody* const owner = m_store.byHandle(piece.handle);
         if (owner != nullptr) piece.owner = owner->self;
         add(m_pieces.end(), std::move(piece));
         begin = end;
@@ -112,13 +113,7 @@ void DataRecords::copy(const ObjectBody& source, Index clone) {
     if (found == from.m_records.end()) return;
     m_store.section(SectionKind::Data);
     if (m_pieces.empty() && from.m_pieces.front().kind == DataPiece::Kind::Other)
-        add(m_pieces.end(), {DataPiece::Kind::Other,
-                             m_store.keep(from.m_pieces.front().text),
-                             {},
-                             {},
-                             kNoIndex,
-                             {},
-                             -1});
+        add(m_pieces.end(), pieceOf(m_store.keep(from.m_pieces.front().text)));
     // The source may be of this drawing, and the list grows.
     const std::vector<const DataPiece*> records = found->second;
     for (const DataPiece* record : records) {

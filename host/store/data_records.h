@@ -20,7 +20,7 @@ struct DataPiece {
     std::string_view rest;
     Index owner = kNoIndex;  ///< of a record: the object, when the drawing has it
     std::string name;        ///< of a schema
-    long long index = 0;     ///< of a schema, or of a record's schema; -1 when it says none
+    long long index = -1;    ///< of a schema, or of a record's schema; -1 when it says none
 };
 
 /// From AC1027 on the geometry of solids, regions and surfaces stands here, with pictures of

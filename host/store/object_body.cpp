@@ -7,7 +7,7 @@
 #include "host/store/body_text.h"
 #include "host/store/journal.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 
@@ -47,16 +47,14 @@ Kind findKind(std::string_view type) {
 }
 
 Kind polylineKind(std::string_view text) {
-    constexpr long long kIs3d = 8;
-    constexpr long long kIsMesh = 16 | 64;
-    const long long flags = integerTag(text, 70, 0);
+    constexpr int kIs3d = 8, kIsMesh = 16 | 64;
+    const int flags = integerTag(text, 70);
     if ((flags & kIsMesh) != 0) return Kind::OtherPolyline;
     return (flags & kIs3d) != 0 ? Kind::Polyline3d : Kind::Polyline2d;
 }
 
 Kind tableKind(std::string_view text) {
-    const auto place = findTag(text, 2);
-    const std::string_view name = place ? trimmed(place->value) : std::string_view();
+    const std::string_view name = textTag(text, 2);
     if (name == "BLOCK_RECORD") return Kind::BlockTable;
     if (name == "LAYER") return Kind::LayerTable;
     return name == "LTYPE" ? Kind::LinetypeTable : Kind::OtherTable;
@@ -105,6 +103,14 @@ void ObjectBody::setTags(const std::string& text) {
     if (store == nullptr) return;
     ++store->revision;
     store->recordsChanged(kind);
+}
+
+std::wstring ObjectBody::decode(std::string_view bytes) const {
+    return decodeText(bytes, store != nullptr ? store->encoding() : Encoding());
+}
+
+std::string ObjectBody::encode(std::wstring_view text) const {
+    return encodeText(text, store != nullptr ? store->encoding() : Encoding());
 }
 
 std::string_view ObjectBody::type() const {

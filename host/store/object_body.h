@@ -95,6 +95,9 @@ struct ObjectBody {
     void setTags(const std::string& tags);
     /// Type name: the value of tag 0, for example "LINE".
     std::string_view type() const;
+    /// Text as its tags store it: in the drawing's encoding, in UTF-8 before it joins one.
+    std::wstring decode(std::string_view bytes) const;
+    std::string encode(std::wstring_view text) const;
 };
 
 /// Kind from a type name and the tags behind it; `inEntities` for what stands in a block.

@@ -4,7 +4,7 @@
 #include "host/store/body_text.h"
 #include "host/store/data_records.h"
 #include "host/store/journal.h"
-#include "host/store/store_parts.h"
+#include "host/store/store_memory.h"
 #include "host/tags/tags.h"
 
 namespace host {

@@ -13,6 +13,7 @@
 
 #include "host/objectarx/object_id.h"
 #include "host/store/object_body.h"
+#include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
 class AcDbDatabase;
@@ -61,6 +62,10 @@ class Store {
     Index count() const { return m_count; }  ///< slots in use; valid indexes are 1 to count()
     /// Object with a handle, erased or not; null when there is none.
     ObjectBody* byHandle(std::uint64_t handle) const;
+    /// The same by the handle's text; null for what is none.
+    ObjectBody* byHandle(std::string_view handle) const {
+        return byHandle(parseHandle(handle).value_or(0));
+    }
     /// Next free handle; above every handle in the drawing.
     std::uint64_t handleSeed() const { return m_seed; }
     void raiseHandleSeed(std::uint64_t seed);
@@ -93,6 +98,10 @@ class Store {
     Index lastLive(Index parent) const;
     Index nextLive(const ObjectBody& body) const;
     Index previousLive(const ObjectBody& body) const;
+    /// All live children in their order, for a loop over them; none of kNoIndex. The loop may erase
+    /// the child it stands on.
+    class Children;
+    Children children(Index parent) const;
 
     // --- structure ----------------------------------------------------------------------------
     std::vector<Section>& sections() { return m_sections; }
@@ -128,6 +137,12 @@ class Store {
     /// Record of a table by name without regard to case; live ones win over erased ones.
     ObjectBody* symbol(Index table, std::wstring_view name) const;
     ObjectBody* symbol(std::string_view tableName, std::wstring_view name) const;
+    /// The same, but null for an erased one.
+    template <typename Table>
+    ObjectBody* liveSymbol(const Table& table, std::wstring_view name) const {
+        ObjectBody* const record = symbol(table, name);
+        return record != nullptr && !record->erased ? record : nullptr;
+    }
     /// Notes the name of a record that was added to a table or renamed.
     void indexSymbol(Index table, const ObjectBody& record, std::wstring_view name);
 
@@ -213,10 +228,32 @@ class Store {
     mutable std::unordered_set<std::wstring> m_lockedLayers;  ///< folded names
 };
 
+class Store::Children {
+  public:
+    class Iterator {
+      public:
+        Iterator(const Store& store, Index at) : m_store(store), m_at(at) {}
+        ObjectBody& operator*() const { return m_store.at(m_at); }
+        void operator++() { m_at = m_store.nextLive(**this); }
+        bool operator!=(const Iterator& other) const { return m_at != other.m_at; }
+
+      private:
+        const Store& m_store;
+        Index m_at;
+    };
+    Children(const Store& store, Index parent) : m_store(store), m_parent(parent) {}
+    Iterator begin() const { return {m_store, m_store.firstLive(m_parent)}; }
+    Iterator end() const { return {m_store, kNoIndex}; }
+
+  private:
+    const Store& m_store;
+    Index m_parent;
+};
+
+inline Store::Children Store::children(Index parent) const { return {*this, parent}; }
+
 /// Name of a symbol table record or block (tag 2), decoded.
 std::wstring symbolName(const ObjectBody& record);
-/// The extension dictionary's handle in an object's tags, or 0.
-std::uint64_t extensionDictionaryHandle(std::string_view text);
 /// Layer name of an entity, decoded.
 std::wstring layerName(const ObjectBody& entity);
 

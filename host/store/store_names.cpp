@@ -6,7 +6,7 @@
 #include "host/store/journal.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 
@@ -16,17 +16,9 @@ namespace {
 constexpr const char* kSectionNames[] = {"HEADER",   "CLASSES", "TABLES",  "BLOCKS",
                                          "ENTITIES", "OBJECTS", "ACDSDATA"};
 
-std::wstring tagText(const ObjectBody& body, int code, const wchar_t* otherwise) {
-    const auto place = findTag(body.tags(), code);
-    if (!place) return otherwise;
-    if (body.store != nullptr) return body.store->decode(place->value);
-    return fromUtf8(place->value);
-}
-
 /// True when a record has this name, which is folded. Plain names are compared as they are stored.
 bool isNamed(const ObjectBody& record, std::wstring_view folded) {
-    const auto place = findTag(record.tags(), 2);
-    const std::string_view stored = place ? place->value : std::string_view();
+    const std::string_view stored = rawTag(record.tags(), 2);
     const auto same = [](char c, wchar_t wanted) {
         const bool lower = c >= 'a' && c <= 'z';
         return c > 0 && c != '\\' && static_cast<wchar_t>(lower ? c - 'a' + 'A' : c) == wanted;
@@ -51,19 +43,16 @@ Section& Store::section(SectionKind kind) {
 Index Store::table(std::string_view name) const {
     // Tables are only ever added, under a name that stays; the first of a name counts.
     for (; m_tablesNamed < m_tables.size(); ++m_tablesNamed) {
-        const auto place = findTag(at(m_tables[m_tablesNamed]).tags(), 2);
-        const std::string_view own = place ? trimmed(place->value) : std::string_view();
-        m_tableNames.emplace(own, m_tables[m_tablesNamed]);
+        const Index table = m_tables[m_tablesNamed];
+        m_tableNames.emplace(textTag(at(table).tags(), 2), table);
     }
     const auto found = m_tableNames.find(std::string(name));
     return found != m_tableNames.end() ? found->second : kNoIndex;
 }
 
 Index Store::rootDictionary() const {
-    for (Index index = firstLive(m_objectsList); index != kNoIndex; index = nextLive(at(index))) {
-        const ObjectBody& body = at(index);
-        if (body.kind == Kind::Dictionary && body.owner == kNoIndex) return index;
-    }
+    for (const ObjectBody& body : children(m_objectsList))
+        if (body.kind == Kind::Dictionary && body.owner == kNoIndex) return body.self;
     return kNoIndex;
 }
 
@@ -75,8 +64,8 @@ void Store::recordsChanged(Kind kind) const {
 void Store::findSpaces() const {
     if (m_spacesKnown) return;
     const auto find = [this](std::wstring_view name) {
-        const ObjectBody* const record = symbol("BLOCK_RECORD", name);
-        return record != nullptr && !record->erased ? record->self : kNoIndex;
+        const ObjectBody* const record = liveSymbol("BLOCK_RECORD", name);
+        return record != nullptr ? record->self : kNoIndex;
     };
     m_modelSpace = find(ACDB_MODEL_SPACE);
     m_paperSpace = find(ACDB_PAPER_SPACE);
@@ -133,11 +122,8 @@ void Store::indexSymbol(Index table, const ObjectBody& record, std::wstring_view
 bool Store::onLockedLayer(const ObjectBody& entity) const {
     if (!m_lockedLayersKnown) {
         m_lockedLayers.clear();
-        const Index layers = table("LAYER");
-        Index index = layers != kNoIndex ? firstLive(layers) : kNoIndex;
-        for (; index != kNoIndex; index = nextLive(at(index)))
-            if (layerState(at(index)).locked)
-                m_lockedLayers.insert(foldCase(symbolName(at(index))));
+        for (const ObjectBody& layer : children(table("LAYER")))
+            if (layerState(layer).locked) m_lockedLayers.insert(foldCase(symbolName(layer)));
         m_lockedLayersKnown = true;
     }
     return !m_lockedLayers.empty() && m_lockedLayers.count(foldCase(layerName(entity))) != 0;
@@ -182,8 +168,12 @@ std::string Store::version() const {
     return std::string(headerValue("$ACADVER").value_or("AC1009"));
 }
 
-std::wstring symbolName(const ObjectBody& record) { return tagText(record, 2, L""); }
+std::wstring symbolName(const ObjectBody& record) {
+    return record.decode(rawTag(record.tags(), 2));
+}
 
-std::wstring layerName(const ObjectBody& entity) { return tagText(entity, 8, L"0"); }
+std::wstring layerName(const ObjectBody& entity) {
+    return entity.decode(rawTag(entity.tags(), 8, "0"));
+}
 
 }  // namespace host

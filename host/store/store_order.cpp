@@ -3,6 +3,7 @@
 // A list holds its members in the order of their indexes. An erased body is unlinked but keeps its
 // own links as hints: whatever was erased, restored or appended since, the right place is between
 // the nearest members below and above the body's index.
+#include "host/store/body_text.h"
 #include "host/store/journal.h"
 #include "host/store/store.h"
 

@@ -4,7 +4,7 @@
 #include "host/objectarx/symbol_tables.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -12,14 +12,12 @@ namespace {
 /// Makes a BLOCK or ENDBLK, whose own tags are in the drawing's encoding.
 Index makePart(Store& store, Kind kind, const ObjectBody& record, const std::string& own) {
     const bool begins = kind == Kind::BlockBegin;
-    std::string text;
-    addTag(text, 0, begins ? "BLOCK" : "ENDBLK");
-    addTag(text, 100, "AcDbEntity");
-    addTag(text, 8, "0");
-    addTag(text, 100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd");
     ObjectBody fresh;
     fresh.kind = kind;
-    placeText(fresh, text);
+    placeText(fresh, storedTags({{0, begins ? "BLOCK" : "ENDBLK"},
+                                 {100, "AcDbEntity"},
+                                 {8, "0"},
+                                 {100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd"}}));
     ObjectBody& part = store.duplicate(fresh, record.self);
     placeText(part, std::string(part.tags()) + own);
     return part.self;
@@ -32,13 +30,8 @@ bool beginsWith(std::wstring_view name, std::wstring_view beginning) {
 }  // namespace
 
 std::string newRecordText(std::string_view type, std::string_view subclass) {
-    std::string text;
-    addTag(text, 0, type);
-    addTag(text, 100, "AcDbSymbolTableRecord");
-    addTag(text, 100, subclass);
-    addTag(text, 2, "");
-    addTag(text, 70, 0);
-    return text;
+    return storedTags(
+        {{0, type}, {100, "AcDbSymbolTableRecord"}, {100, subclass}, {2, ""}, {70, "0"}});
 }
 
 bool symbolNameIsValid(std::wstring_view name, bool anonymous) {
@@ -61,14 +54,10 @@ void makeBlockParts(Store& store, const ObjectBody& record, std::string_view poi
     std::string own;
     addTag(own, 2, stored);
     addTag(own, 70, name.front() == L'*' && !isSpaceName(name) ? kAnonymous : 0);
-    addPointTag(own, 10, realTag(pointTags, 10, 0), realTag(pointTags, 20, 0),
-                realTag(pointTags, 30, 0));
-    addTag(own, 3, stored);
-    addTag(own, 1, "");
-    BlockParts parts;
-    parts.begin = makePart(store, Kind::BlockBegin, record, own);
-    parts.end = makePart(store, Kind::BlockEnd, record, {});
-    store.blockParts(record.self) = parts;
+    addPointTag(own, 10, realTag(pointTags, 10), realTag(pointTags, 20), realTag(pointTags, 30));
+    own += storedTags({{3, stored}, {1, ""}});
+    const Index begin = makePart(store, Kind::BlockBegin, record, own);
+    store.blockParts(record.self) = {begin, makePart(store, Kind::BlockEnd, record, {})};
     store.blockOrder().push_back(record.self);
 }
 
@@ -76,9 +65,8 @@ void completeBlock(Store& store, ObjectBody& record) {
     makeBlockParts(store, record, record.tags());
     std::string text = newRecordText("BLOCK_RECORD", "AcDbBlockTableRecord");
     setTag(text, 2, store.encode(symbolName(record)));
-    addHandleTag(text, 340, 0);  // no layout
-    addTag(text, 280, 1);        // can be exploded
-    addTag(text, 281, 0);        // can be scaled unevenly
+    // No layout; it can be exploded, and scaled unevenly.
+    text += storedTags({{340, "0"}, {280, "1"}, {281, "0"}});
     placeText(record, withIdentity(text, record.handle, store.at(record.owner).handle));
 }
 
@@ -89,8 +77,8 @@ bool isSpaceName(std::wstring_view name) {
 }
 
 LayerState layerState(const ObjectBody& layer) {
-    constexpr long long kFrozen = 1, kLocked = 4;
-    const long long flags = integerTag(layer.tags(), 70, 0);
+    constexpr int kFrozen = 1, kLocked = 4;
+    const int flags = integerTag(layer.tags(), 70);
     const bool off = integerTag(layer.tags(), 62, 7) < 0;
     return {off, (flags & kFrozen) != 0, (flags & kLocked) != 0};
 }

@@ -48,20 +48,22 @@ Acad::ErrorStatus findSources(const Store& store, const AcDbObjectIdArray& ids,
 }  // namespace
 }  // namespace host
 
-AcDbIdMapping::AcDbIdMapping() : m_map(std::make_unique<host::CloneMap>()) {}
+using namespace host;
+
+AcDbIdMapping::AcDbIdMapping() : m_map(std::make_unique<CloneMap>()) {}
 AcDbIdMapping::~AcDbIdMapping() = default;
 
 Acad::ErrorStatus AcDbDatabase::deepCloneObjects(AcDbObjectIdArray& objectIds, AcDbObjectId& owner,
                                                  AcDbIdMapping& idMap, bool deferXlation) {
-    if (host::callFails(host::kCall)) return Acad::eOutOfMemory;
+    if (callFails(kCall)) return Acad::eOutOfMemory;
     if (objectIds.length() == 0) return Acad::eOk;
-    host::ObjectBody* target = nullptr;
-    Acad::ErrorStatus status = host::findOwner(store(), owner, target);
+    ObjectBody* target = nullptr;
+    Acad::ErrorStatus status = findOwner(store(), owner, target);
     if (status != Acad::eOk) return status;
-    std::vector<host::ObjectBody*> sources;
-    status = host::findSources(store(), objectIds, sources);
+    std::vector<ObjectBody*> sources;
+    status = findSources(store(), objectIds, sources);
     if (status != Acad::eOk) return status;
-    host::copyWithOwned(store(), sources, *target, idMap.map());
-    if (!deferXlation) host::translateReferences(store(), idMap.map());
+    copyWithOwned(store(), sources, *target, idMap.map());
+    if (!deferXlation) translateReferences(store(), idMap.map());
     return Acad::eOk;
 }

@@ -7,29 +7,27 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 
+using namespace host;
+
 namespace {
 
 template <typename Table>
-Acad::ErrorStatus openTable(Table*& table, const host::Store& store, const char* name,
+Acad::ErrorStatus openTable(Table*& table, const Store& store, const char* name,
                             AcDb::OpenMode mode) {
     table = nullptr;
-    if (host::callFails("AcDbDatabase::getSymbolTable")) return Acad::eWasOpenForWrite;
-    const host::Index index = store.table(name);
-    if (index == host::kNoIndex) return Acad::eKeyNotFound;
-    AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = host::openBody(opened, store.at(index), mode);
-    if (status == Acad::eOk) table = static_cast<Table*>(opened);
-    return status;
+    if (callFails("AcDbDatabase::getSymbolTable")) return Acad::eWasOpenForWrite;
+    const Index index = store.table(name);
+    return index != kNoIndex ? openAs(table, store.at(index), mode) : Acad::eKeyNotFound;
 }
 
 }  // namespace
 
-AcDbDatabase::AcDbDatabase(std::unique_ptr<host::Store> store) : m_store(std::move(store)) {
+AcDbDatabase::AcDbDatabase(std::unique_ptr<Store> store) : m_store(std::move(store)) {
     m_store->database = this;
 }
 
 AcDbDatabase::~AcDbDatabase() {
-    host::abandonOpenings(*m_store);
+    abandonOpenings(*m_store);
     AcDbHostApplicationServices* const services = acdbHostApplicationServices();
     if (services->workingDatabase() == this) services->setWorkingDatabase(nullptr);
 }
@@ -49,9 +47,9 @@ Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLinetypeTable*& table, AcDb::
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
                                                 const AcDbHandle& handle, Adesk::UInt32) {
     id.setNull();
-    if (host::callFails("AcDbDatabase::getAcDbObjectId")) return Acad::eUnknownHandle;
+    if (callFails("AcDbDatabase::getAcDbObjectId")) return Acad::eUnknownHandle;
     if (createIfNotFound) return Acad::eNotApplicable;
-    const host::ObjectBody* const body = m_store->byHandle(handle.value());
+    const ObjectBody* const body = m_store->byHandle(handle.value());
     if (body == nullptr || body->undone) return Acad::eUnknownHandle;
     id = m_store->idOf(*body);
     return Acad::eOk;
@@ -60,14 +58,14 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
 bool AcDbDatabase::tilemode() const { return m_store->modelTabCurrent(); }
 
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
-    if (host::callFails("AcDbDatabase::setClayer")) return Acad::eInvalidInput;
+    if (callFails("AcDbDatabase::setClayer")) return Acad::eInvalidInput;
     if (layer.isNull()) return Acad::eNullObjectId;
-    const host::ObjectBody* const body = host::bodyOfId(layer, "AcDbDatabase::setClayer");
+    const ObjectBody* const body = bodyOfId(layer, "AcDbDatabase::setClayer");
     if (body == nullptr) return Acad::eInvalidInput;
-    if (body->kind != host::Kind::LayerRecord) return Acad::eNotThatKindOfClass;
+    if (body->kind != Kind::LayerRecord) return Acad::eNotThatKindOfClass;
     if (body->store != m_store.get()) return Acad::eWrongDatabase;
     if (body->erased) return Acad::eWasErased;
-    return host::setCurrentLayer(*m_store, *body) ? Acad::eOk : Acad::eInvalidInput;
+    return setCurrentLayer(*m_store, *body) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

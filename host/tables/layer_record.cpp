@@ -5,41 +5,37 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
+
+using namespace host;
 
 namespace {
 
 /// Colour as stored: negative while the layer is off.
-int storedColor(const host::ObjectBody& layer) {
-    return static_cast<int>(host::integerTag(layer.tags(), 62, 7));
-}
+int storedColor(const ObjectBody& layer) { return integerTag(layer.tags(), 62, 7); }
 
-void setInteger(host::ObjectBody& layer, int code, int value) {
+void setInteger(ObjectBody& layer, int code, int value) {
     std::string text(layer.tags());
-    host::setTag(text, code, value);
+    setTag(text, code, value);
     layer.setTags(text);
 }
 
-bool isCurrent(const host::ObjectBody& layer) {
+bool isCurrent(const ObjectBody& layer) {
     if (layer.store == nullptr) return false;
     const auto current = layer.store->headerValue("$CLAYER");
-    return current &&
-           host::foldCase(layer.store->decode(*current)) == host::foldCase(host::symbolName(layer));
+    return current && foldCase(layer.store->decode(*current)) == foldCase(symbolName(layer));
 }
 
 }  // namespace
 
 AcDbLayerTableRecord::AcDbLayerTableRecord()
-    : AcDbSymbolTableRecord([] {
-          std::string text = host::newRecordText("LAYER", "AcDbLayerTableRecord");
-          host::addTag(text, 62, 7);
-          host::addTag(text, 6, "CONTINUOUS");
-          return host::freshBody(host::Kind::LayerRecord, text);
-      }()) {}
+    : AcDbSymbolTableRecord(
+          freshBody(Kind::LayerRecord, newRecordText("LAYER", "AcDbLayerTableRecord") +
+                                           storedTags({{62, "7"}, {6, "CONTINUOUS"}}))) {}
 
 Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
-    if (host::callFails("AcDbLayerTableRecord::setColor")) return Acad::eInvalidInput;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbLayerTableRecord::setColor")) return Acad::eInvalidInput;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     const int index = color.colorIndex();
     setInteger(content, 62, storedColor(content) < 0 ? -index : index);
@@ -47,32 +43,29 @@ Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
-    if (host::callFails("AcDbLayerTableRecord::setLinetypeObjectId")) return Acad::eInvalidInput;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbLayerTableRecord::setLinetypeObjectId")) return Acad::eInvalidInput;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (id.isNull()) return Acad::eNullObjectId;
-    const host::ObjectBody* const linetype =
-        host::bodyOfId(id, "AcDbLayerTableRecord::setLinetypeObjectId");
+    const ObjectBody* const linetype = bodyOfId(id, "AcDbLayerTableRecord::setLinetypeObjectId");
     if (linetype == nullptr) return Acad::eInvalidInput;
-    if (linetype->kind != host::Kind::LinetypeRecord) return Acad::eNotThatKindOfClass;
+    if (linetype->kind != Kind::LinetypeRecord) return Acad::eNotThatKindOfClass;
     if (content.store != nullptr && content.store != linetype->store) return Acad::eWrongDatabase;
-    const std::wstring name = host::symbolName(*linetype);
     std::string text(content.tags());
-    host::setTag(text, 6,
-                 content.store != nullptr ? content.store->encode(name) : host::toUtf8(name));
+    setTag(text, 6, content.encode(symbolName(*linetype)));
     content.setTags(text);
     return Acad::eOk;
 }
 
-bool AcDbLayerTableRecord::isLocked() const { return host::layerState(body()).locked; }
+bool AcDbLayerTableRecord::isLocked() const { return layerState(body()).locked; }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
-    if (host::callFails("AcDbLayerTableRecord::setIsFrozen")) return Acad::eInvalidInput;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbLayerTableRecord::setIsFrozen")) return Acad::eInvalidInput;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (frozen && isCurrent(content)) return Acad::eInvalidInput;
     constexpr int kFrozen = 1;
-    const int flags = static_cast<int>(host::integerTag(content.tags(), 70, 0));
+    const int flags = integerTag(content.tags(), 70);
     setInteger(content, 70, frozen ? flags | kFrozen : flags & ~kFrozen);
     return Acad::eOk;
 }

@@ -2,11 +2,11 @@
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -22,55 +22,48 @@ void addPlotting(const Store& store, ObjectBody& layer) {
     layer.setTags(text);
 }
 
-/// Kind of the records that a table takes.
+/// False also for the other tables: no class of the interface makes records of theirs.
 bool takesRecord(Kind table, Kind record) {
-    switch (table) {
-        case Kind::BlockTable:
-            return record == Kind::BlockRecord;
-        case Kind::LayerTable:
-            return record == Kind::LayerRecord;
-        case Kind::LinetypeTable:
-            return record == Kind::LinetypeRecord;
-        default:
-            return false;  // no class of the interface makes records of the other tables
-    }
+    return (table == Kind::BlockTable && record == Kind::BlockRecord) ||
+           (table == Kind::LayerTable && record == Kind::LayerRecord) ||
+           (table == Kind::LinetypeTable && record == Kind::LinetypeRecord);
 }
 
 }  // namespace
 }  // namespace host
 
+using namespace host;
+
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
     name = nullptr;
-    if (host::callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
-    name = host::newString(host::symbolName(body()));
+    if (callFails("AcDbSymbolTableRecord::getName")) return Acad::eOutOfMemory;
+    name = newString(symbolName(body()));
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
-    if (host::callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
-    host::ObjectBody& content = body();
+    if (callFails("AcDbSymbolTableRecord::setName")) return Acad::eInvalidSymbolTableName;
+    ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    const bool anonymous = content.kind == host::Kind::BlockRecord;
-    if (name == nullptr || !host::symbolNameIsValid(name, anonymous))
+    const bool anonymous = content.kind == Kind::BlockRecord;
+    if (name == nullptr || !symbolNameIsValid(name, anonymous))
         return Acad::eInvalidSymbolTableName;
     if (content.store != nullptr) return Acad::eNotApplicable;
     std::string text(content.tags());
-    host::setTag(text, 2, host::toUtf8(name));
+    setTag(text, 2, toUtf8(name));
     content.setTags(text);
     return Acad::eOk;
 }
 
 bool AcDbSymbolTable::has(const ACHAR* name) const {
-    const host::ObjectBody& content = body();
-    if (name == nullptr || content.store == nullptr) return false;
-    const host::ObjectBody* const record = content.store->symbol(content.self, name);
-    return record != nullptr && !record->erased;
+    const ObjectBody& content = body();
+    return name != nullptr && content.store != nullptr &&
+           content.store->liveSymbol(content.self, name) != nullptr;
 }
 
 namespace {
 
-Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name,
-                             host::ObjectBody*& record) {
+Acad::ErrorStatus findRecord(const ObjectBody& table, const ACHAR* name, ObjectBody*& record) {
     record = nullptr;
     if (name == nullptr || table.store == nullptr) return Acad::eKeyNotFound;
     record = table.store->symbol(table.self, name);
@@ -82,8 +75,8 @@ Acad::ErrorStatus findRecord(const host::ObjectBody& table, const ACHAR* name,
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id) const {
     id.setNull();
-    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
-    host::ObjectBody* record = nullptr;
+    if (callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    ObjectBody* record = nullptr;
     const Acad::ErrorStatus status = findRecord(body(), name, record);
     if (status == Acad::eOk) id = record->store->idOf(*record);
     return status;
@@ -92,14 +85,10 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id) co
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
                                          AcDb::OpenMode mode) const {
     record = nullptr;
-    if (host::callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
-    host::ObjectBody* found = nullptr;
-    Acad::ErrorStatus status = findRecord(body(), name, found);
-    if (status != Acad::eOk) return status;
-    AcDbObject* opened = nullptr;
-    status = host::openBody(opened, *found, mode);
-    if (status == Acad::eOk) record = static_cast<AcDbSymbolTableRecord*>(opened);
-    return status;
+    if (callFails("AcDbSymbolTable::getAt")) return Acad::eKeyNotFound;
+    ObjectBody* found = nullptr;
+    const Acad::ErrorStatus status = findRecord(body(), name, found);
+    return status == Acad::eOk ? openAs(record, *found, mode) : status;
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
@@ -109,22 +98,22 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record) {
     id.setNull();
-    if (host::callFails("AcDbSymbolTable::add")) return Acad::eDuplicateRecordName;
-    host::ObjectBody& table = body();
+    if (callFails("AcDbSymbolTable::add")) return Acad::eDuplicateRecordName;
+    ObjectBody& table = body();
     if (!table.openForWrite) return Acad::eNotOpenForWrite;
     if (record == nullptr) return Acad::eNullObjectPointer;
-    if (!host::takesRecord(table.kind, record->body().kind)) return Acad::eWrongObjectType;
-    const std::wstring name = host::symbolName(record->body());
+    if (!takesRecord(table.kind, record->body().kind)) return Acad::eWrongObjectType;
+    const std::wstring name = symbolName(record->body());
     if (name.empty()) return Acad::eInvalidSymbolTableName;
     if (record->body().store != nullptr) return Acad::eAlreadyInDb;
     if (has(name.c_str())) return Acad::eDuplicateRecordName;
-    host::Store& store = *table.store;
-    const Acad::ErrorStatus status = host::makeResident(*record, store, table.self);
+    Store& store = *table.store;
+    const Acad::ErrorStatus status = makeResident(*record, store, table.self);
     if (status != Acad::eOk) return status;
-    host::ObjectBody& added = record->body();
-    host::addRecord(store, table.self, added, name);
-    if (added.kind == host::Kind::BlockRecord) host::completeBlock(store, added);
-    if (added.kind == host::Kind::LayerRecord) host::addPlotting(store, added);
+    ObjectBody& added = record->body();
+    addRecord(store, table.self, added, name);
+    if (added.kind == Kind::BlockRecord) completeBlock(store, added);
+    if (added.kind == Kind::LayerRecord) addPlotting(store, added);
     id = store.idOf(added);
     return Acad::eOk;
 }

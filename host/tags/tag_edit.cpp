@@ -24,7 +24,7 @@ std::optional<std::size_t> TagEdit::find(int code) const {
 
 double TagEdit::real(std::size_t at) {
     const std::optional<double> value = parseReal(m_tags[at].value);
-    if (value && std::isfinite(*value)) return *value;
+    if (value) return *value;
     if (!m_malformed) m_malformed = m_tags[at].code;
     return 0.0;
 }

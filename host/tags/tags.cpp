@@ -15,6 +15,13 @@ void addTag(std::string& text, int code, std::string_view value) {
     text.append(digits, length).append(1, '\n').append(value).append(1, '\n');
 }
 
+std::string storedTags(std::initializer_list<Tag> tags) {
+    std::string text;
+    for (const Tag& tag : tags)
+        addTag(text, tag.code, tag.value);
+    return text;
+}
+
 void addTag(std::string& text, int code, double value) { addTag(text, code, formatReal(value)); }
 
 void addTag(std::string& text, int code, int value) {
@@ -45,13 +52,6 @@ std::optional<std::string_view> subclassPart(std::string_view text, std::string_
     }
     if (!found) return std::nullopt;
     return text.substr(begin);
-}
-
-std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence) {
-    TagWalk walk(text);
-    while (walk.next())
-        if (walk.code() == code && walk.depth() == 0 && occurrence-- == 0) return walk.place();
-    return std::nullopt;
 }
 
 void replaceValue(std::string& text, const TagPlace& place, std::string_view value) {

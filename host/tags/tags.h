@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,6 +69,8 @@ class TagReader {
     std::size_t m_end = 0;
 };
 
+/// Tags in stored form. A value must not hold a line end.
+std::string storedTags(std::initializer_list<Tag> tags);
 /// Appends one tag in stored form. A value must not hold a line end.
 void addTag(std::string& text, int code, std::string_view value);
 void addTag(std::string& text, int code, double value);
@@ -87,9 +90,6 @@ struct TagPlace {
 /// Part of an object's tags: from a subclass marker (100) to the next one. The tags before the
 /// first marker are the part with an empty name. Nothing when the object has no such part.
 std::optional<std::string_view> subclassPart(std::string_view text, std::string_view subclass);
-
-/// The `occurrence`-th tag (from 0) with a code, outside 102 brackets.
-std::optional<TagPlace> findTag(std::string_view text, int code, int occurrence = 0);
 
 /// Replaces the value of the tag at `place`, which was found in `text`.
 void replaceValue(std::string& text, const TagPlace& place, std::string_view value);

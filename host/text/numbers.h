@@ -11,7 +11,7 @@ namespace host {
 /// Shortest text that reads back as the same double; always with a point or an exponent.
 std::string formatReal(double value);
 std::string formatHandle(std::uint64_t handle);
-/// Blanks around the number are accepted, anything else is not.
+/// Blanks around the number are accepted, anything else is not. Reals are finite.
 std::optional<double> parseReal(std::string_view text);
 std::optional<long long> parseInteger(std::string_view text);
 std::optional<std::uint64_t> parseHandle(std::string_view text);

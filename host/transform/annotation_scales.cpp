@@ -2,6 +2,7 @@
 #include "host/transform/annotation_scales.h"
 
 #include "host/content/dictionary_text.h"
+#include "host/store/body_text.h"
 #include "host/store/store.h"
 
 namespace host {

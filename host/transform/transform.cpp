@@ -4,10 +4,11 @@
 #include <cmath>
 
 #include "host/clone/dimension_blocks.h"
+#include "host/content/references.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_edit.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 #include "host/transform/annotation_scales.h"
 #include "host/transform/transform_rules.h"
 #include "host/transform/transform_tags.h"
@@ -24,19 +25,18 @@ Vec extrusionOf(const ObjectBody& body) {
 }
 
 bool isDimension(const ObjectBody& body) {
-    const std::string_view type = trimmed(body.type());
-    return type == "DIMENSION" || type == "ARC_DIMENSION" || type == "LARGE_RADIAL_DIMENSION";
+    return blockPictureOf(body.type()) == BlockPicture::Dimension;
 }
 
 /// True for a paragraph text that is centred in both directions.
 bool isCentredText(const ObjectBody& body) {
     constexpr int kMiddleCentre = 5;
-    return trimmed(body.type()) == "MTEXT" && integerTag(body.tags(), 71, 1) == kMiddleCentre;
+    return body.type() == "MTEXT" && integerTag(body.tags(), 71, 1) == kMiddleCentre;
 }
 
 bool isOrdinate(const ObjectBody& body) {
     constexpr int kTypeBits = 7, kOrdinate = 6;
-    return isDimension(body) && (integerTag(body.tags(), 70, 0) & kTypeBits) == kOrdinate;
+    return isDimension(body) && (integerTag(body.tags(), 70) & kTypeBits) == kOrdinate;
 }
 
 /// True when a map mirrors at a line that is along neither X nor Y.
@@ -53,8 +53,7 @@ void stateAngle(std::string& text) {
 
 /// True for what has an anonymous block of its own, which shows it.
 bool hasPicture(const ObjectBody& body) {
-    return (isDimension(body) || trimmed(body.type()) == "ACAD_TABLE") &&
-           pictureOf(body) != nullptr;
+    return blockPictureOf(body.type()) != BlockPicture::None && pictureOf(body) != nullptr;
 }
 
 /// How many live dimensions and tables show each block.
@@ -88,8 +87,8 @@ bool mapTags(TagEdit& edit, const TransformRule& rule, const ObjectFrame& frame,
 }  // namespace
 
 bool EntityTransform::refuse(const ObjectBody& main, const std::string& why) {
-    m_problem = std::string(trimmed(main.type())) + " " + formatHandle(main.handle) +
-                " cannot be " + m_done + " here" + why + "; leave it out of the selection";
+    m_problem = std::string(main.type()) + " " + formatHandle(main.handle) + " cannot be " +
+                m_done + " here" + why + "; leave it out of the selection";
     return false;
 }
 
@@ -99,10 +98,9 @@ bool EntityTransform::check(const ObjectBody& entity) {
 }
 
 bool EntityTransform::planAll(const ObjectBody& entity, Texts& texts) {
-    const Store& store = *entity.store;
     if (!planOne(entity, entity, false, texts)) return false;
-    for (Index at = store.firstLive(entity.self); at != kNoIndex; at = store.nextLive(store.at(at)))
-        if (!planOne(store.at(at), entity, false, texts)) return false;
+    for (const ObjectBody& part : entity.store->children(entity.self))
+        if (!planOne(part, entity, false, texts)) return false;
     return true;
 }
 
@@ -110,14 +108,11 @@ bool EntityTransform::planPicture(const ObjectBody& dimension, Texts& texts) {
     const ObjectBody* picture = pictureOf(dimension);
     if (picture == nullptr) return true;
     const Store& store = *dimension.store;
-    for (Index at = store.firstLive(picture->self); at != kNoIndex;) {
-        const ObjectBody& entity = store.at(at);
+    for (const ObjectBody& entity : store.children(picture->self)) {
         if (isDimension(entity)) return refuse(dimension, ": its block shows another dimension");
         if (!planOne(entity, dimension, true, texts)) return false;
-        for (Index part = store.firstLive(at); part != kNoIndex;
-             part = store.nextLive(store.at(part)))
-            if (!planOne(store.at(part), dimension, true, texts)) return false;
-        at = store.nextLive(entity);
+        for (const ObjectBody& part : store.children(entity.self))
+            if (!planOne(part, dimension, true, texts)) return false;
     }
     return true;
 }

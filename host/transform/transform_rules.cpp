@@ -5,7 +5,7 @@
 
 #include "host/store/body_text.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 #include "host/transform/transform_fields.h"
 
 namespace host {
@@ -17,6 +17,8 @@ constexpr TransformRule rule(std::string_view type, const FieldRule (&fields)[N]
                              Layout layout = Layout::Fields) {
     return {type, mirroring, layout, fields, N};
 }
+
+using namespace role;
 
 constexpr TransformRule kRules[] = {
     rule("LINE", kLine),
@@ -73,9 +75,9 @@ constexpr TransformRule kFaceRecordRule = rule("VERTEX", kOnlyExtrusion);
 
 /// What a vertex means depends on its polyline; a face of a mesh names vertices and has no place.
 const TransformRule* vertexRule(const ObjectBody& vertex) {
-    constexpr long long kFaceRecord = 128, kMeshVertex = 64;
+    constexpr int kFaceRecord = 128, kMeshVertex = 64;
     if (vertex.store->at(vertex.owner).kind == Kind::Polyline2d) return &kVertex2dRule;
-    const long long flags = integerTag(vertex.tags(), 70, 0);
+    const int flags = integerTag(vertex.tags(), 70);
     const bool isFace = (flags & kFaceRecord) != 0 && (flags & kMeshVertex) == 0;
     return isFace ? &kFaceRecordRule : &kVertex3dRule;
 }
@@ -92,18 +94,10 @@ const FieldRule* TransformRule::find(int code, std::string_view subclass) const 
 }
 
 const TransformRule* transformRule(const ObjectBody& body) {
-    switch (body.kind) {
-        case Kind::Polyline2d:
-            return &kPolyline2dRule;
-        case Kind::Polyline3d:
-        case Kind::OtherPolyline:
-            return &kPolyline3dRule;
-        case Kind::Vertex:
-            return vertexRule(body);
-        default:
-            break;
-    }
-    const std::string_view type = trimmed(body.type());
+    if (body.kind == Kind::Vertex) return vertexRule(body);
+    if (body.kind == Kind::Polyline2d) return &kPolyline2dRule;
+    if (body.kind == Kind::Polyline3d || body.kind == Kind::OtherPolyline) return &kPolyline3dRule;
+    const std::string_view type = body.type();
     for (const TransformRule& each : kRules) {
         if (each.type == type) return &each;
     }

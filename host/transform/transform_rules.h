@@ -8,9 +8,11 @@
 
 namespace host {
 
+namespace role {
+
 /// What a tag means to a rigid map. Tags that no field names are lengths, texts and references
 /// and stay.
-enum class Role {
+enum Role {
     Point,           ///< in world coordinates
     Vector,          ///< in world coordinates
     XDirection,      ///< in world coordinates; the first of its code, absent the X axis
@@ -32,6 +34,10 @@ enum class Role {
     UpsideDown,      ///< flags of which bit 4 mirrors a text at its base line
     Handed,          ///< 0 or 1; the other one of the two where mirrored
 };
+
+}  // namespace role
+
+using role::Role;
 
 struct FieldRule {
     int code;

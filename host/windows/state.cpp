@@ -28,7 +28,6 @@ void resetWindows() { windowsState() = WindowsState(); }
 
 void setDebuggerPresent(bool present) { windowsState().debuggerPresent = present; }
 
-
 void setEnvironment(const std::wstring& name, std::optional<std::wstring> value) {
     windowsState().environment[name] = std::move(value);
 }

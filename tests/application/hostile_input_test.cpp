@@ -1,5 +1,5 @@
 // Scripts that once brought the host down, and drawings nested without measure.
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "script_trial.h"
 #include "session_fixture.h"
 
@@ -36,7 +36,7 @@ std::string nestedDictionaries(int depth) {
         groups += (level == 0 ? "30" : handle(level - 1)) + "|100 AcDbDictionary|280 1";
         if (level + 1 < depth) groups += "|3 BELOW|360 " + handle(level + 1);
     }
-    return tests::storedGroups(groups + "|0 ENDSEC|0 EOF");
+    return tests::tagsOf(groups + "|0 ENDSEC|0 EOF");
 }
 
 /// Depth costs no stack: what follows owners works off a list.

@@ -21,7 +21,7 @@ using namespace host;
 CommandStatus refuse() { return CommandStatus::Failed; }
 
 /// In place of the commands that read and write files and load code.
-const BuiltinCommand kRefused[] = {
+const CommandTable kRefused = {
     {L"OPEN", 0, refuse, L""},  {L"SAVE", 0, refuse, L""}, {L"SAVEAS", 0, refuse, L""},
     {L"QSAVE", 0, refuse, L""}, {L"ARX", 0, refuse, L""},
 };
@@ -78,7 +78,7 @@ std::string thrown() {
 
 std::string faultOfSession(std::string_view bytes, const std::string& folder) {
     Session session;
-    registerBuiltins(kRefused, std::size(kRefused));
+    registerBuiltins(kRefused);
     session.newDrawing();
     session.runScript(kBegin);
     std::string fault;

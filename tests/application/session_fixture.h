@@ -79,9 +79,8 @@ class SessionTest : public testing::Test {
     std::string drawing() const {
         const Store& store = session->database()->store();
         std::string text;
-        for (Index at = store.firstLive(store.modelSpace()); at != kNoIndex;
-             at = store.nextLive(store.at(at)))
-            text += (text.empty() ? "" : " ") + std::string(store.at(at).type());
+        for (const ObjectBody& entity : store.children(store.modelSpace()))
+            text += (text.empty() ? "" : " ") + std::string(entity.type());
         return text;
     }
     std::unique_ptr<Session> session;

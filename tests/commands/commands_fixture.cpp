@@ -1,7 +1,7 @@
 // Rendering drawings as text for whole-state comparisons.
 #include "commands/commands_fixture.h"
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/commands/entity_maker.h"
 #include "host/content/dictionary_text.h"
 #include "host/dxf/check/drawing_check.h"
@@ -20,9 +20,8 @@ std::string stateOf(const Store& store) {
         if (body.erased || body.size == 0) continue;
         text += std::to_string(at) + ":\n" + std::string(body.tags());
         std::string forward, backward;
-        for (Index child = store.firstLive(at); child != kNoIndex;
-             child = store.nextLive(store.at(child)))
-            forward += " " + std::to_string(child);
+        for (const ObjectBody& child : store.children(at))
+            forward += " " + std::to_string(child.self);
         for (Index child = store.lastLive(at); child != kNoIndex;
              child = store.previousLive(store.at(child)))
             backward = " " + std::to_string(child) + backward;
@@ -45,24 +44,22 @@ CommandsTest::~CommandsTest() {
 
 std::string CommandsTest::entities() const {
     std::string text;
-    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
-         at = store().nextLive(store().at(at))) {
-        const std::wstring layer = layerName(store().at(at));
-        text += (text.empty() ? "" : " ") + std::string(store().at(at).type());
+    for (const ObjectBody& entity : store().children(store().modelSpace())) {
+        const std::wstring layer = layerName(entity);
+        text += (text.empty() ? "" : " ") + std::string(entity.type());
         if (layer != L"0") text += "/" + toUtf8(layer);
     }
     return text;
 }
 
 ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const {
-    for (Index at = store().firstLive(store().modelSpace()); at != kNoIndex;
-         at = store().nextLive(store().at(at)))
-        if (store().at(at).type() == type && occurrence-- == 0) return store().at(at);
+    for (ObjectBody& entity : store().children(store().modelSpace()))
+        if (entity.type() == type && occurrence-- == 0) return entity;
     ADD_FAILURE() << "no " << type;
     return store().at(0);
 }
 
-std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<int> codes) {
+std::string CommandsTest::values(const ObjectBody& body, std::initializer_list<int> codes) {
     std::string text;
     for (const int code : codes) {
         TagReader reader(body.tags());
@@ -75,8 +72,8 @@ std::string CommandsTest::groups(const ObjectBody& body, std::initializer_list<i
     return text;
 }
 
-ObjectBody& CommandsTest::add(const std::string& type, const std::string& groups) {
-    return *Store::resolve(addEntity(store(), type, storedGroups(groups)));
+ObjectBody& CommandsTest::add(const std::string& type, const std::string& tags) {
+    return *Store::resolve(addEntity(store(), type, tagsOf(tags)));
 }
 
 ObjectBody& CommandsTest::addObject(Kind kind, const std::string& text, Index owner) const {

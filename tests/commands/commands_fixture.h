@@ -7,7 +7,7 @@
 
 namespace tests {
 
-/// Everything live in a drawing: header, each object with its groups, and the order of the spaces,
+/// Everything live in a drawing: header, each object with its tags, and the order of the spaces,
 /// walked both ways.
 std::string stateOf(const host::Store& store);
 /// "" for a sound drawing, else the errors that the check finds.
@@ -24,11 +24,11 @@ class CommandsTest : public SessionTest {
     std::string entities() const;
     /// The occurrence-th entity of a type in model space.
     host::ObjectBody& entity(const std::string& type, int occurrence = 0) const;
-    /// Values of groups of an entity: "10 20 30" gives "1.0 2.0 3.0".
-    static std::string groups(const host::ObjectBody& body, std::initializer_list<int> codes);
+    /// Values of tags of an entity: "10 20 30" gives "1.0 2.0 3.0".
+    static std::string values(const host::ObjectBody& body, std::initializer_list<int> codes);
     /// Adds an entity from "code value|code value" to model space.
-    host::ObjectBody& add(const std::string& type, const std::string& groups);
-    /// Adds an object that is no entity, with the text of its groups.
+    host::ObjectBody& add(const std::string& type, const std::string& tags);
+    /// Adds an object that is no entity, with the text of its tags.
     host::ObjectBody& addObject(host::Kind kind, const std::string& text, host::Index owner) const;
     host::ObjectBody& addExtensionDictionary(host::ObjectBody& entity, bool hard) const;
 };

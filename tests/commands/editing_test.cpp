@@ -1,7 +1,8 @@
 // COPY, MIRROR, the clipboard and switching between drawings, as whole states.
 #include "commands/commands_fixture.h"
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/content/dictionary_text.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 namespace {
@@ -18,7 +19,7 @@ class EditingTest : public CommandsTest {
     /// Gives an entity an extension dictionary with one record.
     void addRecord(ObjectBody& entity, bool hard) {
         ObjectBody& dictionary = addExtensionDictionary(entity, hard);
-        const std::string text = storedGroups("0 XRECORD|100 AcDbXrecord|280 1");
+        const std::string text = tagsOf("0 XRECORD|100 AcDbXrecord|280 1");
         addEntry(dictionary, L"KEY", addObject(Kind::Xrecord, text, dictionary.self).handle);
     }
     /// Number of live records of applications.
@@ -34,8 +35,8 @@ class EditingTest : public CommandsTest {
 TEST_F(EditingTest, LinesTakePolarPointsAndSegmentsBack) {
     run(L"LINE 1,1 @2<90 8,8 U @ u @3,0 C\nLINE @ 5<180 U\n@1,0\n\n");
     EXPECT_EQ(entities(), "LINE CIRCLE LINE LINE LINE LINE");
-    EXPECT_EQ(groups(entity("LINE", 2), {10, 20, 11, 21}), "1.0 3.0 4.0 3.0");
-    EXPECT_EQ(groups(entity("LINE", 3), {10, 20, 11, 21}), "4.0 3.0 1.0 1.0");
+    EXPECT_EQ(values(entity("LINE", 2), {10, 20, 11, 21}), "1.0 3.0 4.0 3.0");
+    EXPECT_EQ(values(entity("LINE", 3), {10, 20, 11, 21}), "4.0 3.0 1.0 1.0");
     run(L"U\nU\n");
     EXPECT_EQ(entities(), "LINE CIRCLE");
 }
@@ -114,12 +115,12 @@ TEST_F(EditingTest, ClipboardGoesBetweenDrawingsWithWhatBelongsToIt) {
     EXPECT_EQ(entities(), "LINE CIRCLE");
     EXPECT_EQ(records(), 1) << "a soft dictionary's record stays behind";
     // The lower left corner of both comes to the insertion point.
-    EXPECT_EQ(groups(entity("LINE"), {10, 20, 11}), "100.0 100.0 110.0");
+    EXPECT_EQ(values(entity("LINE"), {10, 20, 11}), "100.0 100.0 110.0");
     run(L"PASTECLIP 0,0\nSWITCH 1\n");
     EXPECT_EQ(entities(), "LINE CIRCLE");
     EXPECT_EQ(run(L"CUTCLIP L\n\nSWITCH Drawing2.dxf\nPASTECLIP 0,0\n"), CommandStatus::Done);
     EXPECT_EQ(entities(), "LINE CIRCLE LINE CIRCLE CIRCLE");
-    EXPECT_EQ(groups(entity("CIRCLE", 2), {10, 20}), "1.0 1.0");
+    EXPECT_EQ(values(entity("CIRCLE", 2), {10, 20}), "1.0 1.0");
     EXPECT_EQ(run(L"SWITCH Drawing3.dxf\n"), CommandStatus::Failed);
 }
 
@@ -136,11 +137,11 @@ TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
     ASSERT_NE(block, nullptr);
     const Index first = store().firstLive(block->self);
     store().setErased(store().at(first), true);
-    const std::string dimension = groups(entity("DIMENSION"), {2});
+    const std::string dimension = values(entity("DIMENSION"), {2});
     run(L"PASTECLIP 0,0\n");
     EXPECT_EQ(store().symbol("BLOCK_RECORD", L"b"), block);
     EXPECT_TRUE(store().at(first).erased);
-    EXPECT_NE(groups(entity("DIMENSION", 6), {2}), dimension) << "anonymous blocks are not shared";
+    EXPECT_NE(values(entity("DIMENSION", 6), {2}), dimension) << "anonymous blocks are not shared";
     EXPECT_FALSE(store().at(circle).erased);
 }
 

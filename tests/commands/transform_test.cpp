@@ -1,12 +1,12 @@
-// Moving and mirroring: what becomes of the groups, there and back, and what is refused.
+// Moving and mirroring: what becomes of the tags, there and back, and what is refused.
 #include <cmath>
 #include <optional>
 #include <regex>
 #include <sstream>
 
 #include "commands/commands_fixture.h"
-#include "common/groups.h"
 #include "common/library.h"
+#include "common/tag_literals.h"
 #include "host/clone/dimension_blocks.h"
 #include "host/content/dictionary_text.h"
 
@@ -37,7 +37,7 @@ std::string written(const ObjectBody& body) {
 struct Mapped {
     const char* type;
     /// A value that changes reads before/moved/mirrored; where its group is absent, "-".
-    const char* groups;
+    const char* tags;
 };
 
 // What stands in several places of an entity, or means something else there, follows in each when
@@ -58,7 +58,7 @@ constexpr Mapped kMapped[] = {
     {"ELLIPSE",
      "100 AcDbEllipse|10 1.0/11.0/-1.0|20 0.0/20.0/0.0|30 0.0/30.0/0.0|11 2.0/2.0/-2.0|21 1.0|"
      "31 0.0|40 0.5|41 1.0/1.0/4.283185307179586|42 2.0/2.0/5.283185307179586"},
-    // The groups 92 and 310 are a picture of it at the old place.
+    // The tags 92 and 310 are a picture of it at the old place.
     {"CIRCLE",
      "92 2/-/-|310 ABCD/-/-|100 AcDbCircle|10 1.0/-9.0/-1.0|20 2.0/22.0/2.0|30 3.0/-27.0/3.0|"
      "40 1.0|210 0.0|220 0.0|230 -1.0|1001 ACAD|1011 1.0/11.0/-1.0|1021 2.0/22.0/2.0|"
@@ -123,19 +123,19 @@ constexpr Mapped kMapped[] = {
      "21 4.0/24.0/4.0|31 -/30.0/-"},
 };
 
-/// The groups before (1), moved (2) or mirrored (3).
-std::string variant(const char* groups, int which) {
+/// The tags before (1), moved (2) or mirrored (3).
+std::string variant(const char* tags, int which) {
     static const std::regex changing("([^ |/]+)/([^ |/]+)/([^ |/]+)"),
         absent("\\d+ -[|]|[|](\\d+ -[|]?)+$");
-    const std::string text = std::regex_replace(groups, changing, "$" + std::to_string(which));
+    const std::string text = std::regex_replace(tags, changing, "$" + std::to_string(which));
     return std::regex_replace(text, absent, "");
 }
 
 class TransformTest : public CommandsTest {
   protected:
-    std::string after(const wchar_t* script, const char* type, const std::string& groups) {
+    std::string after(const wchar_t* script, const char* type, const std::string& tags) {
         session->newDrawing();
-        const ObjectBody& body = add(type, groups);
+        const ObjectBody& body = add(type, tags);
         run(script);
         const std::string text = written(body);
         session->closeDrawing();
@@ -150,9 +150,9 @@ class TransformTest : public CommandsTest {
             addEntry(*holder, key, next.handle);
             holder = &next;
         }
-        const std::string groups = "|100 AcDbObjectContextData|11 ";
+        const std::string tags = "|100 AcDbObjectContextData|11 ";
         ObjectBody& data =
-            addObject(Kind::Object, storedGroups("0 " + (type + groups) + point), holder->self);
+            addObject(Kind::Object, tagsOf("0 " + (type + tags) + point), holder->self);
         addEntry(*holder, L"*A1", data.handle);
         return data;
     }
@@ -186,15 +186,15 @@ TEST_F(TransformTest, MirroredTwiceEveryEntityIsAsBefore) {
 
     session->newDrawing();
     for (const Mapped& each : kMapped)
-        if (std::string_view(each.type) != "VIEWPORT") add(each.type, variant(each.groups, 1));
+        if (std::string_view(each.type) != "VIEWPORT") add(each.type, variant(each.tags, 1));
     mirrorTwiceHere("what stands in several places");
 }
 
 TEST_F(TransformTest, WhatStandsInSeveralPlacesFollowsInEach) {
     for (const Mapped& each : kMapped) {
-        const std::string before = variant(each.groups, 1);
-        EXPECT_EQ(after(L"MOVE ALL\n\n10,20,30\n\n", each.type, before), variant(each.groups, 2));
-        EXPECT_EQ(after(L"MIRROR ALL\n\n0,0 0,1 Y\n", each.type, before), variant(each.groups, 3));
+        const std::string before = variant(each.tags, 1);
+        EXPECT_EQ(after(L"MOVE ALL\n\n10,20,30\n\n", each.type, before), variant(each.tags, 2));
+        EXPECT_EQ(after(L"MIRROR ALL\n\n0,0 0,1 Y\n", each.type, before), variant(each.tags, 3));
     }
 }
 
@@ -256,12 +256,12 @@ TEST_F(TransformTest, WhatIsKeptForAnAnnotationScaleFollows) {
     const ObjectBody& data = addScale(text, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", "1.0");
     run(L"COPY ALL\n\n0,0 10,20\n\n");
     const ObjectBody& copied = store().at(store().count());
-    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
-    EXPECT_EQ(groups(copied, {0, 11, 21}), "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS 11.0 20.0");
+    EXPECT_EQ(values(data, {11, 21}), "1.0 -");
+    EXPECT_EQ(values(copied, {0, 11, 21}), "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS 11.0 20.0");
     addScale(add("LINE", "100 AcDbLine|10 0.0|11 1.0"), "ACDB_OBJECTCONTEXTDATA_CLASS", "1.0");
     EXPECT_EQ(run(L"MOVE ALL\n\n1,1 2,2\n"), CommandStatus::Failed);
     EXPECT_NE(shown().find("what it keeps for a scale is not known here"), std::string::npos);
-    EXPECT_EQ(groups(data, {11, 21}), "1.0 -");
+    EXPECT_EQ(values(data, {11, 21}), "1.0 -");
 }
 
 /// Each table shows its own block, also when it is a copy.
@@ -274,16 +274,16 @@ TEST_F(TransformTest, ATablesBlockGoesAlong) {
                               formatHandle(block.handle) + "|11 1.0|21 0.0|31 0.0");
     const std::string users = "102\n{BLKREFS\n331\n" + formatHandle(table.handle) + "\n102\n}\n";
     block.setTags(std::string(block.tags()) + users);
-    const std::string before = groups(table, {2, 343});
+    const std::string before = values(table, {2, 343});
     const auto showsItsOwn = [&](int occurrence) {
         const ObjectBody& each = entity("ACAD_TABLE", occurrence);
-        const auto* record = store().symbol("BLOCK_RECORD", store().decode(groups(each, {2})));
-        return record != nullptr && groups(each, {343}) == formatHandle(record->handle);
+        const auto* record = store().symbol("BLOCK_RECORD", store().decode(values(each, {2})));
+        return record != nullptr && values(each, {343}) == formatHandle(record->handle);
     };
     run(L"COPY L\n\n0,0 5,5\n\nCOPYCLIP L\n\n");
-    EXPECT_EQ(groups(table, {2, 343}), before);
+    EXPECT_EQ(values(table, {2, 343}), before);
     EXPECT_EQ(std::string(block.tags().substr(block.tags().size() - users.size())), users);
-    EXPECT_NE(groups(entity("ACAD_TABLE", 1), {2}), groups(table, {2}));
+    EXPECT_NE(values(entity("ACAD_TABLE", 1), {2}), values(table, {2}));
     EXPECT_TRUE(showsItsOwn(1));
     session->newDrawing();
     run(L"PASTECLIP 9,9\n");
@@ -296,17 +296,17 @@ TEST_F(TransformTest, ADimensionsPictureGoesAlong) {
     const ObjectBody& first = entity("DIMENSION");
     const std::wstring pick =
         L"(handent \"" + std::wstring(store().decode(formatHandle(first.handle))) + L"\")";
-    const std::string block = groups(first, {2});
+    const std::string block = values(first, {2});
     const auto lineOf = [&](const std::string& name) {
         const ObjectBody* record = store().symbol("BLOCK_RECORD", store().decode(name));
-        return groups(store().at(store().firstLive(record->self)), {10, 20});
+        return values(store().at(store().firstLive(record->self)), {10, 20});
     };
     const std::string line = lineOf(block);
     run(L"COPY " + pick + L"\n\n0,0 100,50\n\n");
     const ObjectBody& copy = store().at(store().lastLive(store().modelSpace()));
-    EXPECT_NE(groups(copy, {2}), block);
+    EXPECT_NE(values(copy, {2}), block);
     EXPECT_EQ(lineOf(block), line);
-    const std::string copied = lineOf(groups(copy, {2}));
+    const std::string copied = lineOf(values(copy, {2}));
     EXPECT_NEAR(*parseReal(copied.substr(0, copied.find(' '))),
                 *parseReal(line.substr(0, line.find(' '))) + 100, 1e-9);
     const Index records = store().count();

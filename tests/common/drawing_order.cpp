@@ -1,10 +1,11 @@
-// Renders drawing order from the stored groups, without the module's own code.
+// Renders drawing order from the stored tags, without the module's own code.
 #include "common/drawing_order.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "host/tags/tags.h"
+#include "host/store/body_text.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 
@@ -15,9 +16,8 @@ using host::kNoIndex;
 using host::ObjectBody;
 using host::Store;
 
-std::string value(const ObjectBody& body, int code, int occurrence = 0) {
-    const auto place = host::findTag(body.tags(), code, occurrence);
-    return place ? std::string(place->value) : std::string();
+std::string value(const ObjectBody& body, int code) {
+    return std::string(host::rawTag(body.tags(), code));
 }
 
 bool endsWith(const std::string& text, const std::string& ending) {
@@ -27,10 +27,8 @@ bool endsWith(const std::string& text, const std::string& ending) {
 
 std::vector<std::string> attributeTexts(const Store& store, const ObjectBody& insert) {
     std::vector<std::string> texts;
-    for (Index child = store.firstLive(insert.self); child != kNoIndex;
-         child = store.nextLive(store.at(child))) {
-        texts.push_back(value(store.at(child), 1));
-    }
+    for (const ObjectBody& child : store.children(insert.self))
+        texts.push_back(value(child, 1));
     return texts;
 }
 
@@ -42,13 +40,13 @@ bool isMarker(const ObjectBody& body, const std::string& suffix) {
 bool hasGroupRecord(const Store& store, const ObjectBody& entity) {
     const ObjectBody* dictionary = store.byHandle(host::extensionDictionaryHandle(entity.tags()));
     if (dictionary == nullptr || dictionary->erased) return false;
-    host::TagReader groups(dictionary->tags());
-    host::Tag group;
+    host::TagReader reader(dictionary->tags());
+    host::Tag tag;
     std::string key;
-    while (groups.next(group)) {
-        if (group.code == 3) key = group.value;
-        if ((group.code != 350 && group.code != 360) || !endsWith(key, "_GROUP")) continue;
-        const auto handle = host::parseHandle(group.value);
+    while (reader.next(tag)) {
+        if (tag.code == 3) key = tag.value;
+        if ((tag.code != 350 && tag.code != 360) || !endsWith(key, "_GROUP")) continue;
+        const auto handle = host::parseHandle(tag.value);
         const ObjectBody* record = store.byHandle(handle.value_or(0));
         const std::string prefix = key.substr(0, key.size() - 6);
         return record != nullptr && !record->erased && record->type() == "XRECORD" &&
@@ -92,12 +90,12 @@ std::string wordFor(const Store& store, const ObjectBody& body, std::uint64_t& o
 std::string contentOf(const host::ObjectBody& entity) {
     std::string content;
     bool bracket = false;
-    host::TagReader groups(entity.tags());
-    host::Tag group;
-    while (groups.next(group)) {
-        if (group.code == 102) bracket = group.value[0] == '{';
-        const bool own = group.code == 5 || group.code == 102 || group.code == 330 || bracket;
-        if (!own) content += std::to_string(group.code) + '=' + std::string(group.value) + '|';
+    host::TagReader reader(entity.tags());
+    host::Tag tag;
+    while (reader.next(tag)) {
+        if (tag.code == 102) bracket = tag.value[0] == '{';
+        const bool own = tag.code == 5 || tag.code == 102 || tag.code == 330 || bracket;
+        if (!own) content += std::to_string(tag.code) + '=' + std::string(tag.value) + '|';
     }
     return content;
 }
@@ -105,42 +103,34 @@ std::string contentOf(const host::ObjectBody& entity) {
 std::string drawingOrder(const Store& store, Index space) {
     std::string line;
     std::uint64_t openBegin = 0;
-    for (Index index = store.firstLive(space); index != kNoIndex;
-         index = store.nextLive(store.at(index))) {
+    for (const ObjectBody& entity : store.children(space)) {
         if (!line.empty()) line += ' ';
-        line += wordFor(store, store.at(index), openBegin);
+        line += wordFor(store, entity, openBegin);
     }
     return line;
 }
 
 std::string markerPlaces(const Store& store) {
     std::string text;
-    for (Index index = store.firstLive(store.modelSpace()); index != kNoIndex;
-         index = store.nextLive(store.at(index))) {
-        const ObjectBody& body = store.at(index);
+    for (const ObjectBody& body : store.children(store.modelSpace())) {
         if (body.type() != "INSERT") continue;
         text += (text.empty() ? "" : " ") + value(body, 10) + "(";
-        for (Index part = store.firstLive(body.self); part != kNoIndex;
-             part = store.nextLive(store.at(part)))
-            text += value(store.at(part), 10) + (part == store.lastLive(body.self) ? ")" : " ");
+        for (const ObjectBody& part : store.children(body.self))
+            text += value(part, 10) + (part.self == store.lastLive(body.self) ? ")" : " ");
     }
     return text;
 }
 
 std::string handleOf(const Store& store, const std::string& type, int occurrence, Index space) {
     if (space == kNoIndex) space = store.modelSpace();
-    for (Index index = store.firstLive(space); index != kNoIndex;
-         index = store.nextLive(store.at(index))) {
-        if (store.at(index).type() == type && occurrence-- == 0) {
-            return host::formatHandle(store.at(index).handle);
-        }
-    }
+    for (const ObjectBody& entity : store.children(space))
+        if (entity.type() == type && occurrence-- == 0) return host::formatHandle(entity.handle);
     return {};
 }
 
-std::string groupOf(const Store& store, const std::string& handle, int code, int occurrence) {
-    const ObjectBody* body = store.byHandle(host::parseHandle(handle).value_or(0));
-    return body != nullptr ? value(*body, code, occurrence) : std::string();
+std::string groupOf(const Store& store, const std::string& handle, int code) {
+    const ObjectBody* body = store.byHandle(handle);
+    return body != nullptr ? value(*body, code) : std::string();
 }
 
 }  // namespace tests

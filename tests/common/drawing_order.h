@@ -21,11 +21,10 @@ std::string markerPlaces(const host::Store& store);
 std::string handleOf(const host::Store& store, const std::string& type, int occurrence = 0,
                      host::Index space = host::kNoIndex);
 
-/// Value of the first group with a code in the object with a handle; empty without one.
-std::string groupOf(const host::Store& store, const std::string& handle, int code,
-                    int occurrence = 0);
+/// Value of the first tag with a code in the object with a handle; empty without one.
+std::string groupOf(const host::Store& store, const std::string& handle, int code);
 
-/// Groups of an entity without what a clone has of its own (handles, owner, dictionary, reactors):
+/// Tags of an entity without what a clone has of its own (handles, owner, dictionary, reactors):
 /// "0=LINE|8=0|".
 std::string contentOf(const host::ObjectBody& entity);
 

@@ -104,10 +104,8 @@ class Scene : public Drafting {
 
     std::vector<AcDbObjectId> entities() const {
         std::vector<AcDbObjectId> all;
-        for (host::Index i = store().firstLive(store().modelSpace()); i != host::kNoIndex;) {
-            all.push_back(store().idOf(i));
-            i = store().nextLive(store().at(i));
-        }
+        for (const host::ObjectBody& entity : store().children(store().modelSpace()))
+            all.push_back(store().idOf(entity));
         return all;
     }
 

@@ -13,12 +13,19 @@
 
 namespace tests {
 
-/// An empty folder for the current test of this process; gone at its end.
+/// Folder for files, in memory where possible: what is saved is flushed to the disk.
+inline std::filesystem::path quickParent() {
+    const std::filesystem::path memory = "/dev/shm";
+    return std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
+}
+
+/// An empty folder of this process, by default for the current test; gone at its end.
 class ScratchFolder {
   public:
     explicit ScratchFolder(
-        const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
-        std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : ScratchFolder(parent, testing::UnitTest::GetInstance()->current_test_info()->name()) {}
+    ScratchFolder(const std::filesystem::path& parent, std::string name) {
         std::replace(name.begin(), name.end(), '/', '_');  // of a test with a parameter
         m_path = parent / ("velmo_" + std::to_string(host::processNumber()) + "_" + name);
         std::filesystem::remove_all(m_path);

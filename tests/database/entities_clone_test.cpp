@@ -3,6 +3,7 @@
 
 #include "entities_drawing.h"
 #include "host/clone/clone_map.h"
+#include "host/store/body_text.h"
 
 using namespace entities;
 using host::ObjectBody;

@@ -1,4 +1,4 @@
-// A small drawing for the tests of entities: made from group literals, rendered as text.
+// A small drawing for the tests of entities: made from tag literals, rendered as text.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/content/fields.h"
 #include "host/control/accounting.h"
 #include "host/control/faults.h"
@@ -17,7 +17,7 @@
 namespace entities {
 
 using tests::render;
-using tests::storedGroups;
+using tests::tagsOf;
 
 /// The working drawing of a test; its end checks that nothing is held and no fault was reported.
 class Drawing {
@@ -40,13 +40,9 @@ class Drawing {
     AcDbObjectId id(const host::ObjectBody& body) { return store().idOf(body); }
     std::string handle(const host::ObjectBody& body) { return host::formatHandle(body.handle); }
 
-    /// Makes an object of any kind under an owner; in no list yet.
     host::ObjectBody& make(const std::string& literal, const host::ObjectBody& owner,
                            bool isEntity = true) {
-        host::ObjectBody pattern;
-        pattern.setTags(storedGroups(literal));
-        pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
-        return store().duplicate(pattern, owner.self);
+        return tests::make(store(), literal, owner.self, isEntity);
     }
     host::ObjectBody& add(const std::string& literal, host::ObjectBody& owner) {
         host::ObjectBody& body = make(literal, owner);
@@ -76,7 +72,7 @@ class Drawing {
         std::string text = render(body.tags());
         const std::size_t at = text.find(from);
         ASSERT_NE(at, text.npos);
-        body.setTags(storedGroups(text.replace(at, from.size(), to)));
+        body.setTags(tagsOf(text.replace(at, from.size(), to)));
     }
     /// Types met from an entity on, "LINE SEQEND".
     std::string walk(AcDbObjectId from) {

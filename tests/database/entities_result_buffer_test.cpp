@@ -2,7 +2,7 @@
 #include <functional>
 
 #include "entities_drawing.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 
 using namespace entities;
 

@@ -1,4 +1,4 @@
-// Fields of texts and attributes: where they stand in the groups, and what edits leave alone.
+// Fields of texts and attributes: where they stand in the tags, and what edits leave alone.
 #include <cmath>
 
 #include "entities_drawing.h"
@@ -91,7 +91,7 @@ TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
     AcDbAttribute copy;
     copy.setHeight(2.0);
     copy.setPropertiesFrom(&*entity);
-    EXPECT_EQ(copy.colorIndex(), 1);
+    EXPECT_EQ(host::getField(copy.body(), host::field::color), 1);
     EXPECT_EQ(copy.height(), 2.0);
     entity->setLinetype(L"BYLAYER");
     entity->setColorIndex(256);

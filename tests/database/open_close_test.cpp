@@ -1,6 +1,7 @@
 // The rules of opening and closing, and the faults of callers that break them.
 #include "database/entities_drawing.h"
 #include "host/store/body_text.h"
+#include "host/tags/tag_values.h"
 
 using entities::Drawing;
 

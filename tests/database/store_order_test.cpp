@@ -90,7 +90,7 @@ TEST(HandleIndex, FindsNeighboursAndTheHighestAndRefusesTakenOnes) {
 TEST(MissingHandles, AreGivenInTheRightGroup) {
     host::Store store;
     const auto create = [&](const char* literal, std::uint64_t handle) -> host::ObjectBody& {
-        const auto kept = store.keep(entities::storedGroups(literal));
+        const auto kept = store.keep(entities::tagsOf(literal));
         return *store.create(host::Kind::Entity, kept, handle);
     };
     host::ObjectBody& line = create("0 LINE|8 0", 0);

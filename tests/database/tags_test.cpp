@@ -5,7 +5,8 @@
 
 #include <cmath>
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -35,17 +36,37 @@ TEST(Tags, WhatIsNoNumberIsRefused) {
     }
 }
 
-TEST(Tags, SearchesLeaveApplicationBracketsOut) {
-    std::string text = tests::storedGroups("0 LINE|102 {MINE|330 A|102 }|330 B|100 AcDbLine|330 C");
-    EXPECT_EQ(findTag(text, 330, 1)->value, "C");
-    EXPECT_FALSE(findTag(text, 330, 2));
-    replaceValue(text, *findTag(text, 330), "LONGER");
-    EXPECT_EQ(tests::render(text), "0 LINE|102 {MINE|330 A|102 }|330 LONGER|100 AcDbLine|330 C");
+TEST(Tags, ValuesAreTheObjectsOwn) {
+    std::string text = tests::tagsOf(
+        "0 MTEXT|102 {MINE|330 A|62 1|102 }|330 B|100 AcDbText|62 2|10  1.5 |100 AcDbText|62 3|"
+        "70 2147483647|71 -2147483648|72 1e5|40 1e999|101 Embedded|63 5|330 C|1001 MINE");
+    const FieldPlace second{"AcDbText", 62, 1}, third{"AcDbText", 62, 2}, elsewhere{"AcDbLine", 62};
+    EXPECT_EQ(handleTag(text, 330), 0xBu);
+    EXPECT_EQ(integerTag(text, 62), 2);
+    EXPECT_EQ(integerTag(text, second), 3);
+    EXPECT_EQ(integerTag(text, third, 7), 2) << "without the part the whole object counts";
+    EXPECT_EQ(integerTag(text, 70), 2147483647);
+    for (const int code : {71, 72, 63, 99})
+        EXPECT_EQ(integerTag(text, code, -7), -7) << code;
+    EXPECT_EQ(realTag(text, 10), 1.5);
+    EXPECT_EQ(realTag(text, 40, 8), 8);
+    EXPECT_EQ(rawTag(text, 10), " 1.5 ");
+    EXPECT_EQ(textTag(text, 10), "1.5");
+    EXPECT_EQ(OwnTags(text).integer(62, 0), 2);
+    setTag(text, second, "LONGER");
+    setTag(text, {"AcDbText", 63}, 4);
+    setTag(text, 64, 5);
+    removeTag(text, elsewhere);
+    setPointTag(text, {"AcDbText", 10}, 1, 2, 3);
+    EXPECT_EQ(tests::render(text),
+              "0 MTEXT|102 {MINE|330 A|62 1|102 }|330 B|100 AcDbText|10 1.0|20 2.0|30 3.0|63 4|"
+              "100 AcDbText|62 LONGER|70 2147483647|71 -2147483648|72 1e5|40 1e999|64 5|"
+              "101 Embedded|63 5|330 C|1001 MINE");
 }
 
 /// Each tag as its code, its zone (Head, Common, Part, Data, Embedded, X) and its role.
 std::string walked(const std::string& literal) {
-    const std::string text = tests::storedGroups(literal);
+    const std::string text = tests::tagsOf(literal);
     std::string line;
     for (TagWalk tag(text); tag.next();) {
         line += (line.empty() ? "" : " ") + std::to_string(tag.code()) + "HCPDEX"[int(tag.zone())];

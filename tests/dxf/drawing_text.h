@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "common/scratch.h"
+#include "common/tag_literals.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/load/load_drawing.h"
@@ -18,10 +18,9 @@
 
 namespace dxf_tests {
 
-/// DXF text from a short form: groups "5=2A" parted by "|" or line ends.
-std::string dxf(const std::string& groups);
+using tests::tagsOf;
 
-/// Every kind of structure once, in the short form; the check finds nothing in it.
+/// Every kind of structure once, as a literal; the check finds nothing in it.
 extern const std::string kDrawing;
 
 /// DXF text of a drawing so large that a save takes several writes.
@@ -58,9 +57,7 @@ class DrawingFiles : public testing::Test {
     std::string findings(const std::string& text) const;
 
   private:
-    /// In memory where possible: what is saved is flushed to the disk, thousands of times here.
-    tests::ScratchFolder m_folder{
-        std::filesystem::exists("/dev/shm") ? "/dev/shm" : std::filesystem::temp_directory_path()};
+    tests::ScratchFolder m_folder{tests::quickParent()};
 };
 
 }  // namespace dxf_tests

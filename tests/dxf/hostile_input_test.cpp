@@ -26,7 +26,7 @@ class HostileInput : public DrawingFiles {
 };
 
 TEST_F(HostileInput, EveryCutIsRefused) {
-    const std::string text = dxf(kDrawing);
+    const std::string text = tagsOf(kDrawing);
     for (std::size_t length = 0; length + 1 < text.size(); ++length) {
         if (!holds(text.substr(0, length), "cut to " + std::to_string(length))) break;
     }
@@ -40,7 +40,7 @@ TEST_F(HostileInput, EveryCutIsRefused) {
 class FlippedByte : public HostileInput, public testing::WithParamInterface<int> {};
 
 TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
-    const std::string text = dxf(kDrawing);
+    const std::string text = tagsOf(kDrawing);
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::string flipped = text;
         flipped[at] = static_cast<char>(flipped[at] ^ GetParam());

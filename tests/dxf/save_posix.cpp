@@ -65,20 +65,20 @@ TEST_F(SavingOnPosix, LeavesTheOldDrawingOrTheNewOne) {
 }
 
 TEST_F(SavingOnPosix, PermissionsAndLinksStay) {
-    const auto store = load(dxf(kDrawing));
+    const auto store = load(tagsOf(kDrawing));
     ::chmod(write("real.dxf", "old").c_str(), 0640);
     std::filesystem::create_symlink("real.dxf", path("link.dxf"));
     host::DxfError error;
     ASSERT_TRUE(saveDrawing(*store, path("link.dxf"), error)) << error.message();
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
-    EXPECT_EQ(read("real.dxf"), dxf(kDrawing));
+    EXPECT_EQ(read("real.dxf"), tagsOf(kDrawing));
     struct stat status;
     ASSERT_EQ(::stat(path("real.dxf").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
 }
 
 TEST_F(SavingOnPosix, DevicesAreNoTarget) {
-    const auto store = load(dxf(kDrawing));
+    const auto store = load(tagsOf(kDrawing));
     host::DxfError error;
     EXPECT_FALSE(saveDrawing(*store, "/dev/full", error));
     EXPECT_EQ(error.text,

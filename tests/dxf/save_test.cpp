@@ -16,9 +16,9 @@ class Saving : public DrawingFiles {
         const std::string text = "\n" + read("saved.dxf");
         const std::size_t begin = text.find("\n  5\n" + handle + "\n");
         if (begin == std::string::npos) return "none";
-        std::string groups = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
-        std::replace(groups.begin(), groups.end(), '\n', ' ');
-        return groups;
+        std::string tags = text.substr(begin + 1, text.find("\n  0\n", begin) - begin - 1);
+        std::replace(tags.begin(), tags.end(), '\n', ' ');
+        return tags;
     }
     void erase(host::Store& store, std::uint64_t handle) const {
         host::eraseWithOwned(*store.byHandle(handle));
@@ -27,7 +27,7 @@ class Saving : public DrawingFiles {
 
 TEST_F(Saving, AFailureAtAnyCallLeavesTheTargetUntouched) {
     // create, permissions, writes, flush, close, link, rename to .bak, rename to the target
-    const std::pair<std::string, long> cases[] = {{dxf(kDrawing), 8}, {largeDrawing(), 11}};
+    const std::pair<std::string, long> cases[] = {{tagsOf(kDrawing), 8}, {largeDrawing(), 11}};
     for (const auto& [text, calls] : cases) {
         const auto store = load(text);
         std::filesystem::remove(path("load.dxf"));
@@ -60,7 +60,7 @@ TEST_F(Saving, TheBackupHasTheNameOfTheFile) {
 }
 
 TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
-    const auto store = load(dxf(kDrawing));
+    const auto store = load(tagsOf(kDrawing));
     host::DxfError error;
     EXPECT_FALSE(saveDrawing(*store, path(""), error));
     EXPECT_EQ(error.text, "cannot be written: Is a directory; nothing was changed, save elsewhere");
@@ -70,20 +70,20 @@ TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
 }
 
 TEST_F(Saving, ATooSmallHandleSeedIsCorrected) {
-    const auto store = load(dxf(with(kDrawing, "5=100", "5=10")));
-    EXPECT_EQ(saved(*store), dxf(with(kDrawing, "5=100", "5=63")));
+    const auto store = load(tagsOf(with(kDrawing, "5 100", "5 10")));
+    EXPECT_EQ(saved(*store), tagsOf(with(kDrawing, "5 100", "5 63")));
 }
 
 TEST_F(Saving, NothingPointsAtErasedObjects) {
     std::string text =
-        with(kDrawing, "0=TEXT|5=38|", "0=TEXT|5=38|102={ACAD_REACTORS|330=43|102=}|");
-    text = with(text, "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n",
-                "0=SEQEND|5=37|330=35|100=AcDbEntity|8=0\n"
-                "0=HATCH|5=39|330=17|100=AcDbEntity|8=0|100=AcDbHatch|71=1|97=2|330=30|330=31\n");
+        with(kDrawing, "0 TEXT|5 38|", "0 TEXT|5 38|102 {ACAD_REACTORS|330 43|102 }|");
+    text = with(text, "0 SEQEND|5 37|330 35|100 AcDbEntity|8 0\n",
+                "0 SEQEND|5 37|330 35|100 AcDbEntity|8 0\n"
+                "0 HATCH|5 39|330 17|100 AcDbEntity|8 0|100 AcDbHatch|71 1|97 2|330 30|330 31\n");
     text = with(
-        text, "0=XRECORD",
-        "0=SORTENTSTABLE|5=52|330=40|100=AcDbSortentsTable|331=30|5=30|331=31|5=31\n0=XRECORD");
-    const auto store = load(dxf(text));
+        text, "0 XRECORD",
+        "0 SORTENTSTABLE|5 52|330 40|100 AcDbSortentsTable|331 30|5 30|331 31|5 31\n0 XRECORD");
+    const auto store = load(tagsOf(text));
     erase(*store, 0x30);
     erase(*store, 0x43);
     saved(*store);
@@ -95,8 +95,8 @@ TEST_F(Saving, NothingPointsAtErasedObjects) {
 }
 
 TEST_F(Saving, OtherPointersAtErasedObjectsBecomeZero) {
-    const std::string text = with(kDrawing, "100=AcDbText|1=A", "100=AcDbText|1=A|340=31|1005=31");
-    const auto store = load(dxf(text));
+    const std::string text = with(kDrawing, "100 AcDbText|1 A", "100 AcDbText|1 A|340 31|1005 31");
+    const auto store = load(tagsOf(text));
     erase(*store, 0x31);
     saved(*store);
     EXPECT_NE(object("33").find("340 0 1005 0"), std::string::npos) << object("33");

@@ -36,7 +36,7 @@ class CommandRunner : public EditorTest {
         body = nullptr;
         runs = 0;
         for (int i = 0; i < 3; ++i)
-            add("POINT;10 " + std::to_string(i) + ";20 0");
+            add("0 POINT|10 " + std::to_string(i) + "|20 0");
     }
     ~CommandRunner() override { body = nullptr; }
 
@@ -170,8 +170,8 @@ TEST_F(CommandRunner, OneCommandAtATime) {
 }
 
 TEST_F(CommandRunner, TheHostsOwnCommandsRunWithoutADrawing) {
-    static const host::BuiltinCommand own[] = {{L"OWN", ACRX_CMD_MODAL, &builtin, L"test"}};
-    host::registerBuiltins(own, 1);
+    static const host::CommandTable own = {{L"OWN", ACRX_CMD_MODAL, &builtin, L"test"}};
+    host::registerBuiltins(own);
     addCommand(L"G", L"OWN2");
     EXPECT_EQ(runCommand(L"own"), CommandStatus::Done);
     host::setCurrentDocumentState(nullptr);

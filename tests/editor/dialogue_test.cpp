@@ -16,8 +16,8 @@ class Dialogue : public EditorTest {
   protected:
     Dialogue() {
         for (int i = 0; i < 3; ++i)
-            add("LINE;10 " + std::to_string(10 * i) + ";20 0;11 " + std::to_string(10 * i) +
-                ";21 5");
+            add("0 LINE|10 " + std::to_string(10 * i) + "|20 0|11 " + std::to_string(10 * i) +
+                "|21 5");
     }
     /// Runs the dialogue and gives what it printed, without the prompt itself.
     std::string select(std::deque<std::wstring> typed) {
@@ -81,14 +81,14 @@ TEST_F(Dialogue, WrongAnswersAreExplained) {
 }
 
 TEST_F(Dialogue, AWrongAnswerFailsAScriptsCommand) {
-    static const host::BuiltinCommand own[] = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
-                                                [] {
-                                                    std::vector<AcDbObjectId> ids;
-                                                    host::promptSelection(L"", true, ids);
-                                                    return host::CommandStatus::Done;
-                                                },
-                                                L"test"}};
-    host::registerBuiltins(own, 1);
+    static const host::CommandTable own = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
+                                            [] {
+                                                std::vector<AcDbObjectId> ids;
+                                                host::promptSelection(L"", true, ids);
+                                                return host::CommandStatus::Done;
+                                            },
+                                            L"test"}};
+    host::registerBuiltins(own);
     answers.left = {L"nonsense", L"0,1", L""};
     EXPECT_EQ(host::runCommand(L"CHOOSE"), host::CommandStatus::Failed);
     answers.person = true;
@@ -103,7 +103,7 @@ TEST_F(Dialogue, AWrongAnswerFailsAScriptsCommand) {
 }
 
 TEST_F(Dialogue, ModulesAskWithFilters) {
-    add("CIRCLE;10 0;20 0;40 1");
+    add("0 CIRCLE|10 0|20 0|40 1");
     resbuf* filter = acutBuildList(RTDXF0, L"CIRCLE", RTNONE);
     answers.left = {L"ALL", L"", L"^"};
     ads_name set;
@@ -143,8 +143,8 @@ TEST_F(Dialogue, EntSelTellsItsFailuresApart) {
 }
 
 TEST_F(Dialogue, SubEntitiesStandForTheirOwner) {
-    const AcDbObjectId id = add("POLYLINE;66 1;10 0;20 0");
-    const AcDbObjectId vertex = add("VERTEX;10 50;20 50", host::Store::resolve(id)->self);
+    const AcDbObjectId id = add("0 POLYLINE|66 1|10 0|20 0");
+    const AcDbObjectId vertex = add("0 VERTEX|10 50|20 50", host::Store::resolve(id)->self);
     answers.left = {handent(vertex)};
     ads_name name;
     ads_point point;

@@ -1,9 +1,9 @@
-// Builds small drawings group by group.
+// Builds small drawings tag by tag.
 #include "editor/editor_fixture.h"
 
 #include <algorithm>
 
-#include "common/groups.h"
+#include "common/tag_literals.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
@@ -48,32 +48,26 @@ EditorTest::~EditorTest() {
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
 
-ObjectBody& EditorTest::create(std::string groups, bool entity, Index owner) {
-    std::replace(groups.begin(), groups.end(), ';', '|');
-    if (entity && groups.find("|8 ") == groups.npos) groups += "|8 0";
-    ObjectBody pattern;
-    pattern.setTags(storedGroups("0 " + groups));
-    pattern.kind = kindOf(pattern.type(), pattern.tags(), entity);
-    return store.duplicate(pattern, owner);
-}
-
-AcDbObjectId EditorTest::add(const std::string& groups, Index owner) {
-    ObjectBody& body = create(groups, true, owner == kNoIndex ? store.modelSpace() : owner);
+AcDbObjectId EditorTest::add(const std::string& tags, Index owner) {
+    const bool onLayer = tags.find("|8 ") != tags.npos;
+    ObjectBody& body =
+        make(store, onLayer ? tags : tags + "|8 0", owner == kNoIndex ? store.modelSpace() : owner);
     store.appendChild(body.owner, body);
     entities.push_back(store.idOf(body));
     return entities.back();
 }
 
-ObjectBody& EditorTest::addRecord(const std::string& table, const std::string& groups) {
-    ObjectBody& record = create(groups, false, store.table(table));
+ObjectBody& EditorTest::addRecord(const std::string& table, const std::string& tags) {
+    ObjectBody& record = make(store, tags, store.table(table), false);
     store.appendChild(record.owner, record);
     store.indexSymbol(record.owner, record, symbolName(record));
     return record;
 }
 
 Index EditorTest::addBlock(const std::string& name, const std::string& base) {
-    const Index record = addRecord("BLOCK_RECORD", "BLOCK_RECORD;2 " + name).self;
-    store.blockParts(record).begin = create("BLOCK;2 " + name + ";" + base, false, record).self;
+    const Index record = addRecord("BLOCK_RECORD", "0 BLOCK_RECORD|2 " + name).self;
+    store.blockParts(record).begin =
+        make(store, "0 BLOCK|2 " + name + "|" + base, record, false).self;
     return record;
 }
 

@@ -46,14 +46,14 @@ class EditorTest : public ::testing::Test {
     EditorTest();
     ~EditorTest() override;
 
-    /// Adds an entity to model space (or the space of a block record) from its groups:
-    /// "LINE;10 0;20 0;11 5;21 0". On layer 0 unless group 8 is given. The entities of a test are
+    /// Adds an entity to model space (or the space of a block record) from its tags:
+    /// "0 LINE|10 0|20 0|11 5|21 0". On layer 0 unless tag 8 is given. The entities of a test are
     /// called a, b, c, ... in the order of adding.
-    AcDbObjectId add(const std::string& groups, host::Index owner = host::kNoIndex);
-    /// Adds a record to a table, for example ("LAYER", "LAYER;2 walls;70 0;62 7").
-    host::ObjectBody& addRecord(const std::string& table, const std::string& groups);
-    /// Adds an empty block with its base point, "10 1;20 0"; gives its record.
-    host::Index addBlock(const std::string& name, const std::string& base = "10 0;20 0");
+    AcDbObjectId add(const std::string& tags, host::Index owner = host::kNoIndex);
+    /// Adds a record to a table, for example ("LAYER", "0 LAYER|2 walls|70 0|62 7").
+    host::ObjectBody& addRecord(const std::string& table, const std::string& tags);
+    /// Adds an empty block with its base point, "10 1|20 0"; gives its record.
+    host::Index addBlock(const std::string& name, const std::string& base = "10 0|20 0");
     /// "ab" for the first two entities.
     std::string letters(const std::vector<AcDbObjectId>& ids) const;
     /// Members of a set; "?" when the name is no open set.
@@ -71,9 +71,6 @@ class EditorTest : public ::testing::Test {
     host::DocumentState state;
     Answers answers;
     std::vector<AcDbObjectId> entities;
-
-  private:
-    host::ObjectBody& create(std::string groups, bool entity, host::Index owner);
 };
 
 }  // namespace tests

@@ -5,13 +5,13 @@
 
 #include "editor/editor_fixture.h"
 #include "host/editor/state/sysvars.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 namespace {
 
 struct Form {
-    const char* groups;
+    const char* tags;
     double x, y;                      ///< on the entity
     double missX, missY;              ///< near it, but not on it
     double left, bottom, right, top;  ///< holds all of it; empty for what no window holds
@@ -19,36 +19,38 @@ struct Form {
 
 /// Of each kind and each way to say where it is.
 const Form kForms[] = {
-    {"LINE;10 0;20 0;11 10;21 10", 5, 5, 5, 6, 0, 0, 10, 10},
-    {"POINT;10 3;20 4;30 9", 3, 4, 3, 5, 2.95, 3.95, 3.05, 4.05},
-    {"CIRCLE;10 0;20 0;40 5", 3, 4, 0, 0, -5, -5, 5, 5},
-    {"CIRCLE;10 10;20 0;40 5;210 0;220 0;230 -1", -15, 0, 10, 5, -15, -5, -5, 5},
-    {"ARC;10 0;20 0;40 5;50 270;51 90", 5, 0, -5, 0, 0, -5, 5, 5},
-    {"ARC;10 0;20 0;40 5;50 270;51 90;210 0;220 0;230 -1", -5, 0, 5, 0, -5, -5, 0, 5},
-    {"ELLIPSE;10 0;20 0;11 0;21 4;40 0.5;41 0;42 6.283185307179586", 2, 0, 0, 0, -2, -4, 2, 4},
-    {"ELLIPSE;10 0;20 0;11 4;21 0;40 0.5;41 0;42 3.141592653589793", 0, 2, 0, -2, -4, 0, 4, 2},
-    {"LWPOLYLINE;90 3;70 1;10 0;20 0;10 4;20 0;10 4;20 4", 2, 2, 2, 1, 0, 0, 4, 4},
-    {"LWPOLYLINE;90 2;70 0;10 0;20 0;42 -1;10 4;20 0", 2, 2, 2, -2, 0, 0, 4, 2},
-    {"SPLINE;70 0;40 0;40 1;10 9;20 9;11 0;21 0;11 2;21 2", 1, 1, 9, 9, 0, 0, 2, 2},
-    {"SPLINE;70 8;71 2;40 0;40 0;40 0;40 1;40 1;40 1;10 0;20 0;10 2;20 4;10 4;20 0", 2, 2, 2, 4, 0,
-     0, 4, 2},
-    {"TEXT;10 0;20 0;40 2;1 four;51 45;71 2", -7.5, 1.5, -0.5, 1.5, -8.4, 0, 0, 2},
-    {"TEXT;10 0;20 0;40 2;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
-    {"TEXT;10 9;20 9;11 0;21 0;40 2;1 four;72 1;73 2", -3, 0.9, 9, 9, -3.2, -1, 3.2, 1},
-    {"MTEXT;10 0;20 0;40 3;41 0;71 1;1 ab\\Pabcd", 9, -7, 9, 1, 0, -8, 9.6, 0},
-    {"MTEXT;10 0;20 0;40 2;41 0;71 7;1 four;50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
-    {"SOLID;10 0;20 0;11 4;21 0;12 0;22 4;13 4;23 4", 3, 2, 5, 2, 0, 0, 4, 4},
-    {"3DFACE;10 0;20 0;11 4;21 0;12 4;22 4;13 0;23 4", 4, 2, 2, 2, 0, 0, 4, 4},
-    {"HATCH;10 0;20 0;2 SOLID;91 1;92 2;72 0;73 1;93 3;10 0;20 0;10 4;20 0;10 4;20 4;97 0;75 0;98 "
-     "1;10 9;20 9",
+    {"0 LINE|10 0|20 0|11 10|21 10", 5, 5, 5, 6, 0, 0, 10, 10},
+    {"0 POINT|10 3|20 4|30 9", 3, 4, 3, 5, 2.95, 3.95, 3.05, 4.05},
+    {"0 CIRCLE|10 0|20 0|40 5", 3, 4, 0, 0, -5, -5, 5, 5},
+    {"0 CIRCLE|10 10|20 0|40 5|210 0|220 0|230 -1", -15, 0, 10, 5, -15, -5, -5, 5},
+    {"0 ARC|10 0|20 0|40 5|50 270|51 90", 5, 0, -5, 0, 0, -5, 5, 5},
+    {"0 ARC|10 0|20 0|40 5|50 270|51 90|210 0|220 0|230 -1", -5, 0, 5, 0, -5, -5, 0, 5},
+    {"0 ELLIPSE|10 0|20 0|11 0|21 4|40 0.5|41 0|42 6.283185307179586", 2, 0, 0, 0, -2, -4, 2, 4},
+    {"0 ELLIPSE|10 0|20 0|11 4|21 0|40 0.5|41 0|42 3.141592653589793", 0, 2, 0, -2, -4, 0, 4, 2},
+    {"0 LWPOLYLINE|90 3|70 1|10 0|20 0|10 4|20 0|10 4|20 4", 2, 2, 2, 1, 0, 0, 4, 4},
+    {"0 LWPOLYLINE|90 2|70 0|10 0|20 0|42 -1|10 4|20 0", 2, 2, 2, -2, 0, 0, 4, 2},
+    {"0 SPLINE|70 0|40 0|40 1|10 9|20 9|11 0|21 0|11 2|21 2", 1, 1, 9, 9, 0, 0, 2, 2},
+    {"0 SPLINE|70 8|71 2|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|10 2|20 4|10 4|20 0", 2, 2, 2, 4,
+     0, 0, 4, 2},
+    {"0 TEXT|10 0|20 0|40 2|1 four|51 45|71 2", -7.5, 1.5, -0.5, 1.5, -8.4, 0, 0, 2},
+    {"0 TEXT|10 0|20 0|40 2|1 four|50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
+    {"0 TEXT|10 9|20 9|11 0|21 0|40 2|1 four|72 1|73 2", -3, 0.9, 9, 9, -3.2, -1, 3.2, 1},
+    {"0 MTEXT|10 0|20 0|40 3|41 0|71 1|1 ab\\Pabcd", 9, -7, 9, 1, 0, -8, 9.6, 0},
+    {"0 MTEXT|10 0|20 0|40 2|41 0|71 7|1 four|50 90", -1, 3, 1, 3, -2, 0, 0, 6.4},
+    {"0 SOLID|10 0|20 0|11 4|21 0|12 0|22 4|13 4|23 4", 3, 2, 5, 2, 0, 0, 4, 4},
+    {"0 3DFACE|10 0|20 0|11 4|21 0|12 4|22 4|13 0|23 4", 4, 2, 2, 2, 0, 0, 4, 4},
+    {"0 HATCH|10 0|20 0|2 SOLID|91 1|92 2|72 0|73 1|93 3|10 0|20 0|10 4|20 0|10 4|20 4|97 0|75 "
+     "0|98 "
+     "1|10 9|20 9",
      2, 2, 9, 9, 0, 0, 4, 4},
-    {"HATCH;10 0;20 0;91 1;92 1;93 2;72 2;10 0;20 0;40 2;50 0;51 180;73 0;72 1;10 2;20 0;11 -2;21 "
-     "0;97 0;75 0",
+    {"0 HATCH|10 0|20 0|91 1|92 1|93 2|72 2|10 0|20 0|40 2|50 0|51 180|73 0|72 1|10 2|20 0|11 "
+     "-2|21 "
+     "0|97 0|75 0",
      0, -2, 0, 2, -2, -2, 2, 0},
-    {"LEADER;10 0;20 0;10 2;20 2;10 5;20 2", 4, 2, 2, 0, 0, 0, 5, 2},
-    {"RAY;10 0;20 0;11 1;21 1", 1000, 1000, -1, -1, 0, 0, 0, 0},
-    {"XLINE;10 0;20 0;11 1;21 1", -900, -900, 1, 0, 0, 0, 0, 0},
-    {"ACAD_PROXY_ENTITY;10 1;20 1;10 2;20 3", 2, 3, 1, 2, 1, 1, 2, 3}};
+    {"0 LEADER|10 0|20 0|10 2|20 2|10 5|20 2", 4, 2, 2, 0, 0, 0, 5, 2},
+    {"0 RAY|10 0|20 0|11 1|21 1", 1000, 1000, -1, -1, 0, 0, 0, 0},
+    {"0 XLINE|10 0|20 0|11 1|21 1", -900, -900, 1, 0, 0, 0, 0, 0},
+    {"0 ACAD_PROXY_ENTITY|10 1|20 1|10 2|20 3", 2, 3, 1, 2, 1, 1, 2, 3}};
 
 class HitTest : public EditorTest {
   protected:
@@ -63,9 +65,9 @@ TEST_F(HitTest, ReachesEachForm) {
         return in(x - 0.02, y - 0.02, x + 0.02, y + 0.02, true);
     };
     for (const Form& form : kForms) {
-        SCOPED_TRACE(form.groups);
+        SCOPED_TRACE(form.tags);
         entities.clear();
-        const AcDbObjectId id = add(form.groups);
+        const AcDbObjectId id = add(form.tags);
         EXPECT_EQ(at(form.x, form.y), "a");
         EXPECT_EQ(at(form.missX, form.missY), "");
         EXPECT_EQ(crossed(form.x, form.y), "a");
@@ -84,49 +86,49 @@ TEST_F(HitTest, ReachesEachForm) {
 class BlockHits : public HitTest {
   protected:
     BlockHits() {
-        square = addBlock("SQUARE", "10 1;20 0");
-        add("LWPOLYLINE;70 1;10 0;20 0;10 1;20 0;10 1;20 1;10 0;20 1", square);
+        square = addBlock("SQUARE", "10 1|20 0");
+        add("0 LWPOLYLINE|70 1|10 0|20 0|10 1|20 0|10 1|20 1|10 0|20 1", square);
     }
     host::Index square;
 };
 
 TEST_F(BlockHits, ReferencesPlaceTheirBlock) {
-    add("INSERT;2 square;10 10;20 0;41 2;42 4;50 90");  // b: (10,-2) to (6,0)
+    add("0 INSERT|2 square|10 10|20 0|41 2|42 4|50 90");  // b: (10,-2) to (6,0)
     EXPECT_EQ(at(6, -1), "b");
     EXPECT_EQ(at(10, -2), "b");
     EXPECT_EQ(at(11, 1), "");
     EXPECT_EQ(in(5.99, -2.01, 10.01, 0.01, false), "b");
     EXPECT_EQ(in(6.1, -2.01, 10.01, 0.01, false), "");
-    add("INSERT;2 SQUARE;10 101;20 0;70 3;71 2;44 5;45 5");  // c: 3 by 2 squares from (100,0)
+    add("0 INSERT|2 SQUARE|10 101|20 0|70 3|71 2|44 5|45 5");  // c: 3 by 2 squares from (100,0)
     EXPECT_EQ(in(99.99, -0.01, 111.01, 6.01, false), "c");
     EXPECT_EQ(at(110.5, 6), "c");
-    add("ACAD_TABLE;2 square;10 10;20 20;11 0;21 1");  // d: (9,19) to (10,20)
+    add("0 ACAD_TABLE|2 square|10 10|20 20|11 0|21 1");  // d: (9,19) to (10,20)
     EXPECT_EQ(at(9.5, 19), "d");
 }
 
 TEST_F(BlockHits, NothingVisibleIsNoGraphics) {
     const host::Index marker = addBlock("MARKER");
-    add("ATTDEF;10 0;20 0;40 1;1 x;2 TAG;70 1", marker);
-    const AcDbObjectId plain = add("INSERT;2 MARKER;10 5;20 5;66 1");
+    add("0 ATTDEF|10 0|20 0|40 1|1 x|2 TAG|70 1", marker);
+    const AcDbObjectId plain = add("0 INSERT|2 MARKER|10 5|20 5|66 1");
     EXPECT_EQ(in(-100, -100, 100, 100, true), "");
     EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(plain)));
     const host::Index reference = host::Store::resolve(plain)->self;
-    add("ATTRIB;10 5;20 5;40 1;1 hidden;2 TAG;70 1", reference);
+    add("0 ATTRIB|10 5|20 5|40 1|1 hidden|2 TAG|70 1", reference);
     EXPECT_EQ(in(-100, -100, 100, 100, true), "");
-    add("ATTRIB;10 5;20 5;40 1;1 shown;2 TAG2;70 0", reference);
+    add("0 ATTRIB|10 5|20 5|40 1|1 shown|2 TAG2|70 0", reference);
     EXPECT_EQ(at(5.5, 5.5), "c");
 }
 
 TEST_F(BlockHits, LayersOfContentAndReference) {
-    addRecord("LAYER", "LAYER;2 walls;70 0;62 7");
-    addRecord("LAYER", "LAYER;2 off;70 0;62 -7");
-    add("LINE;8 walls;10 0;20 5;11 1;21 5", square);  // b and c, inside the block
-    add("LINE;8 off;10 0;20 6;11 1;21 6", square);
-    add("INSERT;2 SQUARE;8 walls;10 1;20 0");  // d
+    addRecord("LAYER", "0 LAYER|2 walls|70 0|62 7");
+    addRecord("LAYER", "0 LAYER|2 off|70 0|62 -7");
+    add("0 LINE|8 walls|10 0|20 5|11 1|21 5", square);  // b and c, inside the block
+    add("0 LINE|8 off|10 0|20 6|11 1|21 6", square);
+    add("0 INSERT|2 SQUARE|8 walls|10 1|20 0");  // d
     EXPECT_EQ(at(0.5, 1), "d");
     EXPECT_EQ(at(0.5, 5), "d");
     EXPECT_EQ(at(0.5, 6), "");
-    add("INSERT;2 SQUARE;8 off;10 11;20 0");
+    add("0 INSERT|2 SQUARE|8 off|10 11|20 0");
     EXPECT_EQ(at(10.5, 1) + at(10.5, 5), "e") << "layer 0 inside is off, another one is not";
     host::ObjectBody& zero = *store.symbol("LAYER", L"0");
     std::string text(zero.tags());
@@ -137,34 +139,34 @@ TEST_F(BlockHits, LayersOfContentAndReference) {
 }
 
 TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {
-    add("INSERT;2 SQUARE;10 3;20 0", square);  // b refers to its own block
+    add("0 INSERT|2 SQUARE|10 3|20 0", square);  // b refers to its own block
     std::string inner = "SQUARE";
     for (int level = 0; level < 20; ++level) {
         const std::string name = "LEVEL" + std::to_string(level);
         const host::Index record = addBlock(name);
         for (int i = 0; i < 8; ++i)
-            add("INSERT;2 " + inner + ";10 0;20 0;70 30000;71 30000;44 1;45 1", record);
+            add("0 INSERT|2 " + inner + "|10 0|20 0|70 30000|71 30000|44 1|45 1", record);
         inner = name;
     }
-    const AcDbObjectId top = add("INSERT;2 " + inner + ";10 0;20 0");
+    const AcDbObjectId top = add("0 INSERT|2 " + inner + "|10 0|20 0");
     EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(top))) << "deeper than 16 levels";
-    add("INSERT;2 LEVEL3;10 0;20 0;70 2000000000;71 2000000000");
+    add("0 INSERT|2 LEVEL3|10 0|20 0|70 2000000000|71 2000000000");
     EXPECT_NE(at(0, 0.5), "");
 }
 
 TEST_F(HitTest, OldPolylinesDrawTheirVertices) {
-    const AcDbObjectId id = add("POLYLINE;66 1;10 0;20 0;70 1");
+    const AcDbObjectId id = add("0 POLYLINE|66 1|10 0|20 0|70 1");
     const host::Index owner = host::Store::resolve(id)->self;
-    for (const char* vertex : {"10 0;20 0", "10 4;20 0;42 1", "10 4;20 4"})
-        add(std::string("VERTEX;70 0;") + vertex, owner);
+    for (const char* vertex : {"10 0|20 0", "10 4|20 0|42 1", "10 4|20 4"})
+        add(std::string("0 VERTEX|70 0|") + vertex, owner);
     EXPECT_EQ(at(6, 2), "a") << "the bulge";
     EXPECT_EQ(at(2, 2), "a") << "the closing side";
     EXPECT_EQ(at(4, 2), "");
 }
 
 TEST_F(HitTest, DrawingOrderAndPickBox) {
-    add("LINE;10 0;20 0;11 10;21 0");
-    add("LINE;10 5;20 -5;11 5;21 5");
+    add("0 LINE|10 0|20 0|11 10|21 0");
+    add("0 LINE|10 5|20 -5|11 5|21 5");
     EXPECT_EQ(at(5, 0), "ab");
     const double radius = host::pickRadius(store);
     std::wstring explanation;
@@ -174,9 +176,9 @@ TEST_F(HitTest, DrawingOrderAndPickBox) {
 }
 
 TEST_F(HitTest, APickTakesTheNearestAndOfEquallyNearTheNewest) {
-    add("LINE;10 0;20 0;11 10;21 0");
-    add("LINE;10 0;20 0.4;11 10;21 0.4");
-    add("SOLID;10 0;20 -9;11 9;21 -9;12 0;22 9;13 9;23 9");
+    add("0 LINE|10 0|20 0|11 10|21 0");
+    add("0 LINE|10 0|20 0.4|11 10|21 0.4");
+    add("0 SOLID|10 0|20 -9|11 9|21 -9|12 0|22 9|13 9|23 9");
     const auto picked = [&](double x, double y) {
         return letters({host::entityUnder(store, {x, y, 0})});
     };
@@ -187,7 +189,7 @@ TEST_F(HitTest, APickTakesTheNearestAndOfEquallyNearTheNewest) {
 
 TEST_F(HitTest, TheViewIsThatOfTheDrawingOrShowsAllOfIt) {
     EXPECT_EQ(host::viewHeight(store), 297);
-    add("LINE;10 0;20 0;11 30;21 10");
+    add("0 LINE|10 0|20 0|11 30|21 10");
     host::ObjectBody& view = *store.symbol("VPORT", L"*Active");
     std::string tags(view.tags());
     host::replaceValue(tags, *host::findTag(tags, 40), "0.0");
@@ -207,14 +209,14 @@ TEST_F(HitTest, TheViewIsThatOfTheDrawingOrShowsAllOfIt) {
 }
 
 TEST_F(HitTest, AbsurdNumbersAreHarmless) {
-    add("CIRCLE;10 1e308;20 1e308;40 1e308");
-    add("ARC;10 0;20 0;40 nan;50 1e300;51 -1e300");
-    add("ELLIPSE;10 0;20 0;11 0;21 0;40 0;41 1e300;42 inf");
-    add("LWPOLYLINE;10 0;20 0;42 1e300;10 0;20 0;42 1e-300");
-    add("TEXT;10 0;20 0;40 -1e308;1 x;41 1e308");
-    add("INSERT;2 NOWHERE;10 0;20 0");
-    add("HATCH;91 1;92 7;10 0;72 99999999999999999999");
-    add("LINE;10 0");
+    add("0 CIRCLE|10 1e308|20 1e308|40 1e308");
+    add("0 ARC|10 0|20 0|40 nan|50 1e300|51 -1e300");
+    add("0 ELLIPSE|10 0|20 0|11 0|21 0|40 0|41 1e300|42 inf");
+    add("0 LWPOLYLINE|10 0|20 0|42 1e300|10 0|20 0|42 1e-300");
+    add("0 TEXT|10 0|20 0|40 -1e308|1 x|41 1e308");
+    add("0 INSERT|2 NOWHERE|10 0|20 0");
+    add("0 HATCH|91 1|92 7|10 0|72 99999999999999999999");
+    add("0 LINE|10 0");
     EXPECT_NE(in(-1e300, -1e300, 1e300, 1e300, true), "");
     EXPECT_EQ(at(1e300, 0), "");
 }

@@ -17,7 +17,7 @@ class Pickfirst : public EditorTest {
   protected:
     Pickfirst() {
         for (int i = 0; i < 5; ++i)
-            add("POINT;10 " + std::to_string(i) + ";20 0");
+            add("0 POINT|10 " + std::to_string(i) + "|20 0");
         editor = static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"));
     }
     std::vector<AcDbObjectId> ids(const std::string& which) const {

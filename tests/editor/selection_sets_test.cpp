@@ -12,7 +12,7 @@ class SelectionSets : public EditorTest {
     SelectionSets() {
         for (int i = 0; i < 4; ++i) {
             const std::string x = std::to_string(i);
-            add("LINE;10 " + x + ";20 0;11 " + x + ";21 1");
+            add("0 LINE|10 " + x + "|20 0|11 " + x + "|21 1");
             acdbGetAdsName(names[i], entities[static_cast<std::size_t>(i)]);
         }
         acedSSAdd(names[0], nullptr, set);

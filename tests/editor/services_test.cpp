@@ -51,7 +51,7 @@ TEST_F(Services, MenuItemsOfLoadedGroups) {
 
 TEST_F(Services, HighlightsAreKeptInBalance) {
     ads_name name;
-    acdbGetAdsName(name, add("POINT;10 0;20 0"));
+    acdbGetAdsName(name, add("0 POINT|10 0|20 0"));
     EXPECT_EQ(acedRedraw(name, 3), RTNORM);
     EXPECT_EQ(acedRedraw(name, 3), RTNORM);
     EXPECT_EQ(state.highlighted.size(), 1u);
@@ -104,8 +104,8 @@ TEST_F(Services, VariablesOfTheDrawing) {
     EXPECT_EQ(setShort(L"TILEMODE", 1), RTNORM);
     ASSERT_TRUE(host::sysvarText(L"CTAB", text));
     EXPECT_EQ(text, L"Model");
-    addRecord("LAYER", "LAYER;2 Walls;70 0;62 7");
-    addRecord("LAYER", "LAYER;2 Cold;70 1;62 7");
+    addRecord("LAYER", "0 LAYER|2 Walls|70 0|62 7");
+    addRecord("LAYER", "0 LAYER|2 Cold|70 1|62 7");
     EXPECT_TRUE(host::setSysvarText(L"CLAYER", L"WALLS", why));
     resbuf result = {};
     ASSERT_EQ(acedGetVar(L"CLAYER", &result), RTNORM);

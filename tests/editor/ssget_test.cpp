@@ -11,14 +11,14 @@ namespace {
 class SelectionModes : public EditorTest {
   protected:
     SelectionModes() {
-        addRecord("LAYER", "LAYER;2 off;70 0;62 -7");
-        addRecord("LAYER", "LAYER;2 frozen;70 1;62 7");
-        add("LINE;10 0;20 0;11 10;21 0;62 1");                     // a
-        add("CIRCLE;8 off;10 5;20 5;40 1");                        // b
-        add("LINE;8 frozen;10 0;20 2;11 10;21 2");                 // c
-        add("LINE;67 1;10 0;20 0;11 1;21 0", store.paperSpace());  // d
-        add("POINT;10 50;20 50;60 1");                             // e, invisible
-        add("LINE;8 0;10 0;20 4;11 10;21 4;6 DASHED");             // f
+        addRecord("LAYER", "0 LAYER|2 off|70 0|62 -7");
+        addRecord("LAYER", "0 LAYER|2 frozen|70 1|62 7");
+        add("0 LINE|10 0|20 0|11 10|21 0|62 1");                     // a
+        add("0 CIRCLE|8 off|10 5|20 5|40 1");                        // b
+        add("0 LINE|8 frozen|10 0|20 2|11 10|21 2");                 // c
+        add("0 LINE|67 1|10 0|20 0|11 1|21 0", store.paperSpace());  // d
+        add("0 POINT|10 50|20 50|60 1");                             // e, invisible
+        add("0 LINE|8 0|10 0|20 4|11 10|21 4|6 DASHED");             // f
     }
 
     std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
@@ -63,9 +63,9 @@ TEST_F(SelectionModes, FollowTheCurrentSpace) {
 }
 
 TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
-    const char* const groups = "VIEWPORT;67 1;10 0;20 0;40 100;41 100;69 ";
-    const AcDbObjectId paper = add(groups + std::string("1"), store.paperSpace());  // g
-    add(groups + std::string("2"), store.paperSpace());                             // h
+    const char* const tags = "0 VIEWPORT|67 1|10 0|20 0|40 100|41 100|69 ";
+    const AcDbObjectId paper = add(tags + std::string("1"), store.paperSpace());  // g
+    add(tags + std::string("2"), store.paperSpace());                             // h
     std::wstring explanation;
     ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
     EXPECT_EQ(get(L"A"), "hd");

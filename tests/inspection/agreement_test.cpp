@@ -11,6 +11,7 @@
 #include "common/drawing_order.h"
 #include "common/scene.h"
 #include "drafthost/drawing_inspection.h"
+#include "host/tags/tag_values.h"
 
 namespace {
 
@@ -20,14 +21,11 @@ using tests::Scene;
 
 /// Texts of a marker's attributes, at least two; none when it is gone.
 std::vector<std::string> textsOf(const host::Store& store, const std::string& handle) {
-    const host::ObjectBody* body = store.byHandle(host::parseHandle(handle).value());
+    const host::ObjectBody* body = store.byHandle(handle);
     if (body == nullptr || body->erased) return {};
     std::vector<std::string> texts;
-    for (host::Index i = store.firstLive(body->self); i != host::kNoIndex;
-         i = store.nextLive(store.at(i))) {
-        const auto text = host::findTag(store.at(i).tags(), 1);
-        texts.emplace_back(text ? std::string(text->value) : "");
-    }
+    for (const host::ObjectBody& part : store.children(body->self))
+        texts.emplace_back(host::rawTag(part.tags(), 1));
     texts.resize(std::max<std::size_t>(texts.size(), 2));
     return texts;
 }

@@ -5,7 +5,7 @@
 #include "common/scene.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
-#include "host/store/body_text.h"
+#include "host/tags/tag_values.h"
 #include "host_guards.h"
 #include "host_services.h"
 #include "marker.h"

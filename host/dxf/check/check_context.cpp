@@ -1,17 +1,15 @@
 // What the parts of the drawing check share.
 #include "host/dxf/check/check_context.h"
 
+#include "host/store/body_text.h"
+#include "host/tags/tag_values.h"
+
 namespace host {
 namespace {
 
 bool listsLayouts(const Store& store, Index root) {
     return root != kNoIndex &&
            store.at(root).tags().find("\nACAD_LAYOUT\n") != std::string_view::npos;
-}
-
-std::uint64_t pointerIn(std::string_view text, int code) {
-    const auto place = findTag(text, code);
-    return place ? parseHandle(place->value).value_or(0) : 0;
 }
 
 }  // namespace
@@ -26,11 +24,11 @@ const ObjectLinks& CheckContext::links(const ObjectBody& body) {
     const auto [place, isNew] = m_links.try_emplace(body.self);
     ObjectLinks& links = place->second;
     if (!isNew) return links;
-    links.firstEntry = pointerIn(body.tags(), 350);
+    links.firstEntry = handleTag(body.tags(), 350);
     links.extensionDictionary = extensionDictionaryHandle(body.tags());
-    links.layout = pointerIn(body.tags(), 340);
+    links.layout = handleTag(body.tags(), 340);
     const auto layoutPart = subclassPart(body.tags(), "AcDbLayout");
-    if (layoutPart) links.block = pointerIn(*layoutPart, 330);
+    if (layoutPart) links.block = handleTag(*layoutPart, 330);
     return links;
 }
 

@@ -4,6 +4,7 @@
 #include "host/dxf/check/check_context.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/store/data_records.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -22,8 +23,7 @@ void checkHandles(CheckContext& context) {
         } else if (store.byHandle(body.handle) != &body) {
             context.error(body, "the handle belongs to another object too");
         }
-        const auto place = findTag(body.tags(), body.type() == "DIMSTYLE" ? 105 : 5);
-        if (!place || parseHandle(place->value) != body.handle) {
+        if (handleTag(body.tags(), body.type() == "DIMSTYLE" ? 105 : 5) != body.handle) {
             context.error(body, "the handle in the groups is another one");
         }
         if (!body.ownsData) highest = std::max(highest, body.handle);

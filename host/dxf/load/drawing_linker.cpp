@@ -90,15 +90,13 @@ std::vector<Finding> DrawingLinker::supplied() const {
 bool DrawingLinker::indexSymbols() {
     for (const Index table : m_store.tables()) {
         const bool blocks = m_store.at(table).kind == Kind::BlockTable;
-        for (Index index = m_store.firstLive(table); index != kNoIndex;
-             index = m_store.nextLive(m_store.at(index))) {
-            const ObjectBody& record = m_store.at(index);
+        for (const ObjectBody& record : m_store.children(table)) {
             const std::wstring name = symbolName(record);
             const ObjectBody* const first = m_store.symbol(table, name);
             if (first == nullptr) {
                 m_store.indexSymbol(table, record, name);
             } else if (blocks) {
-                return m_stream.fail(static_cast<long>(m_parts.of(index).line),
+                return m_stream.fail(static_cast<long>(m_parts.of(record.self).line),
                                      "block record " + toUtf8(name) + " was defined in line " +
                                          std::to_string(m_parts.of(first->self).line) +
                                          " already; rename one of them");

@@ -1,6 +1,6 @@
 // First step of loading: the objects of TABLES, BLOCKS, ENTITIES and OBJECTS.
 #include "host/dxf/load/drawing_builder.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -136,8 +136,7 @@ bool DrawingBuilder::readEntity() {
     if (type != "INSERT") return true;
     if (m_reader.type() == "ATTRIB") return readSequence(*body, "ATTRIB", type);
     // Without attributes a SEQEND belongs to the reference only when it is announced.
-    const auto follow = findTag(body->tags(), 66);
-    const bool announced = follow && parseInteger(follow->value).value_or(0) != 0;
+    const bool announced = integerTag(body->tags(), 66) != 0;
     if (!announced || m_reader.type() != "SEQEND") return true;
     return readSequence(*body, "ATTRIB", type);
 }

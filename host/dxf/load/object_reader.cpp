@@ -1,6 +1,8 @@
 // One object after the other: collecting tags, finding handle, owner and place.
 #include "host/dxf/load/object_reader.h"
 
+#include "host/tags/tag_values.h"
+
 namespace host {
 namespace {
 
@@ -18,10 +20,7 @@ std::string_view RawObject::type() const {
     return std::string_view(text).substr(begin, text.find('\n', begin) - begin);
 }
 
-std::string_view RawObject::name() const {
-    const auto place = findTag(text, 2);
-    return place ? place->value : std::string_view();
-}
+std::string_view RawObject::name() const { return rawTag(text, 2); }
 
 bool ObjectReader::advance() {
     if (!m_stream.next(m_tag)) {

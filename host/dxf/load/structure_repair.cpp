@@ -11,11 +11,7 @@ namespace {
 
 /// Begins an object with the tags that all have.
 std::string beginObject(const char* type, std::uint64_t handle, std::uint64_t owner) {
-    std::string text;
-    addTag(text, 0, type);
-    addHandleTag(text, 5, handle);
-    addHandleTag(text, 330, owner);
-    return text;
+    return storedTags({{0, type}, {5, formatHandle(handle)}, {330, formatHandle(owner)}});
 }
 
 ObjectBody& addObject(Store& store, Kind kind, const std::string& text, std::uint64_t handle) {
@@ -26,14 +22,14 @@ ObjectBody& addObject(Store& store, Kind kind, const std::string& text, std::uin
 Index supplyTable(Store& store, const char* name, Kind kind) {
     if (const Index table = store.table(name)) return table;
     const std::uint64_t handle = store.handleSeed();
-    std::string text;
-    addTag(text, 0, "TABLE");
-    addTag(text, 2, name);
-    addHandleTag(text, 5, handle);
-    addHandleTag(text, 330, 0);
-    addTag(text, 100, "AcDbSymbolTable");
-    addTag(text, 70, 0);
-    ObjectBody& table = addObject(store, kind, text, handle);
+    ObjectBody& table = addObject(store, kind,
+                                  storedTags({{0, "TABLE"},
+                                              {2, name},
+                                              {5, formatHandle(handle)},
+                                              {330, "0"},
+                                              {100, "AcDbSymbolTable"},
+                                              {70, "0"}}),
+                                  handle);
     store.tables().push_back(table.self);
     return table.self;
 }
@@ -52,9 +48,7 @@ ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
     if (ObjectBody* const record = store.symbol(table, name)) return *record;
     const std::uint64_t handle = store.handleSeed();
     std::string text = beginObject(form.type, handle, store.at(table).handle);
-    addTag(text, 100, "AcDbSymbolTableRecord");
-    addTag(text, 100, form.markerName);
-    addTag(text, 2, bytes);
+    text += storedTags({{100, "AcDbSymbolTableRecord"}, {100, form.markerName}, {2, bytes}});
     text += form.rest;
     ObjectBody& record = addObject(store, form.kind, text, handle);
     addRecord(store, table, record, name);
@@ -66,12 +60,6 @@ constexpr char kLinetype[] = " 70\n0\n  3\n\n 72\n65\n 73\n0\n 40\n0.0\n";
 constexpr char kSolidLinetype[] = " 70\n0\n  3\nSolid line\n 72\n65\n 73\n0\n 40\n0.0\n";
 constexpr char kStyle[] =
     " 70\n0\n 40\n0.0\n 41\n1.0\n 50\n0.0\n 71\n0\n 42\n2.5\n  3\ntxt\n  4\n\n";
-
-std::string blockRecordTags() {
-    std::string text;
-    addHandleTag(text, 340, 0);
-    return text;
-}
 
 }  // namespace
 
@@ -103,8 +91,7 @@ void supplyTables(Store& store) {
 }
 
 ObjectBody& supplyBlockRecord(Store& store, std::string_view name) {
-    const RecordForm form{"BLOCK_RECORD", Kind::BlockRecord, "AcDbBlockTableRecord",
-                          blockRecordTags()};
+    const RecordForm form{"BLOCK_RECORD", Kind::BlockRecord, "AcDbBlockTableRecord", "340\n0\n"};
     return supplyRecord(store, store.table("BLOCK_RECORD"), form, name);
 }
 

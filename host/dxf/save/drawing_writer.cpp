@@ -90,11 +90,8 @@ void DrawingWriter::writeBlocks() {
 
 /// Both spaces, in the order in which their entities came into the drawing.
 void DrawingWriter::writeEntities() {
-    const auto first = [this](Index space) {
-        return space != kNoIndex ? m_store.firstLive(space) : kNoIndex;
-    };
-    Index model = first(m_store.modelSpace());
-    Index paper = first(m_store.paperSpace());
+    Index model = m_store.firstLive(m_store.modelSpace());
+    Index paper = m_store.firstLive(m_store.paperSpace());
     while (model != kNoIndex || paper != kNoIndex) {
         const bool takeModel = paper == kNoIndex || (model != kNoIndex && model < paper);
         Index& next = takeModel ? model : paper;
@@ -105,10 +102,8 @@ void DrawingWriter::writeEntities() {
 }
 
 void DrawingWriter::writeChildren(Index parent) {
-    for (Index index = m_store.firstLive(parent); index != kNoIndex;
-         index = m_store.nextLive(m_store.at(index))) {
-        if (!m_references.isGone(index)) writeEntity(m_store.at(index));
-    }
+    for (const ObjectBody& child : m_store.children(parent))
+        if (!m_references.isGone(child.self)) writeEntity(child);
 }
 
 void DrawingWriter::writeEntity(const ObjectBody& entity) {

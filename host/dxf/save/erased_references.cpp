@@ -41,7 +41,7 @@ ErasedReferences::ErasedReferences(const Store& store)
 }
 
 bool ErasedReferences::isGoneHandle(std::string_view value) const {
-    const ObjectBody* const target = m_store.byHandle(parseHandle(value).value_or(0));
+    const ObjectBody* const target = m_store.byHandle(value);
     return target != nullptr && m_gone[target->self];
 }
 

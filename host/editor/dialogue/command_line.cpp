@@ -8,7 +8,7 @@
 #include "host/control/faults.h"
 #include "host/editor/state/caller_name.h"
 #include "host/editor/state/current_drawing.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/text/wide_format.h"
 
 using namespace host;

@@ -9,7 +9,7 @@
 #include "host/editor/state/document_state.h"
 #include "host/editor/state/notify.h"
 #include "host/geometry/angles.h"
-#include "host/tags/tags.h"
+#include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -27,17 +27,12 @@ std::wstring withoutBlanks(const std::wstring& text) {
     return text.substr(begin, end - begin);
 }
 
-std::optional<double> finiteReal(const std::wstring& text) {
-    const std::optional<double> value = parseReal(toUtf8(text));
-    return value && std::isfinite(*value) ? value : std::nullopt;
-}
-
 /// Numbers between separators; none when one of them is no number.
 std::vector<double> numbersIn(const std::wstring& text, wchar_t separator) {
     std::vector<double> numbers;
     for (std::size_t begin = 0; begin <= text.size();) {
         const std::size_t end = std::min(text.find(separator, begin), text.size());
-        const std::optional<double> number = finiteReal(text.substr(begin, end - begin));
+        const std::optional<double> number = parseReal(toUtf8(text.substr(begin, end - begin)));
         if (!number) return {};
         numbers.push_back(*number);
         begin = end + 1;
@@ -121,7 +116,7 @@ PromptStatus promptPoint(const std::wstring& text, const AcGePoint3d* base, AcGe
 
 PromptStatus promptReal(const std::wstring& text, double& value) {
     return ask(text, InputUnit::Token, L"no number", [&](const std::wstring& answer) {
-        const std::optional<double> parsed = finiteReal(answer);
+        const std::optional<double> parsed = parseReal(toUtf8(answer));
         if (parsed) value = *parsed;
         return parsed.has_value();
     });
@@ -179,16 +174,6 @@ std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3
     }
     values.resize(3);
     return AcGePoint3d(origin.x + values[0], origin.y + values[1], origin.z + values[2]);
-}
-
-std::optional<std::wstring> parseHandent(const std::wstring& text) {
-    const std::wstring whole = withoutBlanks(text);
-    if (whole.size() < 2 || whole.front() != L'(' || whole.back() != L')') return std::nullopt;
-    const std::wstring inner = withoutBlanks(whole.substr(1, whole.size() - 2));
-    if (foldCase(inner.substr(0, 7)) != L"HANDENT") return std::nullopt;
-    const std::wstring quoted = withoutBlanks(inner.substr(7));
-    if (quoted.size() < 3 || quoted.front() != L'"' || quoted.back() != L'"') return std::nullopt;
-    return quoted.substr(1, quoted.size() - 2);
 }
 
 }  // namespace host

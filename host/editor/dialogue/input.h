@@ -97,7 +97,5 @@ std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d
 /// Parses "x,y[,z]" or "distance<degrees", with "@" before it from `base`, which "@" alone gives;
 /// nothing when it is no point.
 std::optional<AcGePoint3d> parsePoint(const std::wstring& text, const AcGePoint3d* base);
-/// Handle of `(handent "2A")`, or nothing when the text has another form.
-std::optional<std::wstring> parseHandent(const std::wstring& text);
 
 }  // namespace host

@@ -110,9 +110,9 @@ CommandStatus runResolved(const Resolved& command, ActiveCommand& now) {
 
 }  // namespace
 
-void registerBuiltins(const BuiltinCommand* commands, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i)
-        builtins()[foldCase(commands[i].name)] = &commands[i];
+void registerBuiltins(const CommandTable& commands) {
+    for (const BuiltinCommand& command : commands)
+        builtins()[foldCase(command.name)] = &command;
 }
 
 std::vector<const BuiltinCommand*> builtinCommands() {

@@ -20,8 +20,10 @@ struct BuiltinCommand {
     const wchar_t* help;  ///< one line
 };
 
-/// Adds own commands; a later one of the same name replaces the earlier. The array must live on.
-void registerBuiltins(const BuiltinCommand* commands, std::size_t count);
+using CommandTable = std::vector<BuiltinCommand>;
+
+/// Adds own commands; a later one of the same name replaces the earlier. The table must live on.
+void registerBuiltins(const CommandTable& commands);
 /// All own commands by name, for help texts.
 std::vector<const BuiltinCommand*> builtinCommands();
 

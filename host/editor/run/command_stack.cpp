@@ -69,7 +69,7 @@ using namespace host;
 
 namespace {
 
-std::wstring textOf(const ACHAR* text) { return text != nullptr ? text : L""; }
+std::wstring nameOrNone(const ACHAR* text) { return text != nullptr ? text : L""; }
 
 }  // namespace
 
@@ -78,7 +78,7 @@ Acad::ErrorStatus AcEdCommandStack::addCommand(const ACHAR* group, const ACHAR* 
                                                AcRxFunctionPtr function, AcEdUIContext*, int,
                                                HINSTANCE__*, AcEdCommand** command) {
     if (callFails("AcEdCommandStack::addCommand")) return Acad::eInvalidInput;
-    recordEffect(EffectKind::Registration, L"addCommand " + textOf(globalName));
+    recordEffect(EffectKind::Registration, L"addCommand " + nameOrNone(globalName));
     const bool complete = group != nullptr && globalName != nullptr && function != nullptr;
     if (!complete || *group == 0 || *globalName == 0) return Acad::eInvalidInput;
     if (localName == nullptr || *localName == 0) localName = globalName;
@@ -96,7 +96,7 @@ Acad::ErrorStatus AcEdCommandStack::addCommand(const ACHAR* group, const ACHAR* 
 
 Acad::ErrorStatus AcEdCommandStack::removeGroup(const ACHAR* group) {
     if (callFails("AcEdCommandStack::removeGroup")) return Acad::eInvalidInput;
-    recordEffect(EffectKind::Registration, L"removeGroup " + textOf(group));
+    recordEffect(EffectKind::Registration, L"removeGroup " + nameOrNone(group));
     if (group == nullptr) return Acad::eInvalidInput;
     const auto found = findGroup(group);
     if (found == groups().end()) return Acad::eKeyNotFound;

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "host/editor/state/current_drawing.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_walk.h"
 #include "host/text/wildcard.h"
 
 namespace host {

@@ -6,10 +6,11 @@
 #include "host/editor/state/notify.h"
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/interactive_input.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
+#include "host/text/lisp_cursor.h"
 
 using namespace host;
 

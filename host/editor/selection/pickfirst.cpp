@@ -13,7 +13,7 @@
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/command_stack.h"
 #include "host/objectarx/selection_sets.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 
 namespace host {

@@ -12,6 +12,7 @@
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/current_drawing.h"
 #include "host/store/store.h"
+#include "host/text/lisp_cursor.h"
 
 namespace host {
 namespace {

@@ -12,7 +12,7 @@
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/selection_sets.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 
 namespace host {

@@ -11,7 +11,7 @@
 #include "host/picking/layer_states.h"
 #include "host/picking/view.h"
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -42,44 +42,34 @@ std::vector<AcDbObjectId> selectWindow(const Store& store, const AcGePoint3d& co
 std::vector<AcDbObjectId> selectAll(const Store& store) {
     std::vector<AcDbObjectId> all;
     LayerStates layers(store);
-    const Index space = store.currentSpace();
-    for (Index i = space == kNoIndex ? kNoIndex : store.firstLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
-        const std::optional<TagPlace> layer = findTag(entity.tags(), 8);
+    for (const ObjectBody& entity : store.children(store.currentSpace())) {
         const bool selectable = !isPaperViewport(entity);
-        if (selectable && !layers.frozen(layer ? trimmed(layer->value) : "0"))
+        if (selectable && !layers.frozen(textTag(entity.tags(), 8, "0")))
             all.push_back(store.idOf(entity));
-        i = store.nextLive(entity);
     }
     return inSelectionOrder(std::move(all));
 }
 
 void appendMatching(const Store& store, Index space, const SelectionFilter& filter,
                     std::vector<AcDbObjectId>& ids) {
-    for (Index i = store.firstLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
+    for (const ObjectBody& entity : store.children(space))
         if (filter.matches(entity)) ids.push_back(store.idOf(entity));
-        i = store.nextLive(entity);
-    }
 }
 
 std::vector<AcDbObjectId> selectMatching(const Store& store, const SelectionFilter& filter) {
     std::vector<AcDbObjectId> found;
-    if (store.currentSpace() != kNoIndex)
-        appendMatching(store, store.currentSpace(), filter, found);
+    appendMatching(store, store.currentSpace(), filter, found);
     const auto isPaper = [](AcDbObjectId id) { return isPaperViewport(*Store::resolve(id)); };
     found.erase(std::remove_if(found.begin(), found.end(), isPaper), found.end());
     return inSelectionOrder(std::move(found));
 }
 
 std::vector<AcDbObjectId> selectLast(const Store& store) {
-    const Index space = store.currentSpace();
-    for (Index i = space == kNoIndex ? kNoIndex : store.lastLive(space); i != kNoIndex;) {
-        const ObjectBody& entity = store.at(i);
-        if (isDrawn(store, entity)) return {store.idOf(entity)};
-        i = store.previousLive(entity);
-    }
-    return {};
+    Index last = store.lastLive(store.currentSpace());
+    while (last != kNoIndex && !isDrawn(store, store.at(last)))
+        last = store.previousLive(store.at(last));
+    if (last == kNoIndex) return {};
+    return {store.idOf(last)};
 }
 
 std::vector<AcDbObjectId> selectPrevious() {
@@ -99,8 +89,7 @@ void rememberSelection(const std::vector<AcDbObjectId>& selection) {
 
 AcDbObjectId selectHandle(const Store& store, const std::wstring& handle,
                           std::wstring& explanation) {
-    const std::optional<std::uint64_t> value = parseHandle(toUtf8(handle));
-    ObjectBody* body = value ? store.byHandle(*value) : nullptr;
+    ObjectBody* body = store.byHandle(toUtf8(handle));
     ObjectBody* entity = body == nullptr ? nullptr : mainEntityOf(*body);
     const ObjectBody* owner = entity == nullptr ? nullptr : ownerOf(*entity);
     if (body == nullptr)

@@ -41,14 +41,10 @@ AcGePoint3d pointAt(const void* point) {
 Ids wholeDatabase(const Store& store, const SelectionFilter& filter) {
     Ids ids;
     const Index current = store.currentSpace();
-    const Index table = store.table("BLOCK_RECORD");
-    for (Index i = table == kNoIndex ? kNoIndex : store.firstLive(table); i != kNoIndex;) {
-        const ObjectBody& record = store.at(i);
+    for (const ObjectBody& record : store.children(store.table("BLOCK_RECORD")))
         if (record.self != current && isSpace(record))
             appendMatching(store, record.self, filter, ids);
-        i = store.nextLive(record);
-    }
-    if (current != kNoIndex) appendMatching(store, current, filter, ids);
+    appendMatching(store, current, filter, ids);
     if (switches().newestFirst) std::reverse(ids.begin(), ids.end());
     return ids;
 }

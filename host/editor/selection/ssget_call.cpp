@@ -1,68 +1,26 @@
 // The typed call of ssget with which scripts select by what things are.
 #include "host/editor/selection/ssget_call.h"
 
-#include <cwctype>
 #include <limits>
 #include <optional>
 
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
+#include "host/text/lisp_cursor.h"
 #include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
 namespace host {
 namespace {
 
-/// A cursor over the call; every reading function moves it.
-class Call {
-  public:
-    explicit Call(const std::wstring& text) : m_text(text) {}
-
-    bool accept(wchar_t c) {
-        skipBlanks();
-        if (m_at == m_text.size() || m_text[m_at] != c) return false;
-        ++m_at;
-        return true;
-    }
-    bool atEnd() const { return m_at == m_text.size(); }
-
-    /// A name, a number or the dot of a pair.
-    std::wstring word() {
-        skipBlanks();
-        const std::size_t begin = m_at;
-        while (m_at < m_text.size() && !std::iswspace(static_cast<std::wint_t>(m_text[m_at])) &&
-               std::wstring(L"()\"'").find(m_text[m_at]) == std::wstring::npos)
-            ++m_at;
-        return m_text.substr(begin, m_at - begin);
-    }
-    std::optional<std::wstring> string() {
-        if (!accept(L'"')) return std::nullopt;
-        std::wstring value;
-        for (; m_at < m_text.size() && m_text[m_at] != L'"'; ++m_at) {
-            if (m_text[m_at] == L'\\' && m_at + 1 < m_text.size()) ++m_at;
-            value += m_text[m_at];
-        }
-        return accept(L'"') ? std::optional(value) : std::nullopt;
-    }
-
-  private:
-    void skipBlanks() {
-        while (m_at < m_text.size() && std::iswspace(static_cast<std::wint_t>(m_text[m_at])))
-            ++m_at;
-    }
-
-    const std::wstring& m_text;
-    std::size_t m_at = 0;
-};
-
 /// The value of a pair as its code asks; false when it is of another kind.
-bool readValue(Call& call, int type, ResultList& list) {
+bool readValue(LispCursor& call, int type, ResultList& list) {
     const ValueKind kind = valueKindOf(type);
     if (kind == ValueKind::Text) {
         const std::optional<std::wstring> text = call.string();
         if (text) list.addText(type, *text);
         return text.has_value();
     }
-    const std::string word = toUtf8(call.word());
+    const std::string word = toUtf8(call.atom());
     if (kind == ValueKind::Real) {
         const std::optional<double> real = parseReal(word);
         if (real) list.addReal(type, *real);
@@ -78,13 +36,13 @@ bool readValue(Call& call, int type, ResultList& list) {
 }
 
 /// Behind the opening bracket of a pair: "8 . "WALLS*")".
-bool readPair(Call& call, ResultList& list, std::wstring& explanation) {
+bool readPair(LispCursor& call, ResultList& list, std::wstring& explanation) {
     constexpr int kOperator = -4;
-    const std::wstring name = call.word();
+    const std::wstring name = call.atom();
     const std::optional<long long> code = parseInteger(toUtf8(name));
     const bool known = code && *code >= kOperator && *code < 1000;
     const int type = !known || *code == 0 ? RTDXF0 : static_cast<int>(*code);
-    if (known && call.word() == L"." && readValue(call, type, list) && call.accept(L')'))
+    if (known && call.atom() == L"." && readValue(call, type, list) && call.accept(L')'))
         return true;
     explanation = L"the filter cannot be read at \"" + name +
                   L"\"; a pair is (8 . \"WALLS*\"), a text for a text, a number for a number";
@@ -92,7 +50,7 @@ bool readPair(Call& call, ResultList& list, std::wstring& explanation) {
 }
 
 /// The whole call; the pairs go into `list`.
-bool readCall(Call& call, ResultList& list, std::wstring& explanation) {
+bool readCall(LispCursor& call, ResultList& list, std::wstring& explanation) {
     const std::optional<std::wstring> mode = call.string();
     if (!mode || (foldCase(*mode) != L"X" && foldCase(*mode) != L"_X")) {
         explanation = L"ssget is served with the mode \"X\" only: (ssget \"X\" '((8 . \"0\")))";
@@ -107,22 +65,22 @@ bool readCall(Call& call, ResultList& list, std::wstring& explanation) {
             return false;
         }
     }
-    if (call.accept(L')') && call.atEnd()) return true;
+    if (call.accept(L')') && call.peek() == 0) return true;
     explanation = L"ssget takes \"X\" and one quoted list, nothing else";
     return false;
 }
 
-bool beginCall(Call& call) { return call.accept(L'(') && foldCase(call.word()) == L"SSGET"; }
+bool beginCall(LispCursor& call) { return call.accept(L'(') && foldCase(call.atom()) == L"SSGET"; }
 
 }  // namespace
 
 bool isSsgetCall(const std::wstring& text) {
-    Call call(text);
+    LispCursor call(text);
     return beginCall(call);
 }
 
 bool readSsgetCall(const std::wstring& text, SelectionFilter& filter, std::wstring& explanation) {
-    Call call(text);
+    LispCursor call(text);
     ResultList list;
     if (!beginCall(call) || !readCall(call, list, explanation)) return false;
     resbuf* const buffers = list.release();

@@ -4,9 +4,9 @@
 
 #include "host/control/accounting.h"
 #include "host/objectarx/database.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -56,12 +56,9 @@ ObjectBody* entityOf(const ads_name name, const char* call) {
 std::wstring layoutName(const Store& store, Index space) {
     const std::wstring model = L"Model";
     if (space == kNoIndex || space == store.modelSpace()) return model;
-    const std::optional<TagPlace> handle = findTag(store.at(space).tags(), 340);
-    const std::optional<std::uint64_t> value = handle ? parseHandle(handle->value) : std::nullopt;
-    const ObjectBody* layout = value ? store.byHandle(*value) : nullptr;
+    const ObjectBody* layout = store.byHandle(handleTag(store.at(space).tags(), 340));
     const auto part = layout ? subclassPart(layout->tags(), "AcDbLayout") : std::nullopt;
-    const auto name = part ? findTag(*part, 1) : std::nullopt;
-    return name ? store.decode(trimmed(name->value)) : model;
+    return part ? store.decode(textTag(*part, 1, "Model")) : model;
 }
 
 std::wstring handleText(const ObjectBody& body) {

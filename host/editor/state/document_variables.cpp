@@ -6,7 +6,7 @@
 #include "host/objectarx/database.h"
 #include "host/picking/view.h"
 #include "host/store/store.h"
-#include "host/tags/tag_view.h"
+#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {
@@ -53,8 +53,8 @@ bool readCurrentLayer(const DocumentState& document, SysvarValue& value) {
 }
 
 bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& explanation) {
-    const ObjectBody* layer = store.symbol("LAYER", value.text);
-    if (layer == nullptr || layer->erased) {
+    const ObjectBody* layer = store.liveSymbol("LAYER", value.text);
+    if (layer == nullptr) {
         explanation = L"there is no layer " + value.text;
         return false;
     }
@@ -65,8 +65,7 @@ bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& exp
 
 bool readTextSize(const DocumentState& document, SysvarValue& value) {
     constexpr double kUsual = 2.5;
-    const auto text = storeOf(document).headerValue("$TEXTSIZE");
-    value.number = text ? realOf(*text, kUsual) : kUsual;
+    value.number = realOf(storeOf(document).headerValue("$TEXTSIZE").value_or(""), kUsual);
     return true;
 }
 

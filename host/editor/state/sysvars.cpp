@@ -9,7 +9,7 @@
 #include "host/editor/state/current_drawing.h"
 #include "host/editor/state/document_variables.h"
 #include "host/objectarx/system_variables.h"
-#include "host/objects/result_buffer_tools.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 
 namespace host {

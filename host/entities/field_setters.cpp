@@ -1,5 +1,5 @@
-// What the methods of all entity classes share: access checks, sub-entities, name lookup.
-#include "host/entities/entity_support.h"
+// The setters of the entity classes: access check, change; sub-entities and names.
+#include "host/entities/field_setters.h"
 
 #include <cmath>
 
@@ -22,10 +22,8 @@ std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity) {
     std::vector<ObjectBody*> found;
     if (entity.store == nullptr) return found;
     const Store& store = *entity.store;
-    for (Index child = store.firstLive(entity.self); child != kNoIndex;) {
-        found.push_back(&store.at(child));
-        child = store.nextLive(store.at(child));
-    }
+    for (ObjectBody& child : store.children(entity.self))
+        found.push_back(&child);
     if (entity.sequenceEnd != kNoIndex && !store.at(entity.sequenceEnd).erased) {
         found.push_back(&store.at(entity.sequenceEnd));
     }
@@ -41,8 +39,7 @@ Store* namesOf(const ObjectBody& entity) {
 const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
                              std::wstring_view name) {
     const Store* store = namesOf(entity);
-    const ObjectBody* record = store != nullptr ? store->symbol(table, name) : nullptr;
-    return record != nullptr && !record->erased ? record : nullptr;
+    return store != nullptr ? store->liveSymbol(table, name) : nullptr;
 }
 
 AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wstring_view name) {

@@ -1,4 +1,4 @@
-// What the methods of all entity classes share: access checks, sub-entities, name lookup.
+// The setters of the entity classes, and what they look up: sub-entities, names.
 #pragma once
 
 #include <string>
@@ -7,7 +7,6 @@
 
 #include "host/content/fields.h"
 #include "host/objectarx/entities.h"
-#include "host/objects/class_table.h"
 #include "host/objects/opening.h"
 #include "host/store/store.h"
 
@@ -15,16 +14,6 @@ namespace host {
 
 /// Asked first by every setter, with its own name: eOk when the change may be made.
 Acad::ErrorStatus startChange(const AcDbObject& object, const char* call);
-/// Opens a body as the class that is wanted, without a fault point; null on failure.
-template <typename T>
-Acad::ErrorStatus openAs(T*& object, ObjectBody& body, AcDb::OpenMode mode) {
-    object = nullptr;
-    if (!classOf(body.kind)->isDerivedFrom(T::desc())) return Acad::eNotThatKindOfClass;
-    AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = openBody(opened, body, mode);
-    if (status == Acad::eOk) object = static_cast<T*>(opened);
-    return status;
-}
 /// Opens the live sequence end of a reference or polyline; eNullObjectId when it has none.
 Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb::OpenMode mode);
 

@@ -1,5 +1,5 @@
 // What the host's own commands share.
-#include "host/commands/command_support.h"
+#include "host/commands/open_drawing.h"
 
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/document_state.h"

@@ -1,0 +1,46 @@
+// Tags as literals and renderings: "0 LINE|8 0|10 1.5", code, blank, value, parted by bars.
+#pragma once
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "host/store/store.h"
+#include "host/tags/tags.h"
+
+namespace tests {
+
+/// Tags in stored form; a line end parts them too. A code stays as it is written.
+inline std::string tagsOf(std::string literal) {
+    std::replace(literal.begin(), literal.end(), '\n', '|');
+    std::string text;
+    std::istringstream tags(literal);
+    for (std::string tag; std::getline(tags, tag, '|');) {
+        if (tag.empty()) continue;
+        const std::size_t blank = std::min(tag.find(' '), tag.size());
+        text.append(blank < 3 ? 3 - blank : 0, ' ').append(tag, 0, blank).append("\n");
+        text.append(tag.substr(std::min(blank + 1, tag.size()))).append("\n");
+    }
+    return text;
+}
+
+inline std::string render(std::string_view text) {
+    std::string line;
+    host::TagReader reader(text);
+    for (host::Tag tag; reader.next(tag);) {
+        line += (line.empty() ? "" : "|") + std::to_string(tag.code) + " " + std::string(tag.value);
+    }
+    return line;
+}
+
+/// Makes an object of any kind under an owner; in no list yet.
+inline host::ObjectBody& make(host::Store& store, const std::string& literal, host::Index owner,
+                              bool isEntity = true) {
+    host::ObjectBody pattern;
+    pattern.setTags(tagsOf(literal));
+    pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
+    return store.duplicate(pattern, owner);
+}
+
+}  // namespace tests
