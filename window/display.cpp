@@ -14,7 +14,6 @@
 namespace window {
 namespace {
 
-using host::Vec;
 using Json = nlohmann::json;
 
 std::string dump(const Json& value) {
@@ -27,15 +26,6 @@ std::string joined(const Json& object, const std::string& members) {
     if (members.empty()) return text;
     text.back() = ',';
     return text + members + "}";
-}
-
-std::wstring coordinates(double x, double y) {
-    return host::fromUtf8(host::formatReal(x) + "," + host::formatReal(y));
-}
-
-std::wstring handent(AcDbObjectId id) {
-    const host::ObjectBody* body = host::Store::resolve(id);
-    return L"(handent \"" + host::fromUtf8(host::formatHandle(body->handle)) + L"\")";
 }
 
 std::string handleOf(AcDbObjectId id) {
@@ -63,10 +53,6 @@ const char* nameOf(host::Wanted wanted) {
     }
 }
 
-void decline(const Reply& reply, const std::string& why) {
-    reply->set_value(dump({{"error", why}}));
-}
-
 }  // namespace
 
 Display::Display(host::Session& session, Desk& desk, Reader reader, std::function<bool()> isOver)
@@ -90,6 +76,10 @@ bool Display::nothingToLose() const {
 
 bool Display::showsCurrentSpace() const {
     return m_sheet && store() != nullptr && m_sheet->space() == store()->currentSpace();
+}
+
+void Display::decline(const Reply& reply, const std::string& why) {
+    reply->set_value(dump({{"error", why}}));
 }
 
 void Display::conclude() {
@@ -201,34 +191,6 @@ std::string Display::everything() {
     return joined(all, sheet);
 }
 
-Json Display::look(const Json& request) {
-    if (!m_sheet || store() == nullptr) return Json::object();
-    const Vec point{request.at("x"), request.at("y"), 0};
-    const double radius = request.at("r");
-    Json found = Json::object();
-    if (host::question().wanted == host::Wanted::Point && !m_conversation.atCommand()) {
-        if (const auto snap = m_sheet->snap(point, 1.6 * radius))
-            found["snap"] = {{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}};
-        return found;
-    }
-    const AcDbObjectId id = m_sheet->under(point, radius);
-    const host::ObjectBody* body = host::Store::resolve(id);
-    if (body == nullptr) return found;
-    found["handle"] = host::formatHandle(body->handle);
-    found["type"] = host::toUtf8(store()->decode(host::trimmed(body->type())));
-    found["layer"] = host::toUtf8(host::layerName(*body));
-    std::vector<std::string> lit;
-    if (const inspection::Group* group = m_groups.of(id)) {
-        found["group"] = {{"begin", group->begin},
-                          {"verdict", inspection::nameOf(group->state)},
-                          {"reason", group->reason}};
-        if (m_conversation.atCommand() && m_watch.groupingOn()) lit = m_groups.selectedBy(id);
-    }
-    if (lit.empty()) lit.push_back(host::formatHandle(body->handle));
-    found["lit"] = std::move(lit);
-    return found;
-}
-
 void Display::showSpace(const Json& request, const Reply& reply) {
     const host::Index wanted = request.at("space");
     for (const auto& [space, name] : m_reader.spaces(*store())) {
@@ -239,53 +201,6 @@ void Display::showSpace(const Json& request, const Reply& reply) {
         return reply->set_value(joined(state(), sheet));
     }
     decline(reply, "the drawing has no such space");
-}
-
-void Display::click(const Json& request, const Reply& reply) {
-    if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
-    const Vec point{request.at("x"), request.at("y"), 0};
-    const double radius = request.at("r");
-    const bool shift = request.value("shift", false);
-    const host::Wanted wanted = host::question().wanted;
-    if (!m_conversation.atCommand() && wanted == host::Wanted::Point) {
-        const auto snap = m_sheet->snap(point, 1.6 * radius);
-        const Vec at = snap ? snap->point : point;
-        return m_conversation.type({coordinates(at.x, at.y)}, reply);
-    }
-    const AcDbObjectId id = m_sheet->under(point, radius);
-    const bool takes = m_conversation.atCommand() || wanted != host::Wanted::Words;
-    if (id.isNull() || !takes) return reply->set_value(news());
-    const std::wstring entity = handent(id);
-    if (m_conversation.atCommand())
-        return m_conversation.type({(shift ? L"UNPICK " : L"PICK ") + entity}, reply);
-    const bool removes = shift && wanted == host::Wanted::Selection;
-    m_conversation.type({removes ? L"R " + entity + L" A" : entity}, reply);
-}
-
-void Display::box(const Json& request, const Reply& reply) {
-    if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
-    const bool shift = request.value("shift", false);
-    std::wstring line = request.at("crossing").get<bool>() ? L"C " : L"W ";
-    line += coordinates(request.at("x1"), request.at("y1")) + L" " +
-            coordinates(request.at("x2"), request.at("y2"));
-    if (m_conversation.atCommand())
-        return m_conversation.type({(shift ? L"UNPICK " : L"PICK ") + line}, reply);
-    if (host::question().wanted != host::Wanted::Selection) return reply->set_value(news());
-    m_conversation.type({shift ? L"R " + line + L" A" : line}, reply);
-}
-
-/// Picks a member as a click does, so that the module brings the others. The picks before go.
-void Display::pickGroup(const Json& request, const Reply& reply) {
-    const inspection::Group* group = m_groups.beginningAt(request.at("begin"));
-    if (group == nullptr || group->members.empty())
-        return decline(reply, "nothing stands in this group");
-    const AcDbObjectId first = group->members.front().id;
-    if (first.isErased()) return decline(reply, "this group has changed");
-    if (!m_conversation.atCommand()) return m_conversation.type({handent(first)}, reply);
-    std::vector<std::wstring> lines;
-    if (!host::pickfirst().empty()) lines.push_back(L"PICK NONE");
-    lines.push_back(L"PICK " + handent(first));
-    m_conversation.type(std::move(lines), reply);
 }
 
 void Display::answer(const Json& request, const Reply& reply) {

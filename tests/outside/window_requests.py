@@ -183,6 +183,24 @@ def endings(drawing):
     busy.host.stderr.close()
 
 
+def lights(session):
+    """What lights up under the pointer is what a click selects, markers aside."""
+    place = {"x": 50.4, "y": 7.25, "r": 0.1}
+    entity = session.ask("look", **place)["handle"]
+    markers = {group[0] for group in session.groups} | {group[1] for group in session.groups}
+    lit = []
+    for change in ((), ("VelmoGROUPNOTACTIVE",), ("ERASE 20.4,7.25", ""), ("VelmoGROUPACTIVE",),
+                   ("PICKFIRST 0", "PICK 1.4,7.25", "PICKFIRST 1")):
+        for line in ("PICK NONE", *change):
+            session.type(line)
+        found = session.ask("look", **place)
+        lit.append(len(found["lit"]))
+        selected = set(session.ask("click", **place).get("selected", []))
+        check(f"lit is selected after {change}", set(found["lit"]) == selected - markers)
+        check("and it is about the same entity", found["handle"] == entity)
+    check(f"whole, off, off and short, short, off: {lit}", lit == [100, 1, 1, 99, 1])
+
+
 def costs(slow):
     """A click in 10,000 entities in 100 groups: time, and bytes as it selects."""
     drawing, script = os.path.join(WORK, "many.dxf"), os.path.join(WORK, "many.scr")
@@ -199,6 +217,8 @@ def costs(slow):
     subprocess.run([HOST, "-q", "-s", script, drawing], check=True)
     session = Session(drawing)
     check("100 groups", len(session.ask("open")["groups"]) == 100)
+    listed = subprocess.run([HOST, "--groups", "--json", drawing], stdout=subprocess.PIPE).stdout
+    session.groups = [(group["begin"], group["end"]) for group in json.loads(listed)[0]["groups"]]
     times, sizes = [], []
     for row in range(0, 100, 9):
         session.type("PICK NONE")
@@ -211,7 +231,10 @@ def costs(slow):
     print(f"a click: {1000 * max(times):.1f} ms at most, {max(sizes)} bytes")
     check("a click answers within 50 ms", min(times) < (1 if slow else 0.05))
     check("with bytes for what it selects", max(sizes) < 2500)
-    session.end()
+    lights(session)
+    session.type("QUIT")
+    check("the changes are let go", session.type("N")["state"] == "ended")
+    check("and the program ends well", session.host.wait(30) == 0)
 
 
 shutil.rmtree(WORK, ignore_errors=True)

@@ -43,7 +43,7 @@ class InputSource {
 enum class Wanted { Words, Point, Selection, Entity };
 struct Question {
     Wanted wanted = Wanted::Words;
-    std::optional<AcGePoint3d> base = {};  ///< that a point is drawn from
+    std::optional<AcGePoint3d> base = {};               ///< that a point is drawn from
     const std::vector<AcDbObjectId>* chosen = nullptr;  ///< of a selection, until now
 };
 const Question& question();
