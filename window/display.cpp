@@ -204,6 +204,14 @@ void Display::showSpace(const Json& request, const Reply& reply) {
 }
 
 void Display::answer(const Json& request, const Reply& reply) {
+    try {
+        act(request, reply);
+    } catch (const Json::exception& problem) {
+        decline(reply, std::string("the request lacks something: ") + problem.what());
+    }
+}
+
+void Display::act(const Json& request, const Reply& reply) {
     const std::string what = request.at("do");
     if (what == "open") return reply->set_value(everything());
     if (what == "look") return reply->set_value(dump(look(request)));

@@ -56,6 +56,7 @@ class Display {
     void click(const nlohmann::json& request, const Reply& reply);
     void box(const nlohmann::json& request, const Reply& reply);
     void pickGroup(const nlohmann::json& request, const Reply& reply);
+    void act(const nlohmann::json& request, const Reply& reply);
     static void decline(const Reply& reply, const std::string& why);
     /// True when what the page shows is what commands work on.
     bool showsCurrentSpace() const;
