@@ -9,6 +9,7 @@
 #include "host/objectarx/entity_access.h"
 #include "host/objectarx/selection_sets.h"
 #include "host/store/journal.h"
+#include "host/tags/tag_values.h"
 #include "marker_block.h"
 #include "membership.h"
 #include "ratio.h"
@@ -30,7 +31,7 @@ void mustHold(bool holds, const char* what) {
 void openReadClose(const AcDbObjectId& id) {
     AcDbEntity* entity = nullptr;
     mustHold(acdbOpenAcDbEntity(entity, id, AcDb::kForRead) == Acad::eOk, "an entity opens");
-    benchmark::DoNotOptimize(entity->objectId());
+    benchmark::DoNotOptimize(host::integerTag(entity->body().tags(), 62));
     entity->close();
 }
 

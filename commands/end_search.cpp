@@ -42,42 +42,12 @@ void EndSearch::erasePair(const AcDbObjectId& begin, const AcDbObjectId& end) {
 
 /// The way that leads from `first` to an end marker that stands, or to the end of the drawing.
 int EndSearch::wayOf(const AcDbObjectId& first, const std::wstring& handle) {
-    /// What was passed on the way there: an entity, or a way whose end is erased.
-    struct Passed {
-        AcDbObjectId m_id;
-        int m_nWay;
-    };
     std::vector<Passed> passed;
     AcDbObjectId current = first;
     std::wstring text = handle;
     int found = -1;
     while (found < 0) {
-        const Place* const known = m_places.find(current);
-        const int way = known != nullptr ? resolved(*known).m_nWay : -1;
-        if (way >= 0 && !m_aWays[way].m_bLost) {
-            const Way& led = m_aWays[way];
-            if (led.m_idEnd.isNull() || !led.m_idEnd.isErased()) {
-                found = way;
-                continue;
-            }
-            const AcDbObjectId behind = idFromHandleText(led.m_sBehind);
-            m_aWays[way].m_bLost = behind.isNull() || behind.isErased();
-            if (m_aWays[way].m_bLost) continue;
-            const Passed part = {AcDbObjectId(), way};
-            passed.push_back(part);
-            text = led.m_sBehind;
-            current = behind;
-        } else if (sameTag(readMarkerText(current, kMarkerTag), m_sEndTag)) {
-            found = addWay(current, text);
-            const Place place = {found, 0};
-            m_places.set(current, place);
-        } else {
-            const Passed entity = {current, -1};
-            passed.push_back(entity);
-            text = nextEntityHandle(current);
-            current = idFromHandleText(text);
-            if (!current.isValid()) found = addWay(AcDbObjectId(), std::wstring());
-        }
+        found = goOn(current, text, passed);
     }
     for (auto part = passed.rbegin(); part != passed.rend(); ++part) {
         if (part->m_nWay >= 0) {
@@ -88,6 +58,34 @@ int EndSearch::wayOf(const AcDbObjectId& first, const std::wstring& handle) {
         }
     }
     return found;
+}
+
+/// One step of that walk; the way once it is known, else -1.
+int EndSearch::goOn(AcDbObjectId& current, std::wstring& text, std::vector<Passed>& passed) {
+    const Place* const known = m_places.find(current);
+    const int way = known != nullptr ? resolved(*known).m_nWay : -1;
+    if (way >= 0 && !m_aWays[way].m_bLost) {
+        Way& led = m_aWays[way];
+        if (led.m_idEnd.isNull() || !led.m_idEnd.isErased()) return way;
+        const AcDbObjectId behind = idFromHandleText(led.m_sBehind);
+        led.m_bLost = behind.isNull() || behind.isErased();
+        if (led.m_bLost) return -1;
+        const Passed part = {AcDbObjectId(), way};
+        passed.push_back(part);
+        text = led.m_sBehind;
+        current = behind;
+        return -1;
+    }
+    if (sameTag(readMarkerText(current, kMarkerTag), m_sEndTag)) {
+        const Place place = {addWay(current, text), 0};
+        m_places.set(current, place);
+        return place.m_nWay;
+    }
+    const Passed entity = {current, -1};
+    passed.push_back(entity);
+    text = nextEntityHandle(current);
+    current = idFromHandleText(text);
+    return current.isValid() ? -1 : addWay(AcDbObjectId(), std::wstring());
 }
 
 int EndSearch::addWay(const AcDbObjectId& end, const std::wstring& handle) {

@@ -45,7 +45,14 @@ class EndSearch {
         int m_nDistance;
     };
 
+    /// What a walk came over: an entity, or a way whose end is erased.
+    struct Passed {
+        AcDbObjectId m_id;
+        int m_nWay;
+    };
+
     int wayOf(const AcDbObjectId& first, const std::wstring& handle);
+    int goOn(AcDbObjectId& current, std::wstring& text, std::vector<Passed>& passed);
     int addWay(const AcDbObjectId& end, const std::wstring& handle);
     void join(int way, int into);
     Place resolved(const Place& place);

@@ -52,13 +52,13 @@ void readPosition(const AcDbObjectId& markerId, AcGePoint3d& position) {
 }
 
 void readBeginMarker(const AcDbObjectId& markerId, Marker& begin) {
-    begin.id = markerId;
-    begin.handle = handleText(markerId);
-    begin.count = readMarkerCount(markerId);
-    readPosition(markerId, begin.position);
+    begin.m_id = markerId;
+    begin.m_sHandle = handleText(markerId);
+    begin.m_sCount = readMarkerCount(markerId);
+    readPosition(markerId, begin.m_position);
 }
 
 void linkMarkers(const Marker& begin, const Marker& end, const std::wstring& count) {
-    updateMarker(begin.id, begin.position, end.handle, count);
-    updateMarker(end.id, end.position, begin.handle, count);
+    updateMarker(begin.m_id, begin.m_position, end.m_sHandle, count);
+    updateMarker(end.m_id, end.m_position, begin.m_sHandle, count);
 }

@@ -7,10 +7,10 @@
 
 /// A marker as the passes over groups remember it.
 struct Marker {
-    AcDbObjectId id;
-    std::wstring handle;
-    std::wstring count;    ///< begin markers only
-    AcGePoint3d position;  ///< (0, 0, 0) until read
+    AcDbObjectId m_id;
+    std::wstring m_sHandle;
+    std::wstring m_sCount;   ///< begin markers only
+    AcGePoint3d m_position;  ///< (0, 0, 0) until read
 };
 
 /// The member count text of a begin marker: its second attribute, when that carries the begin

@@ -25,10 +25,10 @@ void relinkCopiedGroups() {
             readBeginMarker(id, begin);
             openPair = true;
         } else if (sameTag(tag, endTag)) {
-            end.id = id;
-            end.handle = handleText(id);
-            readPosition(id, end.position);
-            if (openPair) linkMarkers(begin, end, begin.count);
+            end.m_id = id;
+            end.m_sHandle = handleText(id);
+            readPosition(id, end.m_position);
+            if (openPair) linkMarkers(begin, end, begin.m_sCount);
             openPair = false;
         }
         handle = nextEntityHandle(id);

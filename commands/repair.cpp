@@ -43,10 +43,10 @@ AcDbObjectIdArray referencesOf(const std::wstring& blockName, const wchar_t* con
 }
 
 struct RepairCounts {
-    RepairCounts() : updated(0), deleted(0) {}
+    RepairCounts() : m_nUpdated(0), m_nDeleted(0) {}
 
-    int updated;
-    int deleted;
+    int m_nUpdated;
+    int m_nDeleted;
 };
 
 /// Settles the group of a begin marker by what stands between it and the end marker that follows. A
@@ -58,20 +58,20 @@ void repairGroup(const AcDbObjectId& beginId, EndSearch& ends, RepairCounts& cou
     const EndSearch::Answer found = ends.find(beginId);
     if (found.m_idEnd.isNull()) return;
     Marker end;
-    end.id = found.m_idEnd;
-    end.handle = found.m_sHandle;
-    readPosition(end.id, end.position);
+    end.m_id = found.m_idEnd;
+    end.m_sHandle = found.m_sHandle;
+    readPosition(end.m_id, end.m_position);
     const int between = found.m_nBetween;
-    const int expected = digitsOf(begin.count);
+    const int expected = digitsOf(begin.m_sCount);
     if (between == expected) {
-        linkMarkers(begin, end, begin.count);
-        ++counts.updated;
+        linkMarkers(begin, end, begin.m_sCount);
+        ++counts.m_nUpdated;
     } else if (between == 0 || between > expected) {
-        ends.erasePair(begin.id, end.id);
-        ++counts.deleted;
+        ends.erasePair(begin.m_id, end.m_id);
+        ++counts.m_nDeleted;
     } else {
         linkMarkers(begin, end, decimalText(between));
-        ++counts.updated;
+        ++counts.m_nUpdated;
     }
 }
 
@@ -111,8 +111,8 @@ void updateAllGroups() {
     for (int i = 0; i < begins.length(); ++i) {
         repairGroup(begins[i], ends, counts);
     }
-    if (counts.updated >= 1) acutPrintf(L"\n%d Groups Updated. ", counts.updated);
-    if (counts.deleted > 0) acutPrintf(L"\n%d Groups Deleted. ", counts.deleted);
+    if (counts.m_nUpdated >= 1) acutPrintf(L"\n%d Groups Updated. ", counts.m_nUpdated);
+    if (counts.m_nDeleted > 0) acutPrintf(L"\n%d Groups Deleted. ", counts.m_nDeleted);
     purgeStrayMarkers();
 }
 

@@ -101,7 +101,8 @@ int Summary::conclude() {
 
 }  // namespace
 
-int runBatch(const Options& options, const std::function<int(const std::string& file)>& work) {
+int runBatch(const Options& options, const std::function<int(const std::string& file)>& work,
+             const Settle& settle) {
     const auto guarded = [&](std::size_t number) {
         const std::string& file = options.files[number];
         try {
@@ -119,11 +120,16 @@ int runBatch(const Options& options, const std::function<int(const std::string& 
     int status = kDone;
     if (options.files.size() == 1) {
         status = guarded(0);
+        const std::string line = settle ? settle(options.files[0], status) : "";
+        if (!line.empty()) complain(line);
     } else {
         Summary summary(options);
-        runJobs(
-            options.files.size(), options.jobs, guarded,
-            [&](std::size_t number, JobResult result) { summary.take(number, std::move(result)); });
+        const auto finished = [&](std::size_t number, JobResult result) {
+            const std::string line = settle ? settle(options.files[number], result.status) : "";
+            if (!line.empty()) result.errors += "drafthost: " + line + "\n";
+            summary.take(number, std::move(result));
+        };
+        runJobs(options.files.size(), options.jobs, guarded, finished);
         status = summary.conclude();
     }
     if (options.json) writeOutput("\n]\n");

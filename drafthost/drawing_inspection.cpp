@@ -23,7 +23,8 @@ std::string spaceName(const Store& store, Index space) {
     return host::toUtf8(host::layoutName(store, space));
 }
 
-inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
+inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents,
+                                      std::string* frames) {
     const Store& store = drawing.store();
     std::vector<inspection::Space> spaces;
     for (const Index space : spacesOf(store))
@@ -39,5 +40,7 @@ inspection::Inspection inspectDrawing(AcDbDatabase& drawing, bool withExtents) {
         if (box) entity.extents = {box->left, box->bottom, box->right, box->top};
         return entity;
     };
-    return inspection::inspect(drawing, spaces, describe);
+    inspection::Inspection found = inspection::inspect(drawing, spaces, describe);
+    if (maker.framed() > 0 && frames != nullptr) *frames = maker.framesLine();
+    return found;
 }

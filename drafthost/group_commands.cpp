@@ -30,7 +30,9 @@ std::map<std::uint32_t, std::vector<std::string>>& lastSaves() {
 }
 
 host::CommandStatus runGroupList(host::Store& store) {
-    std::string text = inspection::listText("", inspectDrawing(*store.database, true));
+    std::string frames;
+    std::string text = inspection::listText("", inspectDrawing(*store.database, true, &frames));
+    if (!frames.empty()) text += frames + "\n";
     for (const std::string& line : lastSaves()[store.serial()])
         text += line + "\n";
     text.pop_back();

@@ -38,7 +38,9 @@ int listOne(const Options& options, const std::string& file) {
         if (options.json) writeOutput(errorJson(file, error.message()));
         return kUnreadable;
     }
-    const inspection::Inspection found = inspectDrawing(*drawing, true);
+    std::string frames;
+    const inspection::Inspection found = inspectDrawing(*drawing, true, &frames);
+    if (!frames.empty()) complain(file + ": " + frames);
     if (!found.good() || !options.quiet) {
         writeOutput(options.json ? groupsJson(file, found)
                                  : inspection::listText(file + ": ", found));

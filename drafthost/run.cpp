@@ -124,6 +124,7 @@ int start(host::Session& session, const Options& options, const Job& job) {
     const host::Outcome opened =
         job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;
+    if (!job.target.empty()) session.stageSaves(job.target, job.staged);
     if (!setVariables(options)) return kUsage;
     return loadModule(session, options) ? kDone : kFailed;
 }
@@ -136,15 +137,20 @@ int reportFaults(const Job& job, int status) {
     return host::moduleFaults().empty() ? status : std::max<int>(status, kFailed);
 }
 
+void writeCommandLine(const std::wstring& text) {
+    writeOutput(host::toUtf8(host::printableLines(text)));
+}
+
 void runTerminal(host::Session& session) {
     const std::unique_ptr<Terminal> terminal = openTerminal();
-    host::setCommandLineSink([&](const std::wstring& text) { terminal->print(text); });
+    host::setCommandLineSink(
+        [&](const std::wstring& text) { terminal->print(host::printableLines(text)); });
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
         session.runInput(*terminal);
     while (!session.leave(*terminal));
-    host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    host::setCommandLineSink(writeCommandLine);
 }
 
 void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
@@ -153,8 +159,7 @@ int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet)
-        host::setCommandLineSink([](const std::wstring& text) { writeOutput(host::toUtf8(text)); });
+    if (!options.quiet) host::setCommandLineSink(writeCommandLine);
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands();
@@ -185,10 +190,15 @@ int runSession(const Options& options) {
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     if (const int status = prepareOutputFolder(options); status != kDone) return status;
     catchInterrupts();
-    if (options.files.empty()) return runDrawing(options, {{}, {}, script});
-    return runBatch(options, [&](const std::string& file) {
-        return runDrawing(options, {file, outputPath(options, file), script});
-    });
+    if (options.files.empty()) return runDrawing(options, {{}, {}, {}, script});
+    const StagedResults results(options);
+    return runBatch(
+        options,
+        [&](const std::string& file) {
+            return runDrawing(options,
+                              {file, outputPath(options, file), results.staged(file), script});
+        },
+        [&](const std::string& file, int& status) { return results.settle(file, status); });
 }
 
 std::string helpOnCommands() {

@@ -6,7 +6,6 @@
 #include "drafthost/output.h"
 #include "drafthost/process.h"
 #include "host/control/accounting.h"
-#include "host/dxf/file/file_access.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/scripting/script.h"
@@ -66,8 +65,5 @@ int runJob(host::Session& session, const Options& options, const Job& job) {
     int status = runScript(session, options, job);
     if (job.target.empty()) return status;
     if (status == kDone && !host::moduleFaults().empty()) status = kFailed;
-    if (status == kDone) return saveResult(session, job, serial);
-    // A QSAVE before the failure has written it.
-    if (session.hasSaved(job.target)) host::removeFile(job.target);
-    return status;
+    return status == kDone ? saveResult(session, job, serial) : status;
 }

@@ -10,6 +10,7 @@
 struct Job {
     std::string file;    ///< as the user has named it; empty: a new drawing
     std::string target;  ///< where it goes after the script; empty: nowhere
+    std::string staged;  ///< where it waits until all has gone well; see Session::stageSaves
     std::string script;  ///< text of the script
 };
 

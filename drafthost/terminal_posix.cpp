@@ -1,7 +1,9 @@
 // The terminal through libedit.
 #include "drafthost/terminal.h"
 
+#include <fcntl.h>
 #include <histedit.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -26,6 +28,29 @@ std::filesystem::path historyFile() {
     return folder[0] == '/' ? std::filesystem::path(folder) / "drafthost/history"
                             : std::filesystem::path();
 }
+
+/// The history file, open; only a regular one under its own name: a link or a pipe in its place is
+/// somebody else's.
+class OpenHistory {
+  public:
+    explicit OpenHistory(int flags)
+        : m_number(open(historyFile().c_str(), flags | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600)) {
+        struct stat status;
+        if (m_number < 0 || (fstat(m_number, &status) == 0 && S_ISREG(status.st_mode))) return;
+        close(std::exchange(m_number, -1));
+    }
+    ~OpenHistory() {
+        if (m_number >= 0) close(m_number);
+    }
+    OpenHistory(const OpenHistory&) = delete;
+    OpenHistory& operator=(const OpenHistory&) = delete;
+
+    int number() const { return m_number; }
+    int release() { return std::exchange(m_number, -1); }
+
+  private:
+    int m_number;
+};
 
 class EditedTerminal : public Terminal {
   public:
@@ -71,7 +96,8 @@ EditedTerminal::EditedTerminal()
     HistEvent event;
     history(m_history, &event, H_SETSIZE, 1000);
     history(m_history, &event, H_SETUNIQUE, 1);
-    history(m_history, &event, H_LOAD, historyFile().c_str());
+    if (const OpenHistory file(O_RDONLY); file.number() >= 0)
+        history(m_history, &event, H_LOAD, ("/dev/fd/" + std::to_string(file.number())).c_str());
     el_set(m_editor, EL_CLIENTDATA, this);
     el_set(m_editor, EL_PROMPT, promptOf);
     el_set(m_editor, EL_EDITOR, "emacs");
@@ -96,7 +122,11 @@ EditedTerminal::~EditedTerminal() {
     HistEvent event;
     std::error_code ignored;  // without a place for it the history ends with the session
     std::filesystem::create_directories(historyFile().parent_path(), ignored);
-    history(m_history, &event, H_SAVE, historyFile().c_str());
+    OpenHistory file(O_WRONLY | O_CREAT);
+    std::FILE* const stream = file.number() >= 0 ? fdopen(file.number(), "w") : nullptr;
+    if (stream != nullptr && ftruncate(file.release(), 0) == 0)
+        history(m_history, &event, H_SAVE_FP, stream);
+    if (stream != nullptr) std::fclose(stream);
     el_end(m_editor);
     history_end(m_history);
 }

@@ -1,10 +1,33 @@
 // Plays the repair pass on a model: markers in drawing order and what stands between them.
 #include "inspection/forecast.h"
 
+#include <utility>
+
 #include "host/text/text_codec.h"
 
 namespace inspection {
 namespace {
+
+/// Numbers in a row that change: sums over stretches of them in logarithmic time.
+class Sums {
+  public:
+    explicit Sums(std::size_t size) : m_parts(size + 1, 0) {}
+    void add(std::size_t at, long amount) {
+        for (++at; at < m_parts.size(); at += at & (~at + 1))
+            m_parts[at] += amount;
+    }
+    /// Of those from `first` to before `end`.
+    long between(std::size_t first, std::size_t end) const { return upTo(end) - upTo(first); }
+
+  private:
+    long upTo(std::size_t end) const {
+        long sum = 0;
+        for (; end > 0; end -= end & (~end + 1))
+            sum += m_parts[end];
+        return sum;
+    }
+    std::vector<long> m_parts;
+};
 
 class Play {
   public:
@@ -12,27 +35,31 @@ class Play {
         : m_before(reading.markers),
           m_markers(reading.markers),
           m_gone(m_markers.size(), false),
-          m_steps(steps) {}
+          m_steps(steps),
+          m_met(m_markers.size()),
+          m_nextEnd(m_markers.size() + 1, m_markers.size()) {
+        for (std::size_t i = 0; i < m_markers.size(); ++i) {
+            m_met.add(i, 1 + m_steps.own(i) + m_steps.behind(i));
+            m_nextEnd[i] = m_markers[i].endTag ? i : i + 1;
+        }
+    }
 
     void run() {
-        m_end = m_markers.size();
         for (std::size_t i = m_markers.size(); i-- > 0;) {
-            m_between += m_steps.behind(i);
             if (m_markers[i].selectedBegin) settle(i);
-            if (isEnd(i)) {
-                m_end = i;
-                m_between = 0;
-            } else if (!m_gone[i]) {
-                m_between += 1 + m_steps.own(i);
-            }
         }
         for (std::size_t i = 0; i < m_markers.size(); ++i) {
             const Marker& marker = m_markers[i];
             const bool partner = marker.exactTag && !resolve(marker.text).isNull();
             if (marker.selected && !partner) erase(i);
         }
+        std::vector<std::size_t> left;  // markers behind the current one, the next one last
         for (std::size_t i = m_markers.size(); i-- > 0;) {
-            if (m_markers[i].selectedBegin && !m_gone[i]) purgeEmpty(i);
+            if (m_markers[i].selectedBegin && !m_gone[i] && !left.empty()) {
+                purgeEmpty(i, left.back());
+                if (m_gone[left.back()]) left.pop_back();
+            }
+            if (!m_gone[i]) left.push_back(i);
         }
     }
 
@@ -50,30 +77,36 @@ class Play {
     }
 
   private:
-    bool isEnd(std::size_t i) const { return !m_gone[i] && m_markers[i].endTag; }
+    /// The first end marker from one on that is not gone, or the number of markers.
+    std::size_t endFrom(std::size_t i) {
+        std::size_t end = i;
+        while (m_nextEnd[end] != end)
+            end = m_nextEnd[end];
+        while (m_nextEnd[i] != end)
+            i = std::exchange(m_nextEnd[i], end);
+        return end;
+    }
+
+    /// What a walk meets between two markers.
+    long between(std::size_t begin, std::size_t end) const {
+        return m_steps.own(begin) + m_steps.behind(begin) + m_met.between(begin + 1, end);
+    }
 
     /// Settles a begin marker and the end marker that the walk from it reaches.
     void settle(std::size_t begin) {
-        if (m_end == m_markers.size()) return;
-        const long between = m_between + m_steps.own(begin);
+        const std::size_t end = endFrom(begin + 1);
+        if (end == m_markers.size()) return;
+        const long between = this->between(begin, end);
         const int expected = digitsOf(m_markers[begin].count);
         if (between == 0 ? expected != 0 : between > expected) {
             erase(begin);
-            erase(m_end);
-            if (m_gone[m_end]) goOn();
+            erase(end);
             return;
         }
         const std::wstring count =
             between == expected ? m_markers[begin].count : std::to_wstring(between);
-        link(begin, m_end, count);
-        link(m_end, begin, count);
-    }
-
-    /// From an end marker that is gone to the next one.
-    void goOn() {
-        do {
-            m_between += m_steps.behind(m_end) + (m_gone[m_end] ? 0 : 1 + m_steps.own(m_end));
-        } while (++m_end < m_markers.size() && !isEnd(m_end));
+        link(begin, end, count);
+        link(end, begin, count);
     }
 
     void link(std::size_t i, std::size_t other, const std::wstring& count) {
@@ -83,16 +116,16 @@ class Play {
         marker.count = count;
     }
 
-    void erase(std::size_t i) { m_gone[i] = m_gone[i] || !m_markers[i].locked; }
+    void erase(std::size_t i) {
+        if (m_gone[i] || m_markers[i].locked) return;
+        m_gone[i] = true;
+        m_nextEnd[i] = i + 1;
+        m_met.add(i, -1 - m_steps.own(i));  // what stands behind it is met as before
+    }
 
     /// Takes a pair away that has nothing between its markers.
-    void purgeEmpty(std::size_t begin) {
-        std::size_t next = begin;
-        if (m_steps.own(begin) != 0) return;
-        do {
-            if (m_steps.behind(next++) != 0) return;
-        } while (next < m_markers.size() && m_gone[next]);
-        if (next == m_markers.size() || !names(m_markers[begin], m_markers[next])) return;
+    void purgeEmpty(std::size_t begin, std::size_t next) {
+        if (between(begin, next) != 0 || !names(m_markers[begin], m_markers[next])) return;
         erase(next);
         erase(begin);
     }
@@ -101,8 +134,8 @@ class Play {
     std::vector<Marker> m_markers;
     std::vector<bool> m_gone;
     Steps& m_steps;
-    std::size_t m_end = 0;  ///< the end marker that a walk from the current marker reaches
-    long m_between = 0;     ///< what that walk meets behind the marker and what it owns
+    Sums m_met;                          ///< by a walk, at each marker and behind it
+    std::vector<std::size_t> m_nextEnd;  ///< the marker itself, or where to look for the next end
 };
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <functional>
 
+#include "host/text/text_codec.h"
+
 namespace inspection {
 namespace {
 
@@ -16,6 +18,11 @@ std::string listed(const Census& counts) {
     for (const auto& [count, name] : byCount)
         text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + name;
     return text;
+}
+
+/// Names of a drawing may hold anything.
+std::string printable(const std::string& line) {
+    return host::toUtf8(host::printable(host::fromUtf8(line)));
 }
 
 std::string number(double value) {
@@ -56,10 +63,12 @@ Census census(const Group& group, std::string Entity::*property) {
 std::string listText(const std::string& head, const Inspection& found) {
     std::string text;
     for (const Group& group : found.groups)
-        text += head + line(group) + "\n";
+        text += head + printable(line(group)) + "\n";
     for (const Stray& stray : found.strays) {
-        text += head + "stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " +
-                stray.space + ": " + stray.reason + "\n";
+        text += head +
+                printable("stray " + stray.what + " " + stray.handle + " (" + stray.type + ") in " +
+                          stray.space + ": " + stray.reason) +
+                "\n";
     }
     if (found.groups.empty() && found.strays.empty()) return head + "no groups\n";
     const long whole = found.whole();

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/tags/tag_values.h"
+#include "host/text/text_codec.h"
 #include "picture/plain_text.h"
 #include "picture/written_lines.h"
 
@@ -65,7 +66,7 @@ void addPlace(std::string& text, const Spot& at, const Vec& a, const Vec& b) {
 
 const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
     const auto [place, isNew] = m_names.try_emplace(name);
-    if (isNew) place->second = xml(store.decode(name));
+    if (isNew) place->second = xml(host::shortened(store.decode(name)));
     return place->second;
 }
 
@@ -77,22 +78,33 @@ void EntityWriter::write(std::string& svg, const Shown& shown, Role role, const 
                : "<g class=\"m\" id=\"h" + host::formatHandle(shown.entity->handle) + "\">";
     writeTitle(svg, shown, look, note);
     const std::size_t empty = svg.size();
-    if (shown.lastPart - shown.firstPart > kSimple && svg.size() > m_mostBytes) {
-        const host::Box& box = shown.bounds;
-        writeFrame(svg,
-                   {{box.left, box.bottom, 0},
-                    {box.right, box.bottom, 0},
-                    {box.right, box.top, 0},
-                    {box.left, box.top, 0}},
-                   "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
+    bool framed = shown.lastPart - shown.firstPart > kSimple && svg.size() > m_limits.large;
+    if (!framed) writeParts(svg, shown, look, role);
+    framed = framed || svg.size() > m_limits.most;
+    if (framed) {
+        svg.resize(empty);
+        writeFrameAround(svg, shown, look, role);
         ++m_framed;
-    } else {
-        writeParts(svg, shown, look, role);
     }
-    if (svg.size() == empty)
+    if (svg.size() > m_limits.most) {
+        svg.resize(start);
+        --m_framed;
+        ++m_omitted;
+    } else if (svg.size() == empty)
         svg.resize(start);
     else
         svg += "</g>\n";
+}
+
+void EntityWriter::writeFrameAround(std::string& svg, const Shown& shown, const Look& look,
+                                    Role role) {
+    const host::Box& box = shown.bounds;
+    writeFrame(svg,
+               {{box.left, box.bottom, 0},
+                {box.right, box.bottom, 0},
+                {box.right, box.top, 0},
+                {box.left, box.top, 0}},
+               "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
 }
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,

@@ -28,23 +28,29 @@ class XmlNames {
     std::unordered_map<std::string_view, std::string> m_names;
 };
 
+/// Sizes of a picture in bytes.
+struct PictureLimits {
+    std::size_t large;  ///< behind it block references with many parts become frames
+    std::size_t most;   ///< what would go beyond it becomes a frame, or is left out at last
+};
+
 class EntityWriter {
   public:
-    /// `mostBytes`: once so much was written, block references with many parts become frames.
     EntityWriter(const host::Store& store, const Scene& scene, const View& view, Inks& inks,
-                 std::size_t mostBytes)
+                 PictureLimits limits)
         : m_store(store),
           m_scene(scene),
           m_view(view),
           m_inks(inks),
-          m_mostBytes(mostBytes),
+          m_limits(limits),
           m_strokes(view),
           m_areas(view) {}
 
     /// Appends the entity; `note` goes behind type, handle and layer in its title.
     void write(std::string& svg, const Shown& shown, Role role, const std::string& note);
-    /// Number of references that became frames.
+    /// Number of entities that became frames, and of those that were left out.
     long framed() const { return m_framed; }
+    long omitted() const { return m_omitted; }
 
   private:
     void writeTitle(std::string& svg, const Shown& shown, const Look& look,
@@ -56,6 +62,7 @@ class EntityWriter {
     void writeParts(std::string& svg, const Shown& shown, const Look& look, Role role);
     void writeWriting(std::string& svg, const host::Writing& writing,
                       const std::string& style) const;
+    void writeFrameAround(std::string& svg, const Shown& shown, const Look& look, Role role);
     void writeFrame(std::string& svg, const std::vector<host::Vec>& corners,
                     const std::string& name, const std::string& style) const;
 
@@ -63,10 +70,11 @@ class EntityWriter {
     const Scene& m_scene;
     const View& m_view;
     Inks& m_inks;
-    std::size_t m_mostBytes;
+    PictureLimits m_limits;
     PathData m_strokes, m_areas;  ///< of the entity that is being written
     XmlNames m_names;
     long m_framed = 0;
+    long m_omitted = 0;
 };
 
 }  // namespace picture

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/text/text_codec.h"
 #include "picture/plain_text.h"
 #include "picture/style.h"
 
@@ -58,7 +59,8 @@ std::vector<std::string> wrapped(const std::string& text, std::size_t width) {
 std::vector<std::string> reasonOf(const inspection::Group& group) {
     constexpr std::size_t kWidth = 42;
     if (isWhole(group)) return {};
-    return wrapped(group.reason + "; " + group.outlook, kWidth);
+    const std::string reason = host::toUtf8(host::shortened(host::fromUtf8(group.reason)));
+    return wrapped(reason + "; " + group.outlook, kWidth);
 }
 
 }  // namespace

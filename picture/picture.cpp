@@ -7,6 +7,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "host/text/text_codec.h"
 #include "picture/entity_writer.h"
 #include "picture/group_frames.h"
 #include "picture/plain_text.h"
@@ -46,7 +47,7 @@ class Drawer {
         : m_scene(readScene(store, space)),
           m_view(viewOf(m_scene.bounds)),
           m_inks(store),
-          m_writer(store, m_scene, m_view, m_inks, mostBytes(store)),
+          m_writer(store, m_scene, m_view, m_inks, limitsOf(store)),
           m_spaceName(spaceName),
           m_strays(std::count_if(
               inspection.strays.begin(), inspection.strays.end(),
@@ -82,12 +83,14 @@ class Drawer {
   private:
     bool legend() const { return !m_groups.empty() || m_strays > 0; }
 
-    static std::size_t mostBytes(const host::Store& store) {
-        constexpr std::size_t kAlways = 2000000;
+    /// A picture has at most five times the bytes of its drawing and a million more; some of these
+    /// are for what stands around the entities.
+    static PictureLimits limitsOf(const host::Store& store) {
+        constexpr std::size_t kAlways = 800000;
         std::size_t size = 0;
         for (host::Index i = 1; i <= store.count(); ++i)
             size += store.at(i).size;
-        return std::max(2 * size, kAlways);
+        return {2 * size + kAlways, 5 * size + kAlways};
     }
 
     /// Number of the group of an entity, from 1; 0 for none.
@@ -122,6 +125,11 @@ class Drawer {
         std::size_t first, last;
     };
 
+    /// What is wrong with a group; every member says it.
+    static std::string shortReason(const inspection::Group& group) {
+        return xml(host::shortened(host::fromUtf8(group.reason)));
+    }
+
     void writeGroup(std::string& svg, GroupFrames& frames, std::size_t number, Range range) {
         const inspection::Group& group = *m_groups[number - 1];
         std::vector<Spot> spots;
@@ -132,7 +140,7 @@ class Drawer {
         svg += frames.open(number, group, spots);
         std::string note = ", group " + std::to_string(number);
         if (group.state != inspection::State::Whole)
-            note += std::string(", ") + nameOf(group.state) + ": " + xml(group.reason);
+            note += std::string(", ") + nameOf(group.state) + ": " + shortReason(group);
         const Role role = m_groupOf.size() > kMostWide ? Role::Member : Role::WideMember;
         for (std::size_t i = range.first; i < range.last; ++i) {
             const bool isMember = groupOf(m_scene.shown[i]) == number;  // a marker may be between
@@ -176,8 +184,11 @@ class Drawer {
         for (const auto& [type, count] : m_scene.shapeless)
             types += (types.empty() ? "" : ", ") + std::to_string(count) + " " + type;
         if (!types.empty()) notes.push_back("not drawn: " + types);
-        if (m_writer.framed() > 0)
-            notes.push_back(std::to_string(m_writer.framed()) + " block references as frames");
+        if (const long boxes = m_writer.framed() + m_scene.repeating; boxes > 0)
+            notes.push_back(std::to_string(boxes) + " block references as frames");
+        if (m_writer.omitted() > 0)
+            notes.push_back(std::to_string(m_writer.omitted()) +
+                            " entities left out: the picture would grow too large");
         std::string svg;
         double y = height - 12 - 15 * static_cast<double>(notes.size() - 1);
         const double x = legend() ? width - kLegend + 8 : 20;

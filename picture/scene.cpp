@@ -133,6 +133,7 @@ Scene readScene(const host::Store& store, host::Index space) {
     host::OutlineMaker maker(store);
     for (const host::ObjectBody& entity : store.children(space))
         if (!host::isPaperViewport(entity)) add(scene, maker, entity);
+    scene.repeating = maker.framed();
     return scene;
 }
 

@@ -33,6 +33,7 @@ struct Scene {
     std::vector<Shown> shown;              ///< in drawing order
     std::optional<host::Box> bounds;       ///< of everything
     std::map<std::string, int> shapeless;  ///< visible entities that say no place, by type
+    long repeating = 0;                    ///< entities that are frames: they repeat too much
 
     /// Where a part ends in the outline.
     host::OutlineMark endOf(std::size_t part) const {

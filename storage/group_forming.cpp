@@ -48,7 +48,7 @@ bool findMarkers(const ads_name selection, const std::wstring& prefix, AcDbObjec
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
         FirstAttribute first;
         if (id.isNull() || !readFirstAttribute(id, first)) return false;
-        if (sameTag(first.tag, beginTag) || sameTag(first.tag, endTag)) markers.append(id);
+        if (sameTag(first.m_sTag, beginTag) || sameTag(first.m_sTag, endTag)) markers.append(id);
     }
     return true;
 }
@@ -76,11 +76,14 @@ void putBack(const AcDbObjectIdArray& markers, const ads_name selection) {
 
 /// What a re-cloning does with the entities of its selection.
 struct Sources {
-    Sources() : changed(0, kIdListGrowth), toClone(0, kIdListGrowth), toErase(0, kIdListGrowth) {}
+    Sources()
+        : m_aChanged(0, kIdListGrowth),
+          m_aToClone(0, kIdListGrowth),
+          m_aToErase(0, kIdListGrowth) {}
 
-    AcDbObjectIdArray changed;  // those whose record was given or taken away
-    AcDbObjectIdArray toClone;  // those with the owner of the first one
-    AcDbObjectIdArray toErase;  // these and, on purpose, those of other owners
+    AcDbObjectIdArray m_aChanged;  // those whose record was given or taken away
+    AcDbObjectIdArray m_aToClone;  // those with the owner of the first one
+    AcDbObjectIdArray m_aToErase;  // these and, on purpose, those of other owners
 };
 
 /// Gives or takes each entity's record and sorts the entities by owner; false, and no further, at
@@ -92,26 +95,26 @@ bool prepareSources(const ads_name selection, Records records, Sources& sources)
     for (Adesk::Int32 i = 0; i < length; ++i) {
         const AcDbObjectId id = idAt(selection, i, kConversion, DIAG_HERE);
         const bool changed = records == kGiveRecords ? createXrecord(id) : ungroupEntity(id);
-        if (changed) sources.changed.append(id);
+        if (changed) sources.m_aChanged.append(id);
         Opened<AcDbEntity> entity;
         if (!DIAG_CHECK(acdbOpenAcDbEntity(entity.receive(), id, AcDb::kForRead) == Acad::eOk)) {
             return false;
         }
         if (commonOwner.isNull()) commonOwner = entity->ownerId();
-        if (entity->ownerId() == commonOwner) sources.toClone.append(id);
-        sources.toErase.append(id);
+        if (entity->ownerId() == commonOwner) sources.m_aToClone.append(id);
+        sources.m_aToErase.append(id);
     }
     return true;
 }
 
 /// Markers alone make a group of nothing: the host is not asked what it thinks of that.
 bool cloneSources(Sources& sources) {
-    if (sources.toClone.length() == 0) return true;
+    if (sources.m_aToClone.length() == 0) return true;
     AcDbObjectId space = currentSpaceId();
     AcDbDatabase* database = workingDatabase();
     AcDbIdMapping clones;
     return database != nullptr &&
-           DIAG_CHECK(database->deepCloneObjects(sources.toClone, space, clones, false) ==
+           DIAG_CHECK(database->deepCloneObjects(sources.m_aToClone, space, clones, false) ==
                       Acad::eOk);
 }
 
@@ -180,9 +183,9 @@ bool recloneIntoCurrentSpace(const ads_name selection, Records records) {
     Sources sources;
     const bool cloned = prepareSources(selection, records, sources) && cloneSources(sources);
     if (cloned) {
-        eraseAll(sources.toErase);
+        eraseAll(sources.m_aToErase);
     } else {
-        restoreRecords(sources.changed, records);
+        restoreRecords(sources.m_aChanged, records);
     }
     return cloned;
 }

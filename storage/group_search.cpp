@@ -49,19 +49,30 @@ void GroupSearch::forget(const AcDbObjectId& marker) {
 
 GroupSearch::Path GroupSearch::walk(const AcDbObjectId& start) {
     Path path(start);
-    const std::wstring startText = handleText(start);
-    const std::wstring nextText = nextEntityHandle(start);
-    const AcDbObjectId next = idFromHandleText(nextText);
-    if (nextText == startText || next.isNull()) return path;
-    if (!walkToEndMarker(placeOf(next, kToFirstMarker), path)) return path;
+    const Place behind = placeBehind(start);
+    if (behind.m_nLine < 0 || !walkToEndMarker(behind, path)) return path;
     const WalkState jumped = m_aLines[path.m_nEndLine].m_atEnd;
     path.m_idBegin = jumped.m_idBegin;
     path.m_nCount = jumped.m_nCount;
     const AcDbObjectId target = idFromHandleText(jumped.m_sText);
     // The start is recognised by its text: a marker may name it in another writing.
-    path.m_bFound = jumped.m_sText == startText || target.isNull() ||
-                    walkToStart(placeOf(target, kBehindJump), path);
+    const bool namesStart = target == start && jumped.m_sText == handleText(start);
+    path.m_bFound =
+        namesStart || target.isNull() || walkToStart(placeOf(target, kBehindJump), path);
     return path;
+}
+
+/// Where a walk from `start` goes first; line -1 when nothing follows.
+GroupSearch::Place GroupSearch::placeBehind(const AcDbObjectId& start) {
+    const Place nowhere = {-1, -1};
+    const Place* const known = m_places.find(start);
+    if (known != nullptr && known->m_nIndex >= 0 && isUsable(known->m_nLine, kToFirstMarker) &&
+        m_aLines[known->m_nLine].m_aNodes[known->m_nIndex].m_bMember) {
+        const Place behind = {known->m_nLine, known->m_nIndex - 1};
+        return behind;
+    }
+    const AcDbObjectId next = idFromHandleText(nextEntityHandle(start));
+    return next.isNull() ? nowhere : placeOf(next, kToFirstMarker);
 }
 
 /// False when a begin marker or the end of the drawing comes first.

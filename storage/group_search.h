@@ -110,6 +110,7 @@ class GroupSearch {
     bool walkToStart(Place at, Path& path) const;
     void take(int line, int from, int to, Path& path) const;
 
+    Place placeBehind(const AcDbObjectId& start);
     Place placeOf(const AcDbObjectId& id, Phase phase);
     bool isUsable(int line, Phase phase) const;
     int addLine(End end);

@@ -16,10 +16,10 @@ const double kSamePlace = 0.01;
 
 struct MarkerTexts {
     MarkerTexts(const std::wstring& firstText, const std::wstring& otherText)
-        : first(firstText), other(otherText) {}
+        : m_sFirst(firstText), m_sOther(otherText) {}
 
-    const std::wstring& first;
-    const std::wstring& other;
+    const std::wstring& m_sFirst;
+    const std::wstring& m_sOther;
 };
 
 bool openBlock(const AcDbBlockReference& reference, Opened<AcDbBlockTableRecord>& block) {
@@ -59,7 +59,7 @@ void appendAttributes(AcDbBlockReference& reference, const AcDbObjectId& block,
         DIAG_CHECK(entities->getEntity(entity.receive(), AcDb::kForRead) == Acad::eOk);
         const AcDbAttributeDefinition* definition = AcDbAttributeDefinition::cast(entity.get());
         if (definition == nullptr || definition->isConstant()) continue;
-        appendAttribute(reference, *definition, point, first ? texts.first : texts.other);
+        appendAttribute(reference, *definition, point, first ? texts.m_sFirst : texts.m_sOther);
         first = false;
     }
 }
@@ -76,7 +76,7 @@ void rewriteAttributes(AcDbBlockReference& reference, const AcGePoint3d& point,
     const Iterator<AcDbObjectIterator> attributes(reference.attributeIterator());
     bool first = true;
     for (; !attributes.done(); attributes->step()) {
-        const std::wstring& text = first ? texts.first : texts.other;
+        const std::wstring& text = first ? texts.m_sFirst : texts.m_sOther;
         first = false;
         Opened<AcDbAttribute> attribute;
         if (!DIAG_CHECK(reference.openAttribute(attribute.receive(), attributes->objectId(),
@@ -150,19 +150,19 @@ bool readFirstAttribute(const AcDbObjectId& entityId, FirstAttribute& first) {
                                              AcDb::kForRead) == Acad::eOk)) {
         return false;
     }
-    first.tag = attribute->tagConst();
-    first.text = attribute->textStringConst();
+    first.m_sTag = attribute->tagConst();
+    first.m_sText = attribute->textStringConst();
     return true;
 }
 
 std::wstring readMarkerText(const AcDbObjectId& entityId, MarkerText wanted) {
     FirstAttribute first;
     readFirstAttribute(entityId, first);
-    if (wanted == kMarkerTag || first.tag.empty()) return first.tag;
+    if (wanted == kMarkerTag || first.m_sTag.empty()) return first.m_sTag;
     const std::wstring prefix = groupPrefix();
-    const bool marker = first.tag == prefix + GroupSuffix::kEndMarker ||
-                        first.tag == prefix + GroupSuffix::kBeginMarker;
-    return marker ? first.text : std::wstring();
+    const bool marker = first.m_sTag == prefix + GroupSuffix::kEndMarker ||
+                        first.m_sTag == prefix + GroupSuffix::kBeginMarker;
+    return marker ? first.m_sText : std::wstring();
 }
 
 bool sameTag(const std::wstring& left, const std::wstring& right) {

@@ -20,8 +20,8 @@ enum Insertion {
 
 /// Tag and text of an entity's first attribute; empty when it has none.
 struct FirstAttribute {
-    std::wstring tag;
-    std::wstring text;
+    std::wstring m_sTag;
+    std::wstring m_sText;
 };
 
 /// Appends a marker of block `blockName` at `point` to the current space. Its first attribute gets

@@ -21,7 +21,7 @@ bool pastesGroups(const ACHAR* name) {
 /// Everything behind the drawing's last entity of now will be a copy.
 void markEndOfDrawing() {
     ads_name last = {};
-    acdbEntLast(last);  // in an empty drawing there is none, and the id becomes null
+    acdbEntLast(last);  // in an empty drawing there is none; the id is then what the host makes it
     acdbGetObjectId(docData().m_idLastBeforeCommand, last);
 }
 

@@ -106,25 +106,31 @@ Outcome Session::Impl::save(const std::string& path, bool keepName) {
         return {toUtf8(target) + ": open as another drawing; choose another name or close that one",
                 kUnwritable};
     }
+    if (const std::string backup = backupPath(toUtf8(target));
+        documents.withPath(fromUtf8(backup)) != nullptr) {
+        return {backup + ": open, and the former content of " + toUtf8(target) +
+                    " would be kept there; close it or choose another name",
+                kUnwritable};
+    }
     modules.sendToAll(AcRx::kSaveMsg);
     notifyBeginSave(document->database(), target);
     DxfError error;
     const std::string file = toUtf8(target);
     const std::string what = "Saving " + file;
-    const FormerFile former = hasSaved(file) ? FormerFile::Replaced : FormerFile::KeptAsBackup;
-    if (!host::saveDrawing(document->database()->store(), file, error, progressOf(*this, what),
-                           former)) {
+    const std::string place = withoutLinks(file);
+    SaveOptions options{progressOf(*this, what)};
+    if (saved.count(place) != 0) options.former = FormerFile::Replaced;
+    if (place == stagedFor) options.staged = staged;
+    const bool leavesNames = options.staged.empty() && hasOtherNames(place);
+    if (!host::saveDrawing(document->database()->store(), file, error, options)) {
         return {error.message(), kUnwritable};
     }
-    saved.insert(withoutLinks(file));
+    if (leavesNames) printLine(target + L" had other names (hard links); they keep what it held.");
+    saved.insert(place);
     if (!keepName || document->path().empty()) document->setPath(target);
     if (document->path() == target) document->noteSaved();
     notifySaveComplete(document->database(), target);
     return {};
-}
-
-bool Session::Impl::hasSaved(const std::string& path) const {
-    return saved.count(withoutLinks(path)) != 0;
 }
 
 void Session::Impl::shutDown() {
@@ -154,8 +160,9 @@ Outcome Session::openDrawing(const std::string& path, const std::string& target)
 
 Outcome Session::saveDrawing(const std::string& path) { return m_impl->save(path, false); }
 
-bool Session::hasSaved(const std::string& path) const {
-    return m_impl->hasSaved(absolutePath(path));
+void Session::stageSaves(const std::string& path, const std::string& staged) {
+    m_impl->stagedFor = withoutLinks(absolutePath(path));
+    m_impl->staged = staged;
 }
 
 Outcome Session::closeDrawing() {

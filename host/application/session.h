@@ -43,8 +43,9 @@ class Session {
     /// kUnwritable when it cannot be written; the former file is whole then. The first save of a
     /// file in a session keeps the former one as a backup, the later ones leave that backup alone.
     Outcome saveDrawing(const std::string& path);
-    /// True when this session has written the file.
-    bool hasSaved(const std::string& path) const;
+    /// From here on what is saved as the file `path` is only made ready as `staged`, beside it, and
+    /// waits for takeStaged(): see save_drawing.h.
+    void stageSaves(const std::string& path, const std::string& staged);
     /// Closes the current document without saving: kUnloadDwgMsg, documentToBeDestroyed.
     Outcome closeDrawing();
     /// Makes another open document current, by index in opening order.

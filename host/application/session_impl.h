@@ -26,6 +26,7 @@ struct Session::Impl {
     ExitStatus exitStatus = kDone;
     /// Files that this session has written, links followed: each one's former content is kept once.
     std::set<std::string> saved;
+    std::string stagedFor, staged;  ///< see stageSaves
 
     /// Makes a document current and gives its modules the kLoadDwgMsg that is due.
     void activate(HostDocument& document);
@@ -36,7 +37,6 @@ struct Session::Impl {
     void close(HostDocument& document);
     /// Saves the current drawing; with `keepName` the document stays with its own file.
     Outcome save(const std::string& path, bool keepName);
-    bool hasSaved(const std::string& path) const;
     /// Everything a quitting host does: messages, documents, modules.
     void shutDown();
 

@@ -3,6 +3,7 @@
 
 #include "host/clone/back_pointers.h"
 #include "host/clone/drawing_lists.h"
+#include "host/content/paper_viewport.h"
 #include "host/store/store.h"
 
 namespace host {
@@ -44,6 +45,8 @@ void translateReferences(Store& store, const CloneMap& map) {
     translateClones(store, store, map, kNoIndex, fateInSameDrawing);
     enterInDefinitions(store, store, map, store.count() + 1);
     enterInListings(store, store, map);
+    for (const CloneMap::Pair& pair : map.pairs())
+        passOnLastViewport(*pair.source, store.at(pair.clone));
 }
 
 }  // namespace host

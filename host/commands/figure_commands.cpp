@@ -132,11 +132,16 @@ CommandStatus runText(Store& store) {
     const PromptStatus status = promptText(L"\nEnter text: ", text);
     if (status == PromptStatus::Cancel) return CommandStatus::Cancelled;
     if (status == PromptStatus::None || text.empty()) return CommandStatus::Done;
+    const std::string stored = encodeText(text, Encoding());  // a NUL has to be escaped
+    if (stored.size() > kLongestValue) {
+        printProblem(L"The text is longer than " + std::to_wstring(kLongestValue) + L" bytes.");
+        return CommandStatus::Failed;
+    }
     std::string tags;
     addTag(tags, 100, "AcDbText");
     addPoint(tags, 10, start);
     addTag(tags, 40, height);
-    addTag(tags, 1, encodeText(text, Encoding()));  // a NUL has to be escaped
+    addTag(tags, 1, stored);
     addTag(tags, 50, rotation);
     addTag(tags, 100, "AcDbText");
     addEntity(store, "TEXT", tags);

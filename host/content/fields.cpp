@@ -60,6 +60,10 @@ void setField(ObjectBody& body, const TextField& field, std::wstring_view value)
     storeValue(body, field.place, body.encode(value), value == field.fallback);
 }
 
+bool fitsValue(const ObjectBody& body, std::wstring_view text) {
+    return body.encode(text).size() <= kLongestValue;
+}
+
 void copyField(const ObjectBody& from, ObjectBody& to, const FieldPlace& place) {
     const auto tag = findTag(from.tags(), place);
     storeValue(to, place, tag ? to.encode(from.decode(tag->value)) : "", !tag);

@@ -42,6 +42,9 @@ void setField(ObjectBody& body, const IntegerField& field, int value);
 void setField(ObjectBody& body, const PointField& field, const AcGePoint3d& point);
 void setField(ObjectBody& body, const TextField& field, std::wstring_view value);
 
+/// True for a text that is no longer than readers take, as the body's drawing stores it.
+bool fitsValue(const ObjectBody& body, std::wstring_view text);
+
 /// Copies one tag as it is, or its absence, between objects that may be of different drawings.
 void copyField(const ObjectBody& from, ObjectBody& to, const FieldPlace& place);
 

@@ -10,4 +10,8 @@ namespace host {
 /// (assumed). Constant time.
 bool isPaperViewport(const ObjectBody& entity);
 
+/// Makes the layout whose last active viewport (331) is the source of a clone in the same block
+/// name the clone: what moves by cloning stays the viewport that was worked in (chosen).
+void passOnLastViewport(const ObjectBody& source, const ObjectBody& clone);
+
 }  // namespace host

@@ -51,7 +51,7 @@ Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const T
                              const ACHAR* text) {
     const Acad::ErrorStatus status = startChange(object, call);
     if (status != Acad::eOk) return status;
-    if (text == nullptr) return Acad::eInvalidInput;
+    if (text == nullptr || !fitsValue(object.body(), text)) return Acad::eInvalidInput;
     setField(object.body(), field, text);
     return Acad::eOk;
 }

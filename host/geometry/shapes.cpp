@@ -191,6 +191,13 @@ bool Outline::touches(const Box& box) const {
            });
 }
 
+void Outline::cut(const OutlineMark& from) {
+    lines.resize(from.lines);
+    arcs.resize(from.arcs);
+    areas.resize(from.areas);
+    writings.resize(from.writings);
+}
+
 std::optional<Box> Outline::bounds(const OutlineMark& from) const {
     std::optional<Box> box;
     const auto add = [&](const Vec& p) {

@@ -57,6 +57,8 @@ struct Outline {
     bool empty() const { return lines.empty() && arcs.empty() && areas.empty(); }
     /// Where what is added from now on begins.
     OutlineMark mark() const { return {lines.size(), arcs.size(), areas.size(), writings.size()}; }
+    /// Takes away what was added from there on.
+    void cut(const OutlineMark& from);
     /// True when some part is within `tolerance` of the point; also inside an area.
     bool near(const Vec& point, double tolerance) const;
     /// How far the nearest stroke or edge is from the point; infinite without any.

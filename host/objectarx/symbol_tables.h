@@ -113,7 +113,8 @@ class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
     explicit AcDbLinetypeTableRecord(host::ObjectBody* body) : AcDbSymbolTableRecord(body) {}
 };
 
-/// Adds the typed openings of one table class to the general table.
+/// Adds the typed openings of one table class to the general table. eNotThatKindOfClass, and
+/// nothing is open, for a record of another class, which only a damaged drawing has. Assumed.
 #define HOST_TYPED_TABLE(TABLE, RECORD)                                                          \
     class TABLE : public AcDbSymbolTable {                                                       \
       public:                                                                                    \
@@ -124,8 +125,11 @@ class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
             record = nullptr;                                                                    \
             AcDbSymbolTableRecord* opened = nullptr;                                             \
             const Acad::ErrorStatus status = AcDbSymbolTable::getAt(name, opened, mode);         \
-            if (status == Acad::eOk) record = static_cast<RECORD*>(opened);                      \
-            return status;                                                                       \
+            if (status != Acad::eOk) return status;                                              \
+            record = RECORD::cast(opened);                                                       \
+            if (record != nullptr) return Acad::eOk;                                             \
+            opened->close();                                                                     \
+            return Acad::eNotThatKindOfClass;                                                    \
         }                                                                                        \
     }
 

@@ -1,5 +1,6 @@
 // AcDbDictionary: entries by key.
 #include "host/content/dictionary_text.h"
+#include "host/content/fields.h"
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
@@ -47,7 +48,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* key, AcDbObject* newValue, 
     ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (content.store == nullptr) return Acad::eNotInDatabase;
-    if (!keyIsValid(key)) return Acad::eInvalidKey;
+    if (!keyIsValid(key) || !host::fitsValue(content, key)) return Acad::eInvalidKey;
     if (newValue == nullptr) return Acad::eNullObjectPointer;
     if (!isObjectKind(newValue->body().kind)) return Acad::eWrongObjectType;
     Store& store = *content.store;

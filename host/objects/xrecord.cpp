@@ -58,10 +58,13 @@ Acad::ErrorStatus addItem(std::string& text, const ObjectBody& xrecord, const re
     const int code = item.restype;
     if (code < 1 || code > 369 || code == 5 || code == 105) return Acad::eInvalidDxfCode;
     switch (valueKindOf(code)) {
-        case ValueKind::Text:
-            addTag(text, code,
-                   xrecord.encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
+        case ValueKind::Text: {
+            const ACHAR* const given = item.resval.rstring;
+            const std::string value = xrecord.encode(given != nullptr ? given : L"");
+            if (value.size() > kLongestValue) return Acad::eInvalidResBuf;
+            addTag(text, code, value);
             break;
+        }
         case ValueKind::Real:
             addTag(text, code, item.resval.rreal);
             break;

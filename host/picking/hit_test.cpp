@@ -15,6 +15,7 @@ std::vector<AcDbObjectId> entitiesWhere(const Store& store, Test test) {
     OutlineMaker maker(store);
     for (const ObjectBody& entity : store.children(store.currentSpace()))
         if (test(maker.outlineOf(entity))) found.push_back(store.idOf(entity));
+    maker.tellFrames();
     return found;
 }
 
@@ -51,8 +52,13 @@ AcDbObjectId nearestOf(const std::vector<AcDbObjectId>& entities, const Store& s
     return nearest;
 }
 
-bool isDrawn(const Store& store, const ObjectBody& entity) {
-    return !OutlineMaker(store).outlineOf(entity).empty();
+AcDbObjectId lastDrawn(const Store& store) {
+    OutlineMaker maker(store);
+    const Index space = store.currentSpace();
+    for (Index i = space == kNoIndex ? kNoIndex : store.lastLive(space); i != kNoIndex;
+         i = store.previousLive(store.at(i)))
+        if (!maker.outlineOf(store.at(i)).empty()) return store.idOf(i);
+    return {};
 }
 
 }  // namespace host

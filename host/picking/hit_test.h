@@ -9,7 +9,6 @@
 namespace host {
 
 class Store;
-struct ObjectBody;
 
 /// Main entities of the current space that are drawn (not on a layer that is off or frozen, not
 /// invisible, with graphics) within `tolerance` drawing units of the point in the XY plane; in
@@ -23,7 +22,7 @@ std::vector<AcDbObjectId> entitiesInWindow(const Store& store, const AcGePoint3d
 /// merely filled there counts as `tolerance` away. The newest of those equally near; null for none.
 AcDbObjectId nearestOf(const std::vector<AcDbObjectId>& entities, const Store& store,
                        const AcGePoint3d& point, double tolerance);
-/// True when something of the entity is drawn.
-bool isDrawn(const Store& store, const ObjectBody& entity);
+/// The last entity of the current space of which something is drawn; null for none.
+AcDbObjectId lastDrawn(const Store& store);
 
 }  // namespace host

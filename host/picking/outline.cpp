@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
-#include "host/content/paper_viewport.h"
 #include "host/content/references.h"
 #include "host/store/store.h"
 
@@ -13,8 +13,6 @@ namespace host {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 16;
-/// Bounds the time for blocks that multiply themselves through nesting or arrays.
-constexpr int kMostEntities = 100000;
 
 /// Insertion base of a block.
 Vec baseOf(const ObjectBody& record) {
@@ -24,13 +22,14 @@ Vec baseOf(const ObjectBody& record) {
 }
 
 /// Place of one element of a reference, before the object coordinate system.
-Transform placeOfReference(const OwnTags& tags, int column, int row) {
+Transform placeOfReference(const OwnTags& tags, std::int64_t column, std::int64_t row) {
     Transform scale;
     scale.x.x = tags.real(41, 1);
     scale.y.y = tags.real(42, 1);
     scale.z.z = tags.real(43, 1);
     Transform turned = rotation(toRadians(tags.real(50, 0)));
-    const Vec step{column * tags.real(44, 0), row * tags.real(45, 0), 0};
+    const Vec step{static_cast<double>(column) * tags.real(44, 0),
+                   static_cast<double>(row) * tags.real(45, 0), 0};
     turned.origin = pointOf(tags, 10) + turned.turn(step);
     return turned * scale;
 }
@@ -48,28 +47,22 @@ Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
     m_parts = nullptr;
-    begin(entity, outline);
+    m_outline = &outline;
+    begin(entity);
     return outline;
 }
 
 void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
                               std::vector<OutlinePart>& parts) {
     m_parts = &parts;
-    begin(entity, outline);
-}
-
-void OutlineMaker::begin(const ObjectBody& entity, Outline& outline) {
     m_outline = &outline;
-    // The paper itself has no lines.
-    if (isPaperViewport(entity)) return;
-    m_budget = kMostEntities;
-    m_blocks.clear();
-    draw(entity, Pen(outline, {}), "0");
+    begin(entity);
 }
 
 void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
                         std::string_view layerOfReference) {
-    if (--m_budget < 0) return;
+    if (!goesOn()) return;
+    if (!m_blocks.empty()) m_spent += costOf(entity);
     const OwnTags tags(entity.tags());
     std::string_view layer = tags.text(8, "0");
     if (layer == "0" && !m_blocks.empty()) layer = layerOfReference;
@@ -86,9 +79,14 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     } else if (picture != nullptr && m_store.firstLive(picture->self) != kNoIndex) {
         drawBlock(picture, penOfPicture(shape, *picture), layer);
     } else {
-        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, m_outline->mark()});
+        const OutlineMark from = m_outline->mark();
+        if (m_parts != nullptr) m_parts->push_back({&entity, type, layer, from});
         const bool hasForm = drawShape(shape, !m_blocks.empty());
         if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
+        if (m_blocks.empty()) return;
+        for (std::size_t i = from.writings; i < m_outline->writings.size(); ++i)
+            m_outline->writings[i].words = shortened(std::move(m_outline->writings[i].words));
+        m_spent += costOf(*m_outline, from);
     }
 }
 
@@ -96,18 +94,26 @@ void OutlineMaker::drawReference(const Shape& shape, std::string_view layer) {
     const OwnTags& tags = shape.tags;
     const ObjectBody* record = blockOf(tags);
     const Pen plane = objectPen(shape);
-    const int columns = std::max(1, tags.integer(70, 1));
-    const int rows = std::max(1, tags.integer(71, 1));
+    const std::int64_t columns = std::max(1, tags.integer(70, 1));
+    const std::int64_t rows = std::max(1, tags.integer(71, 1));
     if (record != nullptr) {
         Transform base;
         base.origin = baseOf(*record) * -1;
-        for (int row = 0; row < rows && m_budget > 0; ++row) {
-            for (int column = 0; column < columns && m_budget > 0; ++column) {
-                --m_budget;  // an empty block in a huge array must end too
+        // A measure needs the outermost elements alone.
+        const std::int64_t down = m_measuring ? std::max<std::int64_t>(1, rows - 1) : 1;
+        const std::int64_t across = m_measuring ? std::max<std::int64_t>(1, columns - 1) : 1;
+        const double spent = m_spent;
+        double drawn = 0;
+        for (std::int64_t row = 0; row < rows && goesOn(); row += down) {
+            for (std::int64_t column = 0; column < columns && goesOn(); column += across) {
                 const Transform place = placeOfReference(tags, column, row);
                 drawBlock(record, plane.inside(place * base), layer);
+                ++drawn;
+                ++m_spent;  // an empty block in a huge array must end too
             }
         }
+        if (m_measuring && drawn > 0)
+            m_spent = spent + (m_spent - spent) * static_cast<double>(rows * columns) / drawn;
     }
     for (const ObjectBody& attribute : m_store.children(shape.entity.self))
         draw(attribute, shape.pen, layer);
@@ -121,8 +127,13 @@ void OutlineMaker::drawBlock(const ObjectBody* record, const Pen& pen, std::stri
     if (record == nullptr || record->erased || m_blocks.size() >= kDeepestNesting) return;
     if (std::find(m_blocks.begin(), m_blocks.end(), record->self) != m_blocks.end()) return;
     m_blocks.push_back(record->self);
+    if (m_measuring) {
+        measureBlock(*record, pen, layer);
+        m_blocks.pop_back();
+        return;
+    }
     for (const ObjectBody& entity : m_store.children(record->self)) {
-        if (m_budget <= 0) break;
+        if (!goesOn()) break;
         draw(entity, pen, layer);
     }
     m_blocks.pop_back();

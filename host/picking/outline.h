@@ -1,6 +1,9 @@
 // From an entity's tags to what is drawn of it.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "host/geometry/shapes.h"
@@ -37,6 +40,7 @@ class Pen {
     /// Strokes from corner to corner; one corner is a point.
     void corners(const std::vector<Corner>& corners, bool closed) const;
     void area(const std::vector<Vec>& points) const;
+    void frame(const Box& box) const;
     /// The area that words fill, from a corner along and up; `writing.area` is set here.
     void write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const;
     /// The same outline with a further place inside.
@@ -83,19 +87,45 @@ struct OutlinePart {
     bool hasForm = false;  ///< false for a kind that is known by its points alone
 };
 
+/// How much time the reading of an entity takes, in strokes that could be drawn meanwhile; and how
+/// much memory and time a part of an outline takes: strokes, corners of areas, words.
+double costOf(const ObjectBody& entity);
+double costOf(const Outline& outline, const OutlineMark& from);
+
 /// Makes outlines of main entities. Layers and blocks are looked up once each where that pays;
 /// short-lived.
+///
+/// What references repeat, arrays and nested blocks together, has one bound for all that a maker
+/// draws: some millions of strokes, more in larger drawings. An entity that would go beyond it is
+/// drawn as its frame, the box around it, and counted.
 class OutlineMaker {
   public:
-    explicit OutlineMaker(const Store& store) : m_store(store), m_layers(store) {}
+    explicit OutlineMaker(const Store& store);
     /// Empty when nothing of the entity is drawn: on a layer that is off or frozen, invisible, or a
     /// reference to a block without visible content. World coordinates.
     Outline outlineOf(const ObjectBody& entity);
     /// Adds it to an outline of several entities, and what it is made of to their parts.
     void addOutline(const ObjectBody& entity, Outline& outline, std::vector<OutlinePart>& parts);
+    /// Number of entities that became frames, and a line about them.
+    long framed() const { return m_framed; }
+    std::string framesLine() const;
+    /// Prints that line on the command line, once for each drawing.
+    void tellFrames() const;
 
   private:
-    void begin(const ObjectBody& entity, Outline& outline);
+    struct Extent {
+        double cost = 0;
+        std::optional<Box> box;
+    };
+
+    void begin(const ObjectBody& entity);
+    bool goesOn() const { return m_measuring || m_spent <= m_most; }
+    bool mayDraw(double cost);
+    bool drawWithin(const ObjectBody& entity, double most);
+    Extent measured(const ObjectBody& entity, std::string_view layer);
+    const Extent& contentOf(const ObjectBody& record, std::string_view layer);
+    void measureBlock(const ObjectBody& record, const Pen& pen, std::string_view layer);
+    void drawAsFrame(const ObjectBody& entity, const Extent& extent);
     void draw(const ObjectBody& entity, const Pen& pen, std::string_view layerOfReference);
     void drawReference(const Shape& shape, std::string_view layer);
     /// Block record that tag 2 names, or null.
@@ -107,7 +137,13 @@ class OutlineMaker {
     Outline* m_outline = nullptr;  ///< being made
     std::vector<OutlinePart>* m_parts = nullptr;
     std::vector<Index> m_blocks;  ///< being drawn, outermost first
-    int m_budget = 0;             ///< entities that may still be visited
+    double m_left;                ///< that references may still repeat
+    bool m_leftIsAll = false;     ///< the size of the drawing has been added
+    double m_spent = 0;           ///< by the entity that is being drawn
+    double m_most = 0;            ///< that it may spend
+    bool m_measuring = false;     ///< blocks are drawn as boxes, arrays by their ends
+    std::unordered_map<std::uint64_t, Extent> m_contents;  ///< of blocks that were measured
+    long m_framed = 0;
 };
 
 }  // namespace host

@@ -61,6 +61,14 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
+void Pen::frame(const Box& box) const {
+    path({{box.left, box.bottom, 0},
+          {box.right, box.bottom, 0},
+          {box.right, box.top, 0},
+          {box.left, box.top, 0}},
+         true);
+}
+
 void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const {
     writing.area = m_outline.areas.size();
     const Vec from = m_place.apply(corner), a = m_place.turn(along), b = m_place.turn(up);

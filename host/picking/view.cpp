@@ -65,6 +65,7 @@ std::optional<Box> extentsOf(const Store& store) {
     OutlineMaker maker(store);
     for (const ObjectBody& entity : store.children(store.currentSpace()))
         if (!isPaperViewport(entity)) extend(extents, maker.outlineOf(entity).bounds());
+    maker.tellFrames();
     return extents;
 }
 

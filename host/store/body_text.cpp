@@ -5,6 +5,7 @@
 
 #include "host/store/object_body.h"
 #include "host/store/store.h"
+#include "host/tags/tag_values.h"
 #include "host/tags/tag_walk.h"
 
 namespace host {
@@ -53,9 +54,13 @@ std::string withIdentity(std::string_view text, std::uint64_t handle, std::uint6
     // no end of the head: there the owner follows the handle.
     std::size_t ownerAt = 0;
     bool headEnded = false;
+    const bool hasMarkers = findTag(text, 100).has_value();
     TagWalk walk(text);
     while (walk.next() && walk.zone() <= TagZone::Common) {
         if (walk.role() == TagRole::Handle || walk.role() == TagRole::Owner) continue;
+        // A second owner in the head would stand before the new one and be taken for it.
+        if (hasMarkers && walk.code() == 330 && walk.own() && walk.zone() == TagZone::Head)
+            continue;
         if (walk.role() == TagRole::Marker && !headEnded) {
             headEnded = true;
             ownerAt = result.size();

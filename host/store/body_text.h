@@ -15,7 +15,7 @@ struct ObjectBody;
 void placeText(ObjectBody& body, std::string_view text);
 
 /// Copy of an object's tags with another handle (tag 5, in DIMSTYLE 105) and another owner
-/// (330). Both are added where they are missing.
+/// (330). Both are added where they are missing; whatever the text had, it has one owner then.
 std::string withIdentity(std::string_view text, std::uint64_t handle, std::uint64_t owner);
 
 /// Copy of an object's tags with every value converted from one encoding to another.

@@ -46,20 +46,37 @@ ObjectBody* Store::byHandle(std::uint64_t handle) const {
     return index == kNoIndex ? nullptr : &at(index);
 }
 
-void Store::raiseHandleSeed(std::uint64_t seed) { m_seed = std::max(m_seed, seed); }
+void Store::raiseHandleSeed(std::uint64_t seed) {
+    m_seed = std::max(m_seed, std::min(seed, kHighestHandle + 1));
+}
 
-std::uint64_t Store::nextHandle() {
-    // A drawing may use the highest handle there is; then free ones are looked for from below.
-    while (m_seed == 0 || (m_highestTaken && byHandle(m_seed) != nullptr))
-        ++m_seed;
-    return m_seed++;
+std::uint64_t Store::freeHandle() {
+    if (m_seed <= kHighestHandle) return m_seed;
+    if (m_gap == 0) m_gap = middleOfWidestGap();
+    while (byHandle(m_gap) != nullptr)
+        ++m_gap;
+    return m_gap;
+}
+
+/// Slots are counted in 32 bits, so the gap is wide enough for all that may come, and what points
+/// at an object that is not there hardly points into its middle.
+std::uint64_t Store::middleOfWidestGap() const {
+    std::vector<std::uint64_t> handles{0};
+    for (Index index = 1; index <= m_count; ++index)
+        handles.push_back(at(index).handle);
+    std::sort(handles.begin(), handles.end());
+    std::uint64_t widest = 0, begin = 0;
+    for (std::size_t i = 1; i < handles.size(); ++i) {
+        const std::uint64_t width = handles[i] - handles[i - 1];
+        if (width > widest) widest = width, begin = handles[i - 1];
+    }
+    return begin + widest / 2;
 }
 
 void Store::giveHandle(ObjectBody& body, std::uint64_t handle) {
     body.handle = handle;
     m_handles->add(*this, body.self);
-    if (handle == UINT64_MAX) m_highestTaken = true;
-    if (handle >= m_seed) m_seed = handle + 1;
+    raiseHandleSeed(handle + 1);
 }
 
 std::string_view Store::keep(std::string_view text) { return m_arena->keep(text); }
@@ -88,7 +105,7 @@ void Store::assignMissingHandles() {
     for (Index index = 1; index <= m_count; ++index) {
         ObjectBody& body = at(index);
         if (body.handle != 0 || body.size == 0) continue;
-        giveHandle(body, nextHandle());
+        giveHandle(body, freeHandle());
         const bool isDimStyle = body.type() == "DIMSTYLE";
         std::string text(body.tags());
         std::string tag;
@@ -115,7 +132,7 @@ ObjectBody& Store::duplicate(const ObjectBody& source, Index owner) {
     ObjectBody& body = newSlot();
     body.kind = source.kind;
     body.owner = owner;
-    giveHandle(body, nextHandle());
+    giveHandle(body, freeHandle());
     m_journal->made(body);
     const Encoding& from = source.store != nullptr ? source.store->encoding() : Encoding();
     std::string text(source.tags());

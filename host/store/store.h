@@ -66,9 +66,13 @@ class Store {
     ObjectBody* byHandle(std::string_view handle) const {
         return byHandle(parseHandle(handle).value_or(0));
     }
-    /// Next free handle; above every handle in the drawing.
+    /// What $HANDSEED says: above every handle in the drawing, at most one above the highest that
+    /// there may be.
     std::uint64_t handleSeed() const { return m_seed; }
     void raiseHandleSeed(std::uint64_t seed);
+    /// The handle that the next object gets, which none has: the seed, or where that has come to
+    /// its end one inside the widest gap.
+    std::uint64_t freeHandle();
 
     // --- building -----------------------------------------------------------------------------
     /// Copies text into the store's arena; the copy lives as long as the store.
@@ -173,6 +177,7 @@ class Store {
     int currentViewport = 2;
     /// Height of the view in drawing units where the drawing keeps none; 0 until it is worked out.
     mutable double assumedViewHeight = 0;
+    mutable bool framesTold = false;  ///< that parts of the drawing are taken as frames
     /// The database object that holds this store.
     AcDbDatabase* database = nullptr;
     /// Counts changes of content, for "modified since saved" and caches.
@@ -187,7 +192,7 @@ class Store {
     static constexpr Index kBlockSize = 1u << kBlockBits;
 
     ObjectBody& newSlot();
-    std::uint64_t nextHandle();
+    std::uint64_t middleOfWidestGap() const;
     void giveHandle(ObjectBody& body, std::uint64_t handle);
     /// The body whose list of children holds this one, or kNoIndex.
     Index listParent(const ObjectBody& body) const;
@@ -203,8 +208,8 @@ class Store {
 
     std::uint32_t m_serial;
     Index m_count = 0;
-    std::uint64_t m_seed = 1;     ///< above all handles, unless the highest is taken
-    bool m_highestTaken = false;  ///< an object has the highest handle there is
+    std::uint64_t m_seed = 1;
+    std::uint64_t m_gap = 0;  ///< where free handles are looked for at the seed's end
     std::vector<std::unique_ptr<ObjectBody[]>> m_blocks;
     std::unique_ptr<Arena> m_arena;
     std::unique_ptr<HandleIndex> m_handles;

@@ -69,6 +69,10 @@ class TagReader {
     std::size_t m_end = 0;
 };
 
+/// Longest value that readers of drawings take, in bytes as it is stored. It is refused where
+/// values are made and where they are written.
+inline constexpr std::size_t kLongestValue = (std::size_t{1} << 20) - 1;
+
 /// Tags in stored form. A value must not hold a line end.
 std::string storedTags(std::initializer_list<Tag> tags);
 /// Appends one tag in stored form. A value must not hold a line end.

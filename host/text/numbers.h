@@ -11,6 +11,9 @@ namespace host {
 /// Shortest text that reads back as the same double; always with a point or an exponent.
 std::string formatReal(double value);
 std::string formatHandle(std::uint64_t handle);
+/// The highest handle of an object. Above it stands nothing that readers take: neither do owners
+/// and seeds there raise the next free handle, nor is one given there.
+inline constexpr std::uint64_t kHighestHandle = ~std::uint64_t{0} - (std::uint64_t{1} << 32);
 /// Blanks around the number are accepted, anything else is not. Reals are finite.
 std::optional<double> parseReal(std::string_view text);
 std::optional<long long> parseInteger(std::string_view text);

@@ -1,8 +1,10 @@
 // Conversion between the text of a drawing and wide characters, on every platform alike.
 #include "host/text/text_codec.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "host/text/code_page.h"
 #include "host/text/numbers.h"
@@ -270,11 +272,29 @@ std::string oneLine(std::wstring_view message) {
     if (line.size() > kLongest) {
         line.replace(kLongest - kEnd, line.size() - kLongest, L" ... ");
     }
-    for (wchar_t& c : line) {
+    return toUtf8(printable(std::move(line)));
+}
+
+std::wstring printable(std::wstring line) {
+    for (wchar_t& c : line)
         if (c == L'\n' || c == L'\r' || c == L'\t') c = L' ';
-        if (c < L' ' || (c >= 0x7F && c < 0xA0)) c = L'?';
-    }
-    return toUtf8(line);
+    return printableLines(std::move(line));
+}
+
+std::wstring printableLines(std::wstring text) {
+    const auto steers = [](wchar_t c) {
+        return (c < L' ' && c != L'\n' && c != L'\t') || (c >= 0x7F && c < 0xA0);
+    };
+    std::replace_if(text.begin(), text.end(), steers, L'?');
+    return text;
+}
+
+std::wstring shortened(std::wstring text) {
+    constexpr std::size_t kMost = 200;
+    if (text.size() <= kMost) return text;
+    text.resize(kMost - 1);
+    if (text.back() >= 0xD800 && text.back() < 0xDC00) text.pop_back();  // half a character
+    return text + L'\u2026';
 }
 
 std::wstring foldCase(std::wstring_view text) {

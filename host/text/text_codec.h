@@ -34,6 +34,16 @@ std::wstring fromTextFile(std::string_view bytes);
 /// middle.
 std::string oneLine(std::wstring_view message);
 
+/// A line without what would steer a terminal: line ends and tabs become blanks, other control
+/// characters "?".
+std::wstring printable(std::wstring line);
+/// The same of a text of several lines, whose line ends and tabs stay.
+std::wstring printableLines(std::wstring text);
+
+/// A text that is shown again and again: of more than 200 characters an ellipsis stands for the
+/// end.
+std::wstring shortened(std::wstring text);
+
 /// Upper-cased copy for comparing symbol names and keys without regard to case.
 std::wstring foldCase(std::wstring_view text);
 

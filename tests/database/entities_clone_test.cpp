@@ -66,6 +66,26 @@ TEST_F(DeepClone, AppendsInListOrderWithSubEntitiesInTheTargetSpace) {
     EXPECT_EQ(drawing.walk(drawing.id(line)), "POLYLINE VERTEX VERTEX SEQEND");
 }
 
+TEST_F(DeepClone, HasOneOwnerAndStaysTheLayoutsLastViewport) {
+    ObjectBody& viewport =
+        drawing.add("0 VIEWPORT|100 AcDbEntity|8 0|100 AcDbViewport|69 2", drawing.paper());
+    drawing.replaceText(viewport, "|330 ", "|330 99|330 ");
+    ObjectBody& layout = drawing.addObject(
+        "0 LAYOUT|100 AcDbLayout|331 " + drawing.handle(viewport), drawing.paper());
+    const host::FieldPlace ofBlock{"AcDbBlockTableRecord", 340}, last{"AcDbLayout", 331};
+    std::string record(drawing.paper().tags());
+    host::setTag(record, ofBlock, drawing.handle(layout));
+    drawing.paper().setTags(record);
+    Cloning elsewhere(drawing, {drawing.id(viewport)}, drawing.id(drawing.model()));
+    EXPECT_EQ(host::textTag(layout.tags(), last), drawing.handle(viewport));
+    Cloning moved(drawing, {drawing.id(viewport)}, drawing.id(drawing.paper()));
+    const ObjectBody& clone = moved.of(drawing, viewport);
+    EXPECT_EQ(host::textTag(layout.tags(), last), drawing.handle(clone));
+    const std::string text = render(clone.tags());
+    EXPECT_NE(text.find("|330 " + drawing.handle(drawing.paper()) + "|"), std::string::npos);
+    EXPECT_EQ(text.find("|330 "), text.rfind("|330 "));
+}
+
 TEST_F(DeepClone, LeavesErasedDictionariesAndEntriesBehind) {
     ObjectBody& line = drawing.add(kLine);
     ObjectBody& dictionary = drawing.addObject("0 DICTIONARY|100 AcDbDictionary|280 1", line);

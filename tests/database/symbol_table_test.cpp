@@ -52,6 +52,17 @@ TEST_F(SymbolTable, NamesAreFoundWithoutRegardToCaseAndLiveRecordsWin) {
     table->close();
 }
 
+TEST_F(SymbolTable, TypedOpeningRefusesRecordsOfAnotherClass) {
+    drawing.model().kind = host::Kind::LayerRecord;
+    AcDbBlockTable* blocks = nullptr;
+    AcDbBlockTableRecord* record = nullptr;
+    drawing.database().getSymbolTable(blocks, AcDb::kForRead);
+    EXPECT_EQ(blocks->getAt(ACDB_MODEL_SPACE, record, AcDb::kForRead), Acad::eNotThatKindOfClass);
+    EXPECT_EQ(record, nullptr);
+    blocks->close();
+    drawing.model().kind = host::Kind::BlockRecord;
+}
+
 TEST_F(SymbolTable, RefusesBadNamesAndWrongRecords) {
     AcDbLayerTableRecord layer;
     for (const ACHAR* bad : {L"", L"a*b", L"*a", L"a/b", L"a|b", L"a\nb"})

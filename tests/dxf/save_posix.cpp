@@ -1,6 +1,7 @@
 // Saves that end in the middle with their process, and targets that only POSIX has.
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -68,8 +69,15 @@ TEST_F(SavingOnPosix, PermissionsAndLinksStay) {
     const auto store = load(tagsOf(kDrawing));
     ::chmod(write("real.dxf", "old").c_str(), 0640);
     std::filesystem::create_symlink("real.dxf", path("link.dxf"));
+    // Not every file system has them.
+    const bool tagged = ::setxattr(path("real.dxf").c_str(), "user.note", "n", 1, 0) == 0;
+    write(".dxf-999999999-1.tmp", "of a process that is gone");
+    write(".dxf-" + std::to_string(::getppid()) + "-1.tmp", "of one that saves");
     host::DxfError error;
     ASSERT_TRUE(saveDrawing(*store, path("link.dxf"), error)) << error.message();
+    EXPECT_EQ(listing(),
+              ".dxf-" + std::to_string(::getppid()) + "-1.tmp link.dxf load.dxf real.bak real.dxf");
+    EXPECT_EQ(::getxattr(path("real.dxf").c_str(), "user.note", nullptr, 0), tagged ? 1 : -1);
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.dxf")));
     EXPECT_EQ(read("real.dxf"), tagsOf(kDrawing));
     struct stat status;

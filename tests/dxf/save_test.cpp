@@ -3,6 +3,7 @@
 
 #include "drawing_text.h"
 #include "host/objects/erasing.h"
+#include "host/tags/tags.h"
 
 namespace dxf_tests {
 namespace {
@@ -72,6 +73,44 @@ TEST_F(Saving, TargetsThatCannotBeReplacedAreTold) {
 TEST_F(Saving, ATooSmallHandleSeedIsCorrected) {
     const auto store = load(tagsOf(with(kDrawing, "5 100", "5 10")));
     EXPECT_EQ(saved(*store), tagsOf(with(kDrawing, "5 100", "5 63")));
+}
+
+TEST_F(Saving, WhatIsSavedOpensAgain) {
+    for (const char* highest : {"FFFFFFFEFFFFFFFD", "FFFFFFFEFFFFFFFF"}) {
+        const auto store =
+            load(tagsOf(with(kDrawing, "0 CIRCLE|5 26", std::string("0 CIRCLE|5 ") + highest)));
+        for (int i = 0; i < 3; ++i)
+            store->appendChild(store->modelSpace(),
+                               store->duplicate(*store->byHandle(0x38), store->modelSpace()));
+        EXPECT_EQ(findings(saved(*store)), "");
+    }
+    const std::string beyond = tagsOf(with(kDrawing, "5 100", "5 FFFFFFFF00000000"));
+    EXPECT_EQ(findings(beyond),
+              "$HANDSEED FFFFFFFF00000000 leaves no room: handles end at FFFFFFFEFFFFFFFF\n");
+    EXPECT_EQ(saved(*load(beyond)), tagsOf(with(kDrawing, "5 100", "5 63")));
+    for (const std::size_t length : {host::kLongestValue, host::kLongestValue + 1}) {
+        const auto store = load(tagsOf(kDrawing));
+        host::ObjectBody& text = *store->byHandle(0x38);
+        text.setTags(with(std::string(text.tags()), "  text  ", std::string(length, 'x')));
+        host::DxfError error;
+        const bool fits = length == host::kLongestValue;
+        EXPECT_EQ(saveDrawing(*store, path("long.dxf"), error), fits);
+        EXPECT_EQ(error.text, fits ? ""
+                                   : "cannot be written: group 1 of TEXT 38 is longer than 1048575 "
+                                     "bytes; nothing was changed, shorten it");
+        EXPECT_EQ(findings(read("long.dxf")), "");
+    }
+}
+
+TEST_F(Saving, AnObjectOutlivesAnOwnerThatDoesNotHoldIt) {
+    const std::string foreign = tagsOf(with(kDrawing, "0 LAYOUT|5 62|330 42", "0 LAYOUT|5 62|330 30"));
+    const std::string note =
+        "note: LAYOUT 62: the owner is LINE 30, which does not hold it, but DICTIONARY 42 does\n";
+    EXPECT_EQ(findings(foreign), note);
+    const auto store = load(foreign);
+    EXPECT_EQ(findings(saved(*store)), note);
+    erase(*store, 0x30);
+    EXPECT_EQ(findings(saved(*store)), "");
 }
 
 TEST_F(Saving, NothingPointsAtErasedObjects) {

@@ -1,5 +1,6 @@
 // What picks, windows and crossings reach, for each kind of entity.
 #include "host/picking/hit_test.h"
+#include "host/control/effects.h"
 #include "host/editor/selection/selection_sources.h"
 #include "host/picking/view.h"
 
@@ -111,7 +112,7 @@ TEST_F(BlockHits, NothingVisibleIsNoGraphics) {
     add("0 ATTDEF|10 0|20 0|40 1|1 x|2 TAG|70 1", marker);
     const AcDbObjectId plain = add("0 INSERT|2 MARKER|10 5|20 5|66 1");
     EXPECT_EQ(in(-100, -100, 100, 100, true), "");
-    EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(plain)));
+    EXPECT_NE(host::lastDrawn(store), plain);
     const host::Index reference = host::Store::resolve(plain)->self;
     add("0 ATTRIB|10 5|20 5|40 1|1 hidden|2 TAG|70 1", reference);
     EXPECT_EQ(in(-100, -100, 100, 100, true), "");
@@ -149,9 +150,17 @@ TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {
         inner = name;
     }
     const AcDbObjectId top = add("0 INSERT|2 " + inner + "|10 0|20 0");
-    EXPECT_FALSE(host::isDrawn(store, *host::Store::resolve(top))) << "deeper than 16 levels";
+    EXPECT_NE(host::lastDrawn(store), top) << "deeper than 16 levels";
     add("0 INSERT|2 LEVEL3|10 0|20 0|70 2000000000|71 2000000000");
-    EXPECT_NE(at(0, 0.5), "");
+    EXPECT_NE(at(-1, 0.5), "");
+    EXPECT_EQ(at(1000.5, 1000), "") << "inside a frame";
+    const AcDbObjectId small = add("0 INSERT|2 SQUARE|10 -9|20 0|70 3|44 2");
+    EXPECT_EQ(host::lastDrawn(store), small);
+    EXPECT_EQ(at(-10, 0.5).size(), 1u) << "others are drawn in full behind a frame";
+    EXPECT_NE(
+        host::effectText(host::EffectKind::CommandLine)
+            .find(L"1 entity is taken as frames: what they repeat is more than is drawn at once."),
+        std::wstring::npos);
 }
 
 TEST_F(HitTest, OldPolylinesDrawTheirVertices) {

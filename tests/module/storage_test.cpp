@@ -4,6 +4,7 @@
 #include "group_layer.h"
 #include "group_naming.h"
 #include "group_record.h"
+#include "host/control/faults.h"
 #include "storage_pieces.h"
 
 namespace {
@@ -199,6 +200,22 @@ TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
     scene.after(L"ERASE #2\n\n");
     FirstAttribute first;
     EXPECT_TRUE(readFirstAttribute(erased, first));
+}
+
+TEST(Storage, TellsOfTheLinetypeTableAndOfTheLayerTableThatCannotBeOpened) {
+    std::string told;
+    for (long call = 1; call <= 5; ++call) {
+        Scene scene("line");
+        host::clearEffects();
+        host::setFaultPlan({call, false, "AcDbDatabase::getSymbolTable"});
+        AcDbObjectId block;
+        createMarkerBlock(block, L"VELMO_GB");
+        host::setFaultPlan({});
+        told += Scene::printed() == "\nUnable to open the layer table Aborting..." ? "told" : "-";
+        told += block.isNull() ? ", no block; " : "; ";
+    }
+    // Linetypes; blocks and layers for the prefix; layers; blocks.
+    EXPECT_EQ(told, "told, no block; -; -; told; -, no block; ");
 }
 
 /// Where the markers are, and the text of one.

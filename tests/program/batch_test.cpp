@@ -57,6 +57,13 @@ TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
               "drafthost: 4 drawings, 3 failed\n");
     EXPECT_EQ(pointsIn("out/three.dxf"), 1);
     EXPECT_FALSE(std::filesystem::exists("out/one.dxf")) << "it was saved before the failure";
+    write("out/one.dxf", "an earlier result");
+    write("out/one.bak", "one before");
+    EXPECT_EQ(script(kErasesTwo, "--output-dir out one.dxf").status, 1);
+    EXPECT_EQ(contentOf("out/one.dxf") + contentOf("out/one.bak"), "an earlier resultone before");
+    EXPECT_EQ(script("QSAVE\n", "--output-dir out one.dxf").status, 0);
+    EXPECT_EQ(contentOf("out/one.bak"), "an earlier result");
+    std::filesystem::remove("out/one.dxf");
     EXPECT_EQ(contentOf("one.dxf") + contentOf("three.dxf"), one + three);
     const Result both = script(kErasesTwo, "-j 2 " + files);
     EXPECT_EQ(both.output, run.output);
@@ -74,6 +81,21 @@ TEST_F(BatchTest, WhatWouldOverwriteADrawingOfTheRunIsRefused) {
     EXPECT_FALSE(std::filesystem::exists("out"));
     EXPECT_EQ(script("REGEN\n", "--output-dir a a/../three.dxf a/one.dxf").status, 2);
     EXPECT_EQ(script("REGEN\n", "--output-dir one.dxf three.dxf").status, 4);
+    std::filesystem::create_hard_link("one.dxf", "same.dxf");
+    EXPECT_EQ(script("REGEN\n", "one.dxf same.dxf").errors,
+              "drafthost: same.dxf: is the drawing that one.dxf names already; work on them in two "
+              "runs\n");
+    std::filesystem::copy("three.dxf", "one.bak");
+    const Result backup = script("REGEN\n", "one.dxf one.bak");
+    EXPECT_EQ(backup.status, 2);
+    EXPECT_EQ(backup.errors,
+              "drafthost: one.bak: is a drawing of this run, and the backup of one.dxf would "
+              "replace it; work on them in two runs\n");
+    EXPECT_EQ(
+        script("QSAVE\n", "one.dxf")
+                .output.find("one.dxf had other names (hard links); they keep what it held.") ==
+            std::string::npos,
+        false);
 }
 
 TEST_F(BatchTest, ReadingManyGivesOneDocument) {

@@ -118,6 +118,16 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     EXPECT_EQ(script("AUDIT\n", "bad.dxf").status, 1);
 }
 
+TEST_F(ProgramTest, NamesOfADrawingDoNotSteerTheTerminal) {
+    ASSERT_EQ(script("POINT 1,1\nSAVEAS a.dxf\n").status, 0);
+    std::string text = contentOf("a.dxf");
+    const std::size_t layer = text.find("\n  8\n0\n", text.find("\nPOINT\n"));
+    ASSERT_NE(layer, std::string::npos);
+    write("a.dxf", text.replace(layer, 7, "\n  8\n\x1b[5m\\U+009B\n"));
+    EXPECT_NE(script("LIST ALL\n\n", "a.dxf").output.find("POINT Layer: \"?[5m?\""),
+              std::string::npos);
+}
+
 TEST_F(ProgramTest, VariablesAndMenuGroups) {
     const Result run = script("SETVAR PICKADD \n", "--set pickadd=0 --menu Tools");
     EXPECT_NE(run.output.find("new value for PICKADD <0>: "), std::string::npos);

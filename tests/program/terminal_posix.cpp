@@ -100,6 +100,14 @@ TEST_F(TerminalTest, EscTabAndTheHistory) {
     second.follow(
         {{"Command: ", "\033[A\033[A\n"}, {"Regenerating model.", ""}, {"Command: ", kControlD}});
     EXPECT_EQ(second.status(), 0);
+    // A link in the place of the history is somebody else's.
+    std::filesystem::rename("drafthost/history", "other");
+    std::filesystem::create_symlink("../other", "drafthost/history");
+    const std::string before = contentOf("other");
+    AtTerminal third(state);
+    third.follow({{"Command: ", "POINT 1,1\n"}, {"Command: ", "QUIT n\n"}});
+    EXPECT_EQ(third.status(), 0);
+    EXPECT_EQ(contentOf("other"), before);
 }
 
 TEST_F(ProgramTest, OutputThatCannotBeWritten) {

@@ -33,10 +33,13 @@ void checkObjectOwner(CheckContext& context, const ObjectSummary& summary) {
         const bool mended = summary.type == "IMAGEDEF_REACTOR";
         context.add(mended ? Severity::Note : Severity::Error, body,
                     ownerText(context, summary.owner));
-    } else if (body.owner != owner->self) {
+    } else if (body.owner == kNoIndex) {
         context.error(body, "the owners go round in a circle");
     } else if (body.kind == Kind::Xrecord && !isObjectKind(owner->kind)) {
         context.error(body, ownerText(context, summary.owner) + ", not a dictionary");
+    } else if (body.owner != owner->self) {
+        context.note(body, ownerText(context, summary.owner) + ", which does not hold it, but " +
+                               nameOf(context.store.at(body.owner)) + " does");
     }
 }
 

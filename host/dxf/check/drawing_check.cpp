@@ -28,6 +28,10 @@ void checkHandles(CheckContext& context) {
         }
         if (!body.ownsData) highest = std::max(highest, body.handle);
     }
+    if (seed && *seed > std::max(kHighestHandle, highest + 1)) {
+        context.error("$HANDSEED " + formatHandle(*seed) + " leaves no room: handles end at " +
+                      formatHandle(kHighestHandle));
+    }
     if (seed && *seed <= highest) {
         context.error("$HANDSEED " + formatHandle(*seed) + " is not above the highest handle " +
                       formatHandle(highest));

@@ -41,7 +41,8 @@ class OutputFile {
   public:
     /// Creates a file that was not there before.
     bool create(const std::string& path, std::string& why);
-    /// Gives the file the owner and permissions of another one, as far as the user may.
+    /// Gives the file the owner, permissions and extended attributes of another one, as far as the
+    /// user may and the file system has them.
     bool takePermissionsOf(const std::string& path, std::string& why);
     bool write(std::string_view bytes, std::string& why);
     /// Waits until everything written is on the disk.
@@ -65,8 +66,13 @@ bool duplicateFile(const std::string& from, const std::string& to, std::string& 
 void removeFile(const std::string& path);
 /// Makes the renames in the folder of `path` last through a power cut.
 bool flushFolderOf(const std::string& path, std::string& why);
-/// Identification of this process, for names of temporary files.
+/// Identification of this process, for names of temporary files; true while one is running.
 unsigned long processNumber();
+bool processLives(unsigned long number);
+/// What tells one file from another under whatever name; empty when nothing stands there.
+std::string fileIdentity(const std::string& path);
+/// True when the file has further names (hard links), which a save does not change.
+bool hasOtherNames(const std::string& path);
 
 /// How a changing call fails. In both cases a write has put half of its bytes into the file before.
 enum class FileFault {

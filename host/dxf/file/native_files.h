@@ -1,5 +1,5 @@
 // What file_access.cpp needs of the system beyond the standard library. Its sources, one for each
-// system, also hold isWritable, withoutLinks and processNumber of file_access.h.
+// system, also hold what file_access.h tells of rights, links, identities and processes.
 #pragma once
 
 #include <cstdio>

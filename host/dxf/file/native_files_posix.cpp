@@ -1,8 +1,13 @@
 // Owners, permissions, links and flushing on POSIX systems.
 #include <errno.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
+
+#include <cstring>
+#include <vector>
 
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/file/native_files.h"
@@ -12,6 +17,20 @@ namespace {
 
 std::error_code resultOf(int answer) {
     return answer == 0 ? std::error_code() : std::error_code(errno, std::generic_category());
+}
+
+/// What the file system or the user's rights do not allow is left out: the content matters more.
+void copyAttributes(const std::filesystem::path& from, int to) {
+    std::vector<char> names(std::size_t{1} << 16), value(names.size());
+    const ssize_t size = ::listxattr(from.c_str(), names.data(), names.size());
+    for (const char* name = names.data(); size > 0 && name < names.data() + size;) {
+        const ssize_t length = ::getxattr(from.c_str(), name, value.data(), value.size());
+        if (length >= 0) {
+            static_cast<void>(
+                ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0));
+        }
+        name += std::strlen(name) + 1;
+    }
 }
 
 }  // namespace
@@ -34,7 +53,9 @@ std::error_code copyPermissions(const std::filesystem::path& from, std::FILE* to
     if (::fchown(::fileno(to), status.st_uid, status.st_gid) != 0 && errno != EPERM) {
         return resultOf(-1);
     }
-    return resultOf(::fchmod(::fileno(to), status.st_mode & 07777));
+    if (::fchmod(::fileno(to), status.st_mode & 07777) != 0) return resultOf(-1);
+    copyAttributes(from, ::fileno(to));
+    return {};
 }
 
 bool flushToDisk(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0; }
@@ -68,6 +89,16 @@ std::string withoutLinks(const std::string& path) {
         target = target.parent_path() / next;
     }
     return target;
+}
+
+bool processLives(unsigned long number) {
+    return ::kill(static_cast<pid_t>(number), 0) == 0 || errno == EPERM;
+}
+
+std::string fileIdentity(const std::string& path) {
+    struct stat status;
+    if (::stat(path.c_str(), &status) != 0) return {};
+    return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
 }
 
 unsigned long processNumber() { return static_cast<unsigned long>(::getpid()); }

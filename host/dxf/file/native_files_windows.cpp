@@ -66,6 +66,27 @@ std::string withoutLinks(const std::string& path) {
     return onDrive ? toUtf8({name + 4, length - 4}) : path;
 }
 
+bool processLives(unsigned long number) {
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, number);
+    if (process == nullptr) return GetLastError() == ERROR_ACCESS_DENIED;
+    const bool lives = WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+    CloseHandle(process);
+    return lives;
+}
+
+std::string fileIdentity(const std::string& path) {
+    const HANDLE file = CreateFileW(fromUtf8(path).c_str(), 0,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
+    BY_HANDLE_FILE_INFORMATION about;
+    const bool known = GetFileInformationByHandle(file, &about) != 0;
+    CloseHandle(file);
+    if (!known) return {};
+    return std::to_string(about.dwVolumeSerialNumber) + ":" + std::to_string(about.nFileIndexHigh) +
+           ":" + std::to_string(about.nFileIndexLow);
+}
+
 unsigned long processNumber() { return GetCurrentProcessId(); }
 
 }  // namespace host

@@ -10,7 +10,7 @@ namespace host {
 namespace {
 
 constexpr std::size_t kPiece = 1 << 20;
-constexpr std::size_t kLongestLine = 1 << 20;
+constexpr std::size_t kLongestLine = kLongestValue + 1;  // with a carriage return
 constexpr int kHighestCode = 1071;
 constexpr int kComment = 999;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
@@ -117,6 +117,11 @@ bool TagStream::fill() {
     return true;
 }
 
+bool TagStream::failTooLong(long line) {
+    return fail(line, "the line is longer than " + std::to_string(kLongestValue) +
+                          " bytes; this is no sound DXF drawing");
+}
+
 /// Finds the line feed that ends the line at `begin` bytes behind m_begin (both are offsets from
 /// m_begin, which fill() moves), or the end of the file. False after an error.
 bool TagStream::findLine(std::size_t begin, std::size_t& end) {
@@ -126,9 +131,7 @@ bool TagStream::findLine(std::size_t begin, std::size_t& end) {
         const void* found = from < to ? std::memchr(from, '\n', to - from) : nullptr;
         end = (found != nullptr ? static_cast<const char*>(found) : to) - m_buffer.data() - m_begin;
         if (end - begin > kLongestLine) {
-            return fail(m_nextLine + (begin > 0 ? 1 : 0),
-                        "the line is longer than " + std::to_string(kLongestLine) +
-                            " bytes; this is no sound DXF drawing");
+            return failTooLong(m_nextLine + (begin > 0 ? 1 : 0));
         }
         if (found != nullptr || m_atEnd) return true;
         searched = end;
@@ -246,6 +249,7 @@ bool TagStream::next(Tag& tag) {
         while (!value.empty() && value.back() == '\r')
             value.remove_suffix(1);
         tag.value = value;
+        if (value.size() > kLongestValue) return failTooLong(m_line + 1);
     } while (tag.code == kComment);
     return m_plain || checkValue(tag.value);
 }

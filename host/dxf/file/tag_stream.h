@@ -57,6 +57,7 @@ class TagStream {
     bool findBoth(std::size_t& codeEnd, std::size_t& valueEnd, int& code);
     bool findLine(std::size_t begin, std::size_t& end);
     bool readCode(std::size_t begin, std::size_t end, int& code);
+    bool failTooLong(long line);
     bool checkValue(std::string_view value);
     bool checkText(std::string_view value, long line);
 

@@ -1,6 +1,8 @@
 // Second step of loading: handles, names, blocks, spaces and owners.
 #include "host/dxf/load/drawing_linker.h"
 
+#include <algorithm>
+
 #include "host/content/dictionary_text.h"
 #include "host/dxf/load/structure_repair.h"
 #include "host/store/body_text.h"
@@ -8,12 +10,6 @@
 #include "host/tags/tags.h"
 
 namespace host {
-namespace {
-
-/// A seed above this is not believed: it would leave no room for new handles.
-constexpr std::uint64_t kHighestSeed = ~std::uint64_t{0} - (std::uint64_t{1} << 31);
-
-}  // namespace
 
 bool DrawingLinker::link() {
     assignHandles();
@@ -33,11 +29,12 @@ bool DrawingLinker::link() {
 void DrawingLinker::assignHandles() {
     const auto value = m_store.headerValue("$HANDSEED");
     const std::uint64_t seed = value ? parseHandle(*value).value_or(0) : 0;
-    if (seed >= m_store.handleSeed()) m_seedRead = seed;
-    if (seed <= kHighestSeed) m_store.raiseHandleSeed(seed);
+    const bool believed = seed <= std::max(kHighestHandle, m_store.handleSeed());
+    if (believed && seed >= m_store.handleSeed()) m_seedRead = seed;
+    if (believed) m_store.raiseHandleSeed(seed);
     // What is supplied must not become the owner that an object names and that is not there.
     for (const ObjectFacts& facts : m_parts.facts) {
-        if (facts.owner < kHighestSeed) m_store.raiseHandleSeed(facts.owner + 1);
+        if (facts.owner < kHighestHandle) m_store.raiseHandleSeed(facts.owner + 1);
     }
     m_slotsRead = m_store.count();
     for (Index index = 1; index <= m_slotsRead; ++index) {
@@ -57,7 +54,7 @@ void DrawingLinker::readDataRecords() {
     // Nor must what is new get the record of an object that is not there.
     for (const DataPiece& piece : m_store.dataRecords().pieces()) {
         const std::uint64_t handle = parseHandle(piece.handle).value_or(0);
-        if (piece.owner == kNoIndex && handle < kHighestSeed) m_store.raiseHandleSeed(handle + 1);
+        if (piece.owner == kNoIndex && handle < kHighestHandle) m_store.raiseHandleSeed(handle + 1);
     }
 }
 
@@ -172,7 +169,27 @@ void DrawingLinker::linkObjects() {
     }
 }
 
-/// Objects without an owner tag belong to the first dictionary that names them.
+/// True when an owner names an object as its own.
+bool DrawingLinker::claims(const ObjectBody& owner, std::uint64_t handle) {
+    const auto [place, isNew] = m_claims.try_emplace(owner.self);
+    TagWalk tag(owner.tags());
+    while (isNew && tag.next())
+        if (isOwnerCode(tag.code())) place->second.insert(parseHandle(tag.value()).value_or(0));
+    return place->second.count(handle) != 0;
+}
+
+/// True when a dictionary of the drawing's, no extension dictionary, has to hold an object: it has
+/// no owner tag, or names an owner that does not know of it and might take it along when it goes.
+bool DrawingLinker::isHeldBy(const ObjectBody& dictionary, const ObjectBody& value) {
+    const bool namesOwner = m_parts.of(value.self).hasOwner;
+    if (value.owner == kNoIndex) return !namesOwner;
+    const Index holder = dictionary.owner;
+    if (holder != kNoIndex && !isObjectKind(m_store.at(holder).kind)) return false;
+    return namesOwner && value.owner != dictionary.self && value.self != holder &&
+           !claims(m_store.at(value.owner), value.handle);
+}
+
+/// Objects that no owner holds belong to the first dictionary that names them.
 void DrawingLinker::adoptDictionaryEntries() {
     const SlotRange& objects = m_parts.objects;
     for (Index index = objects.first; index < objects.end; ++index) {
@@ -183,8 +200,7 @@ void DrawingLinker::adoptDictionaryEntries() {
             ObjectBody* const value = m_store.byHandle(entry.handle);
             const bool isObject =
                 value != nullptr && value->self >= objects.first && value->self < objects.end;
-            if (isObject && value->owner == kNoIndex && !m_parts.of(value->self).hasOwner)
-                value->owner = dictionary.self;
+            if (isObject && isHeldBy(dictionary, *value)) value->owner = dictionary.self;
         }
     }
 }

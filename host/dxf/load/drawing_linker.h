@@ -1,6 +1,8 @@
 // Second step of loading: handles, names, blocks, spaces and owners.
 #pragma once
 
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/dxf/load/drawing_builder.h"
@@ -30,6 +32,8 @@ class DrawingLinker {
     Index spaceOf(Index entity);
     void linkObjects();
     void adoptDictionaryEntries();
+    bool isHeldBy(const ObjectBody& dictionary, const ObjectBody& value);
+    bool claims(const ObjectBody& owner, std::uint64_t handle);
     void breakOwnerCycles();
 
     Store& m_store;
@@ -38,6 +42,7 @@ class DrawingLinker {
     std::uint64_t m_seedRead = 0;  ///< $HANDSEED, when it is above all handles; else 0
     Index m_handlesMissing = 0;
     Index m_slotsRead = 0;  ///< slots behind these were supplied
+    std::unordered_map<Index, std::unordered_set<std::uint64_t>> m_claims;  ///< by owner
     Index m_modelSpace = kNoIndex;
     Index m_paperSpace = kNoIndex;
 };

@@ -6,8 +6,6 @@
 namespace host {
 namespace {
 
-/// Handles above this are refused: they would leave no room for those of new objects.
-constexpr std::uint64_t kHighestHandle = ~std::uint64_t{0} - (std::uint64_t{1} << 32);
 /// Bodies count their bytes in 32 bits.
 constexpr std::size_t kLargestObject = std::size_t{1} << 31;
 

@@ -21,7 +21,7 @@ ObjectBody& addObject(Store& store, Kind kind, const std::string& text, std::uin
 
 Index supplyTable(Store& store, const char* name, Kind kind) {
     if (const Index table = store.table(name)) return table;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     ObjectBody& table = addObject(store, kind,
                                   storedTags({{0, "TABLE"},
                                               {2, name},
@@ -46,7 +46,7 @@ ObjectBody& supplyRecord(Store& store, Index table, const RecordForm& form,
                          std::string_view bytes) {
     const std::wstring name = store.decode(bytes);
     if (ObjectBody* const record = store.symbol(table, name)) return *record;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     std::string text = beginObject(form.type, handle, store.at(table).handle);
     text += storedTags({{100, "AcDbSymbolTableRecord"}, {100, form.markerName}, {2, bytes}});
     text += form.rest;
@@ -107,12 +107,13 @@ void supplyObjects(Store& store) {
     store.section(SectionKind::Entities);
     store.section(SectionKind::Objects);
     if (store.rootDictionary() != kNoIndex) return;
-    const std::uint64_t handle = store.handleSeed();
+    const std::uint64_t handle = store.freeHandle();
     const std::string empty = newDictionaryText(false);
     ObjectBody& root = addObject(store, Kind::Dictionary, withIdentity(empty, handle, 0), handle);
     store.appendChild(store.objectsList(), root);
+    const std::uint64_t next = store.freeHandle();
     ObjectBody& groups =
-        addObject(store, Kind::Dictionary, withIdentity(empty, handle + 1, handle), handle + 1);
+        addObject(store, Kind::Dictionary, withIdentity(empty, next, handle), next);
     store.appendChild(store.objectsList(), groups);
     groups.owner = root.self;
     addEntry(root, L"ACAD_GROUP", groups.handle);

@@ -29,6 +29,7 @@ bool DrawingWriter::write(std::string& why) {
 
 void DrawingWriter::writeSection(const Section& section) {
     // Tags between two sections are kept as a section without a name.
+    refuseLongValues(section.text, "section " + section.name);
     if (section.name.empty()) return append(section.text);
     append("  0\nSECTION\n  2\n");
     append(section.name);
@@ -116,11 +117,24 @@ void DrawingWriter::writeEntity(const ObjectBody& entity) {
 
 void DrawingWriter::writeObject(const ObjectBody& body) {
     if (body.kind == Kind::BlockRecord && m_references.isGone(body.self)) return;
-    append(m_references.cleaned(body));
+    const std::string_view text = m_references.cleaned(body);
+    if (text.size() > kLongestValue)
+        refuseLongValues(text, std::string(body.type()) + " " + formatHandle(body.handle));
+    append(text);
     ++m_written;
     if ((m_written & 0x1FFF) == 0 && m_progress) {
         const double done = static_cast<double>(m_written) / m_store.count();
         m_progress(done < 1.0 ? done : 1.0);
+    }
+}
+
+void DrawingWriter::refuseLongValues(std::string_view text, const std::string& holder) {
+    TagReader reader(text);
+    for (Tag tag; !m_failed && text.size() > kLongestValue && reader.next(tag);) {
+        if (tag.value.size() <= kLongestValue) continue;
+        m_failed = m_refusedValue = true;
+        m_why = "group " + std::to_string(tag.code) + " of " + holder + " is longer than " +
+                std::to_string(kLongestValue) + " bytes";
     }
 }
 

@@ -15,8 +15,10 @@ namespace host {
 class DrawingWriter {
   public:
     DrawingWriter(Store& store, OutputFile& file, const ProgressFunction& progress);
-    /// False with the reason in `why`.
+    /// False with the reason in `why`; a value that no reader would take is one.
     bool write(std::string& why);
+    /// True when it was such a value, which elsewhere could not be written either.
+    bool refusedValue() const { return m_refusedValue; }
 
   private:
     void writeSection(const Section& section);
@@ -28,6 +30,7 @@ class DrawingWriter {
     void writeEntity(const ObjectBody& entity);
     void writeObject(const ObjectBody& body);
     void append(std::string_view text);
+    void refuseLongValues(std::string_view text, const std::string& holder);
     void appendWithCrLf(std::string_view text);
     void flush();
 
@@ -38,6 +41,7 @@ class DrawingWriter {
     std::string m_pending;  ///< not yet written
     Index m_written = 0;    ///< objects so far
     bool m_failed = false;
+    bool m_refusedValue = false;
     std::string m_why;
 };
 

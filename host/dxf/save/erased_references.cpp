@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "host/content/listings.h"
+#include "host/store/body_text.h"
+#include "host/tags/tag_walk.h"
 
 namespace host {
 
@@ -54,6 +56,14 @@ bool ErasedReferences::pointsAtGone(std::string_view text) const {
     return false;
 }
 
+/// True for an object whose named owner goes, but not with it: another one holds it.
+bool ErasedReferences::namesGoneOwner(std::string_view text) const {
+    TagWalk tag(text);
+    while (tag.next() && tag.zone() <= TagZone::Common)
+        if (tag.role() == TagRole::Owner) return isGoneHandle(tag.value());
+    return false;
+}
+
 std::string_view ErasedReferences::withoutGone(const ObjectBody& listing) {
     std::vector<ListedObject> objects = listedObjects(listing);
     const auto gone = [this](const ListedObject& each) {
@@ -70,7 +80,9 @@ std::string_view ErasedReferences::cleaned(const ObjectBody& body) {
     if (none()) return body.tags();
     if (isListing(body, m_recomposed)) return withoutGone(body);
     if (!pointsAtGone(body.tags())) return body.tags();
-    return m_rewriter.rewritten(body);
+    const std::string& text = m_rewriter.rewritten(body);
+    if (!isObjectKind(body.kind) || body.owner == kNoIndex || !namesGoneOwner(text)) return text;
+    return m_owned = withIdentity(text, body.handle, m_store.at(body.owner).handle);
 }
 
 }  // namespace host

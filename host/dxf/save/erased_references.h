@@ -17,7 +17,8 @@ namespace host {
 /// Dropped are: the link to an extension dictionary, reactors, entries of dictionaries, members of
 /// groups, pairs of sort tables, uses in block records, objects in listings (with their number),
 /// boundary objects of hatches (with theirs; such a hatch follows its boundary no longer). Every
-/// other pointer becomes 0. Pointers at handles that never existed stay as they are. Chosen.
+/// other pointer becomes 0, and an erased owner that did not hold the object the one that does.
+/// Pointers at handles that never existed stay as they are. Chosen.
 class ErasedReferences {
   public:
     explicit ErasedReferences(const Store& store);
@@ -34,12 +35,14 @@ class ErasedReferences {
   private:
     bool isGoneHandle(std::string_view value) const;
     bool pointsAtGone(std::string_view text) const;
+    bool namesGoneOwner(std::string_view text) const;
     std::string_view withoutGone(const ObjectBody& listing);
 
     const Store& m_store;
     ReferenceRewriter m_rewriter;
     std::uint64_t m_recomposed = 0;  ///< see listings.h
     std::string m_listing;           ///< the last one that was rewritten
+    std::string m_owned;             ///< the last object that got another owner
     std::vector<bool> m_gone;        ///< by slot index; empty when nothing is erased
 };
 

@@ -1,28 +1,46 @@
 // Saving a drawing: the steps that keep the old drawing or the new one whole at any moment.
 #include "host/dxf/save/save_drawing.h"
 
+#include <cstdlib>
+#include <filesystem>
 #include <new>
 
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/save/drawing_writer.h"
 #include "host/tags/tags.h"
+#include "host/text/paths.h"
 
 namespace host {
 namespace {
+
+constexpr std::string_view kTemporaryHead = ".dxf-", kTemporaryTail = ".tmp";
+
+/// The process that has made a temporary file; 0 for a file of another kind.
+unsigned long makerOf(const std::string& name) {
+    if (name.rfind(kTemporaryHead, 0) != 0 || name.size() < kTemporaryTail.size()) return 0;
+    if (name.substr(name.size() - kTemporaryTail.size()) != kTemporaryTail) return 0;
+    return std::strtoul(name.c_str() + kTemporaryHead.size(), nullptr, 10);
+}
+
+/// Removes what processes that are gone have left in the folder of `target`.
+void removeLeftovers(const std::string& target) {
+    const std::string folder = folderPart(target);
+    std::error_code failure;
+    std::filesystem::directory_iterator at(pathFromUtf8(folder.empty() ? "." : folder), failure);
+    for (; !failure && at != std::filesystem::directory_iterator(); at.increment(failure)) {
+        const unsigned long maker = makerOf(utf8OfPath(at->path().filename()));
+        if (maker != 0 && !processLives(maker)) removeFile(utf8OfPath(at->path()));
+    }
+}
 
 /// A file that is removed unless it found its place under another name.
 class TemporaryFile {
   public:
     ~TemporaryFile() { remove(); }
 
-    /// A name in the folder of `target` that is not taken; short, so that it fits everywhere.
-    void nameBeside(const std::string& target) {
-        static unsigned long number = 0;
-        do {
-            m_path = folderPart(target) + ".dxf-" + std::to_string(processNumber()) + "-" +
-                     std::to_string(++number) + ".tmp";
-        } while (placeOf(m_path) == FilePlace::File);
-    }
+    explicit TemporaryFile(const std::string& target) : m_path(temporaryBeside(target)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
     const std::string& path() const { return m_path; }
     bool moveTo(const std::string& target, std::string& why) {
         if (!renameOver(m_path, target, why)) return false;
@@ -48,36 +66,54 @@ void updateHandleSeed(Store& store) {
     store.setHeaderValue("$HANDSEED", 5, formatHandle(store.handleSeed()));
 }
 
+/// Why a drawing was not written, and what to do about it.
+struct Problem {
+    std::string why;
+    const char* advice = "save elsewhere";
+};
+
 bool writeFile(Store& store, const std::string& path, const std::string& former,
-               const ProgressFunction& progress, std::string& why) {
+               const ProgressFunction& progress, Problem& problem) {
     OutputFile file;
-    if (!file.create(path, why)) return false;
-    if (!former.empty() && !file.takePermissionsOf(former, why)) return false;
-    return DrawingWriter(store, file, progress).write(why) && file.flushToDisk(why) &&
-           file.close(why);
+    if (!file.create(path, problem.why)) return false;
+    if (!former.empty() && !file.takePermissionsOf(former, problem.why)) return false;
+    DrawingWriter writer(store, file, progress);
+    if (writer.write(problem.why)) return file.flushToDisk(problem.why) && file.close(problem.why);
+    if (writer.refusedValue()) problem.advice = "shorten it";
+    return false;
 }
 
 /// Keeps the former file under its backup name. The target's name stays in place meanwhile.
 bool keepFormer(const std::string& target, std::string& why) {
-    TemporaryFile second;
-    second.nameBeside(target);
+    TemporaryFile second(target);
     return duplicateFile(target, second.path(), why) && second.moveTo(backupPath(target), why);
 }
 
-bool replaceTarget(Store& store, const std::string& target, const ProgressFunction& progress,
-                   FormerFile former, std::string& why) {
+/// Why nothing may come to stand at a path; empty when it may.
+std::string refusal(const std::string& target) {
     const FilePlace place = placeOf(target);
-    const bool exists = place == FilePlace::File;
-    if (place == FilePlace::Folder) why = "Is a directory";
-    if (place == FilePlace::Other) why = "Is not a regular file";
-    if (exists && !isWritable(target)) why = "Is write-protected";
-    if (!why.empty()) return false;
-    TemporaryFile temporary;
-    temporary.nameBeside(target);
-    if (!writeFile(store, temporary.path(), exists ? target : "", progress, why)) return false;
-    const bool keeps = exists && former == FormerFile::KeptAsBackup;
-    if (keeps && !keepFormer(target, why)) return false;
-    return temporary.moveTo(target, why);
+    if (place == FilePlace::Folder) return "Is a directory";
+    if (place == FilePlace::Other) return "Is not a regular file";
+    return place == FilePlace::File && !isWritable(target) ? "Is write-protected" : "";
+}
+
+bool replaceTarget(Store& store, const std::string& target, const SaveOptions& options,
+                   Problem& problem) {
+    problem.why = refusal(target);
+    if (!problem.why.empty()) return false;
+    removeLeftovers(target);
+    const bool exists = placeOf(target) == FilePlace::File;
+    TemporaryFile temporary(target);
+    if (!writeFile(store, temporary.path(), exists ? target : "", options.progress, problem))
+        return false;
+    if (!options.staged.empty()) return temporary.moveTo(options.staged, problem.why);
+    const bool keeps = exists && options.former == FormerFile::KeptAsBackup;
+    if (keeps && !keepFormer(target, problem.why)) return false;
+    return temporary.moveTo(target, problem.why);
+}
+
+void tell(const Problem& problem, DxfError& error) {
+    error.text = "cannot be written: " + problem.why + "; nothing was changed, " + problem.advice;
 }
 
 }  // namespace
@@ -94,19 +130,44 @@ std::string backupPath(const std::string& path) {
     return (extension == ".bak" ? path : path.substr(0, dot)) + ".bak";
 }
 
+std::string temporaryBeside(const std::string& path) {
+    static unsigned long number = 0;
+    std::string name;
+    do {
+        name = folderPart(path) + std::string(kTemporaryHead) + std::to_string(processNumber()) +
+               "-" + std::to_string(++number) + std::string(kTemporaryTail);
+    } while (placeOf(name) == FilePlace::File);
+    return name;
+}
+
+bool takeStaged(const std::string& staged, const std::string& path, DxfError& error) {
+    error = {path, 0, {}};
+    const std::string target = withoutLinks(path);
+    Problem problem{refusal(target)};
+    const auto taken = [&] {
+        if (!problem.why.empty()) return false;
+        const bool exists = placeOf(target) == FilePlace::File;
+        return (!exists || keepFormer(target, problem.why)) &&
+               renameOver(staged, target, problem.why);
+    };
+    if (taken()) return flushFolderOf(target, problem.why), true;
+    tell(problem, error);
+    return false;
+}
+
 bool saveDrawing(Store& store, const std::string& path, DxfError& error,
-                 const ProgressFunction& progress, FormerFile former) {
+                 const SaveOptions& options) {
     error = {path, 0, {}};
     try {
         updateHandleSeed(store);
         const std::string target = withoutLinks(path);
-        std::string why;
-        if (!replaceTarget(store, target, progress, former, why)) {
-            error.text = "cannot be written: " + why + "; nothing was changed, save elsewhere";
+        Problem problem;
+        if (!replaceTarget(store, target, options, problem)) {
+            tell(problem, error);
             return false;
         }
         // The new drawing is in place; only a power cut right now could still bring the old one.
-        flushFolderOf(target, why);
+        flushFolderOf(target, problem.why);
         return true;
     } catch (const std::bad_alloc&) {
         error.text = "cannot be written: out of memory; nothing was changed, close other programs";

@@ -12,6 +12,14 @@ namespace host {
 /// What becomes of the file that a save replaces.
 enum class FormerFile { KeptAsBackup, Replaced };
 
+struct SaveOptions {
+    ProgressFunction progress = {};
+    FormerFile former = FormerFile::KeptAsBackup;
+    /// When it is not empty: the drawing is only made ready for its place under this name, in the
+    /// folder of the target; takeStaged() puts it there.
+    std::string staged = {};
+};
+
 /// Writes the drawing in the version, encoding and line ending it was loaded with; false, with one
 /// clear line in `error` and the target untouched, when that fails.
 ///
@@ -23,11 +31,21 @@ enum class FormerFile { KeptAsBackup, Replaced };
 /// the target's name the old drawing or the new one stands whole at any moment. Unless it is just
 /// `Replaced`, the former file is kept as NAME.bak: "plan.dxf" as "plan.bak", replacing an older
 /// one (a target that ends in ".bak" itself gets a second ".bak" behind it). Permissions of an
-/// existing target stay, a symbolic link is followed. A kill while writing can leave a file
-/// ".dxf-<number>.tmp" behind.
+/// existing target stay, and its extended attributes where there are any; a symbolic link is
+/// followed. Other names of the target (hard links) keep the former content. A kill while writing
+/// can leave a file ".dxf-<process>-<number>.tmp" behind: the next save into the folder removes
+/// those whose process is gone.
+///
+/// A value longer than kLongestValue bytes is refused, since no reader would take it.
 bool saveDrawing(Store& store, const std::string& path, DxfError& error,
-                 const ProgressFunction& progress = {},
-                 FormerFile former = FormerFile::KeptAsBackup);
+                 const SaveOptions& options = {});
+
+/// Puts a drawing that was saved as `staged` to its place, keeping the former file as a backup;
+/// false, with the error and the target untouched, when that fails.
+bool takeStaged(const std::string& staged, const std::string& path, DxfError& error);
+
+/// A name in the folder of `path` that is not taken; short, so that it fits everywhere.
+std::string temporaryBeside(const std::string& path);
 
 /// Path under which a save to `path` keeps the former file.
 std::string backupPath(const std::string& path);

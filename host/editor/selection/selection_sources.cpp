@@ -65,11 +65,9 @@ std::vector<AcDbObjectId> selectMatching(const Store& store, const SelectionFilt
 }
 
 std::vector<AcDbObjectId> selectLast(const Store& store) {
-    Index last = store.lastLive(store.currentSpace());
-    while (last != kNoIndex && !isDrawn(store, store.at(last)))
-        last = store.previousLive(store.at(last));
-    if (last == kNoIndex) return {};
-    return {store.idOf(last)};
+    const AcDbObjectId last = lastDrawn(store);
+    if (last.isNull()) return {};
+    return {last};
 }
 
 std::vector<AcDbObjectId> selectPrevious() {
