@@ -139,7 +139,7 @@ def conversation(session):
 ESCAPE = None
 # What a person types: with blanks and quotes, wrongly, with Esc at every stage, and Enter to repeat.
 TYPED = ["LINE", "0,0", "nowhere", "5,5", ESCAPE, "", "@1,1 2,2", "", "TEXT 1,1 1 0", '; "say  so', "TEXT",
-         "1,2", "", "", "what (it", "PICK L", "MOVE", "0,0", ESCAPE, "ERASE", "L", "", "NONSENSE",
+         "1,2", "", "", "what (it", "PICK L", "MOVE", "0,0", ESCAPE, "ERASE", '(handent "50")', "", "NONSENSE",
          "CIRCLE 0,0 3", "U", "", "REDO", "COPY", "L", "nothing", "R", "L", "A", '(handent "40")', "",
          "0,0", "1,1", "2,2", ESCAPE, "PICK ALL", ESCAPE, "VelmoGROUPMAKE W 7,0 10,8", "", "MIRROR C 9,3 9.5,4",
          "", "0,0", "0,0", "0,1", "", "PICKADD 0", "QSAVE"]
