@@ -103,7 +103,8 @@ TEST_F(Saving, WhatIsSavedOpensAgain) {
 }
 
 TEST_F(Saving, AnObjectOutlivesAnOwnerThatDoesNotHoldIt) {
-    const std::string foreign = tagsOf(with(kDrawing, "0 LAYOUT|5 62|330 42", "0 LAYOUT|5 62|330 30"));
+    const std::string foreign =
+        tagsOf(with(kDrawing, "0 LAYOUT|5 62|330 42", "0 LAYOUT|5 62|330 30"));
     const std::string note =
         "note: LAYOUT 62: the owner is LINE 30, which does not hold it, but DICTIONARY 42 does\n";
     EXPECT_EQ(findings(foreign), note);
