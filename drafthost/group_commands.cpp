@@ -2,6 +2,7 @@
 #include "drafthost/group_commands.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "drafthost/drawing_inspection.h"

@@ -33,8 +33,8 @@ std::string repairIn(const std::wstring& command) {
 
 class GroupWatch::Reactor : public AcEditorReactor {
   public:
-    Reactor(std::string path, std::string shown)
-        : m_path(std::move(path)), m_shown(std::move(shown)) {}
+    Reactor(std::string path, std::string shown, std::function<void(const std::string&)> say)
+        : m_path(std::move(path)), m_shown(std::move(shown)), m_say(std::move(say)) {}
 
     void beginSave(AcDbDatabase* drawing, const ACHAR* name) override {
         warnOfDamage(drawing->store(), host::toUtf8(name));
@@ -69,8 +69,8 @@ class GroupWatch::Reactor : public AcEditorReactor {
             [](const host::Finding& finding) { return finding.severity == host::Severity::Error; });
         const std::size_t count = store.supplied + static_cast<std::size_t>(errors);
         if (count == 0) return;
-        complain(shownFor(name) + ": damaged before: " + std::to_string(count) +
-                 (count == 1 ? " finding" : " findings") + ", see --check");
+        m_say(shownFor(name) + ": damaged before: " + std::to_string(count) +
+              (count == 1 ? " finding" : " findings") + ", see --check");
     }
     void look(AcDbDatabase& drawing) { m_before = inspectDrawing(drawing, false); }
     void tell(AcDbDatabase& drawing, const std::string& name, const std::string& repair) {
@@ -79,20 +79,21 @@ class GroupWatch::Reactor : public AcEditorReactor {
         if (m_before.groups.empty()) return;
         lines = inspection::changes(m_before, inspectDrawing(drawing, false), repair);
         for (const std::string& line : lines)
-            complain(shownFor(name) + ": " + line);
+            m_say(shownFor(name) + ": " + line);
     }
     const std::string& shownFor(const std::string& path) const {
         return path == m_path ? m_shown : path;
     }
 
     std::string m_path, m_shown;
-
+    std::function<void(const std::string&)> m_say;
     inspection::Inspection m_before;
     std::set<std::uint32_t> m_checked;  ///< serial numbers of stores
 };
 
-GroupWatch::GroupWatch(std::string path, std::string shown)
-    : m_reactor(std::make_unique<Reactor>(std::move(path), std::move(shown))) {
+GroupWatch::GroupWatch(std::string path, std::string shown,
+                       std::function<void(const std::string&)> tell)
+    : m_reactor(std::make_unique<Reactor>(std::move(path), std::move(shown), std::move(tell))) {
     editor()->addReactor(m_reactor.get());
 }
 

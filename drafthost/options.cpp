@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr const char* kPartOption = "--part";  ///< --window behind --picture
+
 std::string notEmpty(const std::string& text) { return text.empty() ? "the name is empty" : ""; }
 
 std::string isAssignment(const std::string& text) {
@@ -80,6 +82,15 @@ void declareSession(CLI::App& app, Options& options) {
         ->check(isSwitch);
 }
 
+void declareWindow(CLI::App& app, Options& options) {
+    app.add_flag("--window", options.window,
+                 "work on the drawing in the browser; behind --picture with X1,Y1,X2,Y2: draw "
+                 "what lies between these corners alone")
+        ->disable_flag_override();
+    app.add_flag("--no-browser", options.noBrowser, "--window prints its address alone")
+        ->disable_flag_override();
+}
+
 void declareReading(CLI::App& app, Options& options) {
     app.add_flag("--check", options.check, "check the drawings, change nothing")
         ->disable_flag_override();
@@ -105,8 +116,8 @@ void declareReading(CLI::App& app, Options& options) {
     app.add_option("--group", options.group, "this group alone, by its number in the picture")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""));
-    app.add_option("--window", options.corners, "what lies between two corners alone")
-        ->type_name("X1,Y1,X2,Y2")
+    app.add_option(kPartOption, options.corners, "")
+        ->group("")  // the help has it as --window
         ->delimiter(',')
         ->expected(4)
         ->allow_extra_args(false);
@@ -138,6 +149,7 @@ void declare(CLI::App& app, Options& options) {
     declareScripts(app, options);
     declareChanging(app, options);
     declareSession(app, options);
+    declareWindow(app, options);
     declareReading(app, options);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
     app.get_formatter()->column_width(28);
@@ -205,6 +217,15 @@ std::string pictureProblem(const Options& options) {
     return scriptProblem(options, "--picture");
 }
 
+std::string windowProblem(const Options& options, const std::string& purpose) {
+    if (!options.window) return options.noBrowser ? "--no-browser belongs to --window" : "";
+    if (!purpose.empty() || !options.script.empty())
+        return "--window is a run of its own: it takes no script, and nothing is listed";
+    return options.files.size() > 1
+               ? "--window takes one drawing, not also \"" + options.files[1] + "\""
+               : "";
+}
+
 /// What no single option can tell; empty when all is well.
 std::string contradiction(const Options& options) {
     const std::vector<std::string> all = purposes(options);
@@ -220,7 +241,22 @@ std::string contradiction(const Options& options) {
     if (options.noModule && !options.module.empty())
         return "--module and --no-module exclude each other";
     if (!options.picture.empty()) return pictureProblem(options);
+    if (const std::string problem = windowProblem(options, purpose); !problem.empty())
+        return problem;
     return scriptProblem(options, purpose);
+}
+
+/// --window is two options: with --picture it names a part of the drawing.
+void tellWindowsApart(std::vector<std::string>& arguments) {
+    const std::string picture = "--picture", window = "--window";
+    const bool draws =
+        std::any_of(arguments.begin(), arguments.end(), [&](const std::string& argument) {
+            return argument == picture || argument.rfind(picture + "=", 0) == 0;
+        });
+    for (std::string& argument : arguments) {
+        if (draws && (argument == window || argument.rfind(window + "=", 0) == 0))
+            argument.replace(0, window.size(), kPartOption);
+    }
 }
 
 }  // namespace
@@ -234,6 +270,7 @@ bool parseOptions(std::vector<std::string> arguments, Options& options, std::str
         error = "/i needs a drawing";
         return false;
     }
+    tellWindowsApart(arguments);
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(std::move(arguments));

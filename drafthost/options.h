@@ -25,6 +25,8 @@ struct Options {
     bool groups = false;
     bool layers = false;
     bool json = false;       ///< what --check, --groups or --layers list, as JSON
+    bool window = false;     ///< the session in the browser
+    bool noBrowser = false;  ///< its address alone
     std::string makeGroups;  ///< by "layer", "block" or "color"; empty: no groups are made
     std::string only = "*";  ///< names to make groups for
     int least = 2;           ///< entities for a group

@@ -17,6 +17,7 @@
 #include "drafthost/process.h"
 #include "drafthost/script_job.h"
 #include "drafthost/terminal.h"
+#include "drafthost/window_job.h"
 #include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
@@ -166,6 +167,8 @@ int runTerminal(host::Session& session) {
     return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
 }
 
+void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
+
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
@@ -175,9 +178,12 @@ int runDrawing(const Options& options, const Job& job) {
     auto session = std::make_unique<host::Session>();
     session->setProgress(showProgress);
     registerGroupCommands(*session);
-    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file);
+    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file,
+                                              options.window ? tellOnCommandLine : complain);
     int status = start(*session, options, job);
-    if (status == kDone && changesByItself(options)) {
+    if (status == kDone && options.window) {
+        status = runWindow(*session, options);
+    } else if (status == kDone && changesByItself(options)) {
         status = runGroupJob(*session, options, job);
     } else if (status == kDone && !options.script.empty()) {
         status = runJob(*session, options, job);
@@ -194,9 +200,13 @@ int runDrawing(const Options& options, const Job& job) {
 
 int runSession(const Options& given) {
     Options options = given;
+    if (const std::string missing = missingForWindow(); options.window && !missing.empty()) {
+        complain("--window: " + missing);
+        return kUsage;
+    }
     // Several drawings need a script that is named: parseOptions has seen to that.
-    if (options.script.empty() && !changesByItself(options) && !standardInputIsTerminal())
-        options.script = "-";
+    const bool asks = changesByItself(options) || options.window;
+    if (options.script.empty() && !asks && !standardInputIsTerminal()) options.script = "-";
     std::string script;
     if (!options.script.empty() && !readScript(options.script, script)) return kUsage;
     const OutputFolder folder(options);

@@ -79,7 +79,8 @@ class EditedTerminal : public Terminal {
         return CC_EOF;
     }
     static unsigned char onTabKey(EditLine* editor, int key);
-    bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
+    bool readLine(const std::wstring& prompt, host::InputUnit unit, std::wstring& line,
+                  host::Answer& otherwise) override;
 
     KeyReader m_keys{interruptRequested};
     EditLine* m_editor;
@@ -150,11 +151,11 @@ unsigned char EditedTerminal::onTabKey(EditLine* editor, int) {
     return CC_REFRESH;
 }
 
-bool EditedTerminal::readLine(const std::wstring& prompt, std::wstring& line,
+bool EditedTerminal::readLine(const std::wstring& prompt, host::InputUnit, std::wstring& line,
                               host::Answer& otherwise) {
     int length = 0;
     flushOutput();
-    m_atEmptyPrompt = asksForCommand(prompt);
+    m_atEmptyPrompt = host::asksForCommand(prompt);
     m_prompt = m_open.empty() ? host::toUtf8(prompt) : std::exchange(m_open, {});
     // The editor prints its prompt before it takes the keys, so they are taken here first. Ctrl+C
     // pressed since the last answer counts: it was typed ahead.

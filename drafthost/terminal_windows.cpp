@@ -19,10 +19,12 @@ class ConsoleTerminal : public Terminal {
 
   private:
     bool m_gone = false;
-    bool readLine(const std::wstring& prompt, std::wstring& line, host::Answer& otherwise) override;
+    bool readLine(const std::wstring& prompt, host::InputUnit unit, std::wstring& line,
+                  host::Answer& otherwise) override;
 };
 
-bool ConsoleTerminal::readLine(const std::wstring&, std::wstring& line, host::Answer& otherwise) {
+bool ConsoleTerminal::readLine(const std::wstring&, host::InputUnit, std::wstring& line,
+                               host::Answer& otherwise) {
     flushOutput();
     wchar_t buffer[4096];
     DWORD length = 0;

@@ -24,7 +24,7 @@ done
 # The module builds from the same sources everywhere and sees only the platform.
 module=(module/*.cpp module/*.h module/entry/* storage/* commands/* tracking/* support/*)
 grep -nE '^\s*#\s*if' "${module[@]}" && report "conditional compilation in the module"
-grep -nE '#include "(host|tests|drafthost|inspection|picture)/' "${module[@]}" && report "the module looks into the host"
+grep -nE '#include "(host|tests|drafthost|inspection|picture|window)/' "${module[@]}" && report "the module looks into the host"
 grep -nE '#include <(windows|afx)' "${module[@]}" | grep -v '^support/platform.h' &&
     report "only support/platform.h names the platform's headers"
 scripts/module_language.py || report "the platform's compiler cannot compile the lines above"
@@ -61,8 +61,12 @@ picture_sees=$(awk '!/^#/ && NF > 0 { print $1 } $1 == "picking" { exit }' host/
 grep -nE '#include "' picture/*.cpp picture/*.h |
     grep -vE "\"(picture|inspection|host/($picture_sees))/" &&
     report "the picture sees more than the host down to picking"
+# The window sees the host, the picture and the inspection; of all others the program alone sees it.
+grep -nE '#include "' window/*.cpp window/*.h | grep -vE '"(window|picture|inspection|host)/' &&
+    report "the window sees more than host, picture and inspection"
+grep -rnE '#include "window/' host inspection picture && report "somebody looks up at the window"
 # What sets the module's per-user switches knows where they are from its version resource.
-grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture |
+grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture window |
     grep -v '"module/version.h"' && report "the host knows the module"
 
 # Each header compiles by itself. One that a source includes before all others is shown to by the

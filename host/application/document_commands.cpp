@@ -67,6 +67,15 @@ PromptStatus promptSaveName(const HostDocument& document, std::string& path) {
     return promptFile(question, path);
 }
 
+/// A question that a script is not asked: its answer is no line of one.
+std::optional<std::size_t> promptPerson(const std::wstring& question,
+                                        const std::vector<std::wstring>& words,
+                                        std::size_t standard) {
+    const auto answer = promptWord(question, words, standard);
+    inputSource()->disregardAnswer();
+    return answer;
+}
+
 bool personAnswers() { return inputSource() != nullptr && inputSource()->interactive(); }
 
 /// A person is asked before another file is replaced; EXPERT 2 and above keeps from asking.
@@ -75,7 +84,7 @@ bool mayReplace(const HostDocument& document, const std::string& path) {
     if (!personAnswers() || sysvarInteger(L"EXPERT") >= kNotAsked) return true;
     if (!exists(path) || fromUtf8(absolutePath(path)) == document.path()) return true;
     const std::wstring question = L"\n" + fromUtf8(path) + L" exists. Replace it? [Yes/No] <No>: ";
-    return promptWord(question, {L"Yes", L"No"}, 1) == 0;
+    return promptPerson(question, {L"Yes", L"No"}, 1) == 0;
 }
 
 /// Saves the current drawing, under its own name when `path` is empty, and says where.
@@ -117,7 +126,7 @@ CommandStatus letGo(const HostDocument& document) {
     if (!document.changed() || !personAnswers()) return CommandStatus::Done;
     const std::wstring question = L"\nSave the changes to " + std::wstring(document.fileName()) +
                                   L"? [Yes/No/Cancel] <Yes>: ";
-    const auto answer = promptWord(question, {L"Yes", L"No", L"Cancel"}, 0);
+    const auto answer = promptPerson(question, {L"Yes", L"No", L"Cancel"}, 0);
     if (answer == 0) return saveCurrent();
     return answer == 1 ? CommandStatus::Done : CommandStatus::Cancelled;
 }

@@ -31,6 +31,7 @@ class WatchedSource : public InputSource {
         return answer;
     }
     bool interactive() const override { return m_source.interactive(); }
+    void disregardAnswer() override { m_source.disregardAnswer(); }
     bool over() const { return m_over; }
 
   private:

@@ -8,6 +8,7 @@ namespace host {
 PromptStatus promptPointOrWord(const std::wstring& question, const AcGePoint3d* base,
                                const std::wstring& words, AcGePoint3d& point, wchar_t& word) {
     word = 0;
+    const Asking asking(Wanted::Point, base);
     for (;;) {
         const Answer answer = prompt(question);
         if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;

@@ -55,12 +55,20 @@ void Journal::dropOldest() {
     }
 }
 
+std::vector<Index> Journal::takeChanged() {
+    std::sort(m_changed.begin(), m_changed.end());
+    m_changed.erase(std::unique(m_changed.begin(), m_changed.end()), m_changed.end());
+    return std::exchange(m_changed, {});
+}
+
 void Journal::made(const ObjectBody& body) {
+    noteChanged(body.self);
     if (!m_recording) return;
     m_open.changes.push_back({body.self, {}});
 }
 
 void Journal::note(const ObjectBody& body, bool withText) {
+    noteChanged(body.self);
     // What the command made itself is gone with it, whatever became of it meanwhile.
     if (!m_recording || body.self >= m_newFrom) return;
     const auto [place, isNew] = m_places.emplace(body.self, m_open.changes.size());
@@ -95,6 +103,7 @@ Journal::State Journal::stateOf(const ObjectBody& body, bool withText) const {
 }
 
 void Journal::exchange(ObjectBody& body, State& state) {
+    noteChanged(body.self);
     State now = stateOf(body, state.hasText);
     if (now.linked && !state.linked) m_store.unlink(body);
     if (!now.linked && state.linked) m_store.link(body);

@@ -35,6 +35,11 @@ class Journal {
     /// Redoes what the last undo undid that was not redone yet. Gives the names, earliest first.
     std::vector<std::wstring> redo();
 
+    /// From here on the slots of all that changes are noted, in commands and outside.
+    void watch() { m_watching = true; }
+    /// Slots of what changed since it was last asked, each once; lowest first.
+    std::vector<Index> takeChanged();
+
     // --- called by the store, each before the change -------------------------------------------
     void made(const ObjectBody& body);
     void flagsChange(const ObjectBody& body) { note(body, false); }
@@ -70,11 +75,16 @@ class Journal {
     void note(const ObjectBody& body, bool withText);
     bool changesAnything(const Step& step) const;
     State stateOf(const ObjectBody& body, bool withText) const;
+    void noteChanged(Index index) {
+        if (m_watching) m_changed.push_back(index);
+    }
     void exchange(Step& step, bool backwards);
     void exchange(ObjectBody& body, State& state);
     void dropOldest();
 
     Store& m_store;
+    bool m_watching = false;
+    std::vector<Index> m_changed;
     bool m_recording = false;
     Step m_open;
     Index m_newFrom = kNoIndex;  ///< slots from here on are the open command's own

@@ -17,6 +17,7 @@ namespace host {
 namespace {
 
 InputSource* source = nullptr;
+Question asked;
 
 std::wstring withoutBlanks(const std::wstring& text) {
     std::size_t begin = 0, end = text.size();
@@ -58,6 +59,18 @@ void setInputSource(InputSource* newSource) { source = newSource; }
 
 InputSource* inputSource() { return source; }
 
+const Question& question() { return asked; }
+
+Asking::Asking(Wanted wanted, const AcGePoint3d* base) : m_former(asked) {
+    asked = {wanted, base != nullptr ? std::make_optional(*base) : std::nullopt};
+}
+
+Asking::Asking(const std::vector<AcDbObjectId>& chosen) : m_former(asked) {
+    asked = {Wanted::Selection, std::nullopt, &chosen};
+}
+
+Asking::~Asking() { asked = m_former; }
+
 Answer prompt(const std::wstring& text, InputUnit unit) {
     Answer answer{Answer::Kind::End, {}};
     if (inputAllowed("a prompt")) {
@@ -75,7 +88,10 @@ Answer prompt(const std::wstring& text, InputUnit unit) {
 
 bool wrongAnswer(const std::wstring& explanation) {
     printLine(explanation + L".");
-    if (source != nullptr && source->interactive()) return true;
+    if (source != nullptr && source->interactive()) {
+        source->disregardAnswer();
+        return true;
+    }
     noteWrongAnswer();
     noteProblem(explanation);
     return false;
@@ -95,6 +111,7 @@ PromptStatus promptPoint(const std::wstring& text, const AcGePoint3d* base, AcGe
         if (parsed) point = *parsed;
         return parsed.has_value();
     };
+    const Asking asking(Wanted::Point, base);
     return ask(text, InputUnit::Token, kNoPoint, read);
 }
 
@@ -141,6 +158,7 @@ PromptStatus promptText(const std::wstring& text, std::wstring& value) {
 
 PromptStatus promptFile(const std::wstring& text, std::string& path) {
     const bool person = source != nullptr && source->interactive();
+    const Asking asking(Wanted::File);
     const Answer answer = prompt(text, person ? InputUnit::Line : InputUnit::Token);
     if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
     if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;

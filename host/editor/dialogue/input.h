@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/objectarx/geometry.h"
+#include "host/objectarx/object_id.h"
 
 namespace host {
 
@@ -33,6 +34,32 @@ class InputSource {
     /// True when a person types: the source shows what is typed by itself, and a wrong answer is
     /// asked for again.
     virtual bool interactive() const { return false; }
+    /// The answer last given is none that a script of the same work would hold: it was wrong and is
+    /// asked for again, or a person alone is asked.
+    virtual void disregardAnswer() {}
+};
+
+/// What the prompt in progress takes: typed words, the name of a file, or what a source may let a
+/// person point at.
+enum class Wanted { Words, File, Point, Selection, Entity };
+struct Question {
+    Wanted wanted = Wanted::Words;
+    std::optional<AcGePoint3d> base = {};               ///< that a point is drawn from
+    const std::vector<AcDbObjectId>* chosen = nullptr;  ///< of a selection, until now
+};
+const Question& question();
+/// Sets it for as long as this lives.
+class Asking {
+  public:
+    explicit Asking(Wanted wanted, const AcGePoint3d* base = nullptr);
+    /// For a selection; the list lives as long.
+    explicit Asking(const std::vector<AcDbObjectId>& chosen);
+    ~Asking();
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    Question m_former;
 };
 
 /// The source that prompts read from; owned by the caller. Null: every prompt is cancelled.

@@ -49,6 +49,7 @@ int acedEntSel(const ACHAR* text, ads_name entity, ads_point point) {
     const int bits = takeInputOptions();
     if (!inputAllowed("acedEntSel") || store == nullptr || entity == nullptr || point == nullptr)
         return RTERROR;
+    const Asking asking(Wanted::Entity);
     for (;;) {
         const Answer answer = prompt(text == nullptr ? L"\nSelect object: " : text);
         if (answer.kind == Answer::Kind::Enter) {

@@ -104,6 +104,7 @@ class Dialogue {
 };
 
 PromptStatus Dialogue::run(const std::wstring& text) {
+    const Asking asking(m_set.ids());
     for (;;) {
         const Answer answer = prompt(m_removing ? L"\nRemove objects: " : text);
         if (answer.kind == Answer::Kind::Enter)
