@@ -2,6 +2,7 @@
 #include "common/scene.h"
 #include "host/control/faults.h"
 #include "host/editor/state/document_state.h"
+#include "host_guards.h"
 
 namespace {
 
@@ -50,6 +51,23 @@ TEST(RefusedCall, LeavesEntitiesAsTheyWere) {
         scene.run(L"REGEN\n");
         EXPECT_EQ(scene.order(), each.regenerated);
     }
+}
+
+TEST(RefusedCall, GivesARecordBackThatStoodBesideAnother) {
+    Scene scene("(line line)");
+    {
+        Opened<AcDbObject> member;
+        Opened<AcDbDictionary> dictionary;
+        acdbOpenObject(member.receive(), scene.entities()[1], AcDb::kForRead);
+        acdbOpenObject(dictionary.receive(), member->extensionDictionary(), AcDb::kForWrite);
+        const NewObject<AcDbXrecord> other(new AcDbXrecord);
+        AcDbObjectId id;
+        ASSERT_EQ(dictionary->setAt(L"OTHER", other.get(), id), Acad::eOk);
+    }
+    host::setFaultPlan({1, false, "AcDbDatabase::deepCloneObjects"});
+    scene.after(L"VelmoGROUPREMOVEMEMBER #2\n\n");
+    host::setFaultPlan({});
+    EXPECT_EQ(scene.order(), "begin(1) line* line* end");
 }
 
 }  // namespace
