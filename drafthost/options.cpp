@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr const char* kPartOption = "--part";  ///< --window behind --picture
-
 std::string notEmpty(const std::string& text) { return text.empty() ? "the name is empty" : ""; }
 
 std::string isAssignment(const std::string& text) {
@@ -82,11 +80,20 @@ void declareSession(CLI::App& app, Options& options) {
         ->check(isSwitch);
 }
 
-void declareWindow(CLI::App& app, Options& options) {
-    app.add_flag("--window", options.window,
-                 "work on the drawing in the browser; behind --picture with X1,Y1,X2,Y2: draw "
-                 "what lies between these corners alone")
-        ->disable_flag_override();
+/// --window is the browser or, beside --picture, a part of the drawing.
+void declareWindow(CLI::App& app, Options& options, bool draws) {
+    if (draws) {
+        app.add_option("--window", options.corners, "what lies between two corners alone")
+            ->type_name("X1,Y1,X2,Y2")
+            ->delimiter(',')
+            ->expected(4)
+            ->allow_extra_args(false);
+    } else {
+        app.add_flag("--window", options.window,
+                     "work on the drawing in the browser; with --picture and X1,Y1,X2,Y2: draw "
+                     "what lies between these corners alone")
+            ->disable_flag_override();
+    }
     app.add_flag("--no-browser", options.noBrowser, "--window prints its address alone")
         ->disable_flag_override();
 }
@@ -116,11 +123,6 @@ void declareReading(CLI::App& app, Options& options) {
     app.add_option("--group", options.group, "this group alone, by its number in the picture")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""));
-    app.add_option(kPartOption, options.corners, "")
-        ->group("")  // the help has it as --window
-        ->delimiter(',')
-        ->expected(4)
-        ->allow_extra_args(false);
 }
 
 void declareChanging(CLI::App& app, Options& options) {
@@ -142,14 +144,14 @@ void declareChanging(CLI::App& app, Options& options) {
         ->disable_flag_override();
 }
 
-void declare(CLI::App& app, Options& options) {
+void declare(CLI::App& app, Options& options, bool draws) {
     app.add_option("drawing.dxf", options.files, "the drawings to open or to read")
         ->type_name("")
         ->check(notEmpty);
     declareScripts(app, options);
     declareChanging(app, options);
     declareSession(app, options);
-    declareWindow(app, options);
+    declareWindow(app, options, draws);
     declareReading(app, options);
     app.set_version_flag("--version", "drafthost " DRAFTHOST_VERSION);
     app.get_formatter()->column_width(28);
@@ -246,17 +248,11 @@ std::string contradiction(const Options& options) {
     return scriptProblem(options, purpose);
 }
 
-/// --window is two options: with --picture it names a part of the drawing.
-void tellWindowsApart(std::vector<std::string>& arguments) {
-    const std::string picture = "--picture", window = "--window";
-    const bool draws =
-        std::any_of(arguments.begin(), arguments.end(), [&](const std::string& argument) {
-            return argument == picture || argument.rfind(picture + "=", 0) == 0;
-        });
-    for (std::string& argument : arguments) {
-        if (draws && (argument == window || argument.rfind(window + "=", 0) == 0))
-            argument.replace(0, window.size(), kPartOption);
-    }
+bool namesPicture(const std::vector<std::string>& arguments) {
+    const std::string option = "--picture";
+    return std::any_of(arguments.begin(), arguments.end(), [&](const std::string& argument) {
+        return argument == option || argument.rfind(option + "=", 0) == 0;
+    });
 }
 
 }  // namespace
@@ -265,12 +261,11 @@ bool parseOptions(std::vector<std::string> arguments, Options& options, std::str
     CLI::App app("A headless host for drawings. Without a drawing it opens a new, empty one.",
                  "drafthost");
     app.allow_windows_style_options(false);  // a path may begin with a slash
-    declare(app, options);
+    declare(app, options, namesPicture(arguments));
     if (!replaceSlashForms(arguments)) {
         error = "/i needs a drawing";
         return false;
     }
-    tellWindowsApart(arguments);
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(std::move(arguments));

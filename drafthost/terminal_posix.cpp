@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <histedit.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
