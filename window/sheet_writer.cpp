@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "host/text/text_codec.h"
 #include "picture/written_lines.h"
@@ -51,7 +52,16 @@ std::string Styles::listFrom(std::size_t first) const {
         json += hex(picture::readableOnLight(style->colour)) + ',' +
                 hex(picture::readableOnDark(style->colour)) + ',';
         addNumbers(json, {style->width, style->fill / 100.0});
-        json += style->dashed ? "1]" : "0]";
+        if (style->dashes.empty()) {
+            json += style->dashed ? '1' : '0';
+        } else {
+            std::string dashes;
+            for (const double length : style->dashes)
+                addNumbers(dashes, {length});
+            dashes.back() = ']';
+            json += '[' + dashes;
+        }
+        json += ',' + host::formatReal(style->broad) + ']';
     }
     return json + "]";
 }
@@ -68,6 +78,10 @@ Styles::Style SheetWriter::styleOf(const Shown& shown, const OutlinePart& part, 
         style.fill = solid && host::integerOf(solid->value) == 1 ? 40 : 10;
     }
     if (part.type == "POINT") style.width = 3;
+    if (part.type == "POINT" || part.type == "HATCH") return style;
+    style.dashes = m_inks.dashesOf(inner, part.layer, look, part.scale);
+    for (double& length : style.dashes)
+        length *= m_view.scale;
     return style;
 }
 
@@ -79,6 +93,33 @@ void SheetWriter::flush(std::size_t style) {
         m_paths += data.compare(data.size() - 2, 2, "h0") == 0 ? ".01\"" : "\"";
     }
     m_path.clear();
+}
+
+std::size_t SheetWriter::addStrokes(const Styles::Style& own, std::size_t style,
+                                    const OutlineMark& from, const OutlineMark& end) {
+    const host::Outline& outline = m_scene.outline;
+    std::set<double> widths;
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        widths.insert(outline.lines[i].width);
+    for (std::size_t i = from.arcs; i < end.arcs; ++i)
+        widths.insert(outline.arcs[i].width);
+    if (widths.empty()) widths.insert(0);
+    for (const double width : widths) {
+        Styles::Style broad = own;
+        broad.broad = width * m_view.scale;
+        const std::size_t number = m_styles.numberOf(broad);
+        if (number != style) flush(style);
+        style = number;
+        if (widths.size() == 1) {
+            picture::addStrokes(m_path, outline, from, end);
+            continue;
+        }
+        for (std::size_t i = from.lines; i < end.lines; ++i)
+            if (outline.lines[i].width == width) m_path.line(outline.lines[i]);
+        for (std::size_t i = from.arcs; i < end.arcs; ++i)
+            if (outline.arcs[i].width == width) m_path.arc(outline.arcs[i]);
+    }
+    return style;
 }
 
 void SheetWriter::writeWords(const host::Writing& writing, std::size_t style) {
@@ -110,12 +151,10 @@ void SheetWriter::writeParts(const Shown& shown, const Look& look) {
         const OutlineMark end = m_scene.endOf(i);
         if (!part.hasForm) continue;
         const Styles::Style own = styleOf(shown, part, look);
-        const std::size_t number = m_styles.numberOf(own);
-        if (number != style) flush(style);
-        style = number;
-        picture::addStrokes(m_path, outline, from, end);
+        style = addStrokes(own, style, from, end);
         Styles::Style filled = own;
-        filled.fill = 80;
+        // A stroke that tapers is an area in the ink itself.
+        filled.fill = part.type == "LWPOLYLINE" || part.type == "POLYLINE" ? 100 : 80;
         filled.width = 0.4;
         for (std::size_t k = from.areas; k < end.areas; ++k) {
             if (picture::isWords(outline, from, end, k)) continue;

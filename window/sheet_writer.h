@@ -17,17 +17,21 @@ class Styles {
   public:
     struct Style {
         picture::Rgb colour = 0;
-        double width = 1;  ///< of strokes, in pixels
-        int fill = 0;      ///< how much of the colour areas take, in hundredths
-        bool dashed = false;
+        double width = 1;             ///< of strokes, in pixels
+        int fill = 0;                 ///< how much of the colour areas take, in hundredths
+        bool dashed = false;          ///< in pixels, as frames are
+        double broad = 0;             ///< width of broad strokes, in units of the paths
+        picture::Dashes dashes = {};  ///< in units of the paths
         bool operator<(const Style& other) const {
-            return std::tie(colour, width, fill, dashed) <
-                   std::tie(other.colour, other.width, other.fill, other.dashed);
+            return std::tie(colour, width, fill, dashed, broad, dashes) <
+                   std::tie(other.colour, other.width, other.fill, other.dashed, other.broad,
+                            other.dashes);
         }
     };
     std::size_t numberOf(const Style& style);
     std::size_t count() const { return m_numbers.size(); }
-    /// JSON list of those from a number on: colour on light and on dark paper, width, fill, dashed.
+    /// JSON list of those from a number on: colour on light and on dark paper, width, fill, dashes
+    /// (0 for none, 1 for those of frames, else a list), width of broad strokes.
     std::string listFrom(std::size_t first) const;
 
   private:
@@ -47,6 +51,10 @@ class SheetWriter {
 
   private:
     void writeParts(const picture::Shown& shown, const picture::Look& look);
+    /// Strokes of one width become paths of one style. Gives the style of the last ones, which are
+    /// still collected.
+    std::size_t addStrokes(const Styles::Style& own, std::size_t style,
+                           const host::OutlineMark& from, const host::OutlineMark& end);
     void writeWords(const host::Writing& writing, std::size_t style);
     void writeFrame(const picture::Frame& frame, std::size_t style);
     void flush(std::size_t style);

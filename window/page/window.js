@@ -302,8 +302,16 @@ function viewChanged() { viewAt = performance.now(); pass = null; stale = true; 
 function transform(on, at = view) { on.setTransform(ratio * at.k, 0, 0, ratio * at.k, ratio * at.x, ratio * at.y); }
 
 function ink(style, colour) {
-  const told = styles[style] || ['#888', '#888', 1, 0, 0];
-  return {colour: colour || told[dark.matches ? 1 : 0], width: told[2], fill: told[3], dashed: told[4]};
+  const told = styles[style] || ['#888', '#888', 1, 0, 0, 0];
+  return {colour: colour || told[dark.matches ? 1 : 0], width: told[2], fill: told[3], dashes: told[4], broad: told[5]};
+}
+
+// Patterns too fine to be told apart are drawn as strokes without gaps; a dot is as long as it is wide.
+function dashesOf(look, at) {
+  if (!look.dashes) return [];
+  if (look.dashes === 1) return [5 / at.k, 4 / at.k];
+  if (look.dashes.reduce((sum, length) => sum + length, 0) * at.k < 4) return [];
+  return look.dashes.map((length, i) => i % 2 ? length : Math.max(length, look.width / at.k));
 }
 
 function drawStrokes(on, strokes, colour, extra = 0, at = view) {
@@ -316,10 +324,11 @@ function drawStrokes(on, strokes, colour, extra = 0, at = view) {
       on.globalAlpha = 1;
     }
     on.strokeStyle = look.colour;
-    on.lineWidth = (look.width + extra) / at.k;
-    if (look.dashed) on.setLineDash([5 / at.k, 4 / at.k]);
+    on.lineWidth = Math.max(look.width / at.k, look.broad) + extra / at.k;
+    const dashes = dashesOf(look, at);
+    on.setLineDash(dashes);
     on.stroke(path);
-    if (look.dashed) on.setLineDash([]);
+    if (dashes.length) on.setLineDash([]);
   }
 }
 
