@@ -155,12 +155,6 @@ bool duplicateFile(const std::string& from, const std::string& to, std::string& 
     return copyFile(from, to, why);  // a file system without hard links
 }
 
-bool hasOtherNames(const std::string& path) {
-    std::error_code failure;
-    const auto names = std::filesystem::hard_link_count(pathFromUtf8(path), failure);
-    return !failure && names > 1;
-}
-
 void removeFile(const std::string& path) {
     std::error_code ignored;
     std::filesystem::remove(pathFromUtf8(path), ignored);

@@ -95,6 +95,11 @@ bool processLives(unsigned long number) {
     return ::kill(static_cast<pid_t>(number), 0) == 0 || errno == EPERM;
 }
 
+bool hasOtherNames(const std::string& path) {
+    struct stat status;
+    return ::stat(path.c_str(), &status) == 0 && status.st_nlink > 1;
+}
+
 std::string fileIdentity(const std::string& path) {
     struct stat status;
     if (::stat(path.c_str(), &status) != 0) return {};

@@ -74,15 +74,28 @@ bool processLives(unsigned long number) {
     return lives;
 }
 
-std::string fileIdentity(const std::string& path) {
+namespace {
+
+bool readInformation(const std::string& path, BY_HANDLE_FILE_INFORMATION& about) {
     const HANDLE file = CreateFileW(fromUtf8(path).c_str(), 0,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return {};
-    BY_HANDLE_FILE_INFORMATION about;
+    if (file == INVALID_HANDLE_VALUE) return false;
     const bool known = GetFileInformationByHandle(file, &about) != 0;
     CloseHandle(file);
-    if (!known) return {};
+    return known;
+}
+
+}  // namespace
+
+bool hasOtherNames(const std::string& path) {
+    BY_HANDLE_FILE_INFORMATION about;
+    return readInformation(path, about) && about.nNumberOfLinks > 1;
+}
+
+std::string fileIdentity(const std::string& path) {
+    BY_HANDLE_FILE_INFORMATION about;
+    if (!readInformation(path, about)) return {};
     return std::to_string(about.dwVolumeSerialNumber) + ":" + std::to_string(about.nFileIndexHigh) +
            ":" + std::to_string(about.nFileIndexLow);
 }
