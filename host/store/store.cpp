@@ -51,7 +51,7 @@ void Store::raiseHandleSeed(std::uint64_t seed) {
 }
 
 std::uint64_t Store::freeHandle() {
-    if (m_seed <= kHighestHandle) return m_seed;
+    if (m_seed < kHighestHandle) return m_seed;
     if (m_gap == 0) m_gap = middleOfWidestGap();
     while (byHandle(m_gap) != nullptr)
         ++m_gap;

@@ -83,6 +83,9 @@ TEST_F(Saving, WhatIsSavedOpensAgain) {
             store->appendChild(store->modelSpace(),
                                store->duplicate(*store->byHandle(0x38), store->modelSpace()));
         EXPECT_EQ(findings(saved(*store)), "");
+        const std::string handle = highest;
+        erase(*store, host::parseHandle(handle).value());
+        EXPECT_EQ(findings(saved(*store)), "");
     }
     const std::string beyond = tagsOf(with(kDrawing, "5 100", "5 FFFFFFFF00000000"));
     EXPECT_EQ(findings(beyond),

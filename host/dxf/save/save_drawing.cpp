@@ -1,6 +1,7 @@
 // Saving a drawing: the steps that keep the old drawing or the new one whole at any moment.
 #include "host/dxf/save/save_drawing.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <new>
@@ -8,6 +9,7 @@
 #include "host/dxf/file/file_access.h"
 #include "host/dxf/save/drawing_writer.h"
 #include "host/tags/tags.h"
+#include "host/text/numbers.h"
 #include "host/text/paths.h"
 
 namespace host {
@@ -60,10 +62,14 @@ class TemporaryFile {
 
 /// Makes $HANDSEED name the next free handle.
 void updateHandleSeed(Store& store) {
+    // Above the highest handle that there may be only while an object has that one.
+    const ObjectBody* const last = store.byHandle(kHighestHandle);
+    const bool taken = last != nullptr && !last->erased;
+    const std::uint64_t seed =
+        taken ? store.handleSeed() : std::min(store.handleSeed(), kHighestHandle);
     const auto value = store.headerValue("$HANDSEED");
     const std::uint64_t written = value ? parseHandle(*value).value_or(0) : 0;
-    if (written == store.handleSeed()) return;
-    store.setHeaderValue("$HANDSEED", 5, formatHandle(store.handleSeed()));
+    if (written != seed) store.setHeaderValue("$HANDSEED", 5, formatHandle(seed));
 }
 
 /// Why a drawing was not written, and what to do about it.
