@@ -26,6 +26,9 @@ target_precompile_headers(velmohost PRIVATE <algorithm> <filesystem> <functional
   <optional> <set> <string> <unordered_map> <unordered_set> <vector>)
 if(WIN32)
   include(cmake/windows_runtime.cmake)
+else()
+  # Its own functions call each other without a look whether somebody replaces them.
+  target_link_options(velmohost PRIVATE -Wl,-Bsymbolic-functions)
 endif()
 target_include_directories(velmohost PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(velmohost PRIVATE ${CMAKE_DL_LIBS})
