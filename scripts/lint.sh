@@ -62,8 +62,9 @@ grep -nE '#include "' picture/*.cpp picture/*.h |
     grep -vE "\"(picture|inspection|host/($picture_sees))/" &&
     report "the picture sees more than the host down to picking"
 # The window sees the host, the picture and the inspection; of all others the program alone sees it.
-grep -nE '#include "' window/*.cpp window/*.h | grep -vE '"(window|picture|inspection|host)/' &&
-    report "the window sees more than host, picture and inspection"
+grep -nE '#include "' window/*.cpp window/*.h | grep -vE '"(window|picture|inspection|host|json)/' &&
+    report "the window sees more than host, picture, inspection and JSON"
+grep -nE '#include "' json/* | grep -v '"json/' && report "JSON sees anything at all"
 grep -rnE '#include "window/' host inspection picture && report "somebody looks up at the window"
 # What sets the module's per-user switches knows where they are from its version resource.
 grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture window |

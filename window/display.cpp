@@ -2,7 +2,7 @@
 #include "window/display.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
+#include <array>
 
 #include "host/application/session_impl.h"
 #include "host/editor/dialogue/input.h"
@@ -14,30 +14,16 @@
 namespace window {
 namespace {
 
-using Json = nlohmann::json;
-
-std::string dump(const Json& value) {
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-/// The object with further members, which stand as text.
-std::string joined(const Json& object, const std::string& members) {
-    std::string text = dump(object);
-    if (members.empty()) return text;
-    text.back() = ',';
-    return text + members + "}";
-}
-
 std::string handleOf(AcDbObjectId id) {
     const host::ObjectBody* body = host::Store::resolve(id);
     return body != nullptr ? host::formatHandle(body->handle) : "";
 }
 
-Json handlesOf(const std::vector<AcDbObjectId>& entities) {
-    Json handles = Json::array();
+json::Value handlesOf(const std::vector<AcDbObjectId>& entities) {
+    std::vector<std::string> handles;
     for (const AcDbObjectId id : entities)
         handles.push_back(handleOf(id));
-    return handles;
+    return json::Value::list(handles);
 }
 
 const char* nameOf(host::Wanted wanted) {
@@ -79,7 +65,7 @@ bool Display::showsCurrentSpace() const {
 }
 
 void Display::decline(const Reply& reply, const std::string& why) {
-    reply->set_value(dump({{"error", why}}));
+    reply->set_value(json::Object{{"error", why}}.text());
 }
 
 void Display::conclude() {
@@ -87,28 +73,32 @@ void Display::conclude() {
     m_conversation.conclude();
 }
 
-Json Display::state() {
-    Json state;
-    state["state"] = m_over ? "ended" : m_conversation.atCommand() ? "ready" : "asking";
-    state["prompt"] = host::toUtf8(m_conversation.prompt());
-    state["wants"] = m_conversation.atCommand() ? "command" : nameOf(host::question().wanted);
-    state["line"] = m_conversation.takesLine();
-    if (const auto& base = host::question().base) state["base"] = {base->x, base->y};
-    if (const auto* chosen = host::question().chosen) state["chosen"] = handlesOf(*chosen);
+json::Object Display::state() {
+    const bool atCommand = m_conversation.atCommand();
+    json::Object state = {{"state", m_over      ? "ended"
+                                    : atCommand ? "ready"
+                                                : "asking"},
+                          {"prompt", host::toUtf8(m_conversation.prompt())},
+                          {"wants", atCommand ? "command" : nameOf(host::question().wanted)},
+                          {"line", m_conversation.takesLine()}};
+    if (const auto& base = host::question().base)
+        state.add("base", json::Value::list(std::array{base->x, base->y}));
+    if (const auto* chosen = host::question().chosen) state.add("chosen", handlesOf(*chosen));
     const std::wstring& transcript = m_conversation.transcript();
     const std::size_t from = std::max(m_told.transcript, m_conversation.forgotten());
-    state["transcript"] = host::toUtf8(transcript.substr(from - m_conversation.forgotten()));
+    state.add("transcript", host::toUtf8(transcript.substr(from - m_conversation.forgotten())));
     m_told.transcript = m_conversation.forgotten() + transcript.size();
     const std::string& script = m_conversation.record().text();
-    state["script"] = script.substr(m_told.script);
+    state.add("script", script.substr(m_told.script));
     m_told.script = script.size();
     const host::HostDocument* document = m_session.impl().documents.current();
-    state["drawing"] = document != nullptr ? Json(host::toUtf8(document->fileName())) : Json();
-    state["named"] = document != nullptr && !document->path().empty();
-    state["changed"] = document != nullptr && document->changed();
-    state["grouping"] = m_watch.groupingOn();
+    state.add("drawing", document != nullptr ? json::Value(host::toUtf8(document->fileName()))
+                                             : json::Value());
+    state.add("named", document != nullptr && !document->path().empty());
+    state.add("changed", document != nullptr && document->changed());
+    state.add("grouping", m_watch.groupingOn());
     if (store() == nullptr) return state;
-    Json spaces = Json::array();
+    std::vector<json::Object> spaces;
     for (const auto& [space, name] : m_reader.spaces(*store())) {
         spaces.push_back(
             {{"space", space},
@@ -117,32 +107,31 @@ Json Display::state() {
              {"model", space == store()->modelSpace()},
              {"reachable", space == store()->modelSpace() || space == store()->paperSpace()}});
     }
-    state["spaces"] = std::move(spaces);
-    return state;
+    return state.add("spaces", json::Value::list(spaces));
 }
 
-void Display::addSelection(Json& news) {
+void Display::addSelection(json::Object& news) {
     const std::vector<AcDbObjectId>& picked = host::pickfirst();
     if (picked == m_told.selected) return;
     m_told.selected = picked;
-    news["selected"] = handlesOf(picked);
+    news.add("selected", handlesOf(picked));
 }
 
-void Display::addGroups(Json& news) {
+void Display::addGroups(json::Object& news) {
     // Between commands only: inside one the module may have objects open.
     if (m_told.groups || !m_conversation.atCommand() || store() == nullptr) return;
     m_groups.set(m_reader.inspect(*m_session.database()));
-    news.update(m_groups.list());
+    news.add(m_groups.list());
     m_told.groups = true;
 }
 
-std::string Display::wholeSheet() {
+json::Object Display::wholeSheet() {
     m_session.database()->store().journal().takeChanged();
-    return "\"sheet\":{\"space\":" + std::to_string(m_sheet->space()) + "," + m_sheet->all() + "}";
+    return {{"sheet", m_sheet->all()}};
 }
 
-/// What of the drawing is not as the page knows it, as JSON members.
-std::string Display::sheetNews() {
+/// What of the drawing is not as the page knows it.
+json::Object Display::sheetNews() {
     const host::Store* now = store();
     if (now == nullptr) {
         m_sheet.reset();
@@ -162,17 +151,17 @@ std::string Display::sheetNews() {
     m_told.space = m_sheet->space();
     m_current = current;
     if (isAsTold) return {};
-    std::optional<std::string> changes;
+    std::optional<json::Object> changes;
     if (knowsSheet) changes = m_sheet->changes(journal.takeChanged());
     return changes ? *changes : wholeSheet();
 }
 
 std::string Display::news() {
-    const std::string sheet = sheetNews();
-    Json news = state();
+    const json::Object sheet = sheetNews();
+    json::Object news = state();
     addSelection(news);
     addGroups(news);
-    return joined(news, sheet);
+    return news.add(sheet).text();
 }
 
 /// For a page that knows nothing yet.
@@ -180,44 +169,43 @@ std::string Display::everything() {
     m_told = {};
     m_told.selected = {AcDbObjectId()};  // no set of picks is like that, so it is told
     m_sheet.reset();
-    const std::string sheet = sheetNews();
-    Json all = state();
+    const json::Object sheet = sheetNews();
+    json::Object all = state();
     addSelection(all);
     addGroups(all);
-    Json names = Json::array();
+    std::vector<std::string> names;
     for (const std::wstring& name : host::typableNames())
         names.push_back(host::toUtf8(name));
-    all["commands"] = std::move(names);
-    return joined(all, sheet);
+    return all.add("commands", json::Value::list(names)).add(sheet).text();
 }
 
-void Display::showSpace(const Json& request, const Reply& reply) {
-    const host::Index wanted = request.at("space");
+void Display::showSpace(const json::Request& request, const Reply& reply) {
+    const double wanted = request.number("space");
     for (const auto& [space, name] : m_reader.spaces(*store())) {
         if (space != wanted) continue;
         m_sheet.emplace(*store(), space);
         m_told.space = space;
-        const std::string sheet = wholeSheet();
-        return reply->set_value(joined(state(), sheet));
+        const json::Object sheet = wholeSheet();
+        return reply->set_value(state().add(sheet).text());
     }
     decline(reply, "the drawing has no such space");
 }
 
-void Display::answer(const Json& request, const Reply& reply) {
+void Display::answer(const json::Request& request, const Reply& reply) {
     try {
         act(request, reply);
-    } catch (const Json::exception& problem) {
-        decline(reply, std::string("the request lacks something: ") + problem.what());
+    } catch (const json::Lacking& what) {
+        decline(reply, std::string("the request lacks ") + what.what());
     }
 }
 
-void Display::act(const Json& request, const Reply& reply) {
-    const std::string what = request.at("do");
+void Display::act(const json::Request& request, const Reply& reply) {
+    const std::string what = request.text("do");
     if (what == "open") return reply->set_value(everything());
-    if (what == "look") return reply->set_value(dump(look(request)));
+    if (what == "look") return reply->set_value(look(request).text());
     if (what == "cancel") return m_conversation.cancel(reply);
     if (what == "type") {
-        std::wstring line = host::fromUtf8(request.at("line").get<std::string>());
+        std::wstring line = host::fromUtf8(request.text("line"));
         for (wchar_t& c : line)
             if (c < L' ') c = L' ';
         return m_conversation.type({std::move(line)}, reply);

@@ -3,13 +3,13 @@
 
 #include <cstdint>
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "host/application/session.h"
+#include "json/json.h"
 #include "window/command_watch.h"
 #include "window/conversation.h"
 #include "window/desk.h"
@@ -26,7 +26,7 @@ class Display {
 
     Conversation& conversation() { return m_conversation; }
     /// Does what a page asks for. A request that makes no sense gets {"error": ...}.
-    void answer(const nlohmann::json& request, const Reply& reply);
+    void answer(const json::Request& request, const Reply& reply);
     /// The session is over: tells the page.
     void conclude();
     /// True when there is nothing that would be lost with the page: no command under way and no
@@ -46,17 +46,17 @@ class Display {
     const host::Store* store() const;
     std::string everything();
     std::string news();
-    nlohmann::json state();
-    void addSelection(nlohmann::json& news);
-    void addGroups(nlohmann::json& news);
-    std::string sheetNews();
-    std::string wholeSheet();
-    nlohmann::json look(const nlohmann::json& request);
-    void showSpace(const nlohmann::json& request, const Reply& reply);
-    void click(const nlohmann::json& request, const Reply& reply);
-    void box(const nlohmann::json& request, const Reply& reply);
-    void pickGroup(const nlohmann::json& request, const Reply& reply);
-    void act(const nlohmann::json& request, const Reply& reply);
+    json::Object state();
+    void addSelection(json::Object& news);
+    void addGroups(json::Object& news);
+    json::Object sheetNews();
+    json::Object wholeSheet();
+    json::Object look(const json::Request& request);
+    void showSpace(const json::Request& request, const Reply& reply);
+    void click(const json::Request& request, const Reply& reply);
+    void box(const json::Request& request, const Reply& reply);
+    void pickGroup(const json::Request& request, const Reply& reply);
+    void act(const json::Request& request, const Reply& reply);
     static void decline(const Reply& reply, const std::string& why);
     /// True when what the page shows is what commands work on.
     bool showsCurrentSpace() const;

@@ -1,5 +1,4 @@
 // What is under the pointer of a page, and what a click there types.
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "host/editor/dialogue/input.h"
@@ -11,7 +10,6 @@ namespace window {
 namespace {
 
 using host::Vec;
-using Json = nlohmann::json;
 
 /// How much farther than an entity a point is seen that the pointer jumps to.
 constexpr double kSnapReach = 1.6;
@@ -27,39 +25,40 @@ std::wstring handent(AcDbObjectId id) {
 
 }  // namespace
 
-Json Display::look(const Json& request) {
-    if (!m_sheet || store() == nullptr) return Json::object();
-    const Vec point{request.at("x"), request.at("y"), 0};
-    const double radius = request.at("r");
-    Json found = Json::object();
+json::Object Display::look(const json::Request& request) {
+    if (!m_sheet || store() == nullptr) return {};
+    const Vec point{request.number("x"), request.number("y"), 0};
+    const double radius = request.number("r");
+    json::Object found;
     if (host::question().wanted == host::Wanted::Point && !m_conversation.atCommand()) {
         if (const auto snap = m_sheet->snap(point, kSnapReach * radius))
-            found["snap"] = {{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}};
+            found.add(
+                "snap",
+                json::Object{{"x", snap->point.x}, {"y", snap->point.y}, {"kind", snap->kind}});
         return found;
     }
     const AcDbObjectId id = m_sheet->under(point, radius);
     const host::ObjectBody* body = host::Store::resolve(id);
     if (body == nullptr) return found;
-    found["handle"] = host::formatHandle(body->handle);
-    found["type"] = host::toUtf8(store()->decode(host::trimmed(body->type())));
-    found["layer"] = host::toUtf8(host::layerName(*body));
+    found.add("handle", host::formatHandle(body->handle));
+    found.add("type", host::toUtf8(store()->decode(host::trimmed(body->type()))));
+    found.add("layer", host::toUtf8(host::layerName(*body)));
     std::vector<std::string> lit;
     if (const inspection::Group* group = m_groups.of(id)) {
-        found["group"] = {{"begin", group->begin},
-                          {"verdict", inspection::nameOf(group->state)},
-                          {"reason", group->reason}};
+        found.add("group", json::Object{{"begin", group->begin},
+                                        {"verdict", inspection::nameOf(group->state)},
+                                        {"reason", group->reason}});
         if (m_conversation.atCommand() && m_watch.groupingOn()) lit = m_groups.selectedBy(id);
     }
     if (lit.empty()) lit.push_back(host::formatHandle(body->handle));
-    found["lit"] = std::move(lit);
-    return found;
+    return found.add("lit", json::Value::list(lit));
 }
 
-void Display::click(const Json& request, const Reply& reply) {
+void Display::click(const json::Request& request, const Reply& reply) {
     if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
-    const Vec point{request.at("x"), request.at("y"), 0};
-    const double radius = request.at("r");
-    const bool shift = request.value("shift", false);
+    const Vec point{request.number("x"), request.number("y"), 0};
+    const double radius = request.number("r");
+    const bool shift = request.flag("shift", false);
     const host::Wanted wanted = host::question().wanted;
     if (!m_conversation.atCommand() && wanted == host::Wanted::Point) {
         const auto snap = m_sheet->snap(point, kSnapReach * radius);
@@ -77,12 +76,12 @@ void Display::click(const Json& request, const Reply& reply) {
     m_conversation.type({removes ? L"R " + entity + L" A" : entity}, reply);
 }
 
-void Display::box(const Json& request, const Reply& reply) {
+void Display::box(const json::Request& request, const Reply& reply) {
     if (!showsCurrentSpace()) return decline(reply, "commands work in another space");
-    const bool shift = request.value("shift", false);
-    std::wstring line = request.at("crossing").get<bool>() ? L"C " : L"W ";
-    line += coordinates(request.at("x1"), request.at("y1")) + L" " +
-            coordinates(request.at("x2"), request.at("y2"));
+    const bool shift = request.flag("shift", false);
+    std::wstring line = request.flag("crossing") ? L"C " : L"W ";
+    line += coordinates(request.number("x1"), request.number("y1")) + L" " +
+            coordinates(request.number("x2"), request.number("y2"));
     if (m_conversation.atCommand())
         return m_conversation.type({(shift ? L"UNPICK " : L"PICK ") + line}, reply);
     if (host::question().wanted != host::Wanted::Selection) return reply->set_value(news());
@@ -90,8 +89,8 @@ void Display::box(const Json& request, const Reply& reply) {
 }
 
 /// Picks a member as a click does, so that the module brings the others. The picks before go.
-void Display::pickGroup(const Json& request, const Reply& reply) {
-    const inspection::Group* group = m_groups.beginningAt(request.at("begin"));
+void Display::pickGroup(const json::Request& request, const Reply& reply) {
+    const inspection::Group* group = m_groups.beginningAt(request.text("begin"));
     if (group == nullptr || group->members.empty())
         return decline(reply, "nothing stands in this group");
     const AcDbObjectId first = group->members.front().id;

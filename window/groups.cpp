@@ -2,15 +2,12 @@
 #include "window/groups.h"
 
 #include <map>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "host/store/store.h"
 
 namespace window {
 namespace {
-
-using Json = nlohmann::json;
 
 /// "20 LINE, 12 ARC"
 std::string contentOf(const inspection::Group& group) {
@@ -34,8 +31,9 @@ void Groups::set(inspection::Inspection found) {
     }
 }
 
-Json Groups::list() const {
-    Json groups = Json::array(), strays = Json::array();
+json::Object Groups::list() const {
+    std::vector<json::Object> groups;
+    std::vector<std::string> strays;
     for (const inspection::Group& group : m_found.groups) {
         groups.push_back({{"begin", group.begin},
                           {"space", group.space},
@@ -48,7 +46,7 @@ Json Groups::list() const {
     for (const inspection::Stray& stray : m_found.strays)
         strays.push_back("stray " + stray.what + " " + stray.handle + " in " + stray.space + ": " +
                          stray.reason);
-    return {{"groups", std::move(groups)}, {"strays", std::move(strays)}};
+    return {{"groups", json::Value::list(groups)}, {"strays", json::Value::list(strays)}};
 }
 
 const inspection::Group* Groups::of(AcDbObjectId entity) const {

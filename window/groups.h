@@ -1,13 +1,13 @@
 // The groups of a drawing as a page lists them, and what a click on a member selects.
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "host/objectarx/object_id.h"
 #include "inspection/inspection.h"
+#include "json/json.h"
 
 namespace window {
 
@@ -18,7 +18,7 @@ class Groups {
 
     /// {"groups": [{begin, space, verdict, count, members, what, reason, outlook}, ...],
     /// "strays": [text, ...]}
-    nlohmann::json list() const;
+    json::Object list() const;
     /// The group that an entity stands in, by its place between markers; null for none.
     const inspection::Group* of(AcDbObjectId entity) const;
     /// The group with a begin marker's handle; null for none.

@@ -5,7 +5,6 @@
 
 #include <condition_variable>
 #include <mutex>
-#include <nlohmann/json.hpp>
 #include <thread>
 #include <utility>
 
@@ -17,7 +16,6 @@ namespace {
 
 using httplib::Request;
 using httplib::Response;
-using Json = nlohmann::json;
 
 /// Named so, the library sends it as it is: packing it would take longer than all else.
 constexpr const char* kJson = "application/json; charset=utf-8";
@@ -54,7 +52,7 @@ class BoundedPool : public httplib::TaskQueue {
 
 void refuse(Response& response, int status, const std::string& why) {
     response.status = status;
-    response.set_content(Json{{"error", why}}.dump(), kJson);
+    response.set_content(json::Object{{"error", why}}.text(), kJson);
 }
 
 const httplib::Headers kHeaders = {
@@ -76,8 +74,8 @@ struct Server::Impl {
     void get(const Request& request, Response& response);
     void post(const Request& request, Response& response);
     /// True when the page may go on; else it was answered.
-    bool mayWork(const Json& request, Response& response);
-    void work(Json request, Response& response);
+    bool mayWork(const json::Request& request, Response& response);
+    void work(json::Request request, Response& response);
 
     Desk& desk;
     Floor& floor;
@@ -109,14 +107,14 @@ void Server::Impl::get(const Request& request, Response& response) {
     refuse(response, 404, "there is no such file");
 }
 
-bool Server::Impl::mayWork(const Json& request, Response& response) {
-    const std::string what = request.at("do"), page = request.at("page");
+bool Server::Impl::mayWork(const json::Request& request, Response& response) {
+    const std::string what = request.text("do"), page = request.text("page");
     if (page.size() > 64) {
         refuse(response, 400, "the name of the page is too long");
         return false;
     }
-    const bool works = what == "open" ? floor.claim(page, request.value("was", ""),
-                                                    request.value("takesOver", false))
+    const bool works = what == "open" ? floor.claim(page, request.text("was", ""),
+                                                    request.flag("takesOver", false))
                                       : floor.holds(page);
     if (!works) refuse(response, 409, "another page works on this drawing");
     if (works && what == "bye") floor.leave(page);
@@ -124,7 +122,7 @@ bool Server::Impl::mayWork(const Json& request, Response& response) {
     return works && response.body.empty();
 }
 
-void Server::Impl::work(Json request, Response& response) {
+void Server::Impl::work(json::Request request, Response& response) {
     const auto outcome = desk.ask(
         [this, request = std::move(request)](const Reply& reply) { answer(request, reply); });
     if (outcome)
@@ -137,12 +135,12 @@ void Server::Impl::post(const Request& request, Response& response) {
     const bool isJson = request.get_header_value("Content-Type").rfind("application/json", 0) == 0;
     if (behindKey(request.path, key) != "api" || !isJson)
         return refuse(response, 404, "requests are JSON for api");
-    Json asked = Json::parse(request.body, nullptr, false);
-    if (!asked.is_object()) return refuse(response, 400, "the request is no object of JSON");
+    std::optional<json::Request> asked = json::Request::parse(request.body);
+    if (!asked) return refuse(response, 400, "the request is no object of JSON");
     try {
-        if (mayWork(asked, response)) work(std::move(asked), response);
-    } catch (const Json::exception& problem) {
-        refuse(response, 400, std::string("the request lacks something: ") + problem.what());
+        if (mayWork(*asked, response)) work(std::move(*asked), response);
+    } catch (const json::Lacking& what) {
+        refuse(response, 400, std::string("the request lacks ") + what.what());
     } catch (const std::exception& problem) {
         refuse(response, 500, problem.what());
     }

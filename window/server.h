@@ -3,9 +3,9 @@
 
 #include <functional>
 #include <memory>
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 
+#include "json/json.h"
 #include "window/desk.h"
 #include "window/floor.h"
 
@@ -14,7 +14,7 @@ namespace window {
 class Server {
   public:
     /// `answer` runs on the host's thread.
-    using Answer = std::function<void(const nlohmann::json& request, const Reply& reply)>;
+    using Answer = std::function<void(const json::Request& request, const Reply& reply)>;
 
     Server(Desk& desk, Floor& floor, Answer answer);
     /// Ends when what is being answered has been; close the desk before.

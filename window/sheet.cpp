@@ -2,6 +2,7 @@
 #include "window/sheet.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -106,7 +107,7 @@ void Sheet::remember(const picture::Scene& scene, const picture::Shown& shown) {
     }
 }
 
-std::string Sheet::all() {
+json::Object Sheet::all() {
     const picture::Scene scene = picture::readScene(m_store, m_space);
     m_known = m_store.count();
     m_view = viewOf(scene.bounds);
@@ -120,13 +121,14 @@ std::string Sheet::all() {
         writer.write(entities, shown);
         remember(scene, shown);
     }
-    std::string json = "\"scale\":" + host::formatReal(m_view.scale) +
-                       ",\"left\":" + host::formatReal(m_view.box.left) +
-                       ",\"top\":" + host::formatReal(m_view.box.top);
     const Box box = scene.bounds.value_or(Box{0, 0, 420, 297});
-    json += ",\"box\":[" + host::formatReal(box.left) + ',' + host::formatReal(box.bottom) + ',' +
-            host::formatReal(box.right) + ',' + host::formatReal(box.top) + ']';
-    return json + ",\"styles\":" + m_styles.listFrom(0) + ",\"entities\":[" + entities + "]";
+    return {{"space", m_space},
+            {"scale", m_view.scale},
+            {"left", m_view.box.left},
+            {"top", m_view.box.top},
+            {"box", json::Value::list(std::array{box.left, box.bottom, box.right, box.top})},
+            {"styles", json::Value::ofText(m_styles.listFrom(0))},
+            {"entities", json::Value::ofText('[' + entities + ']')}};
 }
 
 /// Slots of records and of blocks change how entities look that stay as they are. What is new is
@@ -152,7 +154,7 @@ Sheet::Change Sheet::changeOf(Index slot, Index& entity) const {
     return Change::Entity;
 }
 
-std::optional<std::string> Sheet::changes(const std::vector<Index>& slots) {
+std::optional<json::Object> Sheet::changes(const std::vector<Index>& slots) {
     std::vector<Index> entities;
     for (const Index slot : slots) {
         Index entity = host::kNoIndex;
@@ -183,14 +185,14 @@ std::optional<std::string> Sheet::changes(const std::vector<Index>& slots) {
         writer.write(written, shown);
         remember(scene, shown);
     }
-    std::string gone;
+    std::vector<std::string> gone;
     for (std::size_t i = 0; i < entities.size(); ++i) {
-        if (!wasShown[i] || m_reach[entities[i]].any()) continue;
-        gone += (gone.empty() ? "\"" : ",\"") + host::formatHandle(m_store.at(entities[i]).handle) +
-                '"';
+        if (wasShown[i] && !m_reach[entities[i]].any())
+            gone.push_back(host::formatHandle(m_store.at(entities[i]).handle));
     }
-    return "\"styles\":" + m_styles.listFrom(styles) + ",\"entities\":[" + written +
-           "],\"gone\":[" + gone + "]";
+    return json::Object{{"styles", json::Value::ofText(m_styles.listFrom(styles))},
+                        {"entities", json::Value::ofText('[' + written + ']')},
+                        {"gone", json::Value::list(gone)}};
 }
 
 std::vector<AcDbObjectId> Sheet::around(const Vec& point, double radius) const {

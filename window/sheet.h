@@ -8,6 +8,7 @@
 #include "host/geometry/shapes.h"
 #include "host/objectarx/object_id.h"
 #include "host/store/store.h"
+#include "json/json.h"
 #include "picture/paths.h"
 #include "window/sheet_writer.h"
 
@@ -25,12 +26,12 @@ class Sheet {
     Sheet(const host::Store& store, host::Index space);
 
     host::Index space() const { return m_space; }
-    /// JSON members "scale", "left", "top" (of the drawing's units in those of the paths), "box",
-    /// "styles" and "entities": everything.
-    std::string all();
-    /// JSON members "styles", "entities" and "gone": what became of some slots of the drawing.
-    /// Nothing when more than that has changed, so that all has to be told again.
-    std::optional<std::string> changes(const std::vector<host::Index>& slots);
+    /// Everything: "space", "scale", "left", "top" (of the drawing's units in those of the paths),
+    /// "box", "styles" and "entities".
+    json::Object all();
+    /// "styles", "entities" and "gone": what became of some slots of the drawing. Nothing when more
+    /// than that has changed, so that all has to be told again.
+    std::optional<json::Object> changes(const std::vector<host::Index>& slots);
 
     /// What a click takes, as the host decides: within a radius, the nearest; null for nothing.
     AcDbObjectId under(const host::Vec& point, double radius) const;

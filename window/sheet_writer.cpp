@@ -2,10 +2,10 @@
 #include "window/sheet_writer.h"
 
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <set>
 
 #include "host/text/text_codec.h"
+#include "json/json.h"
 #include "picture/written_lines.h"
 
 namespace window {
@@ -31,11 +31,6 @@ void addNumbers(std::string& json, std::initializer_list<double> values) {
 }
 
 }  // namespace
-
-std::string jsonText(std::wstring_view text) {
-    using Json = nlohmann::json;
-    return Json(host::toUtf8(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 std::size_t Styles::numberOf(const Style& style) {
     return m_numbers.try_emplace(style, m_numbers.size()).first->second;
@@ -132,7 +127,7 @@ void SheetWriter::writeWords(const host::Writing& writing, std::size_t style) {
         picture::addNumber(m_words, line.at.y);
         m_words += ',';
         addNumbers(m_words, {line.size, line.anchor, line.fitted});
-        m_words += jsonText(line.words) + ']';
+        m_words += json::Value(host::toUtf8(line.words)).text() + ']';
     }
 }
 

@@ -69,7 +69,4 @@ class SheetWriter {
     std::string m_paths, m_words;  ///< of the entity that is being written
 };
 
-/// A string of JSON, with its quotes.
-std::string jsonText(std::wstring_view text);
-
 }  // namespace window

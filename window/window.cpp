@@ -1,7 +1,6 @@
 // Brings session, page and server together.
 #include "window/window.h"
 
-#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "host/control/effects.h"
@@ -67,7 +66,7 @@ End run(host::Session& session, const Setup& setup) {
     Display display(session, desk, setup.reader, [&] { return farewell.isOver(); });
     Conversation& conversation = display.conversation();
     std::optional<Signpost> signpost;
-    Server server(desk, floor, [&](const nlohmann::json& request, const Reply& reply) {
+    Server server(desk, floor, [&](const json::Request& request, const Reply& reply) {
         display.answer(request, reply);
     });
     if (!server.start()) return End::NoPort;
