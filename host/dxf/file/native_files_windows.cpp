@@ -48,15 +48,31 @@ std::error_code renameOver(const std::filesystem::path& from, const std::filesys
 }  // namespace host::native
 
 namespace host {
+namespace {
+
+/// Opens what stands at a path, whoever else has it open, to ask about it; the caller closes it.
+HANDLE openToAsk(const std::string& path) {
+    return CreateFileW(fromUtf8(path).c_str(), 0,
+                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+bool readInformation(const std::string& path, BY_HANDLE_FILE_INFORMATION& about) {
+    const HANDLE file = openToAsk(path);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool known = GetFileInformationByHandle(file, &about) != 0;
+    CloseHandle(file);
+    return known;
+}
+
+}  // namespace
 
 bool isWritable(const std::string& path) {
     return (GetFileAttributesW(fromUtf8(path).c_str()) & FILE_ATTRIBUTE_READONLY) == 0;
 }
 
 std::string withoutLinks(const std::string& path) {
-    const HANDLE file = CreateFileW(fromUtf8(path).c_str(), 0,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE file = openToAsk(path);
     if (file == INVALID_HANDLE_VALUE) return path;
     wchar_t name[1024];
     const DWORD length = GetFinalPathNameByHandleW(file, name, 1024, FILE_NAME_NORMALIZED);
@@ -73,20 +89,6 @@ bool processLives(unsigned long number) {
     CloseHandle(process);
     return lives;
 }
-
-namespace {
-
-bool readInformation(const std::string& path, BY_HANDLE_FILE_INFORMATION& about) {
-    const HANDLE file = CreateFileW(fromUtf8(path).c_str(), 0,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    const bool known = GetFileInformationByHandle(file, &about) != 0;
-    CloseHandle(file);
-    return known;
-}
-
-}  // namespace
 
 bool hasOtherNames(const std::string& path) {
     BY_HANDLE_FILE_INFORMATION about;

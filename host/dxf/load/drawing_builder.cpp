@@ -57,11 +57,7 @@ bool DrawingBuilder::readSection() {
     const long line = m_reader.line();
     std::string name;
     if (!m_reader.readSectionName(name)) return false;
-    const auto [place, isNew] = m_sectionLines.emplace(name, line);
-    if (!isNew) {
-        return fail(line, "section " + name + " stands here a second time (first in line " +
-                              std::to_string(place->second) + "); remove one of them");
-    }
+    if (!isFirst(m_sectionLines, "section ", name, line)) return false;
     const SectionKind kind = kindOfSection(name);
     m_store.sections().push_back({name, kind, {}});
     if (!readSectionBody(kind)) return false;
@@ -71,6 +67,14 @@ bool DrawingBuilder::readSection() {
     if (!m_reader.skipMark(strays)) return false;
     if (!strays.empty()) m_store.sections().push_back({"", SectionKind::Raw, std::move(strays)});
     return true;
+}
+
+/// Notes the line of a section or table; tells of a second one of that name.
+bool DrawingBuilder::isFirst(std::map<std::string, long>& lines, const char* what,
+                             const std::string& name, long line) {
+    const auto [place, isNew] = lines.emplace(name, line);
+    return isNew || fail(line, what + name + " stands here a second time (first in line " +
+                                   std::to_string(place->second) + "); remove one of them");
 }
 
 /// Tells that what began in `line` does not end where the reader stands.
@@ -89,9 +93,13 @@ bool DrawingBuilder::readSectionBody(SectionKind kind) {
     if (kind == SectionKind::Header) return readHeader(text);
     if (kind == SectionKind::Raw || kind == SectionKind::Data) return m_reader.readRaw(text);
     if (!m_reader.skipMark()) return false;
-    if (kind == SectionKind::Tables) return readTables();
-    if (kind == SectionKind::Blocks) return readBlocks();
-    return kind == SectionKind::Entities ? readEntities() : readObjects();
+    using Builder = DrawingBuilder;
+    if (kind == SectionKind::Tables)
+        return readAll(&Builder::readTable, "TABLE", "TABLES outside of any table");
+    if (kind == SectionKind::Blocks)
+        return readAll(&Builder::readBlock, "BLOCK", "BLOCKS outside of any block");
+    return kind == SectionKind::Entities ? readRange(&Builder::readEntity, m_parts.entities)
+                                         : readRange(&Builder::readObject, m_parts.objects);
 }
 
 bool DrawingBuilder::readHeader(std::string& text) {

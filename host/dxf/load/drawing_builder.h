@@ -47,15 +47,17 @@ class DrawingBuilder {
     bool readSectionBody(SectionKind kind);
     bool readHeader(std::string& text);
     bool applyVersion(long versionLine, long codePageLine);
-    bool readTables();
+    bool readAll(bool (DrawingBuilder::*readOne)(), const char* type = nullptr,
+                 const char* place = nullptr);
+    bool readRange(bool (DrawingBuilder::*readOne)(), SlotRange& range);
     bool readTable();
-    bool readBlocks();
     bool readBlock();
-    bool readEntities();
     bool readEntity();
+    bool readObject();
     bool readSequence(ObjectBody& parent, const char* member, const std::string& name);
-    bool readObjects();
     ObjectBody* add(Kind kind);
+    bool isFirst(std::map<std::string, long>& lines, const char* what, const std::string& name,
+                 long line);
     bool failUnended(const std::string& what, long line, const char* end);
     bool fail(long line, const std::string& text) { return m_reader.stream().fail(line, text); }
 

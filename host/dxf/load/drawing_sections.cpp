@@ -45,27 +45,31 @@ ObjectBody* DrawingBuilder::add(Kind kind) {
     return body;
 }
 
-bool DrawingBuilder::readTables() {
+/// Reads one thing after the other up to the end of the section. When a type is given, nothing else
+/// may stand there.
+bool DrawingBuilder::readAll(bool (DrawingBuilder::*readOne)(), const char* type,
+                             const char* place) {
     while (!endsSection(m_reader.type())) {
-        if (m_reader.type() != "TABLE") {
-            return fail(m_reader.line(), m_reader.type() +
-                                             " stands in TABLES outside of any table; "
-                                             "repair the line or save the drawing anew");
-        }
-        if (!readTable()) return false;
+        if (type != nullptr && m_reader.type() != type)
+            return fail(m_reader.line(), m_reader.type() + " stands in " + place +
+                                             "; repair the line or save the drawing anew");
+        if (!(this->*readOne)()) return false;
     }
     return !m_reader.stream().failed();
+}
+
+bool DrawingBuilder::readRange(bool (DrawingBuilder::*readOne)(), SlotRange& range) {
+    range.first = m_store.count() + 1;
+    const bool complete = readAll(readOne);
+    range.end = m_store.count() + 1;
+    return complete;
 }
 
 bool DrawingBuilder::readTable() {
     if (!m_reader.read(m_object)) return false;
     const std::string name(trimmed(m_object.name()));
     const long line = m_object.line;
-    const auto [place, isNew] = m_tableLines.emplace(name, line);
-    if (!isNew) {
-        return fail(line, "table " + name + " stands here a second time (first in line " +
-                              std::to_string(place->second) + "); remove one of them");
-    }
+    if (!isFirst(m_tableLines, "table ", name, line)) return false;
     const ObjectBody* const table = add(kindOf("TABLE", m_object.text, false));
     if (table == nullptr) return false;
     m_store.tables().push_back(table->self);
@@ -79,18 +83,6 @@ bool DrawingBuilder::readTable() {
         m_store.appendChild(table->self, *record);
     }
     return m_reader.skipMark();
-}
-
-bool DrawingBuilder::readBlocks() {
-    while (!endsSection(m_reader.type())) {
-        if (m_reader.type() != "BLOCK") {
-            return fail(m_reader.line(), m_reader.type() +
-                                             " stands in BLOCKS outside of any block; "
-                                             "repair the line or save the drawing anew");
-        }
-        if (!readBlock()) return false;
-    }
-    return !m_reader.stream().failed();
 }
 
 bool DrawingBuilder::readBlock() {
@@ -115,15 +107,6 @@ bool DrawingBuilder::readBlock() {
     block.end = end->self;
     m_parts.blocks.push_back(std::move(block));
     return true;
-}
-
-bool DrawingBuilder::readEntities() {
-    m_parts.entities.first = m_store.count() + 1;
-    while (!endsSection(m_reader.type())) {
-        if (!readEntity()) return false;
-    }
-    m_parts.entities.end = m_store.count() + 1;
-    return !m_reader.stream().failed();
 }
 
 /// Reads one entity with the sub-entities that follow it.
@@ -159,14 +142,8 @@ bool DrawingBuilder::readSequence(ObjectBody& parent, const char* member, const 
     return true;
 }
 
-bool DrawingBuilder::readObjects() {
-    m_parts.objects.first = m_store.count() + 1;
-    while (!endsSection(m_reader.type())) {
-        if (!m_reader.read(m_object)) return false;
-        if (add(kindOfObject(m_object.type(), m_object.text)) == nullptr) return false;
-    }
-    m_parts.objects.end = m_store.count() + 1;
-    return !m_reader.stream().failed();
+bool DrawingBuilder::readObject() {
+    return m_reader.read(m_object) && add(kindOfObject(m_object.type(), m_object.text)) != nullptr;
 }
 
 }  // namespace host
