@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "host/tags/tag_values.h"
+#include "host/picking/outline.h"
 
 namespace picture {
 namespace {
@@ -39,13 +39,9 @@ const Dashes& Linetypes::patternOf(std::string_view name) {
     const auto [place, isNew] = m_patterns.try_emplace(name);
     const host::ObjectBody* record =
         isNew ? m_store.symbol("LTYPE", m_store.decode(name)) : nullptr;
-    if (record == nullptr) return place->second;
-    std::vector<double> lengths;
-    const host::OwnTags tags(record->tags());
-    for (const host::Tag& tag : tags.tags()) {
-        if (tag.code == 49) lengths.push_back(host::realOf(tag.value));
-    }
-    return place->second = inTurns(lengths);
+    if (record != nullptr)
+        place->second = inTurns(host::realsOf(host::OwnTags(record->tags()), 49));
+    return place->second;
 }
 
 }  // namespace picture

@@ -40,34 +40,26 @@ RigidMap mirroring(const Vec& first, const Vec& second) {
 }
 
 ObjectFrame::ObjectFrame(const RigidMap& map, const Vec& extrusion, bool turnsOver)
-    : m_world(map),
-      m_mirrors(map.mirrors),
-      m_turnsOver(turnsOver && map.mirrors),
-      m_old(objectSystem(extrusion)) {
+    : m_world(map), m_turnsOver(turnsOver && map.mirrors), m_old(objectSystem(extrusion)) {
     const Transform fresh = objectSystem(this->extrusion(extrusion));
     const Transform back = transposed(fresh);
-    if (m_mirrors) m_object = back * map.matrix * m_old;
+    if (map.mirrors) m_object = back * map.matrix * m_old;
     m_object.origin = back.turn(map.matrix.origin);
-    m_axis = m_mirrors ? toDegrees(std::atan2(m_object.x.y, m_object.x.x)) : 0.0;
+    m_axis = map.mirrors ? toDegrees(std::atan2(m_object.x.y, m_object.x.x)) : 0.0;
 }
 
-Vec ObjectFrame::turn(const Vec& vector) const { return m_object.turn(vector); }
-
-Vec ObjectFrame::apply(const Vec& point) const { return m_object.apply(point); }
-
 Vec ObjectFrame::extrusion(const Vec& old) const {
-    if (!m_mirrors) return old;
+    if (!m_world.mirrors) return old;
     return m_world.matrix.turn(old) * (m_turnsOver ? -1 : 1);
 }
 
 double ObjectFrame::turnDegrees(double angle) const {
-    if (!m_mirrors) return angle;
-    const double turned = std::fmod(m_turnsOver ? angle + m_axis : m_axis - angle, 360.0);
-    return turned < 0 ? turned + 360.0 : turned;
+    if (!m_world.mirrors) return angle;
+    return wrapped(m_turnsOver ? angle + m_axis : m_axis - angle, 360);
 }
 
 double ObjectFrame::turnRadians(double angle) const {
-    return m_mirrors ? toRadians(turnDegrees(toDegrees(angle))) : angle;
+    return m_world.mirrors ? toRadians(turnDegrees(toDegrees(angle))) : angle;
 }
 
 }  // namespace host

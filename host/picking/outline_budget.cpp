@@ -98,9 +98,8 @@ const OutlineMaker::Extent& OutlineMaker::contentOf(const ObjectBody& record,
     const auto [place, isNew] = m_contents.try_emplace(key);
     if (!isNew) return place->second;
     Extent content;
-    for (Index i = m_store.firstLive(record.self); i != kNoIndex;
-         i = m_store.nextLive(m_store.at(i))) {
-        const Extent one = measured(m_store.at(i), layer);
+    for (const ObjectBody& entity : m_store.children(record.self)) {
+        const Extent one = measured(entity, layer);
         content.cost += one.cost;
         extend(content.box, one.box);
     }

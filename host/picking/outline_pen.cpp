@@ -66,13 +66,7 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
-void Pen::frame(const Box& box) const {
-    path({{box.left, box.bottom, 0},
-          {box.right, box.bottom, 0},
-          {box.right, box.top, 0},
-          {box.left, box.top, 0}},
-         true);
-}
+void Pen::frame(const Box& box) const { path(cornersOf(box), true); }
 
 void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const {
     writing.area = m_outline.areas.size();
@@ -102,6 +96,14 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
         if (tag.code == code + 20) points.back().z = realOf(tag.value);
     }
     return points;
+}
+
+std::vector<double> realsOf(const OwnTags& tags, int code) {
+    std::vector<double> values;
+    for (const Tag& tag : tags.tags()) {
+        if (tag.code == code) values.push_back(realOf(tag.value));
+    }
+    return values;
 }
 
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {
