@@ -36,17 +36,20 @@ std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstr
     return std::nullopt;
 }
 
-bool removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
+std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::uint64_t handle) {
     DictionaryReader reader(dictionary.tags());
     DictionaryEntry entry;
-    while (reader.next(entry)) {
-        if (entry.handle != handle) continue;
-        std::string text(dictionary.tags());
-        text.erase(entry.begin, entry.end - entry.begin);
-        dictionary.setTags(text);
-        return true;
-    }
-    return false;
+    while (reader.next(entry))
+        if (entry.handle == handle) return entry;
+    return std::nullopt;
+}
+
+void removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
+    const auto entry = findEntry(dictionary, handle);
+    if (!entry) return;
+    std::string text(dictionary.tags());
+    text.erase(entry->begin, entry->end - entry->begin);
+    dictionary.setTags(text);
 }
 
 void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handle) {

@@ -13,16 +13,6 @@ const IntegerField& verticalModeOf(const ObjectBody& body) {
     return body.kind == Kind::Attribute ? field::attributeVerticalMode : field::textVerticalMode;
 }
 
-/// Sets a mode; eInvalidInput for a number that is none.
-Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const IntegerField& field,
-                             int mode, int last) {
-    const Acad::ErrorStatus status = startChange(object, call);
-    if (status != Acad::eOk) return status;
-    if (mode < 0 || mode > last) return Acad::eInvalidInput;
-    setField(object.body(), field, mode);
-    return Acad::eOk;
-}
-
 }  // namespace
 
 std::string newText(std::string_view type, std::string_view lastSubclass) {
@@ -56,13 +46,13 @@ Acad::ErrorStatus AcDbText::setRotation(double radians) {
 }
 
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
-    return changeMode(*this, "AcDbText::setHorizontalMode", field::horizontalMode, mode,
-                      AcDb::kTextFit);
+    return changeField(*this, "AcDbText::setHorizontalMode", field::horizontalMode, int(mode),
+                       mode >= 0 && mode <= AcDb::kTextFit);
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
-    return changeMode(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), mode,
-                      AcDb::kTextTop);
+    return changeField(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), int(mode),
+                       mode >= 0 && mode <= AcDb::kTextTop);
 }
 
 const ACHAR* AcDbText::textStringConst() const {
