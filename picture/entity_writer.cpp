@@ -46,12 +46,6 @@ bool hasBroadStrokes(std::string_view type) {
 
 }  // namespace
 
-const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
-    const auto [place, isNew] = m_names.try_emplace(name);
-    if (isNew) place->second = xml(host::shortened(store.decode(name)));
-    return place->second;
-}
-
 EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet,
                            Inks& inks, PictureLimits limits)
     : m_store(store),
@@ -106,19 +100,25 @@ void EntityWriter::collectFrameAround(const Shown& shown, Role role) {
                  role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
 }
 
+const std::string& EntityWriter::shownName(std::string_view name) {
+    const auto [place, isNew] = m_names.try_emplace(name);
+    if (isNew) place->second = xml(host::shortened(m_store.decode(name)));
+    return place->second;
+}
+
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
                               const std::string& note) {
     const std::string_view type = shown.entity->type();
     svg += "<title>";
-    svg += m_names.of(m_store, type);
+    svg += shownName(type);
     svg += ' ';
     svg += host::formatHandle(shown.entity->handle);
     if (type == "INSERT") {
         svg += ", block ";
-        svg += m_names.of(m_store, host::textTag(shown.entity->tags(), 2));
+        svg += shownName(host::textTag(shown.entity->tags(), 2));
     }
     svg += ", layer ";
-    svg += m_names.of(m_store, look.layer);
+    svg += shownName(look.layer);
     svg += note;
     svg += "</title>";
 }

@@ -39,7 +39,7 @@ class Family {
   public:
     Family(const PatternLines& lines, double pixel, long long& work)
         : m_lines(lines), m_pixel(pixel), m_work(work) {
-        const Vec normal{-lines.along.y, lines.along.x, 0};
+        const Vec normal = leftOf(lines.along);
         m_distance = dot(lines.step, normal);
         m_normal = normal * (1 / m_distance);
         for (const double dash : lines.dashes)

@@ -137,8 +137,8 @@ void PathData::arc(const host::Arc& arc) {
     const double turn = areAxes ? 0 : std::atan2(2 * skew, uu - vv) / 2;
     const host::Vec major = areAxes ? u : u * std::cos(turn) + v * std::sin(turn);
     const host::Vec minor = areAxes ? v : v * std::cos(turn) - u * std::sin(turn);
-    const double rx = std::hypot(major.x, major.y) * m_view.scale;
-    const double ry = std::hypot(minor.x, minor.y) * m_view.scale;
+    const double rx = flatLength(major) * m_view.scale;
+    const double ry = flatLength(minor) * m_view.scale;
     const double flat = 0.5 / m_fineness;
     const bool whole = arc.sweep > kTurn - 1e-9;
     if (rx < flat || ry < flat) {  // seen from the side, or a dot

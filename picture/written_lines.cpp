@@ -28,8 +28,6 @@ double widthInFont(std::wstring_view words) {
     return width;
 }
 
-double flatLength(const host::Vec& v) { return std::hypot(v.x, v.y); }
-
 }  // namespace
 
 std::vector<WrittenLine> writtenLines(const host::Writing& writing,

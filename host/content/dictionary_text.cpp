@@ -30,16 +30,14 @@ bool DictionaryReader::next(DictionaryEntry& entry) {
 std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstring_view key) {
     const std::wstring folded = foldCase(key);
     DictionaryReader reader(dictionary.tags());
-    DictionaryEntry entry;
-    while (reader.next(entry))
+    for (DictionaryEntry entry; reader.next(entry);)
         if (foldCase(dictionary.decode(entry.key)) == folded) return entry;
     return std::nullopt;
 }
 
 std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::uint64_t handle) {
     DictionaryReader reader(dictionary.tags());
-    DictionaryEntry entry;
-    while (reader.next(entry))
+    for (DictionaryEntry entry; reader.next(entry);)
         if (entry.handle == handle) return entry;
     return std::nullopt;
 }

@@ -2,8 +2,6 @@
 #include "host/geometry/rigid_map.h"
 #include "host/geometry/angles.h"
 
-#include <cmath>
-
 namespace host {
 namespace {
 
@@ -20,13 +18,13 @@ RigidMap displacement(const Vec& by) {
 }
 
 bool isMirrorLine(const Vec& first, const Vec& second) {
-    const double size = std::hypot(second.x - first.x, second.y - first.y);
+    const double size = flatLength(second - first);
     return size > 0 && std::isfinite(size);
 }
 
 RigidMap mirroring(const Vec& first, const Vec& second) {
-    const double size = std::hypot(second.x - first.x, second.y - first.y);
-    const double dx = (second.x - first.x) / size, dy = (second.y - first.y) / size;
+    const Vec way = second - first;
+    const double size = flatLength(way), dx = way.x / size, dy = way.y / size;
     // The double angle of the line, exact for lines along an axis.
     const double c = (dx - dy) * (dx + dy), s = 2 * dx * dy;
     RigidMap made;

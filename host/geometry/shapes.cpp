@@ -14,15 +14,13 @@ bool holds(const Box& box, const Vec& p) {
     return box.left <= p.x && p.x <= box.right && box.bottom <= p.y && p.y <= box.top;
 }
 
-double flatDistance(const Vec& a, const Vec& b) { return std::hypot(a.x - b.x, a.y - b.y); }
-
 double distance(const Line& line, const Vec& p) {
     const Vec d = line.b - line.a;
     const double square = d.x * d.x + d.y * d.y;
     double t = square > 0 ? ((p.x - line.a.x) * d.x + (p.y - line.a.y) * d.y) / square : 0;
     if (!line.endlessA) t = std::max(t, 0.0);
     if (!line.endlessB) t = std::min(t, 1.0);
-    return flatDistance(line.a + d * t, p);
+    return flatLength(line.a + d * t - p);
 }
 
 /// Cuts the parameter range of a line at one side of a box; false when nothing is left.
@@ -55,7 +53,7 @@ double distance(const Arc& arc, const Vec& p) {
     constexpr int kSamples = 64;
     constexpr int kRefinements = 60;
     const double step = arc.sweep / kSamples;
-    const auto at = [&](double t) { return flatDistance(arc.at(t), p); };
+    const auto at = [&](double t) { return flatLength(arc.at(t) - p); };
     double best = arc.from;
     for (int i = 1; i <= kSamples; ++i) {
         if (at(arc.from + i * step) < at(best)) best = arc.from + i * step;
@@ -112,13 +110,13 @@ bool touches(const Arc& arc, const Box& box) {
 /// Both sides of a stroke with a width; its ends are straight.
 std::array<Line, 2> sidesOf(const Line& line) {
     const Vec d = line.b - line.a;
-    const double size = std::hypot(d.x, d.y);
-    const Vec side = size > 0 ? Vec{-d.y, d.x, 0} * (line.width / 2 / size) : Vec{};
+    const double size = flatLength(d);
+    const Vec side = size > 0 ? leftOf(d) * (line.width / 2 / size) : Vec{};
     return {{{line.a + side, line.b + side}, {line.a - side, line.b - side}}};
 }
 
 std::array<Arc, 2> sidesOf(const Arc& arc) {
-    const double radius = std::hypot(arc.u.x, arc.u.y);
+    const double radius = flatLength(arc.u);
     std::array<Arc, 2> sides{arc, arc};
     if (!(radius > 0)) return sides;
     for (const std::size_t i : {0, 1}) {

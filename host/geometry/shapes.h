@@ -1,7 +1,6 @@
 // Plane geometry of outlines: strokes and areas, how near a point is, what a box holds.
 #pragma once
 
-#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>

@@ -74,7 +74,7 @@ void drawEdge(const Pen& pen, const Edge& edge) {
         ratio = edge.radius;
     }
     const double turn = edge.counterClockwise ? 1 : -1;  // clockwise angles count downwards
-    pen.arc(start, u, Vec{-u.y, u.x, 0} * (ratio * turn), toRadians(edge.from),
+    pen.arc(start, u, leftOf(u) * (ratio * turn), toRadians(edge.from),
             toRadians(wrapped(edge.to - edge.from, 360)));
 }
 

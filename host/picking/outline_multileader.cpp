@@ -1,6 +1,5 @@
 // Multileaders: what a tag means depends on the braces in which it stands.
 #include <algorithm>
-#include <cmath>
 
 #include "host/content/multileader_parts.h"
 #include "host/picking/outline.h"
@@ -100,9 +99,9 @@ class LeaderReader {
 
 void drawHead(const Pen& pen, const Vec& tip, const Vec& next, double size) {
     const Vec way = next - tip;
-    const double distance = std::hypot(way.x, way.y);
+    const double distance = flatLength(way);
     if (!(distance > 0) || !(size > 0)) return;
-    const Vec back = way * (size / distance), side = Vec{-back.y, back.x, 0} * (1.0 / 6);
+    const Vec back = way * (size / distance), side = leftOf(back) * (1.0 / 6);
     pen.area({tip, tip + back + side, tip + back - side});
 }
 

@@ -41,9 +41,9 @@ void Pen::bulge(const Vec& a, const Vec& b, double bulge) const {
     if (std::fabs(bulge) < 1e-9 || std::fabs(bulge) > 1e9) return line(a, b);
     const Vec chord = b - a;
     const double side = (1 - bulge * bulge) / (4 * bulge);
-    const Vec centre = (a + b) * 0.5 + Vec{-chord.y, chord.x, 0} * side;
+    const Vec centre = (a + b) * 0.5 + leftOf(chord) * side;
     const Vec first = a - centre;
-    const double radius = std::hypot(first.x, first.y);
+    const double radius = flatLength(first);
     if (radius == 0) return line(a, b);
     const double turn = bulge > 0 ? 1 : -1;  // a clockwise angle counts downwards
     arc(centre, {radius, 0, 0}, {0, radius * turn, 0}, std::atan2(first.y * turn, first.x),
@@ -77,7 +77,7 @@ void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec&
 
 void Pen::pattern(PatternLines lines) const {
     const Vec along = m_place.turn(lines.along);
-    const double scale = std::hypot(along.x, along.y);
+    const double scale = flatLength(along);
     lines.base = m_place.apply(lines.base);
     lines.step = m_place.turn(lines.step);
     lines.along = along * (1 / scale);

@@ -58,7 +58,7 @@ void drawText(const Shape& shape, bool isDefinition) {
     const Vec end = pointOf(tags, 11, start);
     const bool stretched = horizontal == 3 || horizontal == 5;
     if (stretched) {
-        width = std::hypot(end.x - start.x, end.y - start.y);
+        width = flatLength(end - start);
         angle = std::atan2(end.y - start.y, end.x - start.x);
     } else if (horizontal != 0 || vertical != 0) {
         const Vec offset{-width * partBefore(horizontal), -height * partBelow(horizontal, vertical),
