@@ -39,6 +39,9 @@ struct Arc {
     Vec at(double t) const { return centre + u * std::cos(t) + v * std::sin(t); }
 };
 
+/// Distance of lines of words, in heights of one.
+inline constexpr double kLineDistance = 5.0 / 3;
+
 /// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
 struct Writing {
     std::size_t area = 0;             ///< index into Outline::areas

@@ -10,9 +10,8 @@
 namespace host {
 namespace {
 
-/// Mean width of a character and distance of lines, in heights.
+/// Mean width of a character, in heights.
 constexpr double kCharacterWidth = 0.8;
-constexpr double kLineDistance = 5.0 / 3;
 
 /// `slant` leans the box to the right: its tangent.
 void drawBox(const Pen& pen, const Vec& corner, double angle, double width, double height,
