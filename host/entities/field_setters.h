@@ -36,8 +36,8 @@ std::string newText(std::string_view type, std::string_view lastSubclass);
 bool isFinite(double x, double y, double z);
 
 /// A setter of one field: access check, eInvalidInput for a value that is none, the change.
-template <typename Field, typename Value>
-Acad::ErrorStatus changeField(const AcDbObject& object, const char* call, const Field& field,
+template <typename AnyField, typename Value>
+Acad::ErrorStatus changeField(const AcDbObject& object, const char* call, const AnyField& field,
                               const Value& value, bool isValid = true) {
     const Acad::ErrorStatus status = startChange(object, call);
     if (status != Acad::eOk) return status;
