@@ -1,9 +1,6 @@
 // Collects outlines, and frames for what has none.
 #include "picture/scene.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace picture {
 namespace {
 

@@ -1,9 +1,8 @@
 // The entries of a dictionary: reading, finding, adding and removing.
 #include "host/content/dictionary_text.h"
 
-#include "host/store/body_text.h"
-#include "host/store/store.h"
 #include "host/tags/tag_values.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 

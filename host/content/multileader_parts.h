@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "host/tags/tags.h"
+#include "host/text/numbers.h"
 
 namespace host {
 

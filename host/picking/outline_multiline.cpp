@@ -1,6 +1,5 @@
 // Multilines: the elements between their vertices with what was cut out of them, joints and caps.
 #include <algorithm>
-#include <cmath>
 
 #include "host/picking/outline.h"
 #include "host/store/store.h"

@@ -1,12 +1,8 @@
 // The form of each kind of entity that stands on its own.
-#include <algorithm>
-#include <cmath>
-
 #include "host/content/fields.h"
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
 #include "host/picking/outline.h"
-#include "host/store/store.h"
 
 namespace host {
 namespace {

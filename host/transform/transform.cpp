@@ -2,10 +2,10 @@
 #include "host/transform/transform.h"
 
 #include <cmath>
+#include <unordered_map>
 
 #include "host/clone/dimension_blocks.h"
 #include "host/content/references.h"
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_edit.h"
 #include "host/tags/tag_values.h"

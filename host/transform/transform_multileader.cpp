@@ -1,5 +1,4 @@
 // Multileaders under a rigid map: what a tag means depends on the braces in which it stands.
-#include <utility>
 #include <vector>
 
 #include "host/content/multileader_parts.h"

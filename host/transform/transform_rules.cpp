@@ -1,9 +1,6 @@
 // The table of types that can be moved and mirrored.
 #include "host/transform/transform_rules.h"
 
-#include <iterator>
-
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_values.h"
 #include "host/transform/transform_fields.h"
