@@ -178,8 +178,7 @@ std::string Inks::weightClass(const Look& look, std::string_view layer, const Lo
     return "w" + std::to_string(weight);
 }
 
-std::string Inks::widthClass(double width) {
-    if (!(width > 0)) return {};
+const std::string& Inks::widthClass(double width) {
     const auto [place, isNew] = m_widths.try_emplace(width);
     if (isNew) place->second = "b" + std::to_string(m_widths.size());
     return place->second;

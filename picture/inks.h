@@ -65,8 +65,8 @@ class Inks {
     /// the size of one in drawing units.
     std::string dashClass(const Look& look, std::string_view layer, const Look& reference,
                           double scale, double pixel);
-    /// Class of strokes with a width in drawing units ("b1"), empty for those without.
-    std::string widthClass(double width);
+    /// Class of strokes with a width in drawing units ("b1").
+    const std::string& widthClass(double width);
     /// Rules of all classes given out.
     std::string style(double pixel) const;
 

@@ -60,17 +60,13 @@ Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
 
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
-    m_parts = nullptr;
-    m_outline = &outline;
-    begin(entity);
+    begin(entity, outline, nullptr);
     return outline;
 }
 
 void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
                               std::vector<OutlinePart>& parts) {
-    m_parts = &parts;
-    m_outline = &outline;
-    begin(entity);
+    begin(entity, outline, &parts);
 }
 
 void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,

@@ -151,7 +151,7 @@ class OutlineMaker {
         std::optional<Box> box;
     };
 
-    void begin(const ObjectBody& entity);
+    void begin(const ObjectBody& entity, Outline& outline, std::vector<OutlinePart>* parts);
     bool goesOn() const { return m_measuring || m_spent <= m_most; }
     bool mayDraw(double cost);
     bool drawWithin(const ObjectBody& entity, double most);

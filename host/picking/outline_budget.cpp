@@ -121,7 +121,10 @@ void OutlineMaker::drawAsFrame(const ObjectBody& entity, const Extent& extent) {
     Pen(*m_outline, {}).frame(*extent.box);
 }
 
-void OutlineMaker::begin(const ObjectBody& entity) {
+void OutlineMaker::begin(const ObjectBody& entity, Outline& outline,
+                         std::vector<OutlinePart>* parts) {
+    m_outline = &outline;
+    m_parts = parts;
     if (isPaperViewport(entity)) return;  // the paper itself has no lines
     m_blocks.clear();
     const bool tries = m_framed < kTrials;
