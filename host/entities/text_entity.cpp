@@ -13,6 +13,12 @@ const IntegerField& verticalModeOf(const ObjectBody& body) {
     return body.kind == Kind::Attribute ? field::attributeVerticalMode : field::textVerticalMode;
 }
 
+/// Sets a mode; eInvalidInput for a number that is none.
+Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const IntegerField& field,
+                             int mode, int last) {
+    return changeField(object, call, field, mode, mode >= 0 && mode <= last);
+}
+
 }  // namespace
 
 std::string newText(std::string_view type, std::string_view lastSubclass) {
@@ -46,13 +52,13 @@ Acad::ErrorStatus AcDbText::setRotation(double radians) {
 }
 
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
-    return changeField(*this, "AcDbText::setHorizontalMode", field::horizontalMode, int(mode),
-                       mode >= 0 && mode <= AcDb::kTextFit);
+    return changeMode(*this, "AcDbText::setHorizontalMode", field::horizontalMode, mode,
+                      AcDb::kTextFit);
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
-    return changeField(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), int(mode),
-                       mode >= 0 && mode <= AcDb::kTextTop);
+    return changeMode(*this, "AcDbText::setVerticalMode", verticalModeOf(body()), mode,
+                      AcDb::kTextTop);
 }
 
 const ACHAR* AcDbText::textStringConst() const {
