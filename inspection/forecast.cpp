@@ -68,7 +68,7 @@ class Play {
         if (m_gone[pair.begin] || m_gone[pair.end]) return Repair::Halved;
         const Marker& begin = m_markers[pair.begin];
         const Marker& end = m_markers[pair.end];
-        const bool counted = countOf(begin.count) == pair.between;
+        const bool counted = countOf(begin.count).value_or(0) == pair.between;
         if (!begin.sound || !end.sound || !counted || !names(begin, end) || !names(end, begin))
             return Repair::Damaged;
         if (digitsOf(m_before[pair.begin].count) != pair.between) return Repair::Shortened;

@@ -6,7 +6,6 @@
 #include "arxHeaders.h"
 #include "group_naming.h"
 #include "host/text/text_codec.h"
-#include "host_guards.h"
 #include "inspection/forecast.h"
 #include "inspection/judgement.h"
 #include "inspection/markers.h"
@@ -93,7 +92,7 @@ class Judge {
         group.begin = markers[pair.begin].handle;
         group.end = markers[pair.end].handle;
         group.space = m_space;
-        group.count = countOf(markers[pair.begin].count);
+        group.count = countOf(markers[pair.begin].count).value_or(0);
         group.repair = repair;
         judge(group, markers[pair.begin], markers[pair.end], pair);
         // What two begin markers reach belongs to the nearer one.

@@ -38,10 +38,9 @@ std::string breach(const Marker& begin, const Marker& end, const Pair& pair) {
     if (!forward && !back) return "its markers do not name each other";
     if (!forward) return "its begin marker does not name its end marker";
     if (!back) return "its end marker does not name its begin marker";
-    bool isNumber = false;
-    countOf(begin.count, &isNumber);
-    if (!isNumber) return "its count \"" + host::toUtf8(begin.count) + "\" is no number";
-    if (countOf(begin.count) != digitsOf(begin.count))
+    const std::optional<int> count = countOf(begin.count);
+    if (!count) return "its count \"" + host::toUtf8(begin.count) + "\" is no number";
+    if (*count != digitsOf(begin.count))
         return "its count \"" + host::toUtf8(begin.count) + "\" does not begin with a digit";
     return {};
 }

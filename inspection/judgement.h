@@ -1,8 +1,6 @@
 // The verdict on one group and why, in words for a drafter.
 #pragma once
 
-#include <string>
-
 #include "inspection/forecast.h"
 #include "inspection/inspection.h"
 #include "inspection/markers.h"

@@ -215,15 +215,15 @@ AcDbObjectId resolve(const std::wstring& handleText) {
     return id;
 }
 
-int countOf(const std::wstring& text, bool* isNumber) {
+std::optional<int> countOf(const std::wstring& text) {
     wchar_t* end = nullptr;
     const long long value = std::wcstoll(text.c_str(), &end, 10);
-    if (isNumber != nullptr) *isNumber = end != text.c_str();
+    if (end == text.c_str()) return std::nullopt;
     return static_cast<int>(value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : value);
 }
 
 int digitsOf(const std::wstring& text) {
-    return countOf(text.substr(0, text.find_first_not_of(L"0123456789")));
+    return countOf(text.substr(0, text.find_first_not_of(L"0123456789"))).value_or(0);
 }
 
 }  // namespace inspection

@@ -1,6 +1,7 @@
 // The entities of one space in drawing order, with what makes some of them markers.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,9 +74,9 @@ class Steps {
 
 /// The object with a handle, erased or not, as the module resolves the text; null when unknown.
 AcDbObjectId resolve(const std::wstring& handleText);
-/// A count as a walk reads it, with blanks and a sign in front; 0 for what is no number. `isNumber`
-/// tells the two apart.
-int countOf(const std::wstring& text, bool* isNumber = nullptr);
+/// A count as a walk reads it, with blanks and a sign in front; nothing for what is no number,
+/// which the walk takes for 0.
+std::optional<int> countOf(const std::wstring& text);
 /// A count as the repair reads it: the digits at its very start.
 int digitsOf(const std::wstring& text);
 

@@ -27,12 +27,8 @@ void addPlace(std::string& text, const WrittenLine& line, int decimals) {
     const Vec &a = line.along, &b = line.up;
     if (std::fabs(a.y) < kStraight && std::fabs(b.x) < kStraight &&
         std::fabs(a.x - 1) < kStraight && b.y > 0) {
-        text += " x=\"";
-        addNumber(text, line.at.x, decimals);
-        text += "\" y=\"";
-        addNumber(text, line.at.y, decimals);
-        text += '"';
-        return;
+        addAttribute(text, "x", line.at.x, decimals);
+        return addAttribute(text, "y", line.at.y, decimals);
     }
     const auto clean = [](double value) { return std::fabs(value) < 1e-9 ? 0.0 : value; };
     char turn[96];
@@ -49,12 +45,6 @@ bool hasBroadStrokes(std::string_view type) {
 }
 
 }  // namespace
-
-const std::string& XmlNames::of(const host::Store& store, std::string_view name) {
-    const auto [place, isNew] = m_names.try_emplace(name);
-    if (isNew) place->second = xml(host::shortened(store.decode(name)));
-    return place->second;
-}
 
 EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet,
                            Inks& inks, PictureLimits limits)
@@ -106,27 +96,29 @@ void EntityWriter::collect(const Shown& shown, Role role, std::size_t written) {
 
 void EntityWriter::collectFrameAround(const Shown& shown, Role role) {
     const Look look(*shown.entity);
-    const host::Box& box = shown.bounds;
-    collectFrame({{box.left, box.bottom, 0},
-                  {box.right, box.bottom, 0},
-                  {box.right, box.top, 0},
-                  {box.left, box.top, 0}},
-                 "", role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
+    collectFrame(cornersOf(shown.bounds), "",
+                 role == Role::Plain ? m_inks.colourClass(look, look.layer, look) : "");
+}
+
+const std::string& EntityWriter::shownName(std::string_view name) {
+    const auto [place, isNew] = m_names.try_emplace(name);
+    if (isNew) place->second = xml(host::shortened(m_store.decode(name)));
+    return place->second;
 }
 
 void EntityWriter::writeTitle(std::string& svg, const Shown& shown, const Look& look,
                               const std::string& note) {
     const std::string_view type = shown.entity->type();
     svg += "<title>";
-    svg += m_names.of(m_store, type);
+    svg += shownName(type);
     svg += ' ';
     svg += host::formatHandle(shown.entity->handle);
     if (type == "INSERT") {
         svg += ", block ";
-        svg += m_names.of(m_store, host::textTag(shown.entity->tags(), 2));
+        svg += shownName(host::textTag(shown.entity->tags(), 2));
     }
     svg += ", layer ";
-    svg += m_names.of(m_store, look.layer);
+    svg += shownName(look.layer);
     svg += note;
     svg += "</title>";
 }
@@ -220,9 +212,8 @@ void EntityWriter::collectWords(const host::Writing& writing, const std::string&
         if (line.anchor > 0)
             svg += line.anchor < 1 ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
         if (line.fitted > 0) {
-            svg += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
-            addNumber(svg, line.fitted, decimals);
-            svg += '"';
+            svg += " lengthAdjust=\"spacingAndGlyphs\"";
+            addAttribute(svg, "textLength", line.fitted, decimals);
         }
         svg += '>';
         addXml(svg, line.words);
@@ -251,33 +242,24 @@ std::string EntityWriter::style() const {
 void EntityWriter::collectFrame(const std::vector<Vec>& corners, const std::string& name,
                                 const std::string& style) {
     constexpr double kLeast = 12, kNameSize = 9;  // pixels
-    std::optional<host::Box> box;
-    for (const Vec& corner : corners)
-        extend(box, host::Box{corner.x, corner.y, corner.x, corner.y});
-    const Vec middle{(box->left + box->right) / 2, (box->bottom + box->top) / 2, 0};
-    const double least = kLeast * m_sheet.pixel, width = box->right - box->left;
-    PathData& path = m_pool.strokes(joined("fr", style));
-    if (width < least && box->top - box->bottom < least) {
-        const double half = least / 2;
-        path.area({{middle.x - half, middle.y - half, 0},
-                   {middle.x + half, middle.y - half, 0},
-                   {middle.x + half, middle.y + half, 0},
-                   {middle.x - half, middle.y + half, 0}});
-    } else {
-        path.area(corners);
-    }
+    const host::Box box = host::boundsOf(corners);
+    const Vec middle{(box.left + box.right) / 2, (box.bottom + box.top) / 2, 0};
+    const double least = kLeast * m_sheet.pixel, half = least / 2, width = box.right - box.left;
+    const bool isSmall = width < least && box.top - box.bottom < least;
+    m_pool.strokes(joined("fr", style))
+        .area(isSmall ? cornersOf(host::Box{middle.x - half, middle.y - half, middle.x + half,
+                                            middle.y + half})
+                      : corners);
     const double size = kNameSize * m_sheet.pixel;
     if (name.empty() || width < size * kCharacterWidth * static_cast<double>(name.size())) return;
     const Spot at = m_sheet.view.spot(middle - Vec{0, size / 3, 0});
     std::string& svg = m_pool.words();
     openElement(svg, "text", joined("note", style));
-    svg += " text-anchor=\"middle\" x=\"";
-    addNumber(svg, at.x, m_sheet.view.decimals);
-    svg += "\" y=\"";
-    addNumber(svg, at.y, m_sheet.view.decimals);
-    svg += "\" font-size=\"";
-    addNumber(svg, size, m_sheet.view.decimals);
-    svg += "\">" + xml(std::string_view(name)) + "</text>";
+    svg += " text-anchor=\"middle\"";
+    addAttribute(svg, "x", at.x, m_sheet.view.decimals);
+    addAttribute(svg, "y", at.y, m_sheet.view.decimals);
+    addAttribute(svg, "font-size", size, m_sheet.view.decimals);
+    svg += ">" + xml(std::string_view(name)) + "</text>";
 }
 
 }  // namespace picture

@@ -20,16 +20,6 @@ enum class Role {
     Member,  ///< in the colour of its group, with its handle as id
 };
 
-/// Names for XML, each made once.
-class XmlNames {
-  public:
-    /// `name` is borrowed from the drawing's text.
-    const std::string& of(const host::Store& store, std::string_view name);
-
-  private:
-    std::unordered_map<std::string_view, std::string> m_names;
-};
-
 /// Sizes of a picture in bytes.
 struct PictureLimits {
     std::size_t large;  ///< behind it block references with many parts become frames
@@ -56,6 +46,7 @@ class EntityWriter {
     long omitted() const { return m_omitted; }
 
   private:
+    const std::string& shownName(std::string_view name);
     void writeTitle(std::string& svg, const Shown& shown, const Look& look,
                     const std::string& note);
     std::string styleOf(const Shown& shown, const host::OutlinePart& part, const Look& look,
@@ -79,8 +70,8 @@ class EntityWriter {
     PictureLimits m_limits;
     StrokePool m_pool;
     Hatching m_hatching;
-    XmlNames m_names;
-    std::map<std::string, std::string> m_sizes;  ///< of words, with their classes
+    std::unordered_map<std::string_view, std::string> m_names;  ///< of the drawing, for XML
+    std::map<std::string, std::string> m_sizes;                 ///< of words, with their classes
     double m_lastSize = -1;
     const std::string* m_lastClass = nullptr;
     long m_framed = 0;

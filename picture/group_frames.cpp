@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "picture/style.h"
-#include "picture/xml_text.h"
 
 namespace picture {
 namespace {

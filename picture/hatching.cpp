@@ -26,8 +26,7 @@ std::vector<Line> edgesOf(const host::Outline& outline, const host::OutlineMark&
         const int steps = std::max(1, static_cast<int>(std::ceil(arc.sweep / kStep)));
         Vec last;
         for (int k = 0; k <= steps; ++k) {
-            const double t = arc.from + arc.sweep * k / steps;
-            const Vec next = arc.centre + arc.u * std::cos(t) + arc.v * std::sin(t);
+            const Vec next = arc.at(arc.from + arc.sweep * k / steps);
             if (k > 0) edges.push_back({last, next});
             last = next;
         }
@@ -40,7 +39,7 @@ class Family {
   public:
     Family(const PatternLines& lines, double pixel, long long& work)
         : m_lines(lines), m_pixel(pixel), m_work(work) {
-        const Vec normal{-lines.along.y, lines.along.x, 0};
+        const Vec normal = leftOf(lines.along);
         m_distance = dot(lines.step, normal);
         m_normal = normal * (1 / m_distance);
         for (const double dash : lines.dashes)
@@ -51,18 +50,14 @@ class Family {
     /// The strokes inside; false when there are more than `most`.
     bool cut(const std::vector<Line>& edges, long long most, std::vector<Line>& strokes) {
         if (!cross(edges, most)) return false;
-        for (auto& [number, places] : m_crossings) {
-            if (!dash(number, places, most, strokes)) return false;
+        for (std::size_t i = 0; i < m_crossings.size(); ++i) {
+            if (!dash(m_first + static_cast<long long>(i), m_crossings[i], most, strokes))
+                return false;
         }
         return true;
     }
 
   private:
-    struct Crossings {
-        long long number = 0;
-        std::vector<double> places;  ///< along the line
-    };
-
     /// Number of the line through a point. What is as good as on a line is, so that edges which
     /// meet there agree.
     double across(const Vec& p) const {
@@ -81,19 +76,17 @@ class Family {
         }
         if (!(high - low < static_cast<double>(most)) || std::fabs(low) > 1e15)
             return edges.empty();
-        const auto first = static_cast<long long>(std::ceil(low));
+        m_first = static_cast<long long>(std::ceil(low));
         m_crossings.resize(static_cast<std::size_t>(std::max(0.0, high - std::ceil(low)) + 1));
-        for (std::size_t i = 0; i < m_crossings.size(); ++i)
-            m_crossings[i].number = first + static_cast<long long>(i);
         for (const Line& edge : edges) {
             const double a = across(edge.a), b = across(edge.b);
             // With its lower end and without its upper one, so that corners count once.
             for (double k = std::ceil(std::min(a, b)); k < std::max(a, b); ++k) {
                 const Vec at = edge.a + (edge.b - edge.a) * ((k - a) / (b - a));
                 const std::size_t place =
-                    static_cast<std::size_t>(static_cast<long long>(k) - first);
+                    static_cast<std::size_t>(static_cast<long long>(k) - m_first);
                 if (place >= m_crossings.size() || --m_work < 0) return false;
-                m_crossings[place].places.push_back(dot(at - origin(k), m_lines.along));
+                m_crossings[place].push_back(dot(at - origin(k), m_lines.along));
             }
         }
         return true;
@@ -135,8 +128,9 @@ class Family {
     double m_pixel;
     long long& m_work;
     double m_distance = 0, m_period = 0;
-    Vec m_normal;  ///< grows by 1 from a line to the next
-    std::vector<Crossings> m_crossings;
+    Vec m_normal;                                  ///< grows by 1 from a line to the next
+    long long m_first = 0;                         ///< number of the first line that crosses
+    std::vector<std::vector<double>> m_crossings;  ///< along each line from there on
 };
 
 }  // namespace

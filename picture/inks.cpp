@@ -174,12 +174,11 @@ int Inks::weightOf(const Look& look, std::string_view layer, const Look& referen
 std::string Inks::weightClass(const Look& look, std::string_view layer, const Look& reference) {
     const int weight = weightOf(look, layer, reference);
     if (weight < 0) return {};
-    m_weights.try_emplace(weight, weight);
+    m_weights.insert(weight);
     return "w" + std::to_string(weight);
 }
 
-std::string Inks::widthClass(double width) {
-    if (!(width > 0)) return {};
+const std::string& Inks::widthClass(double width) {
     const auto [place, isNew] = m_widths.try_emplace(width);
     if (isNew) place->second = "b" + std::to_string(m_widths.size());
     return place->second;
@@ -193,10 +192,10 @@ Inks::Dashed* Inks::dashedOf(const Look& look, std::string_view layer, const Loo
     if (isSameName(name, "BYLAYER")) name = layerOf(layer).linetype;
     if (name.empty() || isSameName(name, "CONTINUOUS") || isSameName(name, "BYBLOCK"))
         return nullptr;
-    const double factor = m_linetypes.scale() * look.linetypeScale * scale;
+    const double factor = m_linetypeScale * look.linetypeScale * scale;
     const auto [place, isNew] = m_dashed.try_emplace({name, factor});
     if (isNew) {
-        place->second.dashes = m_linetypes.patternOf(name);
+        place->second.dashes = patternOf(m_store, name);
         for (double& length : place->second.dashes)
             length *= factor;
     }
@@ -229,9 +228,9 @@ std::string Inks::style(double pixel) const {
         dark += rule + hex(readableOnDark(colour)) + "}";
     }
     std::string weights;
-    for (const auto& [weight, same] : m_weights) {
+    for (const int weight : m_weights) {
         char rule[48];
-        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", same, strokeWidth(weight));
+        std::snprintf(rule, sizeof rule, ".w%d{--w:%.2fpx}", weight, strokeWidth(weight));
         weights += rule;
     }
     for (const auto& [key, dashed] : m_dashed) {

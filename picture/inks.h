@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -43,7 +44,8 @@ struct Look {
 /// Finds colour, line weight and dashes of entities, and names them by style classes.
 class Inks {
   public:
-    explicit Inks(const host::Store& store) : m_store(store), m_linetypes(store) {}
+    explicit Inks(const host::Store& store)
+        : m_store(store), m_linetypeScale(linetypeScale(store)) {}
 
     /// The colour of an entity on a layer; `reference` is the look of the entity whose colour
     /// counts where a part of its block takes that.
@@ -63,8 +65,8 @@ class Inks {
     /// the size of one in drawing units.
     std::string dashClass(const Look& look, std::string_view layer, const Look& reference,
                           double scale, double pixel);
-    /// Class of strokes with a width in drawing units ("b1"), empty for those without.
-    std::string widthClass(double width);
+    /// Class of strokes with a width in drawing units ("b1").
+    const std::string& widthClass(double width);
     /// Rules of all classes given out.
     std::string style(double pixel) const;
 
@@ -82,8 +84,8 @@ class Inks {
     const Layer* m_last = nullptr;
     std::map<Rgb, std::string> m_colours;    ///< with their classes
     std::map<double, std::string> m_widths;  ///< of broad strokes, with their classes
-    std::map<int, int> m_weights;            ///< hundredths of a millimetre that are in use
-    Linetypes m_linetypes;
+    std::set<int> m_weights;                 ///< hundredths of a millimetre that are in use
+    double m_linetypeScale;
     struct Dashed {
         Dashes dashes;
         std::string name;  ///< of its class, once that was asked for

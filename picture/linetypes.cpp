@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "host/tags/tag_values.h"
+#include "host/picking/outline.h"
 
 namespace picture {
 namespace {
@@ -29,23 +29,16 @@ Dashes inTurns(const std::vector<double>& lengths) {
 
 }  // namespace
 
-Linetypes::Linetypes(const host::Store& store) : m_store(store) {
-    const auto value = store.headerValue("$LTSCALE");
-    const double scale = value ? host::realOf(*value, 1) : 1;
-    if (scale > 0) m_scale = scale;
+Dashes patternOf(const host::Store& store, std::string_view linetype) {
+    const host::ObjectBody* record = store.symbol("LTYPE", store.decode(linetype));
+    if (record == nullptr) return {};
+    return inTurns(host::realsOf(host::OwnTags(record->tags()), 49));
 }
 
-const Dashes& Linetypes::patternOf(std::string_view name) {
-    const auto [place, isNew] = m_patterns.try_emplace(name);
-    const host::ObjectBody* record =
-        isNew ? m_store.symbol("LTYPE", m_store.decode(name)) : nullptr;
-    if (record == nullptr) return place->second;
-    std::vector<double> lengths;
-    const host::OwnTags tags(record->tags());
-    for (const host::Tag& tag : tags.tags()) {
-        if (tag.code == 49) lengths.push_back(host::realOf(tag.value));
-    }
-    return place->second = inTurns(lengths);
+double linetypeScale(const host::Store& store) {
+    const auto value = store.headerValue("$LTSCALE");
+    const double scale = value ? host::realOf(*value, 1) : 1;
+    return scale > 0 ? scale : 1;
 }
 
 }  // namespace picture

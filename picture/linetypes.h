@@ -1,9 +1,7 @@
 // The dash patterns of a drawing's line types.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "host/store/store.h"
@@ -14,20 +12,9 @@ namespace picture {
 /// a dash of length 0. None is a stroke without gaps.
 using Dashes = std::vector<double>;
 
-/// Looks line types up once each. Names are borrowed from the drawing's text.
-class Linetypes {
-  public:
-    explicit Linetypes(const host::Store& store);
-
-    /// In units of the pattern's definition.
-    const Dashes& patternOf(std::string_view name);
-    /// What the whole drawing multiplies patterns by.
-    double scale() const { return m_scale; }
-
-  private:
-    const host::Store& m_store;
-    double m_scale = 1;
-    std::unordered_map<std::string_view, Dashes> m_patterns;
-};
+/// The pattern of a line type (its name in the drawing's encoding) in units of its definition.
+Dashes patternOf(const host::Store& store, std::string_view linetype);
+/// What the whole drawing multiplies patterns by.
+double linetypeScale(const host::Store& store);
 
 }  // namespace picture

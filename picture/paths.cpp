@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/geometry/angles.h"
+
 namespace picture {
 namespace {
 
-constexpr double kTurn = 6.283185307179586;
+using host::kTurn;
 constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
@@ -35,11 +37,6 @@ void addSteps(std::string& text, long long value, int decimals) {
     for (; left > 0 || begin == end; left /= 10)
         *--begin = static_cast<char>('0' + left % 10);
     text.append(begin, static_cast<std::size_t>(end - begin));
-}
-
-host::Vec pointAt(const host::Arc& arc, double t) {
-    if (t == 0) return arc.centre + arc.u;
-    return arc.centre + arc.u * std::cos(t) + arc.v * std::sin(t);
 }
 
 /// Ends of the part of a line that lies in the box; an endless side reaches its border.
@@ -140,19 +137,19 @@ void PathData::arc(const host::Arc& arc) {
     const double turn = areAxes ? 0 : std::atan2(2 * skew, uu - vv) / 2;
     const host::Vec major = areAxes ? u : u * std::cos(turn) + v * std::sin(turn);
     const host::Vec minor = areAxes ? v : v * std::cos(turn) - u * std::sin(turn);
-    const double rx = std::hypot(major.x, major.y) * m_view.scale;
-    const double ry = std::hypot(minor.x, minor.y) * m_view.scale;
+    const double rx = flatLength(major) * m_view.scale;
+    const double ry = flatLength(minor) * m_view.scale;
     const double flat = 0.5 / m_fineness;
     const bool whole = arc.sweep > kTurn - 1e-9;
     if (rx < flat || ry < flat) {  // seen from the side, or a dot
         const host::Vec& longer = rx < ry ? minor : major;
         const bool all = arc.sweep > kTurn / 2;
-        return line({all ? arc.centre - longer : pointAt(arc, arc.from),
-                     all ? arc.centre + longer : pointAt(arc, arc.from + arc.sweep)});
+        return line({all ? arc.centre - longer : arc.at(arc.from),
+                     all ? arc.centre + longer : arc.at(arc.from + arc.sweep)});
     }
     const double tilt = std::fabs(rx - ry) < flat ? 0 : -std::atan2(major.y, major.x) * 360 / kTurn;
     const bool clockwise = u.x * v.y - u.y * v.x < 0;
-    const host::Vec start = pointAt(arc, arc.from);
+    const host::Vec start = arc.at(arc.from);
     const Grid first = grid(start);
     const auto reach = [&](const Grid& end, bool large) {
         m_text += 'a';
@@ -165,7 +162,7 @@ void PathData::arc(const host::Arc& arc) {
         m_at = end;
     };
     go(first);
-    if (!whole) return reach(grid(pointAt(arc, arc.from + arc.sweep)), arc.sweep > kTurn / 2);
+    if (!whole) return reach(grid(arc.at(arc.from + arc.sweep)), arc.sweep > kTurn / 2);
     reach(grid(arc.centre * 2 - start), false);
     reach(first, false);
 }

@@ -149,12 +149,8 @@ class Drawer {
         constexpr std::size_t kMostWords = 20000;
         const std::vector<host::Writing>& writings = m_scene.outline.writings;
         if (m_groups.empty() || writings.size() > kMostWords) return;
-        for (const host::Writing& writing : writings) {
-            std::optional<host::Box> box;
-            for (const host::Vec& corner : m_scene.outline.areas[writing.area])
-                extend(box, host::Box{corner.x, corner.y, corner.x, corner.y});
-            places.take(areaOf(*box));
-        }
+        for (const host::Writing& writing : writings)
+            places.take(areaOf(host::boundsOf(m_scene.outline.areas[writing.area])));
     }
 
     /// All entities in drawing order; the members of a group stand together and in its element.

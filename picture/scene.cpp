@@ -1,11 +1,6 @@
 // Collects outlines, and frames for what has none.
 #include "picture/scene.h"
 
-#include <algorithm>
-#include <cmath>
-
-#include "host/content/paper_viewport.h"
-
 namespace picture {
 namespace {
 
@@ -21,10 +16,6 @@ bool sane(const host::Box& box) {
            box.top < kDamageBeyond;
 }
 
-std::vector<Vec> rectangle(double left, double bottom, double right, double top) {
-    return {{left, bottom, 0}, {right, bottom, 0}, {right, top, 0}, {left, top, 0}};
-}
-
 /// Corners of a picture-like entity by its own tags; empty for other kinds.
 std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
     const Vec at = host::pointOf(tags, 10);
@@ -35,12 +26,10 @@ std::vector<Vec> ownFrame(std::string_view type, const OwnTags& tags) {
     }
     if (type == "VIEWPORT") {
         const double x = tags.real(40, 0) / 2, y = tags.real(41, 0) / 2;
-        return rectangle(at.x - x, at.y - y, at.x + x, at.y + y);
+        return cornersOf(host::Box{at.x - x, at.y - y, at.x + x, at.y + y});
     }
     if (type == "OLE2FRAME") {
-        const Vec other = host::pointOf(tags, 11, at);
-        return rectangle(std::min(at.x, other.x), std::min(at.y, other.y), std::max(at.x, other.x),
-                         std::max(at.y, other.y));
+        return cornersOf(host::boundsOf({at, host::pointOf(tags, 11, at)}));
     }
     return {};
 }
@@ -55,11 +44,9 @@ std::vector<Vec> frameOf(const Scene& scene, std::size_t index, bool isMain) {
     const std::size_t end = scene.endOf(index).lines;
     if (part.from.lines >= end) return {};
     std::optional<host::Box> box;
-    for (std::size_t i = part.from.lines; i < end; ++i) {
-        const Vec& p = scene.outline.lines[i].a;
-        extend(box, host::Box{p.x, p.y, p.x, p.y});
-    }
-    return rectangle(box->left, box->bottom, box->right, box->top);
+    for (std::size_t i = part.from.lines; i < end; ++i)
+        extend(box, scene.outline.lines[i].a);
+    return cornersOf(*box);
 }
 
 void addFrames(Scene& scene, const host::ObjectBody& entity, std::size_t firstPart) {
@@ -80,11 +67,8 @@ void add(Scene& scene, host::OutlineMaker& maker, const host::ObjectBody& entity
     maker.addOutline(entity, scene.outline, scene.parts);
     addFrames(scene, entity, firstPart);
     std::optional<host::Box> bounds = scene.outline.bounds(from);
-    for (std::size_t i = firstFrame; i < scene.frames.size(); ++i) {
-        host::Outline frame;
-        frame.areas.push_back(scene.frames[i].corners);
-        extend(bounds, frame.bounds());
-    }
+    for (std::size_t i = firstFrame; i < scene.frames.size(); ++i)
+        extend(bounds, host::boundsOf(scene.frames[i].corners));
     if (!bounds || !sane(*bounds)) return;
     extend(scene.bounds, bounds);
     scene.shown.push_back(
@@ -112,9 +96,8 @@ bool isWords(const host::Outline& outline, const host::OutlineMark& from,
 Scene readScene(const host::Store& store, const std::vector<const host::ObjectBody*>& entities) {
     Scene scene;
     host::OutlineMaker maker(store);
-    for (const host::ObjectBody* entity : entities) {
-        if (!host::isPaperViewport(*entity)) add(scene, maker, *entity);
-    }
+    for (const host::ObjectBody* entity : entities)
+        add(scene, maker, *entity);
     return scene;
 }
 
@@ -128,10 +111,8 @@ Scene readScene(const host::Store& store, host::Index space, const Filter& filte
     scene.outline.areas.reserve(store.count());
     scene.outline.writings.reserve(store.count());
     host::OutlineMaker maker(store);
-    for (const host::ObjectBody& entity : store.children(space)) {
-        if (host::isPaperViewport(entity) || (filter && !filter(entity))) continue;
-        add(scene, maker, entity);
-    }
+    for (const host::ObjectBody& entity : store.children(space))
+        if (!filter || filter(entity)) add(scene, maker, entity);
     scene.repeating = maker.framed();
     return scene;
 }

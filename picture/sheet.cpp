@@ -78,11 +78,11 @@ std::string scaleBar(const Sheet& sheet, const host::Store& store, const Spot& a
            "\n";
 }
 
-void addAttribute(std::string& svg, const char* name, double value) {
+void addAttribute(std::string& svg, const char* name, double value, int decimals) {
     svg += ' ';
     svg += name;
     svg += "=\"";
-    addNumber(svg, value);
+    addNumber(svg, value, decimals);
     svg += '"';
 }
 

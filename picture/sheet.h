@@ -43,7 +43,7 @@ Sheet sheetFor(const std::optional<host::Box>& bounds, const std::optional<host:
 std::string scaleBar(const Sheet& sheet, const host::Store& store, const Spot& at);
 
 /// Appends ` name="value"`.
-void addAttribute(std::string& svg, const char* name, double value);
+void addAttribute(std::string& svg, const char* name, double value, int decimals = 2);
 /// A text of the sheet in a style class.
 std::string sheetText(const char* style, double x, double y, const std::string& text);
 /// The start of a text with an ellipsis where more than `most` characters are there. UTF-8.

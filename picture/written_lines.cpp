@@ -8,7 +8,6 @@ namespace {
 
 /// Height of capitals, as a part of the size of common fonts.
 constexpr double kCapital = 0.72;
-constexpr double kLineDistance = 5.0 / 3;
 
 /// About how wide a line is in common fonts, in parts of their size; seldom too little.
 double widthInFont(std::wstring_view words) {
@@ -28,8 +27,6 @@ double widthInFont(std::wstring_view words) {
     return width;
 }
 
-double flatLength(const host::Vec& v) { return std::hypot(v.x, v.y); }
-
 }  // namespace
 
 std::vector<WrittenLine> writtenLines(const host::Writing& writing,
@@ -42,7 +39,7 @@ std::vector<WrittenLine> writtenLines(const host::Writing& writing,
     const double line = tall * writing.line;
     const double size = line * view.scale / kCapital;
     const double written =
-        line * (1 + static_cast<double>(writing.lines.size() - 1) * kLineDistance);
+        line * (1 + static_cast<double>(writing.lines.size() - 1) * host::kLineDistance);
     const double room = (tall - written) * writing.above;
     std::vector<WrittenLine> placed;
     for (std::size_t i = 0; i < writing.lines.size(); ++i) {
@@ -50,7 +47,7 @@ std::vector<WrittenLine> writtenLines(const host::Writing& writing,
         if (words.find_first_not_of(L" \u00a0") == words.npos) continue;
         const bool fitted =
             writing.fitted || widthInFont(words) * size * stretch > width * view.scale;
-        const double below = room + line * (1 + static_cast<double>(i) * kLineDistance);
+        const double below = room + line * (1 + static_cast<double>(i) * host::kLineDistance);
         const host::Vec base = writing.isParagraph ? area[3] - b * below : area[0];
         placed.push_back({view.spot(base + along * writing.anchor), a, b, size, writing.anchor,
                           fitted ? width * view.scale / stretch : 0, words});

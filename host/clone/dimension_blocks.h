@@ -1,8 +1,6 @@
 // The anonymous blocks that hold the pictures of dimensions and tables.
 #pragma once
 
-#include <string>
-
 #include "host/store/object_body.h"
 
 namespace host {

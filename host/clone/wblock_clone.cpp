@@ -155,14 +155,12 @@ class Collector {
         }
         if (object.owner == kNoIndex || object.erased || depth > kDeepest) return nullptr;
         const ObjectBody& holder = m_from.at(object.owner);
-        DictionaryReader entries(holder.kind == Kind::Dictionary ? holder.tags() : "");
-        DictionaryEntry entry;
-        while (entries.next(entry) && entry.handle != object.handle) {
-        }
-        if (entry.handle != object.handle) return nullptr;
+        if (holder.kind != Kind::Dictionary) return nullptr;
+        const auto entry = findEntry(holder, object.handle);
+        if (!entry) return nullptr;
         ObjectBody* parent = bringEntry(holder, depth + 1);
         if (parent == nullptr) return nullptr;
-        const std::wstring key = m_from.decode(entry.key);
+        const std::wstring key = m_from.decode(entry->key);
         if (const auto there = findEntry(*parent, key)) {
             ObjectBody* found = m_to.byHandle(there->handle);
             if (found == nullptr || found->erased) return nullptr;

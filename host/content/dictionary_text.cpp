@@ -1,9 +1,8 @@
 // The entries of a dictionary: reading, finding, adding and removing.
 #include "host/content/dictionary_text.h"
 
-#include "host/store/body_text.h"
-#include "host/store/store.h"
 #include "host/tags/tag_values.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 
@@ -30,23 +29,24 @@ bool DictionaryReader::next(DictionaryEntry& entry) {
 std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstring_view key) {
     const std::wstring folded = foldCase(key);
     DictionaryReader reader(dictionary.tags());
-    DictionaryEntry entry;
-    while (reader.next(entry))
+    for (DictionaryEntry entry; reader.next(entry);)
         if (foldCase(dictionary.decode(entry.key)) == folded) return entry;
     return std::nullopt;
 }
 
-bool removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
+std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::uint64_t handle) {
     DictionaryReader reader(dictionary.tags());
-    DictionaryEntry entry;
-    while (reader.next(entry)) {
-        if (entry.handle != handle) continue;
-        std::string text(dictionary.tags());
-        text.erase(entry.begin, entry.end - entry.begin);
-        dictionary.setTags(text);
-        return true;
-    }
-    return false;
+    for (DictionaryEntry entry; reader.next(entry);)
+        if (entry.handle == handle) return entry;
+    return std::nullopt;
+}
+
+void removeEntry(ObjectBody& dictionary, std::uint64_t handle) {
+    const auto entry = findEntry(dictionary, handle);
+    if (!entry) return;
+    std::string text(dictionary.tags());
+    text.erase(entry->begin, entry->end - entry->begin);
+    dictionary.setTags(text);
 }
 
 void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handle) {

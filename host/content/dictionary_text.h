@@ -35,10 +35,11 @@ class DictionaryReader {
     bool m_atKey = false;  ///< the walk stands on the key of the next entry
 };
 
-/// The entry under a key without regard to case, whether its object lives or not.
+/// The entry under a key without regard to case, or that of an object, whether it lives or not.
 std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::wstring_view key);
-/// Takes the entry with a handle out of the tags; false when there is none.
-bool removeEntry(ObjectBody& dictionary, std::uint64_t handle);
+std::optional<DictionaryEntry> findEntry(const ObjectBody& dictionary, std::uint64_t handle);
+/// Takes the entry with a handle out of the tags; harmless when there is none.
+void removeEntry(ObjectBody& dictionary, std::uint64_t handle);
 /// Adds an entry behind the others.
 void addEntry(ObjectBody& dictionary, std::wstring_view key, std::uint64_t handle);
 /// True when the entries are hard-owned (280).

@@ -12,21 +12,18 @@
 
 namespace host {
 
-struct RealField {
+/// A value, and what it is where the tag is missing.
+template <typename Value>
+struct Field {
     FieldPlace place;
-    double fallback = 0.0;
+    Value fallback{};
 };
-struct IntegerField {
-    FieldPlace place;
-    int fallback = 0;
-};
+using RealField = Field<double>;
+using IntegerField = Field<int>;
+using TextField = Field<std::wstring_view>;
 /// Point of three reals: code, code + 10, code + 20; a missing coordinate is 0.
 struct PointField {
     FieldPlace place;
-};
-struct TextField {
-    FieldPlace place;
-    std::wstring_view fallback;
 };
 
 /// Values of an object; the field's default when the tag is absent or malformed.

@@ -1,10 +1,8 @@
 // Objects that list others of the whole drawing.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/store/object_body.h"

@@ -2,7 +2,6 @@
 #include "host/content/paper_viewport.h"
 
 #include "host/content/fields.h"
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_values.h"
 

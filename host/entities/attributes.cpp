@@ -1,6 +1,5 @@
 // Attribute definitions of blocks and attributes of placed block references.
 #include "host/entities/field_setters.h"
-#include "host/tags/tag_values.h"
 
 namespace host {
 namespace {

@@ -1,6 +1,4 @@
 // Block references: placement, their block, their attributes with the sequence end.
-#include <cmath>
-
 #include "host/control/faults.h"
 #include "host/entities/field_setters.h"
 #include "host/tags/tags.h"
@@ -28,8 +26,7 @@ std::string blockNameOf(AcDbObjectId id) {
 }
 
 AcGePoint3d finite(const AcGePoint3d& point) {
-    const bool good = std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-    return good ? point : AcGePoint3d();
+    return isFinite(point.x, point.y, point.z) ? point : AcGePoint3d();
 }
 
 /// Gives a reference its sequence end, on the reference's layer and in its space.
@@ -62,9 +59,7 @@ Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) {
     const Acad::ErrorStatus status = startChange(*this, "AcDbBlockReference::setScaleFactors");
     if (status != Acad::eOk) return status;
-    if (!std::isfinite(scale.sx) || !std::isfinite(scale.sy) || !std::isfinite(scale.sz)) {
-        return Acad::eInvalidInput;
-    }
+    if (!isFinite(scale.sx, scale.sy, scale.sz)) return Acad::eInvalidInput;
     setField(body(), field::scaleX, scale.sx);
     setField(body(), field::scaleY, scale.sy);
     setField(body(), field::scaleZ, scale.sz);

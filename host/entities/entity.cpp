@@ -8,8 +8,8 @@ namespace {
 constexpr Adesk::UInt16 kByLayer = 256;
 
 /// Sets a field of an entity and, when asked, of its sub-entities.
-template <typename Field, typename Value>
-void setWithSubEntities(ObjectBody& entity, const Field& field, const Value& value,
+template <typename AnyField, typename Value>
+void setWithSubEntities(ObjectBody& entity, const AnyField& field, const Value& value,
                         bool doSubents) {
     setField(entity, field, value);
     if (!doSubents) return;

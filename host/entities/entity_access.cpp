@@ -2,18 +2,12 @@
 #include "host/objectarx/entity_access.h"
 
 #include "host/control/faults.h"
-#include "host/objectarx/database.h"
+#include "host/entities/field_setters.h"
 #include "host/objects/result_list.h"
-#include "host/store/store.h"
 #include "host/tags/tag_walk.h"
 
 namespace host {
 namespace {
-
-Store* workingStore() {
-    const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    return database != nullptr ? &database->store() : nullptr;
-}
 
 /// The entity of the working drawing that a name stands for, erased or not, or null.
 ObjectBody* entityOf(const ads_name name) {
@@ -24,27 +18,17 @@ ObjectBody* entityOf(const ads_name name) {
     return body;
 }
 
-Index liveSequenceEnd(const ObjectBody& entity) {
-    const Index end = entity.sequenceEnd;
-    return end != kNoIndex && !entity.store->at(end).erased ? end : kNoIndex;
-}
-
 /// The live entity behind `body` in its block, or kNoIndex at the block's end.
 Index following(const Store& store, const ObjectBody& body) {
-    const ObjectBody* main = &body;
-    if (!isSubEntityKind(body.kind)) {
-        const Index first = store.firstLive(body.self);
-        if (first != kNoIndex) return first;
-        if (liveSequenceEnd(body) != kNoIndex) return body.sequenceEnd;
-    } else {
-        main = &store.at(body.owner);
-        if (body.kind != Kind::SequenceEnd) {
-            const Index sibling = store.nextLive(body);
-            if (sibling != kNoIndex) return sibling;
-            if (liveSequenceEnd(*main) != kNoIndex) return main->sequenceEnd;
-        }
+    const bool isMain = !isSubEntityKind(body.kind);
+    const ObjectBody& main = isMain ? body : store.at(body.owner);
+    if (body.kind != Kind::SequenceEnd) {
+        const Index part = isMain ? store.firstLive(body.self) : store.nextLive(body);
+        if (part != kNoIndex) return part;
+        const Index end = main.sequenceEnd;
+        if (end != kNoIndex && !store.at(end).erased) return end;
     }
-    return store.nextLive(*main);
+    return store.nextLive(main);
 }
 
 /// Adds the stored tags but for the type, the handle and the owner, which stand in front.

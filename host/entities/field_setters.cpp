@@ -30,21 +30,24 @@ std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity) {
     return found;
 }
 
-Store* namesOf(const ObjectBody& entity) {
-    if (entity.store != nullptr) return entity.store;
+Store* workingStore() {
     const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
     return working != nullptr ? &working->store() : nullptr;
 }
 
 const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
                              std::wstring_view name) {
-    const Store* store = namesOf(entity);
+    const Store* store = entity.store != nullptr ? entity.store : workingStore();
     return store != nullptr ? store->liveSymbol(table, name) : nullptr;
 }
 
 AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wstring_view name) {
     const ObjectBody* record = liveSymbol(entity, table, name);
     return record != nullptr ? record->store->idOf(*record) : AcDbObjectId();
+}
+
+bool isFinite(double x, double y, double z) {
+    return std::isfinite(x) && std::isfinite(y) && std::isfinite(z);
 }
 
 Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const TextField& field,
@@ -58,22 +61,12 @@ Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const T
 
 Acad::ErrorStatus changeReal(const AcDbObject& object, const char* call, const RealField& field,
                              double value) {
-    const Acad::ErrorStatus status = startChange(object, call);
-    if (status != Acad::eOk) return status;
-    if (!std::isfinite(value)) return Acad::eInvalidInput;
-    setField(object.body(), field, value);
-    return Acad::eOk;
+    return changeField(object, call, field, value, std::isfinite(value));
 }
 
 Acad::ErrorStatus changePoint(const AcDbObject& object, const char* call, const PointField& field,
                               const AcGePoint3d& point) {
-    const Acad::ErrorStatus status = startChange(object, call);
-    if (status != Acad::eOk) return status;
-    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z)) {
-        return Acad::eInvalidInput;
-    }
-    setField(object.body(), field, point);
-    return Acad::eOk;
+    return changeField(object, call, field, point, isFinite(point.x, point.y, point.z));
 }
 
 Acad::ErrorStatus changeFlag(const AcDbObject& object, const char* call, const IntegerField& field,

@@ -20,10 +20,10 @@ Acad::ErrorStatus openEnd(const AcDbEntity& parent, AcDbSequenceEnd*& end, AcDb:
 /// Live sub-entities of an entity in order, the sequence end last.
 std::vector<ObjectBody*> subEntitiesOf(const ObjectBody& entity);
 
-/// The store in which an entity's names are looked up: its own or, before it has one, the working
-/// drawing's. Null when there is neither.
-Store* namesOf(const ObjectBody& entity);
-/// Live record of a table by name, or null.
+/// The working drawing's store, or null.
+Store* workingStore();
+/// Live record of a table by name, or null. It is looked up in the entity's own drawing or, before
+/// it has one, in the working one.
 const ObjectBody* liveSymbol(const ObjectBody& entity, std::string_view table,
                              std::wstring_view name);
 /// Id of that record, or the null id.
@@ -32,18 +32,23 @@ AcDbObjectId symbolId(const ObjectBody& entity, std::string_view table, std::wst
 /// Tags of a new text, attribute or definition without text, up to the marker of its last subclass.
 std::string newText(std::string_view type, std::string_view lastSubclass);
 
-/// A setter of one field: access check, the change.
-template <typename Field, typename Value>
-Acad::ErrorStatus changeField(const AcDbObject& object, const char* call, const Field& field,
-                              const Value& value) {
+/// True for numbers that a drawing can hold: neither NaN nor infinity.
+bool isFinite(double x, double y, double z);
+
+/// A setter of one field: access check, eInvalidInput for a value that is none, the change.
+template <typename AnyField, typename Value>
+Acad::ErrorStatus changeField(const AcDbObject& object, const char* call, const AnyField& field,
+                              const Value& value, bool isValid = true) {
     const Acad::ErrorStatus status = startChange(object, call);
-    if (status == Acad::eOk) setField(object.body(), field, value);
-    return status;
+    if (status != Acad::eOk) return status;
+    if (!isValid) return Acad::eInvalidInput;
+    setField(object.body(), field, value);
+    return Acad::eOk;
 }
 /// The same for a text that the caller passes; eInvalidInput for null.
 Acad::ErrorStatus changeText(const AcDbObject& object, const char* call, const TextField& field,
                              const ACHAR* text);
-/// The same for reals; eInvalidInput for NaN and infinity, which no drawing can hold.
+/// The same for reals; eInvalidInput for those that are not finite.
 Acad::ErrorStatus changeReal(const AcDbObject& object, const char* call, const RealField& field,
                              double value);
 Acad::ErrorStatus changePoint(const AcDbObject& object, const char* call, const PointField& field,

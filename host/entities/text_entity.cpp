@@ -16,11 +16,7 @@ const IntegerField& verticalModeOf(const ObjectBody& body) {
 /// Sets a mode; eInvalidInput for a number that is none.
 Acad::ErrorStatus changeMode(const AcDbObject& object, const char* call, const IntegerField& field,
                              int mode, int last) {
-    const Acad::ErrorStatus status = startChange(object, call);
-    if (status != Acad::eOk) return status;
-    if (mode < 0 || mode > last) return Acad::eInvalidInput;
-    setField(object.body(), field, mode);
-    return Acad::eOk;
+    return changeField(object, call, field, mode, mode >= 0 && mode <= last);
 }
 
 }  // namespace

@@ -2,14 +2,10 @@
 #include "host/geometry/affine.h"
 #include "host/geometry/angles.h"
 
-#include <cmath>
-
 namespace host {
 
-double length(const Vec& v) { return std::sqrt(v.x * v.x + v.y * v.y + v.z * v.z); }
-
 Vec unit(const Vec& v) {
-    const double size = length(v);
+    const double size = std::sqrt(dot(v, v));
     return size > 0 && std::isfinite(size) ? v * (1 / size) : Vec{0, 0, 1};
 }
 

@@ -1,6 +1,8 @@
 // Points, vectors and affine maps of drawing space, and object coordinate systems.
 #pragma once
 
+#include <cmath>
+
 namespace host {
 
 struct Vec {
@@ -12,7 +14,9 @@ inline Vec operator*(const Vec& a, double factor) {
     return {a.x * factor, a.y * factor, a.z * factor};
 }
 inline double dot(const Vec& a, const Vec& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-double length(const Vec& v);
+/// Seen from above: its length, and the same way turned to the left.
+inline double flatLength(const Vec& v) { return std::hypot(v.x, v.y); }
+inline Vec leftOf(const Vec& v) { return {-v.y, v.x, 0}; }
 /// Of length 1; a zero vector becomes the Z axis.
 Vec unit(const Vec& v);
 Vec cross(const Vec& a, const Vec& b);

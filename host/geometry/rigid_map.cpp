@@ -2,8 +2,6 @@
 #include "host/geometry/rigid_map.h"
 #include "host/geometry/angles.h"
 
-#include <cmath>
-
 namespace host {
 namespace {
 
@@ -20,13 +18,13 @@ RigidMap displacement(const Vec& by) {
 }
 
 bool isMirrorLine(const Vec& first, const Vec& second) {
-    const double size = std::hypot(second.x - first.x, second.y - first.y);
+    const double size = flatLength(second - first);
     return size > 0 && std::isfinite(size);
 }
 
 RigidMap mirroring(const Vec& first, const Vec& second) {
-    const double size = std::hypot(second.x - first.x, second.y - first.y);
-    const double dx = (second.x - first.x) / size, dy = (second.y - first.y) / size;
+    const Vec way = second - first;
+    const double size = flatLength(way), dx = way.x / size, dy = way.y / size;
     // The double angle of the line, exact for lines along an axis.
     const double c = (dx - dy) * (dx + dy), s = 2 * dx * dy;
     RigidMap made;
@@ -40,34 +38,26 @@ RigidMap mirroring(const Vec& first, const Vec& second) {
 }
 
 ObjectFrame::ObjectFrame(const RigidMap& map, const Vec& extrusion, bool turnsOver)
-    : m_world(map),
-      m_mirrors(map.mirrors),
-      m_turnsOver(turnsOver && map.mirrors),
-      m_old(objectSystem(extrusion)) {
+    : m_world(map), m_turnsOver(turnsOver && map.mirrors), m_old(objectSystem(extrusion)) {
     const Transform fresh = objectSystem(this->extrusion(extrusion));
     const Transform back = transposed(fresh);
-    if (m_mirrors) m_object = back * map.matrix * m_old;
+    if (map.mirrors) m_object = back * map.matrix * m_old;
     m_object.origin = back.turn(map.matrix.origin);
-    m_axis = m_mirrors ? toDegrees(std::atan2(m_object.x.y, m_object.x.x)) : 0.0;
+    m_axis = map.mirrors ? toDegrees(std::atan2(m_object.x.y, m_object.x.x)) : 0.0;
 }
 
-Vec ObjectFrame::turn(const Vec& vector) const { return m_object.turn(vector); }
-
-Vec ObjectFrame::apply(const Vec& point) const { return m_object.apply(point); }
-
 Vec ObjectFrame::extrusion(const Vec& old) const {
-    if (!m_mirrors) return old;
+    if (!m_world.mirrors) return old;
     return m_world.matrix.turn(old) * (m_turnsOver ? -1 : 1);
 }
 
 double ObjectFrame::turnDegrees(double angle) const {
-    if (!m_mirrors) return angle;
-    const double turned = std::fmod(m_turnsOver ? angle + m_axis : m_axis - angle, 360.0);
-    return turned < 0 ? turned + 360.0 : turned;
+    if (!m_world.mirrors) return angle;
+    return wrapped(m_turnsOver ? angle + m_axis : m_axis - angle, 360);
 }
 
 double ObjectFrame::turnRadians(double angle) const {
-    return m_mirrors ? toRadians(turnDegrees(toDegrees(angle))) : angle;
+    return m_world.mirrors ? toRadians(turnDegrees(toDegrees(angle))) : angle;
 }
 
 }  // namespace host

@@ -30,21 +30,20 @@ class ObjectFrame {
     ObjectFrame(const RigidMap& map, const Vec& extrusion, bool turnsOver);
 
     /// Object coordinates of points and vectors.
-    Vec apply(const Vec& point) const;
-    Vec turn(const Vec& vector) const;
+    Vec apply(const Vec& point) const { return m_object.apply(point); }
+    Vec turn(const Vec& vector) const { return m_object.turn(vector); }
     /// Angle in the object's XY plane.
     double turnDegrees(double angle) const;
     double turnRadians(double angle) const;
     Vec extrusion(const Vec& old) const;
     /// True when the sense of rotation in the object's XY plane changes.
-    bool reverses() const { return m_mirrors && !m_turnsOver; }
+    bool reverses() const { return m_world.mirrors && !m_turnsOver; }
     const RigidMap& world() const { return m_world; }
     /// From the entity's former object coordinates to the world.
     const Transform& system() const { return m_old; }
 
   private:
     RigidMap m_world;
-    bool m_mirrors;
     bool m_turnsOver;
     Transform m_old;
     Transform m_object;   ///< from old object coordinates to new ones

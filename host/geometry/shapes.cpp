@@ -14,15 +14,13 @@ bool holds(const Box& box, const Vec& p) {
     return box.left <= p.x && p.x <= box.right && box.bottom <= p.y && p.y <= box.top;
 }
 
-double flatDistance(const Vec& a, const Vec& b) { return std::hypot(a.x - b.x, a.y - b.y); }
-
 double distance(const Line& line, const Vec& p) {
     const Vec d = line.b - line.a;
     const double square = d.x * d.x + d.y * d.y;
     double t = square > 0 ? ((p.x - line.a.x) * d.x + (p.y - line.a.y) * d.y) / square : 0;
     if (!line.endlessA) t = std::max(t, 0.0);
     if (!line.endlessB) t = std::min(t, 1.0);
-    return flatDistance(line.a + d * t, p);
+    return flatLength(line.a + d * t - p);
 }
 
 /// Cuts the parameter range of a line at one side of a box; false when nothing is left.
@@ -45,13 +43,8 @@ bool touches(const Line& line, const Box& box) {
            cut(d.y, box.top - line.a.y, low, high) && cut(-d.y, line.a.y - box.bottom, low, high);
 }
 
-Vec pointAt(const Arc& arc, double t) {
-    return arc.centre + arc.u * std::cos(t) + arc.v * std::sin(t);
-}
-
 bool onArc(const Arc& arc, double t) {
-    double offset = std::fmod(t - arc.from, kTurn);
-    if (offset < 0) offset += kTurn;
+    const double offset = wrapped(t - arc.from, kTurn);
     return offset <= arc.sweep + 1e-12 || offset >= kTurn - 1e-12;
 }
 
@@ -60,7 +53,7 @@ double distance(const Arc& arc, const Vec& p) {
     constexpr int kSamples = 64;
     constexpr int kRefinements = 60;
     const double step = arc.sweep / kSamples;
-    const auto at = [&](double t) { return flatDistance(pointAt(arc, t), p); };
+    const auto at = [&](double t) { return flatLength(arc.at(t) - p); };
     double best = arc.from;
     for (int i = 1; i <= kSamples; ++i) {
         if (at(arc.from + i * step) < at(best)) best = arc.from + i * step;
@@ -80,11 +73,11 @@ double distance(const Arc& arc, const Vec& p) {
 /// Visits the points that decide about a box: the ends and the extremes in X and Y.
 template <typename Visit>
 void visitExtremes(const Arc& arc, Visit visit) {
-    visit(pointAt(arc, arc.from));
-    visit(pointAt(arc, arc.from + arc.sweep));
+    visit(arc.at(arc.from));
+    visit(arc.at(arc.from + arc.sweep));
     for (double t : {std::atan2(arc.v.x, arc.u.x), std::atan2(arc.v.y, arc.u.y)}) {
-        if (onArc(arc, t)) visit(pointAt(arc, t));
-        if (onArc(arc, t + kTurn / 2)) visit(pointAt(arc, t + kTurn / 2));
+        if (onArc(arc, t)) visit(arc.at(t));
+        if (onArc(arc, t + kTurn / 2)) visit(arc.at(t + kTurn / 2));
     }
 }
 
@@ -98,17 +91,16 @@ std::vector<double> crossings(double c, double u, double v, double value) {
 }
 
 bool touches(const Arc& arc, const Box& box) {
-    if (holds(box, pointAt(arc, arc.from)) || holds(box, pointAt(arc, arc.from + arc.sweep)))
-        return true;
+    if (holds(box, arc.at(arc.from)) || holds(box, arc.at(arc.from + arc.sweep))) return true;
     for (double x : {box.left, box.right}) {
         for (double t : crossings(arc.centre.x, arc.u.x, arc.v.x, x)) {
-            const double y = pointAt(arc, t).y;
+            const double y = arc.at(t).y;
             if (onArc(arc, t) && box.bottom <= y && y <= box.top) return true;
         }
     }
     for (double y : {box.bottom, box.top}) {
         for (double t : crossings(arc.centre.y, arc.u.y, arc.v.y, y)) {
-            const double x = pointAt(arc, t).x;
+            const double x = arc.at(t).x;
             if (onArc(arc, t) && box.left <= x && x <= box.right) return true;
         }
     }
@@ -118,13 +110,13 @@ bool touches(const Arc& arc, const Box& box) {
 /// Both sides of a stroke with a width; its ends are straight.
 std::array<Line, 2> sidesOf(const Line& line) {
     const Vec d = line.b - line.a;
-    const double size = std::hypot(d.x, d.y);
-    const Vec side = size > 0 ? Vec{-d.y, d.x, 0} * (line.width / 2 / size) : Vec{};
+    const double size = flatLength(d);
+    const Vec side = size > 0 ? leftOf(d) * (line.width / 2 / size) : Vec{};
     return {{{line.a + side, line.b + side}, {line.a - side, line.b - side}}};
 }
 
 std::array<Arc, 2> sidesOf(const Arc& arc) {
-    const double radius = std::hypot(arc.u.x, arc.u.y);
+    const double radius = flatLength(arc.u);
     std::array<Arc, 2> sides{arc, arc};
     if (!(radius > 0)) return sides;
     for (const std::size_t i : {0, 1}) {
@@ -173,6 +165,24 @@ void extend(std::optional<Box>& box, const std::optional<Box>& other) {
     if (!box) box = other;
     *box = {std::min(box->left, other->left), std::min(box->bottom, other->bottom),
             std::max(box->right, other->right), std::max(box->top, other->top)};
+}
+
+void extend(std::optional<Box>& box, const Vec& point) {
+    extend(box, Box{point.x, point.y, point.x, point.y});
+}
+
+Box boundsOf(const std::vector<Vec>& points) {
+    std::optional<Box> box;
+    for (const Vec& point : points)
+        extend(box, point);
+    return *box;
+}
+
+std::vector<Vec> cornersOf(const Box& box) {
+    return {{box.left, box.bottom, 0},
+            {box.right, box.bottom, 0},
+            {box.right, box.top, 0},
+            {box.left, box.top, 0}};
 }
 
 bool Outline::near(const Vec& point, double tolerance) const {
@@ -244,11 +254,7 @@ void Outline::cut(const OutlineMark& from) {
 
 std::optional<Box> Outline::bounds(const OutlineMark& from) const {
     std::optional<Box> box;
-    const auto add = [&](const Vec& p) {
-        if (!box) box = Box{p.x, p.y, p.x, p.y};
-        *box = {std::min(box->left, p.x), std::min(box->bottom, p.y), std::max(box->right, p.x),
-                std::max(box->top, p.y)};
-    };
+    const auto add = [&](const Vec& point) { extend(box, point); };
     const auto addLine = [&](const Line& line) {
         add(line.a);
         add(line.b);

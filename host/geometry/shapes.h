@@ -13,8 +13,13 @@ namespace host {
 struct Box {
     double left, bottom, right, top;
 };
-/// Grows a box so that it holds `other` too; nothing holds nothing.
+/// Grows a box so that it holds `other`, or a point, too; nothing holds nothing.
 void extend(std::optional<Box>& box, const std::optional<Box>& other);
+void extend(std::optional<Box>& box, const Vec& point);
+/// Smallest box around points, of which there is at least one.
+Box boundsOf(const std::vector<Vec>& points);
+/// From the lower left one counter-clockwise.
+std::vector<Vec> cornersOf(const Box& box);
 
 /// Straight stroke from `a` to `b`; an endless side goes on beyond its point.
 struct Line {
@@ -30,7 +35,12 @@ struct Arc {
     double sweep = 0;       ///< above 0, at most a full turn
     std::size_t lines = 0;  ///< of the outline, that were drawn before it
     double width = 0;       ///< half of it to either side
+
+    Vec at(double t) const { return centre + u * std::cos(t) + v * std::sin(t); }
 };
+
+/// Distance of lines of words, in heights of one.
+inline constexpr double kLineDistance = 5.0 / 3;
 
 /// Words that fill an area of four corners: lower left, lower right, upper right, upper left.
 struct Writing {

@@ -4,7 +4,6 @@
 #include "host/control/faults.h"
 #include "host/objects/erasing.h"
 #include "host/objects/opening.h"
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 
 using namespace host;

@@ -29,8 +29,7 @@ std::vector<ObjectBody*> ownedBodies(const ObjectBody& body) {
     }
     if (body.kind == Kind::Dictionary) {
         DictionaryReader reader(body.tags());
-        DictionaryEntry entry;
-        while (reader.next(entry)) {
+        for (DictionaryEntry entry; reader.next(entry);) {
             ObjectBody* const value = store.byHandle(entry.handle);
             if (value != nullptr && value->owner == body.self) owned.push_back(value);
         }

@@ -4,6 +4,7 @@
 #include "host/control/faults.h"
 #include "host/control/switches.h"
 #include "host/objects/opening.h"
+#include "host/objects/result_list.h"
 #include "host/store/store.h"
 #include "host/store/store_memory.h"
 #include "host/tags/tags.h"
@@ -45,15 +46,14 @@ Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
     if (callFails("acdbGetAdsName")) return Acad::eInvalidInput;
     if (id.isNull()) return Acad::eNullObjectId;
     if (bodyOfId(id, "acdbGetAdsName") == nullptr) return Acad::eInvalidInput;
-    name[0] = static_cast<Adesk::IntPtr>(id.asWord());
+    nameOfId(id, name);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name) {
     if (switches().failedIdIsNull) id.setNull();
     if (callFails("acdbGetObjectId")) return Acad::eInvalidAdsName;
-    if (name == nullptr || name[1] != 0) return Acad::eInvalidAdsName;
-    const auto wanted = AcDbObjectId::fromWord(static_cast<Adesk::UInt64>(name[0]));
+    const AcDbObjectId wanted = idOfName(name);
     if (Store::resolve(wanted) == nullptr) {
         // A name that this session never gave out is merely bad; one of a closed drawing is stale.
         const Adesk::UInt64 serial = wanted.asWord() >> 32;

@@ -53,14 +53,6 @@ void freeBuffer(Book::iterator at) {
     delete buffer;
 }
 
-ACHAR* copyText(std::wstring_view text) {
-    auto* copy = static_cast<ACHAR*>(std::malloc((text.size() + 1) * sizeof(ACHAR)));
-    if (copy == nullptr) throw std::bad_alloc();
-    std::memcpy(copy, text.data(), text.size() * sizeof(ACHAR));
-    copy[text.size()] = 0;
-    return copy;
-}
-
 resbuf* makeBuffer(int type) {
     auto* buffer = new resbuf();
     buffer->restype = static_cast<short>(type);
@@ -71,7 +63,13 @@ resbuf* makeBuffer(int type) {
 
 }  // namespace
 
-ACHAR* newString(std::wstring_view text) { return copyText(text); }
+ACHAR* newString(std::wstring_view text) {
+    auto* copy = static_cast<ACHAR*>(std::malloc((text.size() + 1) * sizeof(ACHAR)));
+    if (copy == nullptr) throw std::bad_alloc();
+    std::memcpy(copy, text.data(), text.size() * sizeof(ACHAR));
+    copy[text.size()] = 0;
+    return copy;
+}
 
 ResultList::~ResultList() { freeList(m_first); }
 
@@ -84,7 +82,7 @@ resbuf& ResultList::append(int type) {
 
 void ResultList::addText(int type, std::wstring_view text) {
     resbuf& buffer = append(type);
-    buffer.resval.rstring = copyText(text);
+    buffer.resval.rstring = newString(text);
     book()[&buffer].payload = buffer.resval.rstring;
 }
 

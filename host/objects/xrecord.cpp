@@ -96,13 +96,8 @@ Acad::ErrorStatus addItem(std::string& text, const ObjectBody& xrecord, const re
 }  // namespace
 
 AcDbXrecord::AcDbXrecord()
-    : AcDbObject([] {
-          std::string text;
-          addTag(text, 0, "XRECORD");
-          addTag(text, 100, "AcDbXrecord");
-          addTag(text, 280, 1);
-          return freshBody(Kind::Xrecord, text);
-      }()) {}
+    : AcDbObject(freshBody(Kind::Xrecord,
+                           storedTags({{0, "XRECORD"}, {100, "AcDbXrecord"}, {280, "1"}}))) {}
 
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*) {
     if (callFails("AcDbXrecord::setFromRbChain")) return Acad::eInvalidResBuf;

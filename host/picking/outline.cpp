@@ -60,17 +60,13 @@ Pen penOfPicture(const Shape& shape, const ObjectBody& record) {
 
 Outline OutlineMaker::outlineOf(const ObjectBody& entity) {
     Outline outline;
-    m_parts = nullptr;
-    m_outline = &outline;
-    begin(entity);
+    begin(entity, outline, nullptr);
     return outline;
 }
 
 void OutlineMaker::addOutline(const ObjectBody& entity, Outline& outline,
                               std::vector<OutlinePart>& parts) {
-    m_parts = &parts;
-    m_outline = &outline;
-    begin(entity);
+    begin(entity, outline, &parts);
 }
 
 void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
@@ -85,7 +81,7 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
     // What a block holds on layers of its own stays when the layer of its reference is off.
     if (isReference ? m_layers.frozen(layer) : !m_layers.drawn(layer)) return;
     if (tags.integer(60, 0) == 1) return;
-    const Shape shape{m_store, entity, type, tags, pen};
+    const Shape shape{m_store, entity, type, tags, pen, !m_blocks.empty()};
     const ObjectBody* picture =
         blockPictureOf(type) != BlockPicture::None ? blockOf(tags) : nullptr;
     if (isReference) {
@@ -96,9 +92,9 @@ void OutlineMaker::draw(const ObjectBody& entity, const Pen& pen,
         const OutlineMark from = m_outline->mark();
         if (m_parts != nullptr)
             m_parts->push_back({&entity, type, layer, from, scaleOf(pen.place())});
-        const bool hasForm = drawShape(shape, !m_blocks.empty());
+        const bool hasForm = drawShape(shape);
         if (m_parts != nullptr) m_parts->back().hasForm = hasForm;
-        if (!m_blocks.empty()) {
+        if (shape.insideBlock) {
             for (std::size_t i = from.writings; i < m_outline->writings.size(); ++i)
                 shortenLines(m_outline->writings[i].lines);
             m_spent += costOf(*m_outline, from);

@@ -67,12 +67,12 @@ struct Shape {
     std::string_view type;
     const OwnTags& tags;
     const Pen& pen;
+    bool insideBlock;  ///< hides attribute definitions that are not constant
 };
 
-/// Draws an entity that needs no other one's content; `insideBlock` hides attribute definitions
-/// that are not constant. Kinds without a form of their own are drawn as the points they name, and
-/// then the result is false.
-bool drawShape(const Shape& shape, bool insideBlock);
+/// Draws an entity that needs no other one's content. Kinds without a form of their own are drawn
+/// as the points they name, and then the result is false.
+bool drawShape(const Shape& shape);
 void drawText(const Shape& shape, bool isDefinition);
 void drawMText(const Shape& shape);
 void drawHatch(const Shape& shape);
@@ -103,8 +103,9 @@ double widthOfText(std::wstring_view plain);
 
 /// Coordinates of the first point with a code (10: 10, 20, 30).
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard = {});
-/// All points with a code, in order.
+/// All points, or numbers, with a code, in order.
 std::vector<Vec> pointsOf(const OwnTags& tags, int code);
+std::vector<double> realsOf(const OwnTags& tags, int code);
 /// The pen in the object coordinate system of tag 210.
 Pen objectPen(const Shape& shape);
 
@@ -150,7 +151,7 @@ class OutlineMaker {
         std::optional<Box> box;
     };
 
-    void begin(const ObjectBody& entity);
+    void begin(const ObjectBody& entity, Outline& outline, std::vector<OutlinePart>* parts);
     bool goesOn() const { return m_measuring || m_spent <= m_most; }
     bool mayDraw(double cost);
     bool drawWithin(const ObjectBody& entity, double most);

@@ -98,9 +98,8 @@ const OutlineMaker::Extent& OutlineMaker::contentOf(const ObjectBody& record,
     const auto [place, isNew] = m_contents.try_emplace(key);
     if (!isNew) return place->second;
     Extent content;
-    for (Index i = m_store.firstLive(record.self); i != kNoIndex;
-         i = m_store.nextLive(m_store.at(i))) {
-        const Extent one = measured(m_store.at(i), layer);
+    for (const ObjectBody& entity : m_store.children(record.self)) {
+        const Extent one = measured(entity, layer);
         content.cost += one.cost;
         extend(content.box, one.box);
     }
@@ -122,7 +121,10 @@ void OutlineMaker::drawAsFrame(const ObjectBody& entity, const Extent& extent) {
     Pen(*m_outline, {}).frame(*extent.box);
 }
 
-void OutlineMaker::begin(const ObjectBody& entity) {
+void OutlineMaker::begin(const ObjectBody& entity, Outline& outline,
+                         std::vector<OutlinePart>* parts) {
+    m_outline = &outline;
+    m_parts = parts;
     if (isPaperViewport(entity)) return;  // the paper itself has no lines
     m_blocks.clear();
     const bool tries = m_framed < kTrials;

@@ -74,9 +74,8 @@ void drawEdge(const Pen& pen, const Edge& edge) {
         ratio = edge.radius;
     }
     const double turn = edge.counterClockwise ? 1 : -1;  // clockwise angles count downwards
-    double sweep = std::fmod(edge.to - edge.from, 360);
-    if (sweep <= 0) sweep += 360;
-    pen.arc(start, u, Vec{-u.y, u.x, 0} * (ratio * turn), toRadians(edge.from), toRadians(sweep));
+    pen.arc(start, u, leftOf(u) * (ratio * turn), toRadians(edge.from),
+            toRadians(wrapped(edge.to - edge.from, 360)));
 }
 
 /// One boundary path.

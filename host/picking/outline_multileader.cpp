@@ -1,7 +1,7 @@
 // Multileaders: what a tag means depends on the braces in which it stands.
 #include <algorithm>
-#include <cmath>
 
+#include "host/content/multileader_parts.h"
 #include "host/picking/outline.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
@@ -41,48 +41,27 @@ class LeaderReader {
     }
 
   private:
-    enum class Part { Outside, Context, Leader, Line };
-
     bool switchPart() {
-        struct Brace {
-            Part in;
-            int code;
-            std::string_view value;
-            Part to;
-        };
-        constexpr Brace kBraces[] = {
-            {Part::Outside, 300, "CONTEXT_DATA{", Part::Context},
-            {Part::Context, 302, "LEADER{", Part::Leader},
-            {Part::Leader, 304, "LEADER_LINE{", Part::Line},
-            {Part::Line, 305, "}", Part::Leader},
-            {Part::Leader, 303, "}", Part::Context},
-            {Part::Context, 301, "}", Part::Outside},
-        };
-        const Tag& tag = m_tags[m_at];
-        for (const Brace& brace : kBraces) {
-            if (m_part != brace.in || tag.code != brace.code || trimmed(tag.value) != brace.value)
-                continue;
-            if (brace.in == Part::Context && brace.to == Part::Leader)
-                m_form.leaders.emplace_back();
-            if (brace.to == Part::Line) m_form.leaders.back().lines.emplace_back();
-            m_part = brace.to;
-            m_form.any = true;
-            return true;
-        }
-        return false;
+        const auto part = partBehind(m_part, m_tags[m_at].code, m_tags[m_at].value);
+        if (!part) return false;
+        if (m_part == LeaderPart::Context && *part == LeaderPart::Leader)
+            m_form.leaders.emplace_back();
+        if (*part == LeaderPart::Line) m_form.leaders.back().lines.emplace_back();
+        m_part = *part;
+        return m_form.any = true;
     }
 
     void take(int code) {
-        if (m_part == Part::Context) return takeContent(code);
-        if (m_part == Part::Line && code == 10)
+        if (m_part == LeaderPart::Context) return takeContent(code);
+        if (m_part == LeaderPart::Line && code == 10)
             m_form.leaders.back().lines.back().push_back(point());
-        if (m_part == Part::Leader) {
+        if (m_part == LeaderPart::Leader) {
             LeaderForm::Leader& leader = m_form.leaders.back();
             if (code == 10) leader.landing = point();
             if (code == 11) leader.dogleg = point();
             if (code == 40) leader.doglegLength = real();
         }
-        if (m_part != Part::Outside) return;
+        if (m_part != LeaderPart::Outside) return;
         if (code == 170) m_form.strokes = integerOf(m_tags[m_at].value) != 0;
         if (code == 342) m_form.plainHead = handle() == 0;
     }
@@ -114,15 +93,15 @@ class LeaderReader {
     const Shape& m_shape;
     const std::vector<Tag>& m_tags;
     LeaderForm m_form;
-    Part m_part = Part::Outside;
+    LeaderPart m_part = LeaderPart::Outside;
     std::size_t m_at = 0;
 };
 
 void drawHead(const Pen& pen, const Vec& tip, const Vec& next, double size) {
     const Vec way = next - tip;
-    const double distance = std::hypot(way.x, way.y);
+    const double distance = flatLength(way);
     if (!(distance > 0) || !(size > 0)) return;
-    const Vec back = way * (size / distance), side = Vec{-back.y, back.x, 0} * (1.0 / 6);
+    const Vec back = way * (size / distance), side = leftOf(back) * (1.0 / 6);
     pen.area({tip, tip + back + side, tip + back - side});
 }
 

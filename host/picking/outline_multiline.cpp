@@ -1,6 +1,5 @@
 // Multilines: the elements between their vertices with what was cut out of them, joints and caps.
 #include <algorithm>
-#include <cmath>
 
 #include "host/picking/outline.h"
 #include "host/store/store.h"
@@ -67,8 +66,7 @@ void drawAcross(const Pen& pen, const MultilineVertex& vertex, const Vec* outwar
 }
 
 int styleFlags(const Shape& shape) {
-    const auto handle = parseHandle(shape.tags.text(340));
-    const ObjectBody* style = handle ? shape.store.byHandle(*handle) : nullptr;
+    const ObjectBody* style = shape.store.byHandle(shape.tags.text(340));
     return style != nullptr && !style->erased ? OwnTags(style->tags()).integer(70, 0) : 0;
 }
 

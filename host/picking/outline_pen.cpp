@@ -41,9 +41,9 @@ void Pen::bulge(const Vec& a, const Vec& b, double bulge) const {
     if (std::fabs(bulge) < 1e-9 || std::fabs(bulge) > 1e9) return line(a, b);
     const Vec chord = b - a;
     const double side = (1 - bulge * bulge) / (4 * bulge);
-    const Vec centre = (a + b) * 0.5 + Vec{-chord.y, chord.x, 0} * side;
+    const Vec centre = (a + b) * 0.5 + leftOf(chord) * side;
     const Vec first = a - centre;
-    const double radius = std::hypot(first.x, first.y);
+    const double radius = flatLength(first);
     if (radius == 0) return line(a, b);
     const double turn = bulge > 0 ? 1 : -1;  // a clockwise angle counts downwards
     arc(centre, {radius, 0, 0}, {0, radius * turn, 0}, std::atan2(first.y * turn, first.x),
@@ -66,13 +66,7 @@ void Pen::area(const std::vector<Vec>& points) const {
     m_outline.areas.push_back(std::move(placed));
 }
 
-void Pen::frame(const Box& box) const {
-    path({{box.left, box.bottom, 0},
-          {box.right, box.bottom, 0},
-          {box.right, box.top, 0},
-          {box.left, box.top, 0}},
-         true);
-}
+void Pen::frame(const Box& box) const { path(cornersOf(box), true); }
 
 void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec& up) const {
     writing.area = m_outline.areas.size();
@@ -83,7 +77,7 @@ void Pen::write(Writing writing, const Vec& corner, const Vec& along, const Vec&
 
 void Pen::pattern(PatternLines lines) const {
     const Vec along = m_place.turn(lines.along);
-    const double scale = std::hypot(along.x, along.y);
+    const double scale = flatLength(along);
     lines.base = m_place.apply(lines.base);
     lines.step = m_place.turn(lines.step);
     lines.along = along * (1 / scale);
@@ -102,6 +96,14 @@ std::vector<Vec> pointsOf(const OwnTags& tags, int code) {
         if (tag.code == code + 20) points.back().z = realOf(tag.value);
     }
     return points;
+}
+
+std::vector<double> realsOf(const OwnTags& tags, int code) {
+    std::vector<double> values;
+    for (const Tag& tag : tags.tags()) {
+        if (tag.code == code) values.push_back(realOf(tag.value));
+    }
+    return values;
 }
 
 Vec pointOf(const OwnTags& tags, int code, const Vec& standard) {

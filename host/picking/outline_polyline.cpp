@@ -15,11 +15,9 @@ Vec turned(const Vec& v, double angle) {
 }
 
 Vec flatUnit(const Vec& v) {
-    const double size = std::hypot(v.x, v.y);
+    const double size = flatLength(v);
     return size > 0 ? Vec{v.x / size, v.y / size, 0} : Vec{1, 0, 0};
 }
-
-Vec leftOf(const Vec& direction) { return {-direction.y, direction.x, 0}; }
 
 /// A segment that grows or shrinks from `from` to `to`, as the area that it fills.
 void drawTapered(const Pen& pen, const Corner& from, const Vec& to) {

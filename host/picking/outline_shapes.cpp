@@ -1,12 +1,8 @@
 // The form of each kind of entity that stands on its own.
-#include <algorithm>
-#include <cmath>
-
 #include "host/content/fields.h"
 #include "host/geometry/angles.h"
 #include "host/geometry/spline.h"
 #include "host/picking/outline.h"
-#include "host/store/store.h"
 
 namespace host {
 namespace {
@@ -24,8 +20,7 @@ void drawCircle(const Shape& shape) {
 void drawArc(const Shape& shape) {
     const double radius = shape.tags.real(40, 0);
     const double from = shape.tags.real(50, 0);
-    double sweep = std::fmod(shape.tags.real(51, 360) - from, 360);
-    if (sweep <= 0) sweep += 360;
+    const double sweep = wrapped(shape.tags.real(51, 360) - from, 360);
     objectPen(shape).arc(pointOf(shape.tags, 10), {radius, 0, 0}, {0, radius, 0}, toRadians(from),
                          toRadians(sweep));
 }
@@ -35,17 +30,8 @@ void drawEllipse(const Shape& shape) {
     const Vec normal = unit(pointOf(shape.tags, 210, {0, 0, 1}));
     const Vec minor = cross(normal, major) * shape.tags.real(40, 1);
     const double from = shape.tags.real(41, 0);
-    double sweep = std::fmod(shape.tags.real(42, kTurn) - from, kTurn);
-    if (sweep < 0) sweep += kTurn;
-    shape.pen.arc(pointOf(shape.tags, 10), major, minor, from, sweep);
-}
-
-std::vector<double> realsOf(const OwnTags& tags, int code) {
-    std::vector<double> values;
-    for (const Tag& tag : tags.tags()) {
-        if (tag.code == code) values.push_back(realOf(tag.value));
-    }
-    return values;
+    shape.pen.arc(pointOf(shape.tags, 10), major, minor, from,
+                  wrapped(shape.tags.real(42, kTurn) - from, kTurn));
 }
 
 /// By its control points; by its fit points where these alone are there.
@@ -94,6 +80,14 @@ void drawAttribute(const Shape& shape) {
     if ((flags & field::kInvisible) == 0) drawText(shape, false);
 }
 
+/// A definition shows its tag; inside a block only a constant one shows, and then its value.
+void drawDefinition(const Shape& shape) {
+    const int flags = getField(shape.entity, field::definitionFlags);
+    const bool constant = (flags & field::kConstant) != 0,
+               invisible = (flags & field::kInvisible) != 0;
+    if (!shape.insideBlock || (constant && !invisible)) drawText(shape, !shape.insideBlock);
+}
+
 struct KindOfShape {
     std::string_view type;
     void (*draw)(const Shape&);
@@ -118,21 +112,14 @@ constexpr KindOfShape kShapes[] = {
     {"TEXT", drawSingleText},
     {"MTEXT", drawMText},
     {"ATTRIB", drawAttribute},
+    {"ATTDEF", drawDefinition},
     {"MLINE", drawMultiline},
     {"TOLERANCE", drawTolerance},
 };
 
-/// A definition shows its tag; inside a block only a constant one shows, and then its value.
-void drawDefinition(const Shape& shape, bool insideBlock) {
-    const int flags = getField(shape.entity, field::definitionFlags);
-    const bool constant = (flags & field::kConstant) != 0,
-               invisible = (flags & field::kInvisible) != 0;
-    if (!insideBlock || (constant && !invisible)) drawText(shape, !insideBlock);
-}
-
 }  // namespace
 
-bool drawShape(const Shape& shape, bool insideBlock) {
+bool drawShape(const Shape& shape) {
     if (shape.type == "SEQEND") return true;
     for (const KindOfShape& kind : kShapes) {
         if (kind.type != shape.type) continue;
@@ -140,10 +127,6 @@ bool drawShape(const Shape& shape, bool insideBlock) {
         return true;
     }
     if (shape.type == "MULTILEADER" || shape.type == "MLEADER") return drawMultileader(shape);
-    if (shape.type == "ATTDEF") {
-        drawDefinition(shape, insideBlock);
-        return true;
-    }
     for (const Vec& point : pointsOf(shape.tags, 10))
         shape.pen.point(point);
     return false;

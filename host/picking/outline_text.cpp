@@ -10,9 +10,8 @@
 namespace host {
 namespace {
 
-/// Mean width of a character and distance of lines, in heights.
+/// Mean width of a character, in heights.
 constexpr double kCharacterWidth = 0.8;
-constexpr double kLineDistance = 5.0 / 3;
 
 /// `slant` leans the box to the right: its tangent.
 void drawBox(const Pen& pen, const Vec& corner, double angle, double width, double height,
@@ -58,7 +57,7 @@ void drawText(const Shape& shape, bool isDefinition) {
     const Vec end = pointOf(tags, 11, start);
     const bool stretched = horizontal == 3 || horizontal == 5;
     if (stretched) {
-        width = std::hypot(end.x - start.x, end.y - start.y);
+        width = flatLength(end - start);
         angle = std::atan2(end.y - start.y, end.x - start.x);
     } else if (horizontal != 0 || vertical != 0) {
         const Vec offset{-width * partBefore(horizontal), -height * partBelow(horizontal, vertical),

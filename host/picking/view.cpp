@@ -64,7 +64,7 @@ std::optional<Box> extentsOf(const Store& store) {
     std::optional<Box> extents;
     OutlineMaker maker(store);
     for (const ObjectBody& entity : store.children(store.currentSpace()))
-        if (!isPaperViewport(entity)) extend(extents, maker.outlineOf(entity).bounds());
+        extend(extents, maker.outlineOf(entity).bounds());
     maker.tellFrames();
     return extents;
 }

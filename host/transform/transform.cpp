@@ -2,10 +2,10 @@
 #include "host/transform/transform.h"
 
 #include <cmath>
+#include <unordered_map>
 
 #include "host/clone/dimension_blocks.h"
 #include "host/content/references.h"
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_edit.h"
 #include "host/tags/tag_values.h"
@@ -94,25 +94,24 @@ bool EntityTransform::refuse(const ObjectBody& main, const std::string& why) {
 
 bool EntityTransform::check(const ObjectBody& entity) {
     Texts unused;
-    return planAll(entity, unused) && (!isDimension(entity) || planPicture(entity, unused));
+    return planAll(entity, entity, false, unused) &&
+           (!isDimension(entity) || planPicture(entity, unused));
 }
 
-bool EntityTransform::planAll(const ObjectBody& entity, Texts& texts) {
-    if (!planOne(entity, entity, false, texts)) return false;
+bool EntityTransform::planAll(const ObjectBody& entity, const ObjectBody& main, bool inPicture,
+                              Texts& texts) {
+    if (!planOne(entity, main, inPicture, texts)) return false;
     for (const ObjectBody& part : entity.store->children(entity.self))
-        if (!planOne(part, entity, false, texts)) return false;
+        if (!planOne(part, main, inPicture, texts)) return false;
     return true;
 }
 
 bool EntityTransform::planPicture(const ObjectBody& dimension, Texts& texts) {
     const ObjectBody* picture = pictureOf(dimension);
     if (picture == nullptr) return true;
-    const Store& store = *dimension.store;
-    for (const ObjectBody& entity : store.children(picture->self)) {
+    for (const ObjectBody& entity : dimension.store->children(picture->self)) {
         if (isDimension(entity)) return refuse(dimension, ": its block shows another dimension");
-        if (!planOne(entity, dimension, true, texts)) return false;
-        for (const ObjectBody& part : store.children(entity.self))
-            if (!planOne(part, dimension, true, texts)) return false;
+        if (!planAll(entity, dimension, true, texts)) return false;
     }
     return true;
 }
@@ -164,7 +163,7 @@ void EntityTransform::apply(Store& store, const std::vector<Index>& entities) {
             }
             if (isDimension(entity)) planPicture(entity, texts);
         }
-        planAll(entity, texts);
+        planAll(entity, entity, false, texts);
     }
     for (auto& [index, text] : texts) {
         ObjectBody& body = store.at(index);

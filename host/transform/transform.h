@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -37,9 +36,10 @@ class EntityTransform {
   private:
     using Texts = std::vector<std::pair<Index, std::string>>;
 
-    bool planAll(const ObjectBody& entity, Texts& texts);
+    /// An entity with its parts. `main` is the one that is refused.
+    bool planAll(const ObjectBody& entity, const ObjectBody& main, bool inPicture, Texts& texts);
     bool planPicture(const ObjectBody& dimension, Texts& texts);
-    /// One body with what it keeps for annotation scales. `main` is the entity that is refused.
+    /// One body with what it keeps for annotation scales.
     bool planOne(const ObjectBody& body, const ObjectBody& main, bool inPicture, Texts& texts);
     bool plan(const ObjectBody& body, const Vec& extrusion, bool inPicture, const ObjectBody& main,
               Texts& texts);

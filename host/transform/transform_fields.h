@@ -15,7 +15,8 @@ inline constexpr FieldRule kLightPolyline[] = {
     {10, PlanePoint}, {38, Height, "AcDbPolyline"}, {42, Opposite}, {210, Extrusion}};
 inline constexpr FieldRule kPolyline2d[] = {{10, HeightOfPoint}, {210, Extrusion}};
 inline constexpr FieldRule kVertex2d[] = {{10, ObjectPoint}, {42, Opposite}, {50, Degrees}};
-inline constexpr FieldRule kVertex3d[] = {{10, Point}};
+// Of a viewport too: what it looks at stays, it shows that from another place of the paper.
+inline constexpr FieldRule kOnlyPoints[] = {{10, Point}};
 inline constexpr FieldRule kSpline[] = {
     {10, Point}, {11, Point}, {12, Vector}, {13, Vector}, {210, Extrusion}};
 inline constexpr FieldRule kText[] = {{10, ObjectPoint},
@@ -44,8 +45,6 @@ inline constexpr FieldRule kLeader[] = {
 inline constexpr FieldRule kImage[] = {{10, Point}, {11, Vector}, {12, Vector}};
 inline constexpr FieldRule kTolerance[] = {
     {10, Point}, {11, XDirection, "AcDbFcf"}, {210, Extrusion, "AcDbFcf"}};
-// What a viewport looks at stays: it shows the same model from another place of the paper.
-inline constexpr FieldRule kViewport[] = {{10, Point}};
 // Along an arc two angles say where that begins and ends; which way round is not told. A jogged
 // radius has an angle too.
 inline constexpr FieldRule kArcDimension[] = {{10, Point}, {11, ObjectPoint}, {12, ObjectPoint},

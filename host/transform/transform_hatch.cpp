@@ -1,6 +1,5 @@
 // Hatches under a rigid map: the meaning of a tag depends on where in the hatch it stands.
-#include <cmath>
-
+#include "host/geometry/angles.h"
 #include "host/tags/tags.h"
 #include "host/transform/transform_tags.h"
 
@@ -100,8 +99,7 @@ class HatchMapper {
         if (m_part == Part::Ellipse || m_begin >= m_at || m_end >= m_at) return;
         const double from = m_edit.real(m_begin), to = m_edit.real(m_end);
         const double axis = m_frame.turnDegrees(0.0);
-        double mapped = std::fmod(counterclockwise ? from - axis : from + axis, 360.0);
-        if (mapped < 0) mapped += 360.0;
+        const double mapped = wrapped(counterclockwise ? from - axis : from + axis, 360);
         m_edit.set(m_begin, mapped);
         m_edit.set(m_end, mapped + (to - from));
     }

@@ -1,16 +1,14 @@
 // Multileaders under a rigid map: what a tag means depends on the braces in which it stands.
-#include <utility>
 #include <vector>
 
-#include "host/tags/tags.h"
+#include "host/content/multileader_parts.h"
 #include "host/transform/transform_tags.h"
 
 namespace host {
 namespace {
 
-/// What the leader looks like stands in its context data, with a part for each leader, and in that
-/// a part for each of its lines. The text and the block are turned over where mirrored, so that
-/// their coordinates stay as they are.
+/// The text and the block are turned over where mirrored, so that their coordinates stay as they
+/// are.
 class LeaderMapper {
   public:
     LeaderMapper(TagEdit& edit, const RigidMap& map) : m_edit(edit), m_map(map) {}
@@ -18,44 +16,23 @@ class LeaderMapper {
     bool run() {
         for (m_at = 0; m_at < m_edit.size(); ++m_at)
             if (m_edit.own(m_at) && !switchPart()) mapTag();
-        return m_any && m_part == Part::Outside && mapMatrix();
+        return m_any && m_part == LeaderPart::Outside && mapMatrix();
     }
 
   private:
-    enum class Part { Outside, Context, Leader, Line };
-
     bool switchPart() {
-        struct Brace {
-            Part in;
-            int code;
-            std::string_view value;
-            Part to;
-        };
-        constexpr Brace kBraces[] = {
-            {Part::Outside, 300, "CONTEXT_DATA{", Part::Context},
-            {Part::Context, 302, "LEADER{", Part::Leader},
-            {Part::Leader, 304, "LEADER_LINE{", Part::Line},
-            {Part::Line, 305, "}", Part::Leader},
-            {Part::Leader, 303, "}", Part::Context},
-            {Part::Context, 301, "}", Part::Outside},
-        };
-        for (const Brace& brace : kBraces) {
-            if (m_part != brace.in || m_edit.code(m_at) != brace.code ||
-                trimmed(m_edit.value(m_at)) != brace.value)
-                continue;
-            m_part = brace.to;
-            m_any = true;
-            return true;
-        }
-        return false;
+        const auto part = partBehind(m_part, m_edit.code(m_at), m_edit.value(m_at));
+        m_part = part.value_or(m_part);
+        m_any = m_any || part;
+        return part.has_value();
     }
 
     void mapTag() {
         const int code = m_edit.code(m_at);
-        if (m_part == Part::Context) return mapContent(code);
-        if (m_part == Part::Leader && code == 11) return mapVector();  // of the dogleg
-        const bool breakEnd = code == 13 && m_part == Part::Leader;
-        if (m_part != Part::Outside && (code == 10 || code == 11 || code == 12 || breakEnd))
+        if (m_part == LeaderPart::Context) return mapContent(code);
+        if (m_part == LeaderPart::Leader && code == 11) return mapVector();  // of the dogleg
+        const bool breakEnd = code == 13 && m_part == LeaderPart::Leader;
+        if (m_part != LeaderPart::Outside && (code == 10 || code == 11 || code == 12 || breakEnd))
             mapPoint();
     }
 
@@ -125,7 +102,7 @@ class LeaderMapper {
 
     TagEdit& m_edit;
     const RigidMap& m_map;
-    Part m_part = Part::Outside;
+    LeaderPart m_part = LeaderPart::Outside;
     bool m_any = false;  ///< there is context data
     std::size_t m_at = 0;
     Vec m_textNormal{0, 0, 1};

@@ -1,7 +1,5 @@
 // Paragraph texts where the table of fields does not reach: columns, multi-line attributes, and the
 // texts that stay readable.
-#include <cmath>
-
 #include "host/tags/tags.h"
 #include "host/transform/transform_tags.h"
 

@@ -1,9 +1,6 @@
 // The table of types that can be moved and mirrored.
 #include "host/transform/transform_rules.h"
 
-#include <iterator>
-
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_values.h"
 #include "host/transform/transform_fields.h"
@@ -45,7 +42,7 @@ constexpr TransformRule kRules[] = {
     rule("WIPEOUT", kImage),
     rule("SEQEND", kOnlyExtrusion),
     rule("TOLERANCE", kTolerance, Mirroring::TurnsOver),
-    rule("VIEWPORT", kViewport, Mirroring::AlongAxes),
+    rule("VIEWPORT", kOnlyPoints, Mirroring::AlongAxes),
     rule("MULTILEADER", kOnlyExtrusion, Mirroring::InPlane, Layout::Multileader),
     rule("ACAD_TABLE", kTable, Mirroring::TurnsOver),
     rule("MLINE", kMultiline, Mirroring::TurnsOver),
@@ -56,7 +53,7 @@ constexpr TransformRule kRules[] = {
     rule("PDFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
     rule("DWFUNDERLAY", kUnderlay, Mirroring::TurnsOver),
     rule("DGNUNDERLAY", kUnderlay, Mirroring::TurnsOver),
-    rule("MESH", kVertex3d),
+    rule("MESH", kOnlyPoints),
     rule("ARC_DIMENSION", kArcDimension, Mirroring::Refused),
     rule("LARGE_RADIAL_DIMENSION", kArcDimension, Mirroring::Refused),
     rule("ACDB_LEADEROBJECTCONTEXTDATA_CLASS", kLeaderAtScale),
@@ -70,7 +67,7 @@ constexpr TransformRule kRules[] = {
 constexpr TransformRule kPolyline2dRule = rule("POLYLINE", kPolyline2d);
 constexpr TransformRule kPolyline3dRule = rule("POLYLINE", kOnlyExtrusion);
 constexpr TransformRule kVertex2dRule = rule("VERTEX", kVertex2d);
-constexpr TransformRule kVertex3dRule = rule("VERTEX", kVertex3d);
+constexpr TransformRule kVertex3dRule = rule("VERTEX", kOnlyPoints);
 constexpr TransformRule kFaceRecordRule = rule("VERTEX", kOnlyExtrusion);
 
 /// What a vertex means depends on its polyline; a face of a mesh names vertices and has no place.

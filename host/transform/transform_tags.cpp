@@ -167,10 +167,8 @@ class Mapper {
         const auto begin = placeOf(beginRole), end = placeOf(endRole);
         if (!begin || !end) return;
         const double from = m_edit.real(*begin), to = m_edit.real(*end);
-        double mapped = -to;
-        if (beginRole == Role::Begin) mapped = m_frame.turnDegrees(to);
-        mapped = std::fmod(mapped, turn);
-        if (mapped < 0) mapped += turn;
+        const double mapped =
+            wrapped(beginRole == Role::Begin ? m_frame.turnDegrees(to) : -to, turn);
         double finish = mapped + (to - from);
         if (finish < 0) finish += turn;
         if (finish > turn && beginRole == Role::Begin) finish -= turn;
