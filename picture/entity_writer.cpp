@@ -39,11 +39,6 @@ void addPlace(std::string& text, const WrittenLine& line, int decimals) {
     text += ")\"";
 }
 
-/// What is filled in the ink itself: strokes with a width, heads of leaders.
-bool hasBroadStrokes(std::string_view type) {
-    return type == "LWPOLYLINE" || type == "POLYLINE" || type == "MULTILEADER" || type == "MLEADER";
-}
-
 }  // namespace
 
 EntityWriter::EntityWriter(const host::Store& store, const Scene& scene, const Sheet& sheet,
@@ -145,8 +140,7 @@ void EntityWriter::collectPart(std::size_t index, const std::string& style) {
     collectStrokes(from, end, style);
     for (std::size_t k = from.areas; k < end.areas; ++k) {
         if (isWords(outline, from, end, k)) continue;
-        m_pool.areas(joined(hasBroadStrokes(part.type) ? "f a" : "f", style))
-            .area(outline.areas[k]);
+        m_pool.areas(joined(fillsWithInk(part.type) ? "f a" : "f", style)).area(outline.areas[k]);
     }
     for (std::size_t k = from.writings; k < end.writings; ++k)
         collectWords(outline.writings[k], style);
@@ -154,25 +148,11 @@ void EntityWriter::collectPart(std::size_t index, const std::string& style) {
 
 void EntityWriter::collectStrokes(const OutlineMark& from, const OutlineMark& end,
                                   const std::string& style) {
-    const host::Outline& outline = m_scene.outline;
-    if (from.lines == end.lines && from.arcs == end.arcs) return;
-    const double width =
-        from.lines != end.lines ? outline.lines[from.lines].width : outline.arcs[from.arcs].width;
-    const auto first = [&](auto& list, std::size_t at) {
-        return list.begin() + static_cast<std::ptrdiff_t>(at);
+    const auto pathOf = [&](double width) -> PathData& {
+        return m_pool.strokes(width > 0 ? joined(joined("b", m_inks.widthClass(width)), style)
+                                        : style);
     };
-    const auto other = [&](const auto& stroke) { return stroke.width != width; };
-    const bool uniform =
-        std::none_of(first(outline.lines, from.lines), first(outline.lines, end.lines), other) &&
-        std::none_of(first(outline.arcs, from.arcs), first(outline.arcs, end.arcs), other);
-    const auto pathOf = [&](double own) -> PathData& {
-        return m_pool.strokes(own > 0 ? joined(joined("b", m_inks.widthClass(own)), style) : style);
-    };
-    if (uniform) return addStrokes(pathOf(width), outline, from, end);
-    for (std::size_t i = from.lines; i < end.lines; ++i)
-        pathOf(outline.lines[i].width).line(outline.lines[i]);
-    for (std::size_t i = from.arcs; i < end.arcs; ++i)
-        pathOf(outline.arcs[i].width).arc(outline.arcs[i]);
+    addStrokesByWidth(pathOf, m_scene.outline, from, end);
 }
 
 /// What is filled has to be a path of its own: with others it would cut holes.

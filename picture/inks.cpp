@@ -66,13 +66,17 @@ bool isSameName(std::string_view name, std::string_view folded) {
            });
 }
 
+}  // namespace
+
 std::string hex(Rgb colour) {
     char text[8];
     std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(colour & 0xffffff));
     return text;
 }
 
-}  // namespace
+bool fillsWithInk(std::string_view type) {
+    return type == "LWPOLYLINE" || type == "POLYLINE" || type == "MULTILEADER" || type == "MLEADER";
+}
 
 Rgb colourOfIndex(int index) {
     constexpr Rgb kFirst[] = {kInk,     0xff0000, 0xffff00, 0x00ff00, 0x00ffff,

@@ -41,6 +41,11 @@ struct Look {
     double linetypeScale = 1;
 };
 
+/// "#30343a", for style rules.
+std::string hex(Rgb colour);
+/// True for what fills its areas in the ink itself: strokes with a width, heads of leaders.
+bool fillsWithInk(std::string_view type);
+
 /// Finds colour, line weight and dashes of entities, and names them by style classes.
 class Inks {
   public:

@@ -206,4 +206,24 @@ void addStrokes(PathData& path, const host::Outline& outline, const host::Outlin
         path.line(outline.lines[line]);
 }
 
+void addStrokesByWidth(const std::function<PathData&(double width)>& pathOf,
+                       const host::Outline& outline, const host::OutlineMark& from,
+                       const host::OutlineMark& end) {
+    if (from.lines == end.lines && from.arcs == end.arcs) return;
+    const double width =
+        from.lines != end.lines ? outline.lines[from.lines].width : outline.arcs[from.arcs].width;
+    const auto first = [&](auto& list, std::size_t at) {
+        return list.begin() + static_cast<std::ptrdiff_t>(at);
+    };
+    const auto other = [&](const auto& stroke) { return stroke.width != width; };
+    const bool uniform =
+        std::none_of(first(outline.lines, from.lines), first(outline.lines, end.lines), other) &&
+        std::none_of(first(outline.arcs, from.arcs), first(outline.arcs, end.arcs), other);
+    if (uniform) return addStrokes(pathOf(width), outline, from, end);
+    for (std::size_t i = from.lines; i < end.lines; ++i)
+        pathOf(outline.lines[i].width).line(outline.lines[i]);
+    for (std::size_t i = from.arcs; i < end.arcs; ++i)
+        pathOf(outline.arcs[i].width).arc(outline.arcs[i]);
+}
+
 }  // namespace picture

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -70,5 +71,9 @@ class PathData {
 /// is filled has to be one line around.
 void addStrokes(PathData& path, const host::Outline& outline, const host::OutlineMark& from,
                 const host::OutlineMark& end);
+/// The same, each stroke into the path that `pathOf` gives for its width.
+void addStrokesByWidth(const std::function<PathData&(double width)>& pathOf,
+                       const host::Outline& outline, const host::OutlineMark& from,
+                       const host::OutlineMark& end);
 
 }  // namespace picture

@@ -45,7 +45,7 @@ class NearestPoint {
   public:
     NearestPoint(const Vec& from, double radius) : m_from(from), m_least(radius) {}
     void offer(const Vec& point, const char* kind) {
-        const double away = std::hypot(point.x - m_from.x, point.y - m_from.y);
+        const double away = flatLength(point - m_from);
         if (!(away <= m_least)) return;
         m_least = away;
         m_found = Snap{{point.x, point.y, 0}, kind};
@@ -57,11 +57,6 @@ class NearestPoint {
     double m_least;
     std::optional<Snap> m_found;
 };
-
-Vec pointAt(const host::Arc& arc, double part) {
-    const double t = arc.from + arc.sweep * part;
-    return arc.centre + arc.u * std::cos(t) + arc.v * std::sin(t);
-}
 
 void offerPart(NearestPoint& nearest, const host::Outline& outline, const host::OutlineMark& from,
                const host::OutlineMark& end) {
@@ -77,9 +72,9 @@ void offerPart(NearestPoint& nearest, const host::Outline& outline, const host::
         const host::Arc& arc = outline.arcs[i];
         nearest.offer(arc.centre, "centre");
         if (arc.sweep > kWhole) continue;
-        nearest.offer(pointAt(arc, 0), "end");
-        nearest.offer(pointAt(arc, 1), "end");
-        nearest.offer(pointAt(arc, 0.5), "middle");
+        nearest.offer(arc.at(arc.from), "end");
+        nearest.offer(arc.at(arc.from + arc.sweep), "end");
+        nearest.offer(arc.at(arc.from + arc.sweep / 2), "middle");
     }
 }
 
@@ -94,10 +89,8 @@ void Sheet::remember(const picture::Scene& scene, const picture::Shown& shown) {
     const host::OutlineMark from = scene.parts[shown.firstPart].from;
     const host::OutlineMark end = scene.endOf(shown.lastPart - 1);
     std::optional<Box> met = shown.bounds;
-    for (std::size_t i = from.arcs; i < end.arcs; ++i) {
-        const Vec& centre = scene.outline.arcs[i].centre;
-        extend(met, Box{centre.x, centre.y, centre.x, centre.y});
-    }
+    for (std::size_t i = from.arcs; i < end.arcs; ++i)
+        extend(met, scene.outline.arcs[i].centre);
     reach.met = *met;
     constexpr double kEverywhere = std::numeric_limits<double>::infinity();
     for (std::size_t i = from.lines; i < end.lines; ++i) {

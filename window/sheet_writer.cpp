@@ -2,7 +2,6 @@
 #include "window/sheet_writer.h"
 
 #include <cstdio>
-#include <set>
 
 #include "host/text/text_codec.h"
 #include "json/json.h"
@@ -15,12 +14,6 @@ using host::OutlineMark;
 using host::OutlinePart;
 using picture::Look;
 using picture::Shown;
-
-std::string hex(picture::Rgb colour) {
-    char text[12];
-    std::snprintf(text, sizeof text, "\"#%06x\"", static_cast<unsigned>(colour & 0xffffff));
-    return text;
-}
 
 void addNumbers(std::string& json, std::initializer_list<double> values) {
     char text[32];
@@ -44,8 +37,8 @@ std::string Styles::listFrom(std::size_t first) const {
     std::string json = "[";
     for (const auto& [number, style] : byNumber) {
         json += json.size() > 1 ? ",[" : "[";
-        json += hex(picture::readableOnLight(style->colour)) + ',' +
-                hex(picture::readableOnDark(style->colour)) + ',';
+        json += '"' + picture::hex(picture::readableOnLight(style->colour)) + "\",\"" +
+                picture::hex(picture::readableOnDark(style->colour)) + "\",";
         addNumbers(json, {style->width, style->fill / 100.0});
         if (style->dashes.empty()) {
             json += style->dashed ? '1' : '0';
@@ -92,28 +85,15 @@ void SheetWriter::flush(std::size_t style) {
 
 std::size_t SheetWriter::addStrokes(const Styles::Style& own, std::size_t style,
                                     const OutlineMark& from, const OutlineMark& end) {
-    const host::Outline& outline = m_scene.outline;
-    std::set<double> widths;
-    for (std::size_t i = from.lines; i < end.lines; ++i)
-        widths.insert(outline.lines[i].width);
-    for (std::size_t i = from.arcs; i < end.arcs; ++i)
-        widths.insert(outline.arcs[i].width);
-    if (widths.empty()) widths.insert(0);
-    for (const double width : widths) {
+    const auto pathOf = [&](double width) -> picture::PathData& {
         Styles::Style broad = own;
         broad.broad = width * m_view.scale;
         const std::size_t number = m_styles.numberOf(broad);
         if (number != style) flush(style);
         style = number;
-        if (widths.size() == 1) {
-            picture::addStrokes(m_path, outline, from, end);
-            continue;
-        }
-        for (std::size_t i = from.lines; i < end.lines; ++i)
-            if (outline.lines[i].width == width) m_path.line(outline.lines[i]);
-        for (std::size_t i = from.arcs; i < end.arcs; ++i)
-            if (outline.arcs[i].width == width) m_path.arc(outline.arcs[i]);
-    }
+        return m_path;
+    };
+    picture::addStrokesByWidth(pathOf, m_scene.outline, from, end);
     return style;
 }
 
@@ -148,8 +128,7 @@ void SheetWriter::writeParts(const Shown& shown, const Look& look) {
         const Styles::Style own = styleOf(shown, part, look);
         style = addStrokes(own, style, from, end);
         Styles::Style filled = own;
-        // A stroke that tapers is an area in the ink itself.
-        filled.fill = part.type == "LWPOLYLINE" || part.type == "POLYLINE" ? 100 : 80;
+        filled.fill = picture::fillsWithInk(part.type) ? 100 : 80;
         filled.width = 0.4;
         for (std::size_t k = from.areas; k < end.areas; ++k) {
             if (picture::isWords(outline, from, end, k)) continue;
@@ -158,7 +137,7 @@ void SheetWriter::writeParts(const Shown& shown, const Look& look) {
             flush(m_styles.numberOf(filled));
         }
         for (std::size_t k = from.writings; k < end.writings; ++k)
-            writeWords(outline.writings[k], style);
+            writeWords(outline.writings[k], m_styles.numberOf(own));
     }
     flush(style);
     for (std::size_t i = shown.firstFrame; i < shown.lastFrame; ++i) {
