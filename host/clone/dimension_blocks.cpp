@@ -6,7 +6,6 @@
 #include "host/clone/back_pointers.h"
 #include "host/clone/deep_clone.h"
 #include "host/content/references.h"
-#include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
 #include "host/tags/tag_values.h"
@@ -46,10 +45,7 @@ ObjectBody& makeAnonymousBlock(Store& store, wchar_t letter, const ObjectBody& l
         const std::string_view block = like.store->at(parts.begin).tags();
         addPointTag(text, 10, realTag(block, 10), realTag(block, 20), realTag(block, 30));
     }
-    ObjectBody fresh;
-    fresh.kind = Kind::BlockRecord;
-    placeText(fresh, text);
-    ObjectBody& record = store.duplicate(fresh, table);
+    ObjectBody& record = store.make(Kind::BlockRecord, text, table);
     addRecord(store, table, record, name);
     completeBlock(store, record);
     return record;

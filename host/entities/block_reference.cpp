@@ -31,11 +31,10 @@ AcGePoint3d finite(const AcGePoint3d& point) {
 
 /// Gives a reference its sequence end, on the reference's layer and in its space.
 void addSequenceEnd(ObjectBody& reference) {
-    ObjectBody pattern;
-    pattern.kind = Kind::SequenceEnd;
-    pattern.setTags(storedTags({{0, "SEQEND"}, {100, "AcDbEntity"}, {8, "0"}}));
     Store& store = *reference.store;
-    ObjectBody& end = store.duplicate(pattern, reference.self);
+    ObjectBody& end =
+        store.make(Kind::SequenceEnd, storedTags({{0, "SEQEND"}, {100, "AcDbEntity"}, {8, "0"}}),
+                   reference.self);
     copyField(reference, end, field::paperSpace.place);
     copyField(reference, end, field::layer.place);
     store.setSequenceEnd(reference, end);

@@ -42,10 +42,7 @@ Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
     if (content.store == nullptr) return Acad::eNotInDatabase;
     if (extensionDictionaryHandle(content.tags()) != 0) return Acad::eAlreadyInDb;
     Store& store = *content.store;
-    ObjectBody fresh;
-    fresh.kind = Kind::Dictionary;
-    placeText(fresh, newDictionaryText(true));
-    ObjectBody& dictionary = store.duplicate(fresh, content.self);
+    ObjectBody& dictionary = store.make(Kind::Dictionary, newDictionaryText(true), content.self);
     store.appendChild(store.objectsList(), dictionary);
     std::string text(content.tags());
     setExtensionDictionary(text, dictionary.handle);

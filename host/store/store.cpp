@@ -128,14 +128,22 @@ ObjectBody& Store::adopt(const ObjectBody& fresh, Index owner) {
     return body;
 }
 
+ObjectBody& Store::make(Kind kind, std::string_view tags, Index owner) {
+    return make(kind, tags, Encoding(), owner);
+}
+
 ObjectBody& Store::duplicate(const ObjectBody& source, Index owner) {
+    const Encoding from = source.store != nullptr ? source.store->encoding() : Encoding();
+    return make(source.kind, source.tags(), from, owner);
+}
+
+ObjectBody& Store::make(Kind kind, std::string_view tags, const Encoding& from, Index owner) {
     ObjectBody& body = newSlot();
-    body.kind = source.kind;
+    body.kind = kind;
     body.owner = owner;
     giveHandle(body, freeHandle());
     m_journal->made(body);
-    const Encoding& from = source.store != nullptr ? source.store->encoding() : Encoding();
-    std::string text(source.tags());
+    std::string text(tags);
     const bool same =
         from.utf8 == m_encoding.utf8 && (from.utf8 || from.codePage == m_encoding.codePage);
     if (!same) text = recoded(text, from, m_encoding);

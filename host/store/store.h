@@ -85,7 +85,10 @@ class Store {
     /// Gives a new object a place in the store: slot, handle, tags 5 and 330, its text re-encoded.
     /// The fresh body stays the caller's. Appends nothing to any list.
     ObjectBody& adopt(const ObjectBody& fresh, Index owner);
-    /// Copy of an object's tags with a new handle and owner; not appended to any list.
+    /// A new object of tags, whose text is UTF-8, with a handle and an owner; not appended to any
+    /// list.
+    ObjectBody& make(Kind kind, std::string_view tags, Index owner);
+    /// The same of a copy of an object's tags, in whatever drawing it is.
     ObjectBody& duplicate(const ObjectBody& source, Index owner);
 
     /// Appends a child to its parent's list: entities to a block record, records to a table,
@@ -194,6 +197,7 @@ class Store {
     static constexpr Index kBlockSize = 1u << kBlockBits;
 
     ObjectBody& newSlot();
+    ObjectBody& make(Kind kind, std::string_view tags, const Encoding& from, Index owner);
     std::uint64_t middleOfWidestGap() const;
     void giveHandle(ObjectBody& body, std::uint64_t handle);
     /// The body whose list of children holds this one, or kNoIndex.

@@ -12,13 +12,11 @@ namespace {
 /// Makes a BLOCK or ENDBLK, whose own tags are in the drawing's encoding.
 Index makePart(Store& store, Kind kind, const ObjectBody& record, const std::string& own) {
     const bool begins = kind == Kind::BlockBegin;
-    ObjectBody fresh;
-    fresh.kind = kind;
-    placeText(fresh, storedTags({{0, begins ? "BLOCK" : "ENDBLK"},
-                                 {100, "AcDbEntity"},
-                                 {8, "0"},
-                                 {100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd"}}));
-    ObjectBody& part = store.duplicate(fresh, record.self);
+    const std::string tags = storedTags({{0, begins ? "BLOCK" : "ENDBLK"},
+                                         {100, "AcDbEntity"},
+                                         {8, "0"},
+                                         {100, begins ? "AcDbBlockBegin" : "AcDbBlockEnd"}});
+    ObjectBody& part = store.make(kind, tags, record.self);
     placeText(part, std::string(part.tags()) + own);
     return part.self;
 }
