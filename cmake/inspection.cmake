@@ -8,8 +8,8 @@ target_link_libraries(inspection PUBLIC velmohost PRIVATE platform_interface)
 target_include_directories(inspection PRIVATE
   ${CMAKE_SOURCE_DIR}/storage ${CMAKE_SOURCE_DIR}/support)
 
-# picture: draws a drawing and its groups. It sees the host down to picking.
-file(GLOB picture_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/picture/*.cpp)
+# picture: what a drawing looks like, and its groups as SVG. It sees the host down to picking.
+file(GLOB_RECURSE picture_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/picture/*.cpp)
 add_library(picture STATIC ${picture_sources})
 compile_by_room(picture ${picture_sources})
 target_precompile_headers(picture REUSE_FROM velmohost)

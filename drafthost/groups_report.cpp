@@ -15,7 +15,7 @@
 #include "host/store/store.h"
 #include "host/text/text_codec.h"
 #include "inspection/report.h"
-#include "picture/picture.h"
+#include "picture/svg/picture.h"
 
 namespace {
 

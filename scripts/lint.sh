@@ -58,9 +58,9 @@ grep -nE '#include "' inspection/*.cpp inspection/*.h |
     grep -vE '"(inspection/|host/(objectarx|text)/|(arxHeaders|group_naming|host_guards)\.h")' &&
     report "the inspection sees more than the interface, names and guards"
 picture_sees=$(awk '!/^#/ && NF > 0 { print $1 } $1 == "picking" { exit }' host/rooms.txt | paste -sd '|')
-grep -nE '#include "' picture/*.cpp picture/*.h |
-    grep -vE "\"(picture|inspection|host/($picture_sees))/" &&
+grep -rnE '#include "' picture | grep -vE "\"(picture|inspection|host/($picture_sees))/" &&
     report "the picture sees more than the host down to picking"
+grep -nE '#include "picture/svg/' picture/*.* window/*.* && report "somebody looks up at picture/svg"
 # The window sees the host, the picture and the inspection; of all others the program alone sees it.
 grep -nE '#include "' window/*.cpp window/*.h | grep -vE '"(window|picture|inspection|host|json)/' &&
     report "the window sees more than host, picture, inspection and JSON"

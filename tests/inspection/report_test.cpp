@@ -4,7 +4,7 @@
 #include "common/scene.h"
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/json_text.h"
-#include "picture/picture.h"
+#include "picture/svg/picture.h"
 
 namespace {
 

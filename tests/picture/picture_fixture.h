@@ -6,7 +6,7 @@
 
 #include "editor/editor_fixture.h"
 #include "inspection/inspection.h"
-#include "picture/picture.h"
+#include "picture/svg/picture.h"
 
 namespace tests {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "picture/sheet.h"
+#include "picture/svg/sheet.h"
 
 namespace picture {
 

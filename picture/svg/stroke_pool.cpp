@@ -1,5 +1,5 @@
 // Browsers draw a few long paths much faster than many short ones, but none as long as a drawing.
-#include "picture/stroke_pool.h"
+#include "picture/svg/stroke_pool.h"
 
 namespace picture {
 namespace {

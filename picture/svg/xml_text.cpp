@@ -1,5 +1,5 @@
 // Escapes what XML reads as markup and drops what it forbids.
-#include "picture/xml_text.h"
+#include "picture/svg/xml_text.h"
 
 #include <algorithm>
 

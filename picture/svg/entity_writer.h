@@ -9,8 +9,8 @@
 #include "picture/hatching.h"
 #include "picture/inks.h"
 #include "picture/scene.h"
-#include "picture/sheet.h"
-#include "picture/stroke_pool.h"
+#include "picture/svg/sheet.h"
+#include "picture/svg/stroke_pool.h"
 
 namespace picture {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "inspection/inspection.h"
-#include "picture/label_places.h"
+#include "picture/svg/label_places.h"
 
 namespace picture {
 

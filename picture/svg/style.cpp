@@ -1,5 +1,5 @@
 // Style rules: calm paper, thin strokes, groups in colours of their own, and what pointing lights.
-#include "picture/style.h"
+#include "picture/svg/style.h"
 
 namespace picture {
 namespace {

@@ -1,13 +1,13 @@
 // One entity: its strokes, areas, words and frames, with a title that names it.
-#include "picture/entity_writer.h"
+#include "picture/svg/entity_writer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 #include "host/tags/tag_values.h"
+#include "picture/svg/xml_text.h"
 #include "picture/written_lines.h"
-#include "picture/xml_text.h"
 
 namespace picture {
 namespace {

@@ -1,15 +1,15 @@
 // Puts a picture together: paper, entities in drawing order, groups around theirs, the legend.
-#include "picture/picture.h"
+#include "picture/svg/picture.h"
 
 #include <algorithm>
 #include <unordered_map>
 
 #include "host/text/text_codec.h"
 #include "host/text/wildcard.h"
-#include "picture/entity_writer.h"
-#include "picture/group_frames.h"
-#include "picture/style.h"
-#include "picture/xml_text.h"
+#include "picture/svg/entity_writer.h"
+#include "picture/svg/group_frames.h"
+#include "picture/svg/style.h"
+#include "picture/svg/xml_text.h"
 
 namespace picture {
 namespace {

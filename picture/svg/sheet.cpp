@@ -1,5 +1,5 @@
 // Fits drawings into sheets.
-#include "picture/sheet.h"
+#include "picture/svg/sheet.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 
 #include "host/tags/tag_values.h"
 #include "host/text/text_codec.h"
-#include "picture/xml_text.h"
+#include "picture/svg/xml_text.h"
 
 namespace picture {
 namespace {

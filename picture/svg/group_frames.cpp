@@ -1,9 +1,9 @@
 // Frames, labels and the legend.
-#include "picture/group_frames.h"
+#include "picture/svg/group_frames.h"
 
 #include <algorithm>
 
-#include "picture/style.h"
+#include "picture/svg/style.h"
 
 namespace picture {
 namespace {

@@ -1,5 +1,5 @@
 // Tries places above, below and beside, from near to far.
-#include "picture/label_places.h"
+#include "picture/svg/label_places.h"
 
 #include <algorithm>
 #include <cmath>
