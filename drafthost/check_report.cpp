@@ -22,9 +22,8 @@ std::string listText(const std::string& file, const std::vector<host::Finding>& 
 
 int checkOne(const Options& options, const std::string& file) {
     host::DxfError error;
-    const auto findings = host::checkFile(file, error, [&](double done) {
-        return showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
-    });
+    const auto findings = host::checkFile(
+        file, error, [&](double done) { return showProgress("Checking " + file, done); });
     if (!findings) {
         complain(error.message());
         if (options.json) writeOutput(errorJson(options, file, error.message()));

@@ -109,9 +109,8 @@ int drawOne(const Options& options, const OutputFolder& folder, const std::strin
 
 std::unique_ptr<AcDbDatabase> loadForReading(const Options& options, const std::string& file) {
     host::DxfError error;
-    auto store = host::loadDrawing(file, error, [&](double done) {
-        return showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
-    });
+    auto store = host::loadDrawing(
+        file, error, [&](double done) { return showProgress("Loading " + file, done); });
     if (store != nullptr) return std::make_unique<AcDbDatabase>(std::move(store));
     complain(error.message());
     if (options.json) writeOutput(errorJson(options, file, error.message()));

@@ -11,7 +11,6 @@
 #include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
 #include "drafthost/group_job.h"
-#include "drafthost/group_watch.h"
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
 #include "drafthost/process.h"
@@ -113,11 +112,11 @@ class OwnRegistry {
 
 bool loadModule(host::Session& session, const Options& options) {
     if (options.noModule) return true;
-    if (!options.module.empty()) return passed(session.loadModule(options.module));
+    if (!options.module.empty()) return passed(session.modules.load(options.module));
     const std::string path = programFolder() + kDefaultModule;
     std::error_code ignored;
     if (std::filesystem::exists(host::pathFromUtf8(path), ignored))
-        return passed(session.loadModule(path));
+        return passed(session.modules.load(path));
     complain(path +
              ": the module is not beside the program: name it with --module, or start with "
              "--no-module");
@@ -164,7 +163,7 @@ int runTerminal(host::Session& session) {
             complain(line);
     }
     host::setCommandLineSink(writeCommandLine);
-    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
+    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
 
 void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
@@ -176,10 +175,10 @@ int runDrawing(const Options& options, const Job& job) {
     if (!options.quiet && !changesByItself(options)) host::setCommandLineSink(writeCommandLine);
     const std::string& own = job.target.empty() ? job.file : job.target;
     auto session = std::make_unique<host::Session>();
-    session->setProgress(showProgress);
-    registerGroupCommands(*session);
+    session->progress = showProgress;
     auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file,
                                               options.window ? tellOnCommandLine : complain);
+    registerGroupCommands(watch.get());
     int status = start(*session, options, job);
     if (status == kDone && options.window) {
         status = runWindow(*session, options);
@@ -226,7 +225,7 @@ int runSession(const Options& given) {
 
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
-    registerGroupCommands(session);
+    registerGroupCommands(nullptr);
     return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "

@@ -37,20 +37,20 @@ std::string drawingName(const Job& job) {
 int runScript(host::Session& session, const Options& options, const Job& job) {
     const std::string name = options.script == "-" ? "standard input" : options.script;
     InterruptibleScript script(host::fromTextFile(job.script));
-    session.setDiagnostics([](const std::string& line) { complain(line); });
+    session.diagnostics = complain;
     session.runInput(script, !options.keepGoing, [&] {
         return drawingName(job) + ": " + name + ":" + std::to_string(script.line());
     });
     if (interruptRequested()) complain(drawingName(job) + ": interrupted");
-    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus();
+    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
 
 }  // namespace
 
 int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
-    for (std::size_t i = 0; i < session.documentCount(); ++i) {
-        if (session.document(i)->database()->store().serial() != serial) continue;
-        session.activate(i);
+    for (host::HostDocument* document : session.documents.all()) {
+        if (document->database()->store().serial() != serial) continue;
+        session.activate(*document);
         const host::Outcome saved = session.saveDrawing(job.target);
         if (!saved) complain(saved.error);
         return saved ? kDone : saved.status;

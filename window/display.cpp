@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "host/application/session_impl.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/current_drawing.h"
@@ -68,7 +67,7 @@ const host::Store* Display::store() const {
 
 bool Display::nothingToLose() const {
     if (!m_conversation.waits() || !m_conversation.atCommand()) return false;
-    for (const host::HostDocument* document : m_session.impl().documents.all()) {
+    for (const host::HostDocument* document : m_session.documents.all()) {
         if (document->changed()) return false;
     }
     return true;
@@ -102,7 +101,7 @@ Json Display::state() {
     const std::string& script = m_conversation.record().text();
     state["script"] = script.substr(m_told.script);
     m_told.script = script.size();
-    const host::HostDocument* document = m_session.impl().documents.current();
+    const host::HostDocument* document = m_session.documents.current();
     state["drawing"] = document != nullptr ? Json(host::toUtf8(document->fileName())) : Json();
     state["named"] = document != nullptr && !document->path().empty();
     state["changed"] = document != nullptr && document->changed();

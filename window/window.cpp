@@ -72,7 +72,7 @@ End run(host::Session& session, const Setup& setup) {
     });
     if (!server.start()) return End::NoPort;
     host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
-    session.setDiagnostics([&](const std::string& line) { conversation.diagnose(line); });
+    session.diagnostics = [&](const std::string& line) { conversation.diagnose(line); };
     host::printLine(host::fromUtf8(setup.greeting));
     farewell.watch(display, server.address());
     announce(setup, server.address(), signpost);
@@ -81,7 +81,7 @@ End run(host::Session& session, const Setup& setup) {
     while (!session.leave(conversation));
     display.conclude();
     desk.close();
-    session.setDiagnostics({});
+    session.diagnostics = nullptr;
     host::setCommandLineSink({});
     return farewell.wasInterrupted() ? End::Interrupted : End::Quit;
 }

@@ -1,7 +1,7 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
 #include <filesystem>
 
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/sysvars.h"
@@ -16,7 +16,7 @@ namespace {
 Session& session() { return *currentSession(); }
 
 CommandStatus statusOf(const Outcome& outcome) {
-    return outcome ? CommandStatus::Done : session().impl().fail(outcome);
+    return outcome ? CommandStatus::Done : session().fail(outcome);
 }
 
 /// Text behind the last dot of the file name, in upper case; empty without one.
@@ -89,8 +89,8 @@ bool mayReplace(const HostDocument& document, const std::string& path) {
 
 /// Saves the current drawing, under its own name when `path` is empty, and says where.
 CommandStatus save(const std::string& path, bool keepName) {
-    const Outcome outcome = session().impl().save(path, keepName);
-    const HostDocument* document = session().impl().documents.current();
+    const Outcome outcome = session().saveDrawing(path, keepName);
+    const HostDocument* document = session().documents.current();
     if (outcome)
         printLine(L"Saved as " + (keepName && !path.empty() ? fromUtf8(path) : document->path()) +
                   L".");
@@ -99,7 +99,7 @@ CommandStatus save(const std::string& path, bool keepName) {
 
 /// Saves under a name that is asked for.
 CommandStatus saveUnderName(bool keepName) {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     if (document == nullptr) return statusOf({"no drawing is open", kUnwritable});
     std::string path;
     const PromptStatus status = promptSaveName(*document, path);
@@ -115,7 +115,7 @@ CommandStatus saveUnderName(bool keepName) {
 }
 
 CommandStatus saveCurrent() {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     // Of a script the next line would become the name, and that line is a command.
     const bool asks = document != nullptr && document->path().empty() && personAnswers();
     return asks ? saveUnderName(false) : save({}, false);
@@ -147,13 +147,13 @@ CommandStatus runSaveAs() { return saveUnderName(false); }
 CommandStatus runQsave() { return saveCurrent(); }
 
 CommandStatus runClose() {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     const CommandStatus asked = document != nullptr ? letGo(*document) : CommandStatus::Done;
     return asked == CommandStatus::Done ? statusOf(session().closeDrawing()) : asked;
 }
 
 CommandStatus runQuit() {
-    Documents& documents = session().impl().documents;
+    Documents& documents = session().documents;
     HostDocument* const current = documents.current();
     CommandStatus asked = CommandStatus::Done;
     for (std::size_t i = 0; i < documents.count() && asked == CommandStatus::Done; ++i) {
@@ -163,7 +163,7 @@ CommandStatus runQuit() {
         asked = letGo(document);
     }
     documents.setCurrent(current);
-    session().impl().quit = asked == CommandStatus::Done;
+    session().quit = asked == CommandStatus::Done;
     return asked;
 }
 

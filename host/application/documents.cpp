@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <new>
 
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/guarded_call.h"
@@ -139,7 +139,7 @@ void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
 
 AcApDocument* AcApDocManager::curDocument() const {
     host::Session* session = host::currentSession();
-    return session == nullptr ? nullptr : session->impl().documents.current();
+    return session == nullptr ? nullptr : session->documents.current();
 }
 
 void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {

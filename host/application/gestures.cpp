@@ -23,7 +23,7 @@ std::vector<std::wstring> wordsOf(const std::wstring& line) {
     return words;
 }
 
-CommandStatus pickGesture(Session::Impl& session, bool shift) {
+CommandStatus pickGesture(Session& session, bool shift) {
     InputSource& source = *inputSource();
     if (!source.interactive()) print(L" ");
     const Answer answer = answerAtPrompt(source, L"Selection: ", InputUnit::Line);
@@ -79,7 +79,7 @@ HostDocument* namedDocument(const Documents& documents, const std::wstring& answ
 }
 
 /// SWITCH: makes another open drawing current, as Ctrl+Tab does.
-CommandStatus switchGesture(Session::Impl& session) {
+CommandStatus switchGesture(Session& session) {
     std::size_t number = 0;
     for (const HostDocument* document : session.documents.all())
         printLine(std::to_wstring(++number) + L" " + document->fileName() +
@@ -110,7 +110,7 @@ std::vector<std::wstring> typableNames() {
     return names;
 }
 
-std::optional<CommandStatus> runGesture(Session::Impl& session, const std::wstring& name) {
+std::optional<CommandStatus> runGesture(Session& session, const std::wstring& name) {
     if (name == L"PICK" || name == L"UNPICK") return pickGesture(session, name == L"UNPICK");
     if (name == L"PICKED") return printPicked();
     if (name == L"SWITCH") return switchGesture(session);

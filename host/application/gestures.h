@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 
@@ -16,6 +16,6 @@ Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit u
 
 /// Runs a gesture, given its name in upper case: PICK, UNPICK, PICKED or SWITCH. No command runs,
 /// and none is notified. Nothing when the name is no gesture's.
-std::optional<CommandStatus> runGesture(Session::Impl& session, const std::wstring& name);
+std::optional<CommandStatus> runGesture(Session& session, const std::wstring& name);
 
 }  // namespace host

@@ -11,6 +11,7 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/guarded_call.h"
+#include "host/control/scoped_value.h"
 #include "host/control/switches.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
@@ -77,17 +78,18 @@ std::string messageName(AcRx::AppMsgCode message) {
 int Modules::send(Module& module, AcRx::AppMsgCode message) {
     const std::string where = messageName(message) + " to " + module.name;
     recordEffect(EffectKind::Notification, fromUtf8(messageName(message) + " " + module.name));
-    const AcRx::AppMsgCode outer = std::exchange(m_message, message);
+    const ScopedValue<AcRx::AppMsgCode> handled(m_message, message);
     AcRx::AppRetCode answer = AcRx::kRetError;
-    {
-        const Calling calling(*this, &module);
-        guardedCall(where, [&] { answer = module.entry(message, &module); });
-    }
-    m_message = outer;
+    call(module, where, [&] { answer = module.entry(message, &module); });
     const bool mayRefuse = message != AcRx::kUnloadAppMsg && message != AcRx::kOleUnloadAppMsg &&
                            message != AcRx::kUnloadDwgMsg;
     if (answer == AcRx::kRetError && mayRefuse) m_refusing.push_back(&module);
     return answer;
+}
+
+void Modules::call(Module& module, const std::string& where, const std::function<void()>& code) {
+    const ScopedValue<Module*> called(m_called, &module);
+    guardedCall(where, code);
 }
 
 Outcome Modules::load(const std::string& path) {

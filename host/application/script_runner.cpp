@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "host/application/gestures.h"
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_names.h"
@@ -40,7 +40,7 @@ class WatchedSource : public InputSource {
     bool m_over = false;
 };
 
-CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
+CommandStatus printEntityName(Session& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
     if (document == nullptr) return session.fail({"no drawing is open"});
     const ObjectBody* body = document->database()->store().byHandle(toUtf8(handle));
@@ -53,7 +53,7 @@ CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle
 }
 
 /// One command, gesture or LISP call. A command becomes the `last` one, which Enter repeats.
-CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstring& last) {
+CommandStatus runOne(Session& session, const std::wstring& text, std::wstring& last) {
     if (text.empty()) return CommandStatus::Unknown;
     if (text.front() == L'(') {
         const auto handle = parseHandent(text);
@@ -70,22 +70,14 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstr
 
 }  // namespace
 
-CommandStatus Session::Impl::fail(const Outcome& outcome) {
+CommandStatus Session::fail(const Outcome& outcome) {
     noteProblem(fromUtf8(outcome.error));
     exitStatus = std::max(exitStatus, outcome.status);
     return CommandStatus::Failed;
 }
 
-void Session::Impl::diagnose(const std::string& line) {
-    if (diagnostics) {
-        diagnostics(oneLine(fromUtf8(line)));
-    } else {
-        printLine(fromUtf8(line));
-    }
-}
-
-void Session::Impl::reportCommand(const std::string& where, const std::wstring& command,
-                                  CommandStatus status) {
+void Session::reportCommand(const std::string& where, const std::wstring& command,
+                            CommandStatus status) {
     exitStatus = std::max(exitStatus, kFailed);
     std::string line = where.empty() ? where : where + ": ";
     const std::string problem = toUtf8(takeProblem());
@@ -101,7 +93,10 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
         if (!problem.empty()) line += ": " + problem;
     }
-    diagnose(line);
+    if (diagnostics)
+        diagnostics(oneLine(fromUtf8(line)));
+    else
+        printLine(fromUtf8(line));
 }
 
 CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
@@ -109,7 +104,7 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
     WatchedSource input(source);
     CommandStatus result = CommandStatus::Done;
     std::wstring last;
-    while (!m_impl->quit && !input.over()) {
+    while (!quit && !input.over()) {
         idle();
         print(L"\nCommand: ");
         const Answer answer = answerAtPrompt(input, L"Command: ", InputUnit::Token);
@@ -118,14 +113,14 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
         if (answer.kind == Answer::Kind::Enter && !last.empty()) print(text = last);
         if (answer.kind != Answer::Kind::Text && text.empty()) continue;
         takeProblem();
-        const CommandStatus status = runOne(*m_impl, text, last);
+        const CommandStatus status = runOne(*this, text, last);
         const bool escaped = status == CommandStatus::Cancelled && source.interactive();
         if (status == CommandStatus::Done || escaped) continue;
         if (result == CommandStatus::Done) result = status;
         if (status == CommandStatus::Cancelled && input.over()) {
             noteProblem(L"the input ended inside the command");
         }
-        m_impl->reportCommand(where ? where() : std::string(), text, status);
+        reportCommand(where ? where() : std::string(), text, status);
         if (stopAtFailure) break;
     }
     idle();
@@ -135,8 +130,8 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
 
 bool Session::leave(InputSource& source) {
     WatchedSource input(source);
-    if (!m_impl->quit) runCommand(L"QUIT");
-    return m_impl->quit || input.over();
+    if (!quit) runCommand(L"QUIT");
+    return quit || input.over();
 }
 
 CommandStatus Session::runScript(const std::wstring& text, bool stopAtFailure,

@@ -84,7 +84,7 @@ void failEveryAllocation(long least, const std::string& words,
 
 TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
     failEveryAllocation(
-        5, "", [](auto& scene) { scene.session().loadModule(tests::modulePath()); },
+        5, "", [](auto& scene) { scene.session().modules.load(tests::modulePath()); },
         [](auto& scene) {
             // What stood in the way of one step spared the others: the mode goes with its drawing.
             host::setMenuGroupLoaded(L"Pelltrix", true);
@@ -93,11 +93,11 @@ TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
             scene.session().newDrawing();
             EXPECT_NE(scene.after(L"VelmoGROUPACTIVE\n").find("ON=~, GPelltrix.ID_GRP_ON=~"),
                       std::string::npos);
-            scene.session().unloadModule(kModule);
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+            scene.session().modules.unload(kModule);
+            EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
             EXPECT_EQ(host::editorReactorCount(), 1);
         },
-        [](auto& scene) { EXPECT_TRUE(scene.session().unloadModule(kModule)); });
+        [](auto& scene) { EXPECT_TRUE(scene.session().modules.unload(kModule)); });
 }
 
 TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
@@ -105,12 +105,12 @@ TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
         1, "",
         [](auto& scene) {
             host::clearEffects();
-            scene.session().unloadModule(kModule);
+            scene.session().modules.unload(kModule);
         },
         [](auto& scene) {
             EXPECT_EQ(host::effectText(host::EffectKind::CommandLine),
                       L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+            EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
         });
 }
 
