@@ -2,6 +2,7 @@
 #include "drafthost/module_command.h"
 
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
@@ -12,13 +13,7 @@ namespace {
 class Prepared : public host::InputSource {
   public:
     explicit Prepared(const std::vector<std::wstring>& answers)
-        : m_answers(answers), m_outer(host::inputSource()) {
-        host::setInputSource(this);
-    }
-    ~Prepared() override { host::setInputSource(m_outer); }
-    Prepared(const Prepared&) = delete;
-    Prepared& operator=(const Prepared&) = delete;
-
+        : m_answers(answers), m_inUse(host::inputSource(), this) {}
     host::Answer next(const std::wstring&, host::InputUnit) override {
         using Kind = host::Answer::Kind;
         if (m_next == m_answers.size()) return {Kind::End, {}};
@@ -29,7 +24,7 @@ class Prepared : public host::InputSource {
   private:
     const std::vector<std::wstring>& m_answers;
     std::size_t m_next = 0;
-    host::InputSource* m_outer;
+    host::ScopedValue<host::InputSource*> m_inUse;
 };
 
 /// Keeps what is printed back as long as it lives.

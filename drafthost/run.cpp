@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -114,9 +113,7 @@ bool loadModule(host::Session& session, const Options& options) {
     if (options.noModule) return true;
     if (!options.module.empty()) return passed(session.modules.load(options.module));
     const std::string path = programFolder() + kDefaultModule;
-    std::error_code ignored;
-    if (std::filesystem::exists(host::pathFromUtf8(path), ignored))
-        return passed(session.modules.load(path));
+    if (host::placeOf(path) != host::FilePlace::None) return passed(session.modules.load(path));
     complain(path +
              ": the module is not beside the program: name it with --module, or start with "
              "--no-module");

@@ -1,8 +1,8 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
-#include <filesystem>
-
 #include "host/application/session.h"
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/sysvars.h"
 #include "host/scripting/script.h"
@@ -27,11 +27,6 @@ std::wstring extensionOf(const std::string& path) {
     return foldCase(fromUtf8(path.substr(dot + 1)));
 }
 
-bool exists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(pathFromUtf8(path), ignored);
-}
-
 /// The answers in "DXF 16 my plan.dxf", which a person has typed in one line, as a script gives
 /// them; empty for any other text.
 std::string longForm(const std::string& typed) {
@@ -49,10 +44,8 @@ PromptStatus promptSaveName(const HostDocument& document, std::string& path) {
     PromptStatus status = promptFile(question, path);
     if (const std::string form = longForm(path); !form.empty()) {
         ScriptSource answers(fromUtf8(form));
-        InputSource* const person = inputSource();
-        setInputSource(&answers);
+        const ScopedValue<InputSource*> scripted(inputSource(), &answers);
         status = promptSaveName(document, path);
-        setInputSource(person);
     }
     if (status != PromptStatus::Ok || foldCase(fromUtf8(path)) != L"DXF") return status;
     constexpr double kMostPlaces = 16;
@@ -82,7 +75,8 @@ bool personAnswers() { return inputSource() != nullptr && inputSource()->interac
 bool mayReplace(const HostDocument& document, const std::string& path) {
     constexpr int kNotAsked = 2;
     if (!personAnswers() || sysvarInteger(L"EXPERT") >= kNotAsked) return true;
-    if (!exists(path) || fromUtf8(absolutePath(path)) == document.path()) return true;
+    if (placeOf(path) == FilePlace::None || fromUtf8(absolutePath(path)) == document.path())
+        return true;
     const std::wstring question = L"\n" + fromUtf8(path) + L" exists. Replace it? [Yes/No] <No>: ";
     return promptPerson(question, {L"Yes", L"No"}, 1) == 0;
 }

@@ -70,8 +70,7 @@ HostDocument* namedDocument(const Documents& documents, const std::wstring& answ
     std::size_t number = 0;
     for (HostDocument* document : documents.all()) {
         const std::wstring path = foldCase(document->fileName());
-        const std::size_t slash = path.find_last_of(L"/\\");
-        const std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
+        const std::wstring name = path.substr(path.find_last_of(L"/\\") + 1);
         if (wanted == std::to_wstring(++number) || wanted == path || wanted == name)
             return document;
     }

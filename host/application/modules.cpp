@@ -2,7 +2,6 @@
 #include "host/application/modules.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -13,6 +12,7 @@
 #include "host/control/guarded_call.h"
 #include "host/control/scoped_value.h"
 #include "host/control/switches.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
 #include "host/text/paths.h"
@@ -24,20 +24,16 @@ namespace {
 constexpr int kInterfaceVersion = 19;
 
 std::string fileNameOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
+    return path.substr(path.find_last_of("/\\") + 1);
 }
 
 Outcome failure(std::string text) { return {std::move(text)}; }
 
 /// Why the file cannot be an application, before the system's loader sees it; empty when it may.
 std::string fileProblem(const std::string& path) {
-    std::error_code ignored;
-    const std::filesystem::file_status status =
-        std::filesystem::status(std::filesystem::u8path(path), ignored);
-    if (!std::filesystem::exists(status)) return "no such file";
-    if (std::filesystem::is_directory(status)) return "a directory, not an application";
-    return {};
+    const FilePlace place = placeOf(path);
+    if (place == FilePlace::None) return "no such file";
+    return place == FilePlace::Folder ? "a directory, not an application" : "";
 }
 
 /// Opens the library and finds its two functions; the reason when it is no application for us.
@@ -225,9 +221,9 @@ void Modules::clearLeftovers(Module& module) {
     const auto isInLibrary = [&](const void* address) { return module.library.contains(address); };
     for (const std::wstring& command : removeCommandsOf(isInLibrary))
         report("command " + toUtf8(command) + " is still registered");
-    for (int left = detachDocumentReactorsOf(isInLibrary); left > 0; --left)
+    for (int left = documentReactors().detachOf(isInLibrary); left > 0; --left)
         report("a document reactor is still attached");
-    for (int left = detachReactorsOf(isInLibrary); left > 0; --left)
+    for (int left = editorReactors().detachOf(isInLibrary); left > 0; --left)
         report("an editor reactor is still attached");
     for (HostDocument* document : m_documents.all()) {
         for (const std::wstring& name : document->lisp.namesOf(&module)) {

@@ -4,6 +4,7 @@
 #include "host/application/gestures.h"
 #include "host/application/session.h"
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_names.h"
 #include "host/editor/selection/pickfirst.h"
@@ -21,10 +22,7 @@ namespace {
 /// Passes answers on and remembers that the input is over.
 class WatchedSource : public InputSource {
   public:
-    explicit WatchedSource(InputSource& source) : m_source(source), m_outer(inputSource()) {
-        setInputSource(this);
-    }
-    ~WatchedSource() override { setInputSource(m_outer); }
+    explicit WatchedSource(InputSource& source) : m_source(source), m_inUse(inputSource(), this) {}
     Answer next(const std::wstring& prompt, InputUnit unit) override {
         const Answer answer = m_source.next(prompt, unit);
         m_over = m_over || answer.kind == Answer::Kind::End;
@@ -36,7 +34,7 @@ class WatchedSource : public InputSource {
 
   private:
     InputSource& m_source;
-    InputSource* m_outer;
+    ScopedValue<InputSource*> m_inUse;
     bool m_over = false;
 };
 

@@ -50,7 +50,7 @@ Session::Session() {
     resetEditor();
     resetSysvars();
     resetMenus();
-    detachAllDocumentReactors();
+    documentReactors().detachAll();
     registerEditorServices();
     registerService(L"DynamicLinker", &dynamicLinker());
     for (const CommandTable* commands :
@@ -72,7 +72,7 @@ Session::~Session() {
     dropClipboard();
     resetEditor();
     checkNothingLeaked(m_heldAtStart, "the end of the session");
-    detachAllDocumentReactors();
+    documentReactors().detachAll();
     registerService(L"DynamicLinker", nullptr);
     if (theSession == this) theSession = nullptr;
 }

@@ -2,7 +2,6 @@
 #include "host/clone/deep_clone.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
-#include "host/commands/point_or_word.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"

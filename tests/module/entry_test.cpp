@@ -35,7 +35,7 @@ TEST(Entry, RegistersItsCommandsInOrderWithTheirFlags) {
               L"VelmoGROUP/VelmoGROUPMAKE 6\nVelmoGROUP/VelmoGROUPDELETE 2\n"
               L"VelmoGROUP/VelmoGROUPREMOVEMEMBER 0\nVelmoGROUP/VelmoGROUPACTIVE 0\n"
               L"VelmoGROUP/VelmoGROUPNOTACTIVE 0\n");
-    EXPECT_EQ(host::editorReactorCount(), 1);
+    EXPECT_EQ(host::editorReactors().count(), 1);
 }
 
 TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
@@ -45,9 +45,9 @@ TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
     EXPECT_EQ(effectText(EffectKind::CommandLine),
               L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
     EXPECT_TRUE(host::registeredCommands().empty());
-    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_EQ(host::editorReactors().count(), 0);
     EXPECT_TRUE(drafting.session().modules.load(tests::modulePath()));
-    EXPECT_EQ(host::editorReactorCount(), 1);
+    EXPECT_EQ(host::editorReactors().count(), 1);
 }
 
 TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {

@@ -144,7 +144,7 @@ TEST(EveryFault, WithoutMemoryForItsReactorTheModuleGoesOnWithoutIt) {
     host::clearEffects();
     host::setHeapFault(1);
     scene.session().sendMessage(kModule, AcRx::kInitAppMsg);
-    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_EQ(host::editorReactors().count(), 0);
     EXPECT_EQ(host::effectText(host::EffectKind::MenuCommand), L"GMorvanta.ID_GRP_ON=~");
     scene.after(L"VelmoGROUPMAKE #1\n\n");
     EXPECT_EQ(scene.click({2}), "begin(1) line* end | 2 | ");

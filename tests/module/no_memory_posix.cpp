@@ -95,7 +95,7 @@ TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
                       std::string::npos);
             scene.session().modules.unload(kModule);
             EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
-            EXPECT_EQ(host::editorReactorCount(), 1);
+            EXPECT_EQ(host::editorReactors().count(), 1);
         },
         [](auto& scene) { EXPECT_TRUE(scene.session().modules.unload(kModule)); });
 }

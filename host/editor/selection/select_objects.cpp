@@ -5,6 +5,7 @@
 #include <cwctype>
 
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/selection_sets.h"
 #include "host/editor/selection/selection_sources.h"
@@ -104,7 +105,7 @@ class Dialogue {
 };
 
 PromptStatus Dialogue::run(const std::wstring& text) {
-    const Asking asking(m_set.ids());
+    const ScopedValue<Question> asking(question(), {Wanted::Selection, std::nullopt, &m_set.ids()});
     for (;;) {
         const Answer answer = prompt(m_removing ? L"\nRemove objects: " : text);
         if (answer.kind == Answer::Kind::Enter)
