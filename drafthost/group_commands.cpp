@@ -40,7 +40,7 @@ host::CommandStatus runGroupList(host::Store& store) {
     for (const std::string& line : groupWatch->lastChanges(store.serial()))
         text += line + "\n";
     text.pop_back();
-    host::printLine(host::fromUtf8(text));
+    tellOnCommandLine(text);
     return host::CommandStatus::Done;
 }
 
@@ -53,12 +53,11 @@ host::CommandStatus runPicture(host::Store& store) {
     std::string why = "the name does not end in .svg";
     if (isPictureName(path)) {
         const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-        const std::string svg = pictureOf(*store.database, store.currentSpace(),
-                                          drawing.substr(host::folderPart(drawing).size()));
+        const std::string svg = pictureOf(*store.database, store.currentSpace(), drawing);
         why = writePictureFile(path, svg, openDrawings());
     }
     if (why.empty()) return host::CommandStatus::Done;
-    host::printLine(host::fromUtf8(path + ": the picture cannot be written: " + why));
+    tellOnCommandLine(path + ": the picture cannot be written: " + why);
     return host::CommandStatus::Failed;
 }
 

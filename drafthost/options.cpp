@@ -29,6 +29,11 @@ std::string isSwitch(const std::string& text) {
     return good ? "" : "needs a number from 0 to 4294967295 behind NAME=";
 }
 
+std::string isProperty(const std::string& by) {
+    const bool known = by == "layer" || by == "block" || by == "color";
+    return known ? "" : "takes layer, block or color, not \"" + by + "\"";
+}
+
 /// The host's own console program takes /i DRAWING and /s SCRIPT. False for a /i without a drawing.
 bool replaceSlashForms(std::vector<std::string>& arguments) {
     for (std::size_t at = 0; at < arguments.size() && arguments[at] != "--"; ++at) {
@@ -112,11 +117,6 @@ void declareReading(CLI::App& app, Options& options) {
             "these layers alone; wild cards, commas between names");
     addNumber(app, "--group", options.group, std::numeric_limits<int>::max(),
               "this group alone, by its number in the picture");
-}
-
-std::string isProperty(const std::string& by) {
-    const bool known = by == "layer" || by == "block" || by == "color";
-    return known ? "" : "takes layer, block or color, not \"" + by + "\"";
 }
 
 void declareChanging(CLI::App& app, Options& options) {

@@ -9,6 +9,7 @@
 
 #include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
+#include "drafthost/group_each.h"
 #include "drafthost/group_job.h"
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
@@ -163,17 +164,14 @@ int runTerminal(host::Session& session) {
     return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
 
-void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
-
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
     if (!options.quiet && !changesByItself(options)) host::setCommandLineSink(writeCommandLine);
-    const std::string& own = job.target.empty() ? job.file : job.target;
     auto session = std::make_unique<host::Session>();
     session->progress = showProgress;
-    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file,
+    auto watch = std::make_unique<GroupWatch>(host::absolutePath(job.own()), job.file,
                                               options.window ? tellOnCommandLine : complain);
     registerGroupCommands(watch.get());
     int status = start(*session, options, job);

@@ -30,8 +30,7 @@ std::string drawingName(const Job& job) {
     const AcApDocument* document = acDocManagerPtr()->curDocument();
     if (document == nullptr) return "no drawing";
     const std::string path = host::toUtf8(document->fileName());
-    const std::string& own = job.target.empty() ? job.file : job.target;
-    return !own.empty() && path == host::absolutePath(own) ? job.file : path;
+    return !job.own().empty() && path == host::absolutePath(job.own()) ? job.file : path;
 }
 
 int runScript(host::Session& session, const Options& options, const Job& job) {

@@ -13,6 +13,8 @@ struct Job {
     std::string target;  ///< where it goes after the script; empty: nowhere
     std::string staged;  ///< where it waits until all has gone well; see Session::stageSaves
     std::string script;  ///< text of the script
+
+    const std::string& own() const { return target.empty() ? file : target; }  ///< the session's
 };
 
 /// Saves the drawing with that serial number of its store, whatever else is open, as the job's
