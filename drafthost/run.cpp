@@ -124,7 +124,7 @@ bool loadModule(host::Session& session, const Options& options) {
 /// Drawing, variables and module; the exit status when that fails, else kDone.
 int start(host::Session& session, const Options& options, const Job& job) {
     for (const std::string& group : options.menuGroups)
-        host::setMenuGroupLoaded(host::fromUtf8(group), true);
+        host::loadMenuGroup(host::fromUtf8(group));
     const host::Outcome opened =
         job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;

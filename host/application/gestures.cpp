@@ -4,6 +4,7 @@
 #include "host/control/effects.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
@@ -57,7 +58,7 @@ CommandStatus printPicked() {
     for (const AcDbObjectId id : pickfirst()) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr) continue;
-        printLine(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
+        printLine(std::to_wstring(++position) + L" " + handleText(*body) + L" " +
                   fromUtf8(body->type()));
     }
     if (position == 0) printLine(L"Nothing is picked.");

@@ -27,8 +27,6 @@ std::string fileNameOf(const std::string& path) {
     return path.substr(path.find_last_of("/\\") + 1);
 }
 
-Outcome failure(std::string text) { return {std::move(text)}; }
-
 /// Why the file cannot be an application, before the system's loader sees it; empty when it may.
 std::string fileProblem(const std::string& path) {
     const FilePlace place = placeOf(path);
@@ -93,10 +91,10 @@ Outcome Modules::load(const std::string& path) {
     module->path = absolutePath(path);
     module->name = fileNameOf(module->path);
     if (find(module->name) != nullptr) {
-        return failure(path + ": " + module->name + " is loaded already; unload it first");
+        return {path + ": " + module->name + " is loaded already; unload it first"};
     }
     const std::string problem = openLibrary(*module);
-    if (!problem.empty()) return failure(path + ": " + problem);
+    if (!problem.empty()) return {path + ": " + problem};
     return start(std::move(module));
 }
 
@@ -127,19 +125,19 @@ Outcome Modules::refuse(Module& module, const std::string& reason) {
     const std::string text = module.path + ": not loaded: " + reason;
     sendUnloadDrawings(module);
     remove(module);
-    return failure(text);
+    return {text};
 }
 
 Outcome Modules::unload(const std::string& name) {
     Module* module = find(name);
     if (module == nullptr) {
-        return failure(name + ": no such application is loaded; ARX ? lists the loaded ones");
+        return {name + ": no such application is loaded; ARX ? lists the loaded ones"};
     }
     if (module->locked) {
-        return failure(module->name + " is locked and cannot be unloaded while the host runs");
+        return {module->name + " is locked and cannot be unloaded while the host runs"};
     }
     if (module == m_called || module->unloading) {
-        return failure(module->name + " is running and cannot be unloaded now");
+        return {module->name + " is running and cannot be unloaded now"};
     }
     sendUnloadDrawings(*module);
     remove(*module);

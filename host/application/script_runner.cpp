@@ -9,6 +9,7 @@
 #include "host/editor/run/command_names.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -46,7 +47,7 @@ CommandStatus printEntityName(Session& session, const std::wstring& handle) {
         printLine(L"nil");
         return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing"});
     }
-    printLine(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
+    printLine(L"<Entity name: " + handleText(*body) + L">");
     return CommandStatus::Done;
 }
 

@@ -41,9 +41,8 @@ CommandLineSink setCommandLineSink(CommandLineSink sink) {
 
 std::wstring effectText(EffectKind kind) {
     std::wstring all;
-    for (const Effect& effect : effectState().recorded) {
-        if (effect.kind == kind) all += effect.text;
-    }
+    for (const std::wstring& text : effectTexts(kind))
+        all += text;
     return all;
 }
 

@@ -4,8 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "host/editor/state/document_state.h"
-#include "host/objectarx/database.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/store/store.h"
 #include "host/text/lisp_cursor.h"
 
@@ -59,9 +58,8 @@ bool Reader::plainArgument(const std::wstring& text, ResultList& list) {
 bool Reader::entityArgument(ResultList& list) {
     const auto handle = m_cursor.string();
     if (!handle) return fail("handent needs a handle in quotes");
-    const DocumentState* document = currentDocumentState();
-    const ObjectBody* body =
-        document != nullptr ? document->database->store().byHandle(toUtf8(*handle)) : nullptr;
+    const Store* store = currentStore();
+    const ObjectBody* body = store != nullptr ? store->byHandle(toUtf8(*handle)) : nullptr;
     if (body == nullptr) return fail("no object has the handle " + toUtf8(*handle));
     list.addName(RTENAME, body->store->idOf(*body));
     return m_cursor.accept(L')') || fail("a closing bracket is missing");

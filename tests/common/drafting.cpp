@@ -16,7 +16,7 @@ namespace tests {
 
 Drafting::Drafting(const std::string& drawing, const std::wstring& menuGroup, Damage damage)
     : m_session(std::make_unique<host::Session>()), m_damage(damage) {
-    if (!menuGroup.empty()) host::setMenuGroupLoaded(menuGroup, true);
+    if (!menuGroup.empty()) host::loadMenuGroup(menuGroup);
     const host::Outcome opened =
         drawing.empty() ? m_session->newDrawing() : m_session->openDrawing(drawing);
     EXPECT_TRUE(opened) << opened.error;

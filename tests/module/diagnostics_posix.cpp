@@ -158,7 +158,7 @@ TEST(Diagnostics, LoadAndUnloadGoInOrder) {
     scene.session().modules.unload("VelmoGroup.arx");
     const Switch debugStartup(L"DebugStartup");
     host::setEnvironment(L"TEMP", host::fromUtf8(tests::scratchFolder()));
-    host::setMenuGroupLoaded(L"Pelltrix", true);
+    host::loadMenuGroup(L"Pelltrix");
     EXPECT_EQ(inOrder([&] { scene.session().modules.load(tests::modulePath()); }),
               L"\nkInitAppMsg VelmoGroup.arx\nunlockApplication\nregisterAppMDIAware"
               L"\naddCommand VelmoGROUPMAKE\naddCommand VelmoGROUPDELETE"

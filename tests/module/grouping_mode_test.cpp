@@ -21,7 +21,7 @@ TEST(GroupingMode, MenuItemsOfTheFirstMenuGroupFollow) {
     for (const auto& [loaded, group] : cases) {
         Scene scene("");
         for (const std::wstring& each : loaded)
-            host::setMenuGroupLoaded(each, true);
+            host::loadMenuGroup(each);
         const std::string item = "G" + group + ".ID_GRP_";
         const auto shown = [&](const std::string& menu) {
             return group.empty() ? " |  | " : " |  |  | " + menu;

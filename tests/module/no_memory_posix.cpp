@@ -87,7 +87,7 @@ TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
         5, "", [](auto& scene) { scene.session().modules.load(tests::modulePath()); },
         [](auto& scene) {
             // What stood in the way of one step spared the others: the mode goes with its drawing.
-            host::setMenuGroupLoaded(L"Pelltrix", true);
+            host::loadMenuGroup(L"Pelltrix");
             scene.after(L"VelmoGROUPNOTACTIVE\n");
             scene.session().closeDrawing();
             scene.session().newDrawing();

@@ -86,7 +86,7 @@ class Dialogue {
     Dialogue(const Store& store, const SelectionFilter& filter)
         : m_store(store), m_filter(filter) {}
 
-    PromptStatus run(const std::wstring& prompt);
+    PromptStatus run();
     const std::vector<AcDbObjectId>& selection() const { return m_set.ids(); }
 
   private:
@@ -104,10 +104,10 @@ class Dialogue {
     bool m_removing = false;
 };
 
-PromptStatus Dialogue::run(const std::wstring& text) {
+PromptStatus Dialogue::run() {
     const ScopedValue<Question> asking(question(), {Wanted::Selection, std::nullopt, &m_set.ids()});
     for (;;) {
-        const Answer answer = prompt(m_removing ? L"\nRemove objects: " : text);
+        const Answer answer = prompt(m_removing ? L"\nRemove objects: " : L"\nSelect objects: ");
         if (answer.kind == Answer::Kind::Enter)
             return m_set.ids().empty() ? PromptStatus::None : PromptStatus::Ok;
         if (answer.kind != Answer::Kind::Text || !take(answer.text)) return PromptStatus::Cancel;
@@ -207,28 +207,26 @@ bool parseBox(const Store& store, const std::vector<std::wstring>& words, bool c
 
 }  // namespace
 
-PromptStatus selectObjects(const std::wstring& text, const SelectionFilter& filter,
-                           std::vector<AcDbObjectId>& selection) {
+PromptStatus selectObjects(const SelectionFilter& filter, std::vector<AcDbObjectId>& selection) {
     selection.clear();
     const Store* store = currentStore();
     if (store == nullptr) return PromptStatus::Cancel;
     Dialogue dialogue(*store, filter);
-    const PromptStatus status = dialogue.run(text);
+    const PromptStatus status = dialogue.run();
     if (status == PromptStatus::Ok) selection = dialogue.selection();
     rememberSelection(selection);
     return status;
 }
 
-PromptStatus promptSelection(const std::wstring& text, bool usePickfirst,
-                             std::vector<AcDbObjectId>& selection) {
+PromptStatus promptSelection(std::vector<AcDbObjectId>& selection) {
     selection.clear();
-    if (usePickfirst && pickfirstSettable()) selection = takePickfirst();
+    if (pickfirstSettable()) selection = takePickfirst();
     if (!selection.empty()) {
         printLine(std::to_wstring(selection.size()) + L" found");
         rememberSelection(selection);
         return PromptStatus::Ok;
     }
-    return selectObjects(text.empty() ? L"\nSelect objects: " : text, {}, selection);
+    return selectObjects({}, selection);
 }
 
 bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObjectId>& selection,
