@@ -2,7 +2,6 @@
 #include "drafthost/group_commands.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "drafthost/drawing_inspection.h"
@@ -12,7 +11,6 @@
 #include "drafthost/picture_file.h"
 #include "host/application/session.h"
 #include "host/commands/open_drawing.h"
-#include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"

@@ -7,10 +7,8 @@
 
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/module_command.h"
-#include "host/control/effects.h"
 #include "host/store/store.h"
 #include "host/text/numbers.h"
-#include "host/text/text_codec.h"
 #include "inspection/report.h"
 
 namespace {

@@ -2,6 +2,7 @@
 #include "host/application/gestures.h"
 
 #include "host/control/effects.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/state/current_drawing.h"
@@ -105,7 +106,11 @@ Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit u
 }
 
 std::vector<std::wstring> typableNames() {
-    std::vector<std::wstring> names = commandNames();
+    std::vector<std::wstring> names;
+    for (const BuiltinCommand* command : builtinCommands())
+        names.emplace_back(command->name);
+    for (const RegisteredCommand& command : registeredCommands())
+        names.push_back(command.globalName);
     names.insert(names.end(), {L"PICK", L"UNPICK", L"PICKED", L"SWITCH"});
     return names;
 }

@@ -123,7 +123,6 @@ Outcome Modules::start(std::unique_ptr<Module> owned) {
 Outcome Modules::refuse(Module& module, const std::string& reason) {
     m_refusing.clear();
     const std::string text = module.path + ": not loaded: " + reason;
-    sendUnloadDrawings(module);
     remove(module);
     return {text};
 }
@@ -139,7 +138,6 @@ Outcome Modules::unload(const std::string& name) {
     if (module == m_called || module->unloading) {
         return {module->name + " is running and cannot be unloaded now"};
     }
-    sendUnloadDrawings(*module);
     remove(*module);
     return {};
 }
@@ -186,7 +184,6 @@ void Modules::unloadRefusing() {
         m_refusing.erase(std::remove(m_refusing.begin(), m_refusing.end(), module),
                          m_refusing.end());
         printLine(fromUtf8(module->name) + L" answered kRetError and is unloaded.");
-        sendUnloadDrawings(*module);
         remove(*module);
     }
 }
@@ -198,6 +195,7 @@ void Modules::quit() {
 }
 
 void Modules::remove(Module& module) {
+    sendUnloadDrawings(module);
     module.unloading = true;
     send(module, AcRx::kUnloadAppMsg);
     clearLeftovers(module);

@@ -77,7 +77,8 @@ class Modules {
     Outcome refuse(Module& module, const std::string& reason);
     void sendLoadDrawing(Module& module, HostDocument& document);
     void sendUnloadDrawings(Module& module);
-    /// kUnloadAppMsg, the search for leftovers, and the closing of the library.
+    /// kUnloadDwgMsg for each of its documents, kUnloadAppMsg, the search for leftovers, and the
+    /// closing of the library.
     void remove(Module& module);
     /// Reports and removes what the module left registered: nothing may point into its library.
     void clearLeftovers(Module& module);

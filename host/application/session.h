@@ -117,8 +117,6 @@ extern const CommandTable kDocumentCommands, kModuleCommands, kHelpCommands;
 /// What can be typed at the empty prompt and what commands ask for, in lines without a last line
 /// end: commands of the host and of modules, short forms, gestures.
 std::wstring commandHelp();
-/// Names that can be typed at the empty prompt: commands and gestures.
-std::vector<std::wstring> typableNames();
 
 /// The session that exists, or null.
 Session* currentSession();

@@ -1,6 +1,4 @@
 // LINE, CIRCLE, POINT and TEXT.
-#include <cmath>
-
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/open_drawing.h"

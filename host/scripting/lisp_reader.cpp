@@ -14,10 +14,9 @@ namespace {
 /// Reads a call piece by piece; false, with the problem, for what cannot be read.
 class Reader {
   public:
-    explicit Reader(const std::wstring& text) : m_cursor(text) {}
+    Reader(const std::wstring& text, std::string& problem) : m_cursor(text), m_problem(problem) {}
 
     bool call(LispCall& call);
-    const std::string& problem() const { return m_problem; }
 
   private:
     bool fail(std::string problem) {
@@ -30,7 +29,7 @@ class Reader {
     bool entityArgument(ResultList& list);
 
     LispCursor m_cursor;
-    std::string m_problem;
+    std::string& m_problem;
 };
 
 bool Reader::plainArgument(const std::wstring& text, ResultList& list) {
@@ -111,10 +110,7 @@ bool Reader::call(LispCall& call) {
 }  // namespace
 
 bool readLispCall(const std::wstring& text, LispCall& call, std::string& problem) {
-    Reader reader(text);
-    if (reader.call(call)) return true;
-    problem = reader.problem();
-    return false;
+    return Reader(text, problem).call(call);
 }
 
 }  // namespace host

@@ -1,9 +1,6 @@
 // The "Select objects:" dialogue, and selections given in one go for gestures.
 #include "host/editor/selection/select_objects.h"
 
-#include <algorithm>
-#include <cwctype>
-
 #include "host/control/effects.h"
 #include "host/control/scoped_value.h"
 #include "host/editor/selection/pickfirst.h"
@@ -95,8 +92,8 @@ class Dialogue {
     bool takeWindow(bool crossing);
     void takeSingle(const std::wstring& text);
     void takeFound(const std::vector<AcDbObjectId>& found);
-    void report(std::size_t found, std::size_t duplicates, std::size_t removed,
-                std::size_t filtered, bool first);
+    /// `repeated` are those found that were in already, or when removing not in.
+    void report(std::size_t found, std::size_t repeated, std::size_t filtered, bool first);
 
     const Store& m_store;
     const SelectionFilter& m_filter;
@@ -166,20 +163,21 @@ void Dialogue::takeFound(const std::vector<AcDbObjectId>& found) {
         const bool changed = m_removing ? m_set.remove(id) : m_set.add(id);
         if (!changed) ++repeated;
     }
-    const std::size_t removed = m_removing ? matching - repeated : 0;
-    report(matching, m_removing ? 0 : repeated, removed, found.size() - matching, first);
+    report(matching, repeated, found.size() - matching, first);
 }
 
-void Dialogue::report(std::size_t found, std::size_t duplicates, std::size_t removed,
-                      std::size_t filtered, bool first) {
+void Dialogue::report(std::size_t found, std::size_t repeated, std::size_t filtered, bool first) {
     std::wstring text = L"\n" + std::to_wstring(found) + L" found";
-    if (m_removing) text += L", " + std::to_wstring(removed) + L" removed";
-    if (duplicates == 1) text += L" (1 duplicate)";
-    if (duplicates > 1) text += L" (" + std::to_wstring(duplicates) + L" duplicates)";
+    if (m_removing)
+        text += L", " + std::to_wstring(found - repeated) + L" removed";
+    else if (repeated > 0)
+        text +=
+            L" (" + std::to_wstring(repeated) + (repeated == 1 ? L" duplicate)" : L" duplicates)");
     if (!first) text += L", " + std::to_wstring(m_set.ids().size()) + L" total";
     print(text);
-    if (filtered == 1) printLine(L"1 was filtered out.");
-    if (filtered > 1) printLine(std::to_wstring(filtered) + L" were filtered out.");
+    if (filtered > 0)
+        printLine(std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") +
+                  L" filtered out.");
 }
 
 /// Joins what a blank separated inside a parenthesis.
