@@ -22,9 +22,8 @@ std::string repairIn(const std::wstring& command) {
 
 }  // namespace
 
-GroupWatch::GroupWatch(std::string path, std::string shown,
-                       std::function<void(const std::string&)> tell)
-    : m_path(std::move(path)), m_shown(std::move(shown)), m_say(std::move(tell)) {
+GroupWatch::GroupWatch(const Job& job, std::function<void(const std::string&)> tell)
+    : m_job(job), m_say(std::move(tell)) {
     editor()->addReactor(this);
 }
 
@@ -65,7 +64,7 @@ void GroupWatch::warnOfDamage(const host::Store& store, const std::string& name)
     });
     const std::size_t count = store.supplied + static_cast<std::size_t>(errors);
     if (count == 0) return;
-    m_say(shownFor(name) + ": damaged before: " + std::to_string(count) +
+    m_say(m_job.nameFor(name) + ": damaged before: " + std::to_string(count) +
           (count == 1 ? " finding" : " findings") + ", see --check");
 }
 
@@ -77,5 +76,5 @@ void GroupWatch::tell(AcDbDatabase& drawing, const std::string& name, const std:
     if (m_before.groups.empty()) return;
     lines = inspection::changes(m_before, inspectDrawing(drawing, false), repair);
     for (const std::string& line : lines)
-        m_say(shownFor(name) + ": " + line);
+        m_say(m_job.nameFor(name) + ": " + line);
 }

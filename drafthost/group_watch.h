@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "drafthost/script_job.h"
 #include "host/objectarx/editor.h"
 #include "host/store/store.h"
 #include "inspection/inspection.h"
@@ -18,9 +19,8 @@
 /// before the session.
 class GroupWatch : public AcEditorReactor {
   public:
-    /// Lines call the drawing with that absolute path as the user has: `shown`.
-    GroupWatch(std::string path, std::string shown,
-               std::function<void(const std::string& line)> tell);
+    /// The job has to live longer.
+    GroupWatch(const Job& job, std::function<void(const std::string& line)> tell);
     ~GroupWatch() override;
     GroupWatch(const GroupWatch&) = delete;
     GroupWatch& operator=(const GroupWatch&) = delete;
@@ -36,11 +36,8 @@ class GroupWatch : public AcEditorReactor {
     void warnOfDamage(const host::Store& store, const std::string& name);
     void look(AcDbDatabase& drawing);
     void tell(AcDbDatabase& drawing, const std::string& name, const std::string& repair);
-    const std::string& shownFor(const std::string& path) const {
-        return path == m_path ? m_shown : path;
-    }
 
-    std::string m_path, m_shown;
+    const Job& m_job;
     std::function<void(const std::string&)> m_say;
     inspection::Inspection m_before;
     std::set<std::uint32_t> m_checked;  ///< serial numbers of stores

@@ -27,24 +27,6 @@ class Prepared : public host::InputSource {
     host::ScopedValue<host::InputSource*> m_inUse;
 };
 
-/// Keeps what is printed back as long as it lives.
-class Mute {
-  public:
-    Mute()
-        : m_sink(host::setCommandLineSink([this](const std::wstring& text) { m_text += text; })) {}
-    ~Mute() { host::setCommandLineSink(m_sink); }
-    Mute(const Mute&) = delete;
-    Mute& operator=(const Mute&) = delete;
-
-    void show() const {
-        if (m_sink) m_sink(m_text);
-    }
-
-  private:
-    std::wstring m_text;
-    host::CommandLineSink m_sink;
-};
-
 }  // namespace
 
 host::CommandStatus runModuleCommand(const std::wstring& name,
@@ -52,12 +34,15 @@ host::CommandStatus runModuleCommand(const std::wstring& name,
                                      const std::vector<AcDbObjectId>& picked) {
     const Prepared source(answers);
     host::CommandStatus status = host::CommandStatus::Done;
+    host::CommandLineSink& sink = host::commandLineSink();
+    std::wstring printed;
     {
-        const Mute mute;
+        const host::ScopedValue<host::CommandLineSink> mute(
+            sink, [&](const std::wstring& text) { printed += text; });
         host::setPickfirst(picked);
         status = host::runCommand(name);
-        if (status != host::CommandStatus::Done) mute.show();
     }
+    if (status != host::CommandStatus::Done && sink) sink(printed);
     if (status == host::CommandStatus::Unknown)
         host::printProblem(name + L" is not there: it needs the module.");
     return status;

@@ -26,7 +26,6 @@
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/documents.h"
 #include "host/text/numbers.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -148,8 +147,9 @@ void writeCommandLine(const std::wstring& text) {
 int runTerminal(host::Session& session) {
     endLine();
     const std::unique_ptr<Terminal> terminal = openTerminal();
-    host::setCommandLineSink(
-        [&](const std::wstring& text) { terminal->print(host::printableLines(text)); });
+    host::commandLineSink() = [&](const std::wstring& text) {
+        terminal->print(host::printableLines(text));
+    };
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
@@ -159,7 +159,7 @@ int runTerminal(host::Session& session) {
         for (const std::string& line : session.rescueDrawings())
             complain(line);
     }
-    host::setCommandLineSink(writeCommandLine);
+    host::commandLineSink() = writeCommandLine;
     return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
 
@@ -167,11 +167,10 @@ int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet && !changesByItself(options)) host::setCommandLineSink(writeCommandLine);
+    if (!options.quiet && !changesByItself(options)) host::commandLineSink() = writeCommandLine;
     auto session = std::make_unique<host::Session>();
     session->progress = showProgress;
-    auto watch = std::make_unique<GroupWatch>(host::absolutePath(job.own()), job.file,
-                                              options.window ? tellOnCommandLine : complain);
+    auto watch = std::make_unique<GroupWatch>(job, options.window ? tellOnCommandLine : complain);
     registerGroupCommands(watch.get());
     int status = start(*session, options, job);
     if (status == kDone && options.window) {

@@ -25,12 +25,10 @@ class InterruptibleScript : public host::ScriptSource {
     }
 };
 
-/// Name of the current drawing for messages: as the user has named it, when it is the job's.
+/// Name of the current drawing for messages.
 std::string drawingName(const Job& job) {
     const AcApDocument* document = acDocManagerPtr()->curDocument();
-    if (document == nullptr) return "no drawing";
-    const std::string path = host::toUtf8(document->fileName());
-    return !job.own().empty() && path == host::absolutePath(job.own()) ? job.file : path;
+    return document != nullptr ? job.nameFor(host::toUtf8(document->fileName())) : "no drawing";
 }
 
 int runScript(host::Session& session, const Options& options, const Job& job) {
@@ -45,6 +43,11 @@ int runScript(host::Session& session, const Options& options, const Job& job) {
 }
 
 }  // namespace
+
+std::string Job::nameFor(const std::string& path) const {
+    const std::string& own = target.empty() ? file : target;
+    return !own.empty() && path == host::absolutePath(own) ? file : path;
+}
 
 int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
     for (host::HostDocument* document : session.documents.all()) {

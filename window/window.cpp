@@ -71,7 +71,7 @@ End run(host::Session& session, const Setup& setup) {
         display.answer(request, reply);
     });
     if (!server.start()) return End::NoPort;
-    host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
+    host::commandLineSink() = [&](const std::wstring& text) { conversation.print(text); };
     session.diagnostics = [&](const std::string& line) { conversation.diagnose(line); };
     host::printLine(host::fromUtf8(setup.greeting));
     farewell.watch(display, server.address());
@@ -82,7 +82,7 @@ End run(host::Session& session, const Setup& setup) {
     display.conclude();
     desk.close();
     session.diagnostics = nullptr;
-    host::setCommandLineSink({});
+    host::commandLineSink() = nullptr;
     return farewell.wasInterrupted() ? End::Interrupted : End::Quit;
 }
 

@@ -35,9 +35,7 @@ void clearEffects() { effectState().recorded.clear(); }
 
 void setEffectRecording(bool on) { effectState().recording = on; }
 
-CommandLineSink setCommandLineSink(CommandLineSink sink) {
-    return std::exchange(effectState().sink, std::move(sink));
-}
+CommandLineSink& commandLineSink() { return effectState().sink; }
 
 std::wstring effectText(EffectKind kind) {
     std::wstring all;
