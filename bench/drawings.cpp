@@ -36,17 +36,17 @@ Drawings::Drawings() { host::setEffectRecording(false); }
 Drawings::~Drawings() { host::setEffectRecording(true); }
 
 void Drawings::openLines(long count) {
-    const std::string name = "lines" + std::to_string(m_session.documentCount());
+    const std::string name = "lines" + std::to_string(m_session.documents.count());
     const std::string path = SCRATCH_FOLDER "/" + name + ".dxf";
     writeLines(path, count);
     mustSucceed(m_session.openDrawing(path));
     std::remove(path.c_str());
 }
 
-void Drawings::activate(std::size_t index) { mustSucceed(m_session.activate(index)); }
+void Drawings::activate(std::size_t index) { m_session.activate(*m_session.documents.at(index)); }
 
 void Drawings::closeAll() {
-    while (m_session.documentCount() > 0)
+    while (m_session.documents.count() > 0)
         mustSucceed(m_session.closeDrawing());
 }
 

@@ -22,7 +22,7 @@ namespace {
 class GroupDrawing {
   public:
     explicit GroupDrawing(long members) {
-        if (!m_session.newDrawing() || !m_session.loadModule(MODULE_FILE)) {
+        if (!m_session.newDrawing() || !m_session.modules.load(MODULE_FILE)) {
             throw std::runtime_error("no drawing with the module");
         }
         std::wstring script;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "drafthost/batch.h"
 #include "drafthost/json_text.h"
 #include "drafthost/output.h"
 #include "host/dxf/check/drawing_check.h"
@@ -20,11 +19,12 @@ std::string listText(const std::string& file, const std::vector<host::Finding>& 
     return text + file + (sound ? ": sound\n" : ": damaged\n");
 }
 
-int checkOne(const Options& options, const std::string& file) {
+}  // namespace
+
+int checkFile(const Options& options, const std::string& file) {
     host::DxfError error;
-    const auto findings = host::checkFile(file, error, [&](double done) {
-        return showProgress(("Checking " + file).c_str(), static_cast<int>(done * 100.0));
-    });
+    const auto findings = host::checkFile(
+        file, error, [&](double done) { return showProgress("Checking " + file, done); });
     if (!findings) {
         complain(error.message());
         if (options.json) writeOutput(errorJson(options, file, error.message()));
@@ -38,10 +38,4 @@ int checkOne(const Options& options, const std::string& file) {
                                  : listText(file, *findings, sound));
     }
     return sound ? kDone : kDamaged;
-}
-
-}  // namespace
-
-int checkFiles(const Options& options) {
-    return runBatch(options, [&](const std::string& file) { return checkOne(options, file); });
 }

@@ -3,5 +3,5 @@
 
 #include "drafthost/options.h"
 
-/// Checks the files and prints what is found as text or JSON. Gives the exit status.
-int checkFiles(const Options& options);
+/// Checks a file and prints what is found as text or JSON. Gives the exit status.
+int checkFile(const Options& options, const std::string& file);

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "host/application/session.h"
+#include "host/application/gestures.h"
 #include "host/dxf/file/file_access.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"

@@ -2,17 +2,15 @@
 #include "drafthost/group_commands.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/group_each.h"
 #include "drafthost/group_repair.h"
-#include "drafthost/group_watch.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/picture_file.h"
+#include "host/application/session.h"
 #include "host/commands/open_drawing.h"
-#include "host/control/effects.h"
 #include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -23,12 +21,13 @@
 
 namespace {
 
-const host::Session* pictureSession = nullptr;  ///< whose drawings no picture may replace
+GroupWatch* groupWatch = nullptr;
 
+/// Those that no picture may replace.
 std::vector<std::string> openDrawings() {
     std::vector<std::string> files;
-    for (std::size_t i = 0; i < pictureSession->documentCount(); ++i)
-        files.push_back(host::toUtf8(pictureSession->document(i)->fileName()));
+    for (const host::HostDocument* document : host::currentSession()->documents.all())
+        files.push_back(host::toUtf8(document->fileName()));
     return files;
 }
 
@@ -36,10 +35,10 @@ host::CommandStatus runGroupList(host::Store& store) {
     std::string frames;
     std::string text = inspection::listText("", inspectDrawing(*store.database, true, &frames));
     if (!frames.empty()) text += frames + "\n";
-    for (const std::string& line : GroupWatch::lastChanges(store.serial()))
+    for (const std::string& line : groupWatch->lastChanges(store.serial()))
         text += line + "\n";
     text.pop_back();
-    host::printLine(host::fromUtf8(text));
+    tellOnCommandLine(text);
     return host::CommandStatus::Done;
 }
 
@@ -52,12 +51,11 @@ host::CommandStatus runPicture(host::Store& store) {
     std::string why = "the name does not end in .svg";
     if (isPictureName(path)) {
         const std::string drawing = host::toUtf8(host::currentDocumentState()->fileName);
-        const std::string svg = pictureOf(*store.database, store.currentSpace(),
-                                          drawing.substr(host::folderPart(drawing).size()));
+        const std::string svg = pictureOf(*store.database, store.currentSpace(), drawing);
         why = writePictureFile(path, svg, openDrawings());
     }
     if (why.empty()) return host::CommandStatus::Done;
-    host::printLine(host::fromUtf8(path + ": the picture cannot be written: " + why));
+    tellOnCommandLine(path + ": the picture cannot be written: " + why);
     return host::CommandStatus::Failed;
 }
 
@@ -74,7 +72,7 @@ const host::CommandTable kGroupCommands = {
 
 }  // namespace
 
-void registerGroupCommands(const host::Session& session) {
-    pictureSession = &session;
+void registerGroupCommands(GroupWatch* watch) {
+    groupWatch = watch;
     host::registerBuiltins(kGroupCommands);
 }

@@ -2,7 +2,8 @@
 // and PICTURE.
 #pragma once
 
-#include "host/application/session.h"
+#include "drafthost/group_watch.h"
 
-/// Registers them for a session, which has to outlive their use.
-void registerGroupCommands(const host::Session& session);
+/// Registers them in the session; they tell what the watch has seen, which has to outlive their
+/// use.
+void registerGroupCommands(GroupWatch* watch);

@@ -70,6 +70,8 @@ bool form(const Lot& lot) {
 
 }  // namespace
 
+void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
+
 CommandStatus groupEach(host::Store& store, const EachWish& wish, const TellLine& tell,
                         long& formed) {
     const inspection::Inspection before = inspectDrawing(*store.database, false);
@@ -100,6 +102,5 @@ CommandStatus groupEach(host::Store& store, const EachWish& wish, const TellLine
 CommandStatus runGroupEach(host::Store& store) {
     EachWish wish;
     long formed = 0;
-    const auto print = [](const std::string& line) { host::printLine(host::fromUtf8(line)); };
-    return ask(wish) ? groupEach(store, wish, print, formed) : CommandStatus::Cancelled;
+    return ask(wish) ? groupEach(store, wish, tellOnCommandLine, formed) : CommandStatus::Cancelled;
 }

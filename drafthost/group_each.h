@@ -15,6 +15,7 @@ struct EachWish {
 };
 /// Receives one line, UTF-8, without line end.
 using TellLine = std::function<void(const std::string& line)>;
+void tellOnCommandLine(const std::string& line);
 
 /// Runs VelmoGROUPMAKE for each name in turn, so each group is one step for undo, and tells a line
 /// for each. Left alone is what stands in a group already, on a locked layer or on that of markers,

@@ -7,10 +7,8 @@
 
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/module_command.h"
-#include "host/control/effects.h"
 #include "host/store/store.h"
 #include "host/text/numbers.h"
-#include "host/text/text_codec.h"
 #include "inspection/report.h"
 
 namespace {
@@ -73,12 +71,11 @@ CommandStatus repairGroups(Store& store, const TellLine& tell) {
 }
 
 CommandStatus runGroupRepair(Store& store) {
-    const CommandStatus status =
-        repairGroups(store, [](const std::string& line) { host::printLine(host::fromUtf8(line)); });
+    const CommandStatus status = repairGroups(store, tellOnCommandLine);
     std::string left = inspection::listText("left: ", inspectDrawing(*store.database, false),
                                             inspection::Listed::Faults);
     if (left.empty()) left = "All groups are whole.\n";
     left.pop_back();
-    host::printLine(host::fromUtf8(left));
+    tellOnCommandLine(left);
     return status;
 }

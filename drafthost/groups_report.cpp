@@ -23,20 +23,6 @@ using host::Index;
 using host::kNoIndex;
 using host::Store;
 
-int listOne(const Options& options, const std::string& file) {
-    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
-    if (drawing == nullptr) return kUnreadable;
-    std::string frames;
-    const inspection::Inspection found = inspectDrawing(*drawing, true, &frames);
-    if (!frames.empty()) complain(file + ": " + frames);
-    if (!found.good() || !options.quiet) {
-        const auto listed = options.quiet ? inspection::Listed::Faults : inspection::Listed::All;
-        writeOutput(options.json ? groupsJson(file, found)
-                                 : inspection::listText(file + ": ", found, listed));
-    }
-    return found.good() ? kDone : kDamaged;
-}
-
 std::string fileName(const std::string& path) { return path.substr(host::folderPart(path).size()); }
 
 /// The space of the layout with that name, without regard to case; model space for an empty one.
@@ -109,17 +95,26 @@ int drawOne(const Options& options, const OutputFolder& folder, const std::strin
 
 std::unique_ptr<AcDbDatabase> loadForReading(const Options& options, const std::string& file) {
     host::DxfError error;
-    auto store = host::loadDrawing(file, error, [&](double done) {
-        return showProgress(("Loading " + file).c_str(), static_cast<int>(done * 100.0));
-    });
+    auto store = host::loadDrawing(
+        file, error, [&](double done) { return showProgress("Loading " + file, done); });
     if (store != nullptr) return std::make_unique<AcDbDatabase>(std::move(store));
     complain(error.message());
     if (options.json) writeOutput(errorJson(options, file, error.message()));
     return nullptr;
 }
 
-int listGroups(const Options& options) {
-    return runBatch(options, [&](const std::string& file) { return listOne(options, file); });
+int listGroups(const Options& options, const std::string& file) {
+    const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
+    if (drawing == nullptr) return kUnreadable;
+    std::string frames;
+    const inspection::Inspection found = inspectDrawing(*drawing, true, &frames);
+    if (!frames.empty()) complain(file + ": " + frames);
+    if (!found.good() || !options.quiet) {
+        const auto listed = options.quiet ? inspection::Listed::Faults : inspection::Listed::All;
+        writeOutput(options.json ? groupsJson(file, found)
+                                 : inspection::listText(file + ": ", found, listed));
+    }
+    return found.good() ? kDone : kDamaged;
 }
 
 int drawFiles(const Options& options) {
@@ -129,8 +124,8 @@ int drawFiles(const Options& options) {
                     [&](const std::string& file) { return drawOne(options, folder, file); });
 }
 
-std::string pictureOf(AcDbDatabase& drawing, unsigned space, const std::string& title) {
+std::string pictureOf(AcDbDatabase& drawing, unsigned space, const std::string& path) {
     const Store& store = drawing.store();
-    return picture::draw(store, space, title, spaceName(store, space),
+    return picture::draw(store, space, fileName(path), spaceName(store, space),
                          inspectDrawing(drawing, false));
 }

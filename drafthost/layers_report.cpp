@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "drafthost/batch.h"
 #include "drafthost/drawing_inspection.h"
 #include "drafthost/entity_lots.h"
 #include "drafthost/groups_report.h"
@@ -48,7 +47,9 @@ std::string textOf(const ListedLayer& layer) {
            (layer.locked ? ", locked" : "") + (layer.defined ? "" : ", not defined");
 }
 
-int listLayersOf(const Options& options, const std::string& file) {
+}  // namespace
+
+int listLayers(const Options& options, const std::string& file) {
     const std::unique_ptr<AcDbDatabase> drawing = loadForReading(options, file);
     if (drawing == nullptr) return kUnreadable;
     std::vector<ListedLayer> layers;
@@ -59,10 +60,4 @@ int listLayersOf(const Options& options, const std::string& file) {
         text += file + ": " + textOf(layer) + "\n";
     writeOutput(options.json ? layersJson(file, layers) : text);
     return kDone;
-}
-
-}  // namespace
-
-int listLayers(const Options& options) {
-    return runBatch(options, [&](const std::string& file) { return listLayersOf(options, file); });
 }

@@ -3,6 +3,6 @@
 
 #include "drafthost/options.h"
 
-/// Lists the layers of the files as text or JSON: entities in all spaces, how many are in groups,
+/// Lists the layers of a file as text or JSON: entities in all spaces, how many are in groups,
 /// what keeps them from being seen or changed. Gives the exit status.
-int listLayers(const Options& options);
+int listLayers(const Options& options, const std::string& file);

@@ -2,6 +2,7 @@
 #include <exception>
 #include <new>
 
+#include "drafthost/batch.h"
 #include "drafthost/check_report.h"
 #include "drafthost/groups_report.h"
 #include "drafthost/layers_report.h"
@@ -19,9 +20,12 @@ int act(const Options& options) {
     const bool reads =
         options.check || options.groups || options.layers || !options.picture.empty();
     if (reads) catchInterrupts();
-    if (options.check) return checkFiles(options);
-    if (options.groups) return listGroups(options);
-    if (options.layers) return listLayers(options);
+    const auto forEach = [&](int (*work)(const Options&, const std::string& file)) {
+        return runBatch(options, [&](const std::string& file) { return work(options, file); });
+    };
+    if (options.check) return forEach(checkFile);
+    if (options.groups) return forEach(listGroups);
+    if (options.layers) return forEach(listLayers);
     return options.picture.empty() ? runSession(options) : drawFiles(options);
 }
 

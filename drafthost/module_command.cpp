@@ -2,6 +2,7 @@
 #include "drafthost/module_command.h"
 
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
@@ -12,13 +13,7 @@ namespace {
 class Prepared : public host::InputSource {
   public:
     explicit Prepared(const std::vector<std::wstring>& answers)
-        : m_answers(answers), m_outer(host::inputSource()) {
-        host::setInputSource(this);
-    }
-    ~Prepared() override { host::setInputSource(m_outer); }
-    Prepared(const Prepared&) = delete;
-    Prepared& operator=(const Prepared&) = delete;
-
+        : m_answers(answers), m_inUse(host::inputSource(), this) {}
     host::Answer next(const std::wstring&, host::InputUnit) override {
         using Kind = host::Answer::Kind;
         if (m_next == m_answers.size()) return {Kind::End, {}};
@@ -29,25 +24,7 @@ class Prepared : public host::InputSource {
   private:
     const std::vector<std::wstring>& m_answers;
     std::size_t m_next = 0;
-    host::InputSource* m_outer;
-};
-
-/// Keeps what is printed back as long as it lives.
-class Mute {
-  public:
-    Mute()
-        : m_sink(host::setCommandLineSink([this](const std::wstring& text) { m_text += text; })) {}
-    ~Mute() { host::setCommandLineSink(m_sink); }
-    Mute(const Mute&) = delete;
-    Mute& operator=(const Mute&) = delete;
-
-    void show() const {
-        if (m_sink) m_sink(m_text);
-    }
-
-  private:
-    std::wstring m_text;
-    host::CommandLineSink m_sink;
+    host::ScopedValue<host::InputSource*> m_inUse;
 };
 
 }  // namespace
@@ -57,12 +34,15 @@ host::CommandStatus runModuleCommand(const std::wstring& name,
                                      const std::vector<AcDbObjectId>& picked) {
     const Prepared source(answers);
     host::CommandStatus status = host::CommandStatus::Done;
+    host::CommandLineSink& sink = host::commandLineSink();
+    std::wstring printed;
     {
-        const Mute mute;
+        const host::ScopedValue<host::CommandLineSink> mute(
+            sink, [&](const std::wstring& text) { printed += text; });
         host::setPickfirst(picked);
         status = host::runCommand(name);
-        if (status != host::CommandStatus::Done) mute.show();
     }
+    if (status != host::CommandStatus::Done && sink) sink(printed);
     if (status == host::CommandStatus::Unknown)
         host::printProblem(name + L" is not there: it needs the module.");
     return status;

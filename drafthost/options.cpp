@@ -29,6 +29,11 @@ std::string isSwitch(const std::string& text) {
     return good ? "" : "needs a number from 0 to 4294967295 behind NAME=";
 }
 
+std::string isProperty(const std::string& by) {
+    const bool known = by == "layer" || by == "block" || by == "color";
+    return known ? "" : "takes layer, block or color, not \"" + by + "\"";
+}
+
 /// The host's own console program takes /i DRAWING and /s SCRIPT. False for a /i without a drawing.
 bool replaceSlashForms(std::vector<std::string>& arguments) {
     for (std::size_t at = 0; at < arguments.size() && arguments[at] != "--"; ++at) {
@@ -40,44 +45,46 @@ bool replaceSlashForms(std::vector<std::string>& arguments) {
     return true;
 }
 
-void declareScripts(CLI::App& app, Options& options) {
-    app.add_option("-s,--script", options.script, "commands from FILE (\"-\": standard input)")
-        ->type_name("FILE")
-        ->check(notEmpty);
-    app.add_option("--output-dir", options.outputDir,
-                   "save each drawing there, under its name and subfolder; the source stays")
-        ->type_name("DIR")
-        ->check(notEmpty);
-    app.add_option("--base", options.base,
-                   "keep subfolders from there on, not from the drawings' common folder")
-        ->type_name("DIR")
-        ->check(notEmpty);
-    app.add_flag("--keep-going", options.keepGoing, "go on with a script after a failed command")
-        ->disable_flag_override();
-    app.add_option("-j,--jobs", options.jobs, "so many drawings at a time, from 1 to 64")
+void addFlag(CLI::App& app, const char* name, bool& value, const char* help) {
+    app.add_flag(name, value, help)->disable_flag_override();
+}
+
+/// An option that takes one text, or one each time it is given; by itself none that is empty.
+template <typename Texts>
+void addText(CLI::App& app, const char* name, Texts& value, const char* form, const char* help,
+             std::string (*problem)(const std::string&) = notEmpty) {
+    app.add_option(name, value, help)->type_name(form)->allow_extra_args(false)->check(problem);
+}
+
+void addNumber(CLI::App& app, const char* name, int& value, int highest, const char* help) {
+    app.add_option(name, value, help)
         ->type_name("N")
-        ->check(CLI::Range(1, 64).description(""));
-    app.add_flag("-q,--quiet", options.quiet, "no transcript, and of drawings what is wrong alone")
-        ->disable_flag_override();
+        ->check(CLI::Range(1, highest).description(""));
+}
+
+void declareScripts(CLI::App& app, Options& options) {
+    addText(app, "-s,--script", options.script, "FILE",
+            "commands from FILE (\"-\": standard input)");
+    addText(app, "--output-dir", options.outputDir, "DIR",
+            "save each drawing there, under its name and subfolder; the source stays");
+    addText(app, "--base", options.base, "DIR",
+            "keep subfolders from there on, not from the drawings' common folder");
+    addFlag(app, "--keep-going", options.keepGoing, "go on with a script after a failed command");
+    addNumber(app, "-j,--jobs", options.jobs, 64, "so many drawings at a time, from 1 to 64");
+    addFlag(app, "-q,--quiet", options.quiet, "no transcript, and of drawings what is wrong alone");
 }
 
 void declareSession(CLI::App& app, Options& options) {
-    app.add_option("-m,--module", options.module,
-                   "module to load at start, else VelmoGroup.arx beside the program")
-        ->type_name("FILE")
-        ->check(notEmpty);
-    app.add_flag("--no-module", options.noModule, "no module at start")->disable_flag_override();
-    const auto addList = [&](const char* name, std::vector<std::string>& values, const char* form,
-                             const char* help) {
-        return app.add_option(name, values, help)->type_name(form)->allow_extra_args(false);
-    };
-    addList("--menu", options.menuGroups, "GROUP", "the menu group counts as loaded (repeatable)")
-        ->check(notEmpty);
-    addList("--set", options.variables, "NAME=VALUE", "a system variable at start (repeatable)")
-        ->check(isAssignment);
-    addList("--registry", options.switches, "NAME=DWORD",
-            "a per-user switch of the module (repeatable); DebugStartup=1 prints the failed checks")
-        ->check(isSwitch);
+    addText(app, "-m,--module", options.module, "FILE",
+            "module to load at start, else VelmoGroup.arx beside the program");
+    addFlag(app, "--no-module", options.noModule, "no module at start");
+    addText(app, "--menu", options.menuGroups, "GROUP",
+            "the menu group counts as loaded (repeatable)");
+    addText(app, "--set", options.variables, "NAME=VALUE",
+            "a system variable at start (repeatable)", isAssignment);
+    addText(app, "--registry", options.switches, "NAME=DWORD",
+            "a per-user switch of the module (repeatable); DebugStartup=1 prints the failed checks",
+            isSwitch);
 }
 
 /// --window is the browser or, beside --picture, a part of the drawing.
@@ -89,59 +96,37 @@ void declareWindow(CLI::App& app, Options& options, bool draws) {
             ->expected(4)
             ->allow_extra_args(false);
     } else {
-        app.add_flag("--window", options.window,
-                     "work on the drawing in the browser; with --picture and X1,Y1,X2,Y2: draw "
-                     "what lies between these corners alone")
-            ->disable_flag_override();
+        addFlag(app, "--window", options.window,
+                "work on the drawing in the browser; with --picture and X1,Y1,X2,Y2: draw "
+                "what lies between these corners alone");
     }
-    app.add_flag("--no-browser", options.noBrowser, "--window prints its address alone")
-        ->disable_flag_override();
+    addFlag(app, "--no-browser", options.noBrowser, "--window prints its address alone");
 }
 
 void declareReading(CLI::App& app, Options& options) {
-    app.add_flag("--check", options.check, "check the drawings, change nothing")
-        ->disable_flag_override();
-    app.add_flag("--groups", options.groups, "list the groups of the drawings, change nothing")
-        ->disable_flag_override();
-    app.add_flag("--layers", options.layers,
-                 "list the layers of the drawings, their entities, how many are in groups")
-        ->disable_flag_override();
-    app.add_flag("--json", options.json, "--check, --groups, --layers print one JSON document")
-        ->disable_flag_override();
-    app.add_option("--picture", options.picture,
-                   "draw drawings and their groups as SVG into a file, "
-                   "DIR/ for many, or \"-\": standard output")
-        ->type_name("OUT")
-        ->check(notEmpty);
-    app.add_option("--space,--layout", options.space, "of a layout, instead of model space")
-        ->type_name("NAME")
-        ->check(notEmpty);
-    app.add_option("--layer", options.layerNames,
-                   "these layers alone; wild cards, commas between names")
-        ->type_name("PATTERN")
-        ->check(notEmpty);
-    app.add_option("--group", options.group, "this group alone, by its number in the picture")
-        ->type_name("N")
-        ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""));
+    addFlag(app, "--check", options.check, "check the drawings, change nothing");
+    addFlag(app, "--groups", options.groups, "list the groups of the drawings, change nothing");
+    addFlag(app, "--layers", options.layers,
+            "list the layers of the drawings, their entities, how many are in groups");
+    addFlag(app, "--json", options.json, "--check, --groups, --layers print one JSON document");
+    addText(app, "--picture", options.picture, "OUT",
+            "draw drawings and their groups as SVG into a file, "
+            "DIR/ for many, or \"-\": standard output");
+    addText(app, "--space,--layout", options.space, "NAME", "of a layout, instead of model space");
+    addText(app, "--layer", options.layerNames, "PATTERN",
+            "these layers alone; wild cards, commas between names");
+    addNumber(app, "--group", options.group, std::numeric_limits<int>::max(),
+              "this group alone, by its number in the picture");
 }
 
 void declareChanging(CLI::App& app, Options& options) {
-    app.add_option("--make-groups", options.makeGroups,
-                   "make one group for each layer, block or color of model space")
-        ->type_name("BY")
-        ->check([](const std::string& by) {
-            const bool known = by == "layer" || by == "block" || by == "color";
-            return known ? "" : "takes layer, block or color, not \"" + by + "\"";
-        });
-    app.add_option("--only", options.only, "of these names; wild cards, commas between patterns")
-        ->type_name("PATTERN")
-        ->check(notEmpty);
-    app.add_option("--min", options.least, "that have so many entities, 2 unless said")
-        ->type_name("N")
-        ->check(CLI::Range(1, 1000000000).description(""));
-    app.add_flag("--repair", options.repair,
-                 "repair the groups, take stray markers and group records away")
-        ->disable_flag_override();
+    addText(app, "--make-groups", options.makeGroups, "BY",
+            "make one group for each layer, block or color of model space", isProperty);
+    addText(app, "--only", options.only, "PATTERN",
+            "of these names; wild cards, commas between patterns");
+    addNumber(app, "--min", options.least, 1000000000, "that have so many entities, 2 unless said");
+    addFlag(app, "--repair", options.repair,
+            "repair the groups, take stray markers and group records away");
 }
 
 void declare(CLI::App& app, Options& options, bool draws) {

@@ -79,11 +79,12 @@ void showStatus(const std::string& line) {
     width = columns;
 }
 
-bool showProgress(const char* what, int percent) {
+bool showProgress(const std::string& what, double done) {
     using Clock = std::chrono::steady_clock;
     static Clock::time_point begin;
     static std::string task;
     static int last = -1;
+    const int percent = static_cast<int>(done * 100.0);
     if (task != what || percent < last) {
         task = what;
         begin = Clock::now();

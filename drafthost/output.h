@@ -21,8 +21,8 @@ void complain(const std::string& line);
 void writeErrors(const std::string& lines);
 
 /// Shows how far a load or save is, on standard error when that is a terminal, once it has taken
-/// over a second. At 100 the line is taken away. False once Ctrl+C was pressed: it is to stop.
-bool showProgress(const char* what, int percent);
+/// over a second. At 1 the line is taken away. False once Ctrl+C was pressed: it is to stop.
+bool showProgress(const std::string& what, double done);
 /// Shows one line in the place of the one before on standard error when that is a terminal; an
 /// empty one takes it away. Take it away before anything else is written.
 void showStatus(const std::string& line);

@@ -2,7 +2,7 @@
 #include "drafthost/picture_file.h"
 
 #include "drafthost/output_folder.h"
-#include "host/dxf/file/file_access.h"
+#include "host/dxf/save/save_drawing.h"
 #include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
@@ -19,16 +19,6 @@ std::string pictureRefusal(const std::string& target, const std::vector<std::str
     }
     const bool guarded = place == host::FilePlace::File && !host::isWritable(target);
     return guarded ? "Is write-protected" : "";
-}
-
-bool fillPicture(const std::string& fresh, const std::string& former, const std::string& svg,
-                 std::string& why) {
-    host::OutputFile file;
-    if (!file.create(fresh, why)) return false;
-    const bool complete = (former.empty() || file.takePermissionsOf(former, why)) &&
-                          file.write(svg, why) && file.flushToDisk(why) && file.close(why);
-    if (!complete) host::removeFile(fresh);
-    return complete;
 }
 
 }  // namespace
@@ -48,13 +38,8 @@ std::string writePictureFile(const std::string& path, const std::string& svg,
     const std::string target = host::withoutLinks(path);
     std::string why = pictureRefusal(target, drawings);
     if (!why.empty()) return why;
-    const std::string former = host::placeOf(target) == host::FilePlace::File ? target : "";
-    // The name of this process: what stands there under it was left by one that is gone.
-    const std::string fresh =
-        host::folderPart(target) + ".svg-" + std::to_string(host::processNumber()) + ".tmp";
-    host::removeFile(fresh);
-    if (!fillPicture(fresh, former, svg, why)) return why;
-    if (host::renameOver(fresh, target, why)) return {};
-    host::removeFile(fresh);
-    return why;
+    const auto fill = [&](host::OutputFile& file, std::string& problem) {
+        return file.write(svg, problem);
+    };
+    return host::replaceFile(target, fill, why) ? "" : why;
 }

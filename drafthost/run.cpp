@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
-#include <functional>
 #include <memory>
 
 #include "drafthost/batch.h"
 #include "drafthost/group_commands.h"
+#include "drafthost/group_each.h"
 #include "drafthost/group_job.h"
-#include "drafthost/group_watch.h"
 #include "drafthost/output.h"
 #include "drafthost/output_folder.h"
 #include "drafthost/process.h"
@@ -28,7 +26,6 @@
 #include "host/editor/state/sysvars.h"
 #include "host/objectarx/documents.h"
 #include "host/text/numbers.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -113,11 +110,9 @@ class OwnRegistry {
 
 bool loadModule(host::Session& session, const Options& options) {
     if (options.noModule) return true;
-    if (!options.module.empty()) return passed(session.loadModule(options.module));
+    if (!options.module.empty()) return passed(session.modules.load(options.module));
     const std::string path = programFolder() + kDefaultModule;
-    std::error_code ignored;
-    if (std::filesystem::exists(host::pathFromUtf8(path), ignored))
-        return passed(session.loadModule(path));
+    if (host::placeOf(path) != host::FilePlace::None) return passed(session.modules.load(path));
     complain(path +
              ": the module is not beside the program: name it with --module, or start with "
              "--no-module");
@@ -127,7 +122,7 @@ bool loadModule(host::Session& session, const Options& options) {
 /// Drawing, variables and module; the exit status when that fails, else kDone.
 int start(host::Session& session, const Options& options, const Job& job) {
     for (const std::string& group : options.menuGroups)
-        host::setMenuGroupLoaded(host::fromUtf8(group), true);
+        host::loadMenuGroup(host::fromUtf8(group));
     const host::Outcome opened =
         job.file.empty() ? session.newDrawing() : session.openDrawing(job.file, job.target);
     if (!passed(opened)) return opened.status;
@@ -152,8 +147,9 @@ void writeCommandLine(const std::wstring& text) {
 int runTerminal(host::Session& session) {
     endLine();
     const std::unique_ptr<Terminal> terminal = openTerminal();
-    host::setCommandLineSink(
-        [&](const std::wstring& text) { terminal->print(host::printableLines(text)); });
+    host::commandLineSink() = [&](const std::wstring& text) {
+        terminal->print(host::printableLines(text));
+    };
     host::printLine(L"drafthost " + host::fromUtf8(DRAFTHOST_VERSION) + L", " +
                     acDocManagerPtr()->curDocument()->fileName() + L"; ? lists the commands");
     do
@@ -163,23 +159,19 @@ int runTerminal(host::Session& session) {
         for (const std::string& line : session.rescueDrawings())
             complain(line);
     }
-    host::setCommandLineSink(writeCommandLine);
-    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus();
+    host::commandLineSink() = writeCommandLine;
+    return endingSignal() != 0 ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
-
-void tellOnCommandLine(const std::string& line) { host::printLine(host::fromUtf8(line)); }
 
 int runDrawing(const Options& options, const Job& job) {
     OwnRegistry registry;
     if (!registry.set(options)) return kUsage;
     host::setEffectRecording(false);  // nobody asks for them, and they would grow for ever
-    if (!options.quiet && !changesByItself(options)) host::setCommandLineSink(writeCommandLine);
-    const std::string& own = job.target.empty() ? job.file : job.target;
+    if (!options.quiet && !changesByItself(options)) host::commandLineSink() = writeCommandLine;
     auto session = std::make_unique<host::Session>();
-    session->setProgress(showProgress);
-    registerGroupCommands(*session);
-    auto watch = std::make_unique<GroupWatch>(host::absolutePath(own), job.file,
-                                              options.window ? tellOnCommandLine : complain);
+    session->progress = showProgress;
+    auto watch = std::make_unique<GroupWatch>(job, options.window ? tellOnCommandLine : complain);
+    registerGroupCommands(watch.get());
     int status = start(*session, options, job);
     if (status == kDone && options.window) {
         status = runWindow(*session, options);
@@ -226,7 +218,7 @@ int runSession(const Options& given) {
 
 std::string helpOnCommands() {
     const host::Session session;  // registers the commands
-    registerGroupCommands(session);
+    registerGroupCommands(nullptr);
     return "/i DRAWING and /s SCRIPT work too. Exit status: 0 done; 1 a command failed or was "
            "unknown,\n"
            "or the accounting found a fault; 2 usage; 3 a drawing cannot be read; 4 a drawing "

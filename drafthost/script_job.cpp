@@ -25,32 +25,34 @@ class InterruptibleScript : public host::ScriptSource {
     }
 };
 
-/// Name of the current drawing for messages: as the user has named it, when it is the job's.
+/// Name of the current drawing for messages.
 std::string drawingName(const Job& job) {
     const AcApDocument* document = acDocManagerPtr()->curDocument();
-    if (document == nullptr) return "no drawing";
-    const std::string path = host::toUtf8(document->fileName());
-    const std::string& own = job.target.empty() ? job.file : job.target;
-    return !own.empty() && path == host::absolutePath(own) ? job.file : path;
+    return document != nullptr ? job.nameFor(host::toUtf8(document->fileName())) : "no drawing";
 }
 
 int runScript(host::Session& session, const Options& options, const Job& job) {
     const std::string name = options.script == "-" ? "standard input" : options.script;
     InterruptibleScript script(host::fromTextFile(job.script));
-    session.setDiagnostics([](const std::string& line) { complain(line); });
+    session.diagnostics = complain;
     session.runInput(script, !options.keepGoing, [&] {
         return drawingName(job) + ": " + name + ":" + std::to_string(script.line());
     });
     if (interruptRequested()) complain(drawingName(job) + ": interrupted");
-    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus();
+    return interruptRequested() ? static_cast<int>(kInterrupted) : session.exitStatus;
 }
 
 }  // namespace
 
+std::string Job::nameFor(const std::string& path) const {
+    const std::string& own = target.empty() ? file : target;
+    return !own.empty() && path == host::absolutePath(own) ? file : path;
+}
+
 int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
-    for (std::size_t i = 0; i < session.documentCount(); ++i) {
-        if (session.document(i)->database()->store().serial() != serial) continue;
-        session.activate(i);
+    for (host::HostDocument* document : session.documents.all()) {
+        if (document->database()->store().serial() != serial) continue;
+        session.activate(*document);
         const host::Outcome saved = session.saveDrawing(job.target);
         if (!saved) complain(saved.error);
         return saved ? kDone : saved.status;

@@ -13,6 +13,9 @@ struct Job {
     std::string target;  ///< where it goes after the script; empty: nowhere
     std::string staged;  ///< where it waits until all has gone well; see Session::stageSaves
     std::string script;  ///< text of the script
+
+    /// How messages call the drawing at an absolute path: as the user has when it is the job's own.
+    std::string nameFor(const std::string& path) const;
 };
 
 /// Saves the drawing with that serial number of its store, whatever else is open, as the job's

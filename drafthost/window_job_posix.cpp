@@ -51,6 +51,6 @@ int runWindow(host::Session& session, const Options& options) {
         case window::End::Interrupted:
             return kInterrupted;
         default:
-            return session.exitStatus();
+            return session.exitStatus;
     }
 }

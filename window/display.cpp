@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/application/session_impl.h"
+#include "host/application/gestures.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/current_drawing.h"
@@ -54,7 +54,7 @@ const host::Store* Display::store() const {
 
 bool Display::nothingToLose() const {
     if (!m_conversation.waits() || !m_conversation.atCommand()) return false;
-    for (const host::HostDocument* document : m_session.impl().documents.all()) {
+    for (const host::HostDocument* document : m_session.documents.all()) {
         if (document->changed()) return false;
     }
     return true;
@@ -91,7 +91,7 @@ json::Object Display::state() {
     const std::string& script = m_conversation.record().text();
     state.add("script", script.substr(m_told.script));
     m_told.script = script.size();
-    const host::HostDocument* document = m_session.impl().documents.current();
+    const host::HostDocument* document = m_session.documents.current();
     state.add("drawing", document != nullptr ? json::Value(host::toUtf8(document->fileName()))
                                              : json::Value());
     state.add("named", document != nullptr && !document->path().empty());

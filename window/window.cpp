@@ -70,8 +70,8 @@ End run(host::Session& session, const Setup& setup) {
         display.answer(request, reply);
     });
     if (!server.start()) return End::NoPort;
-    host::setCommandLineSink([&](const std::wstring& text) { conversation.print(text); });
-    session.setDiagnostics([&](const std::string& line) { conversation.diagnose(line); });
+    host::commandLineSink() = [&](const std::wstring& text) { conversation.print(text); };
+    session.diagnostics = [&](const std::string& line) { conversation.diagnose(line); };
     host::printLine(host::fromUtf8(setup.greeting));
     farewell.watch(display, server.address());
     announce(setup, server.address(), signpost);
@@ -80,8 +80,8 @@ End run(host::Session& session, const Setup& setup) {
     while (!session.leave(conversation));
     display.conclude();
     desk.close();
-    session.setDiagnostics({});
-    host::setCommandLineSink({});
+    session.diagnostics = nullptr;
+    host::commandLineSink() = nullptr;
     return farewell.wasInterrupted() ? End::Interrupted : End::Quit;
 }
 

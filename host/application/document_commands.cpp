@@ -1,8 +1,8 @@
 // NEW, OPEN, SAVE, SAVEAS, QSAVE, CLOSE and QUIT.
-#include <filesystem>
-
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/sysvars.h"
 #include "host/scripting/script.h"
@@ -16,7 +16,7 @@ namespace {
 Session& session() { return *currentSession(); }
 
 CommandStatus statusOf(const Outcome& outcome) {
-    return outcome ? CommandStatus::Done : session().impl().fail(outcome);
+    return outcome ? CommandStatus::Done : session().fail(outcome);
 }
 
 /// Text behind the last dot of the file name, in upper case; empty without one.
@@ -25,11 +25,6 @@ std::wstring extensionOf(const std::string& path) {
     const std::size_t dot = path.rfind('.');
     if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) return {};
     return foldCase(fromUtf8(path.substr(dot + 1)));
-}
-
-bool exists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(pathFromUtf8(path), ignored);
 }
 
 /// The answers in "DXF 16 my plan.dxf", which a person has typed in one line, as a script gives
@@ -49,10 +44,8 @@ PromptStatus promptSaveName(const HostDocument& document, std::string& path) {
     PromptStatus status = promptFile(question, path);
     if (const std::string form = longForm(path); !form.empty()) {
         ScriptSource answers(fromUtf8(form));
-        InputSource* const person = inputSource();
-        setInputSource(&answers);
+        const ScopedValue<InputSource*> scripted(inputSource(), &answers);
         status = promptSaveName(document, path);
-        setInputSource(person);
     }
     if (status != PromptStatus::Ok || foldCase(fromUtf8(path)) != L"DXF") return status;
     constexpr double kMostPlaces = 16;
@@ -82,15 +75,16 @@ bool personAnswers() { return inputSource() != nullptr && inputSource()->interac
 bool mayReplace(const HostDocument& document, const std::string& path) {
     constexpr int kNotAsked = 2;
     if (!personAnswers() || sysvarInteger(L"EXPERT") >= kNotAsked) return true;
-    if (!exists(path) || fromUtf8(absolutePath(path)) == document.path()) return true;
+    if (placeOf(path) == FilePlace::None || fromUtf8(absolutePath(path)) == document.path())
+        return true;
     const std::wstring question = L"\n" + fromUtf8(path) + L" exists. Replace it? [Yes/No] <No>: ";
     return promptPerson(question, {L"Yes", L"No"}, 1) == 0;
 }
 
 /// Saves the current drawing, under its own name when `path` is empty, and says where.
 CommandStatus save(const std::string& path, bool keepName) {
-    const Outcome outcome = session().impl().save(path, keepName);
-    const HostDocument* document = session().impl().documents.current();
+    const Outcome outcome = session().saveDrawing(path, keepName);
+    const HostDocument* document = session().documents.current();
     if (outcome)
         printLine(L"Saved as " + (keepName && !path.empty() ? fromUtf8(path) : document->path()) +
                   L".");
@@ -99,7 +93,7 @@ CommandStatus save(const std::string& path, bool keepName) {
 
 /// Saves under a name that is asked for.
 CommandStatus saveUnderName(bool keepName) {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     if (document == nullptr) return statusOf({"no drawing is open", kUnwritable});
     std::string path;
     const PromptStatus status = promptSaveName(*document, path);
@@ -115,7 +109,7 @@ CommandStatus saveUnderName(bool keepName) {
 }
 
 CommandStatus saveCurrent() {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     // Of a script the next line would become the name, and that line is a command.
     const bool asks = document != nullptr && document->path().empty() && personAnswers();
     return asks ? saveUnderName(false) : save({}, false);
@@ -147,13 +141,13 @@ CommandStatus runSaveAs() { return saveUnderName(false); }
 CommandStatus runQsave() { return saveCurrent(); }
 
 CommandStatus runClose() {
-    const HostDocument* document = session().impl().documents.current();
+    const HostDocument* document = session().documents.current();
     const CommandStatus asked = document != nullptr ? letGo(*document) : CommandStatus::Done;
     return asked == CommandStatus::Done ? statusOf(session().closeDrawing()) : asked;
 }
 
 CommandStatus runQuit() {
-    Documents& documents = session().impl().documents;
+    Documents& documents = session().documents;
     HostDocument* const current = documents.current();
     CommandStatus asked = CommandStatus::Done;
     for (std::size_t i = 0; i < documents.count() && asked == CommandStatus::Done; ++i) {
@@ -163,7 +157,7 @@ CommandStatus runQuit() {
         asked = letGo(document);
     }
     documents.setCurrent(current);
-    session().impl().quit = asked == CommandStatus::Done;
+    session().quit = asked == CommandStatus::Done;
     return asked;
 }
 

@@ -4,11 +4,10 @@
 #include <algorithm>
 #include <new>
 
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/guarded_call.h"
-#include "host/editor/state/reactor_list.h"
 #include "host/text/text_codec.h"
 
 namespace host {
@@ -40,18 +39,12 @@ DocumentMemory& documentMemory() {
     return memory;
 }
 
-/// Never destroyed: reactors of a module may be deleted while the process ends.
-ReactorList<AcApDocManagerReactor>& reactors() {
-    static auto& attached = *new ReactorList<AcApDocManagerReactor>;
-    return attached;
-}
-
 using DocumentEvent = void (AcApDocManagerReactor::*)(AcApDocument*);
 
 /// Sends one event to every reactor that is still attached when its turn comes.
 void notify(DocumentEvent event, const char* name, HostDocument& document) {
     recordEffect(EffectKind::Notification, fromUtf8(name) + L" " + document.fileName());
-    reactors().forEach([&](AcApDocManagerReactor& reactor) {
+    documentReactors().forEach([&](AcApDocManagerReactor& reactor) {
         guardedCall(name, [&] { (reactor.*event)(&document); });
     });
 }
@@ -117,10 +110,10 @@ HostDocument* Documents::withPath(const std::wstring& path) const {
     return nullptr;
 }
 
-void detachAllDocumentReactors() { reactors().detachAll(); }
-
-int detachDocumentReactorsOf(const std::function<bool(const void*)>& isInLibrary) {
-    return reactors().detachOf(isInLibrary);
+/// Never destroyed: reactors of a module may be deleted while the process ends.
+ReactorList<AcApDocManagerReactor>& documentReactors() {
+    static auto& attached = *new ReactorList<AcApDocManagerReactor>;
+    return attached;
 }
 
 }  // namespace host
@@ -129,8 +122,8 @@ AcDbDatabase* AcApDocument::database() const { return nullptr; }
 const ACHAR* AcApDocument::fileName() const { return L""; }
 
 AcApDocManagerReactor::~AcApDocManagerReactor() {
-    if (!host::reactors().contains(this)) return;
-    host::reactors().detach(this);
+    if (!host::documentReactors().contains(this)) return;
+    host::documentReactors().detach(this);
     host::reportModuleFault("a document reactor was deleted while it was attached");
 }
 void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
@@ -139,7 +132,7 @@ void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
 
 AcApDocument* AcApDocManager::curDocument() const {
     host::Session* session = host::currentSession();
-    return session == nullptr ? nullptr : session->impl().documents.current();
+    return session == nullptr ? nullptr : session->documents.current();
 }
 
 void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
@@ -148,12 +141,12 @@ void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
         return;
     }
     host::recordEffect(host::EffectKind::Registration, L"AcApDocManager::addReactor");
-    host::reactors().attach(reactor);
+    host::documentReactors().attach(reactor);
 }
 
 void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
     host::recordEffect(host::EffectKind::Registration, L"AcApDocManager::removeReactor");
-    host::reactors().detach(reactor);
+    host::documentReactors().detach(reactor);
 }
 
 AcApDocManager* acDocManagerPtr() {

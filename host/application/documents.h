@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "host/editor/state/document_state.h"
+#include "host/editor/state/reactor_list.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/scripting/lisp_table.h"
@@ -78,9 +78,7 @@ class Documents {
     int m_untitled = 0;
 };
 
-/// Forgets every attached document reactor, or those whose virtual table lies in a library; gives
-/// their number.
-void detachAllDocumentReactors();
-int detachDocumentReactorsOf(const std::function<bool(const void*)>& isInLibrary);
+/// The attached document reactors.
+ReactorList<AcApDocManagerReactor>& documentReactors();
 
 }  // namespace host

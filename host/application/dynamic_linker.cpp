@@ -1,20 +1,25 @@
 // The dynamic linker as modules see it: locks and the registration for several documents.
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
+#include "host/text/text_codec.h"
 
 namespace host {
 namespace {
 
-/// The module that an identity names; null, and a fault, when it names none.
-Module* moduleOf(void* pkt, const char* call) {
-    Session* session = currentSession();
-    Module* module = session != nullptr ? session->impl().modules.identified(pkt) : nullptr;
-    if (module == nullptr) {
+/// Answers a call that sets a property of the module that an identity names; false, and a fault,
+/// when it names none.
+bool setProperty(void* pkt, const char* call, bool Module::*property, bool value) {
+    if (callFails(call)) return false;
+    recordEffect(EffectKind::Registration, fromUtf8(call));
+    const Session* session = currentSession();
+    Module* module = session != nullptr ? session->modules.identified(pkt) : nullptr;
+    if (module != nullptr)
+        module->*property = value;
+    else
         reportModuleFault(std::string(call) + ": the identity is not that of a loaded application");
-    }
-    return module;
+    return module != nullptr;
 }
 
 }  // namespace
@@ -27,17 +32,9 @@ AcRxDynamicLinker& dynamicLinker() {
 }  // namespace host
 
 bool AcRxDynamicLinker::unlockApplication(void* pkt) const {
-    if (host::callFails("unlockApplication")) return false;
-    host::recordEffect(host::EffectKind::Registration, L"unlockApplication");
-    host::Module* module = host::moduleOf(pkt, "unlockApplication");
-    if (module != nullptr) module->locked = false;
-    return module != nullptr;
+    return host::setProperty(pkt, "unlockApplication", &host::Module::locked, false);
 }
 
 bool AcRxDynamicLinker::registerAppMDIAware(void* pkt) const {
-    if (host::callFails("registerAppMDIAware")) return false;
-    host::recordEffect(host::EffectKind::Registration, L"registerAppMDIAware");
-    host::Module* module = host::moduleOf(pkt, "registerAppMDIAware");
-    if (module != nullptr) module->mdiAware = true;
-    return module != nullptr;
+    return host::setProperty(pkt, "registerAppMDIAware", &host::Module::mdiAware, true);
 }

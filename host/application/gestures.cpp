@@ -2,8 +2,10 @@
 #include "host/application/gestures.h"
 
 #include "host/control/effects.h"
+#include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/select_objects.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
 #include "host/tags/tags.h"
@@ -23,7 +25,7 @@ std::vector<std::wstring> wordsOf(const std::wstring& line) {
     return words;
 }
 
-CommandStatus pickGesture(Session::Impl& session, bool shift) {
+CommandStatus pickGesture(Session& session, bool shift) {
     InputSource& source = *inputSource();
     if (!source.interactive()) print(L" ");
     const Answer answer = answerAtPrompt(source, L"Selection: ", InputUnit::Line);
@@ -57,7 +59,7 @@ CommandStatus printPicked() {
     for (const AcDbObjectId id : pickfirst()) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr) continue;
-        printLine(std::to_wstring(++position) + L" " + fromUtf8(formatHandle(body->handle)) + L" " +
+        printLine(std::to_wstring(++position) + L" " + handleText(*body) + L" " +
                   fromUtf8(body->type()));
     }
     if (position == 0) printLine(L"Nothing is picked.");
@@ -70,8 +72,7 @@ HostDocument* namedDocument(const Documents& documents, const std::wstring& answ
     std::size_t number = 0;
     for (HostDocument* document : documents.all()) {
         const std::wstring path = foldCase(document->fileName());
-        const std::size_t slash = path.find_last_of(L"/\\");
-        const std::wstring name = slash == std::wstring::npos ? path : path.substr(slash + 1);
+        const std::wstring name = path.substr(path.find_last_of(L"/\\") + 1);
         if (wanted == std::to_wstring(++number) || wanted == path || wanted == name)
             return document;
     }
@@ -79,7 +80,7 @@ HostDocument* namedDocument(const Documents& documents, const std::wstring& answ
 }
 
 /// SWITCH: makes another open drawing current, as Ctrl+Tab does.
-CommandStatus switchGesture(Session::Impl& session) {
+CommandStatus switchGesture(Session& session) {
     std::size_t number = 0;
     for (const HostDocument* document : session.documents.all())
         printLine(std::to_wstring(++number) + L" " + document->fileName() +
@@ -105,12 +106,16 @@ Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit u
 }
 
 std::vector<std::wstring> typableNames() {
-    std::vector<std::wstring> names = commandNames();
+    std::vector<std::wstring> names;
+    for (const BuiltinCommand* command : builtinCommands())
+        names.emplace_back(command->name);
+    for (const RegisteredCommand& command : registeredCommands())
+        names.push_back(command.globalName);
     names.insert(names.end(), {L"PICK", L"UNPICK", L"PICKED", L"SWITCH"});
     return names;
 }
 
-std::optional<CommandStatus> runGesture(Session::Impl& session, const std::wstring& name) {
+std::optional<CommandStatus> runGesture(Session& session, const std::wstring& name) {
     if (name == L"PICK" || name == L"UNPICK") return pickGesture(session, name == L"UNPICK");
     if (name == L"PICKED") return printPicked();
     if (name == L"SWITCH") return switchGesture(session);

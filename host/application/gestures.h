@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 
@@ -14,8 +14,11 @@ namespace host {
 /// cancelled command here.
 Answer answerAtPrompt(InputSource& source, const std::wstring& text, InputUnit unit);
 
+/// Names that can be typed at the empty prompt: commands and gestures.
+std::vector<std::wstring> typableNames();
+
 /// Runs a gesture, given its name in upper case: PICK, UNPICK, PICKED or SWITCH. No command runs,
 /// and none is notified. Nothing when the name is no gesture's.
-std::optional<CommandStatus> runGesture(Session::Impl& session, const std::wstring& name);
+std::optional<CommandStatus> runGesture(Session& session, const std::wstring& name);
 
 }  // namespace host

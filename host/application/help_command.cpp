@@ -1,5 +1,5 @@
 // HELP: the commands with what each asks for, the short forms, and what else can be typed.
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/editor/run/command_names.h"
 #include "host/editor/run/command_runner.h"

@@ -1,11 +1,9 @@
 // Calling the LISP functions that modules defined, and the interface they define them with.
-#include "host/application/lisp_calls.h"
-
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/faults.h"
-#include "host/control/guarded_call.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/state/active_command.h"
 #include "host/objectarx/lisp_functions.h"
 #include "host/scripting/lisp_reader.h"
@@ -17,53 +15,47 @@ namespace {
 constexpr int kHighestCode = 32767;
 
 /// Names of the module that calls now, for messages of faults.
-std::string callerName(const Session::Impl& session) {
+std::string callerName(const Session& session) {
     const Module* module = session.modules.caller();
     return module != nullptr ? module->name : "an application";
 }
 
 /// Session and document for a definition; null, and a fault, where LISP does not exist.
-Session::Impl* sessionWithLisp(const char* call) {
+Session* sessionWithLisp(const char* call) {
     Session* session = currentSession();
     if (session == nullptr) return nullptr;
-    Session::Impl& impl = session->impl();
-    const AcRx::AppMsgCode message = impl.modules.message();
+    const AcRx::AppMsgCode message = session->modules.message();
     if (message == AcRx::kInitAppMsg || message == AcRx::kUnloadAppMsg) {
         reportModuleFault(std::string(call) + ": called during " + messageName(message) + " by " +
-                          callerName(impl) + ", when no LISP may be assumed");
+                          callerName(*session) + ", when no LISP may be assumed");
         return nullptr;
     }
-    if (impl.documents.current() == nullptr) {
+    if (session->documents.current() == nullptr) {
         reportModuleFault(std::string(call) + ": called while no drawing is current");
         return nullptr;
     }
-    return &impl;
+    return session;
 }
 
 /// Runs the function; the ADS code of a direct one, RTNORM for one that got kInvkSubrMsg.
-int invoke(Session::Impl& session, const LispFunction& function, const std::string& where) {
-    Module* owner = function.owner;
-    if (function.direct == nullptr) {
-        return session.modules.send(*owner, AcRx::kInvkSubrMsg) == AcRx::kRetError ? RTERROR
-                                                                                   : RTNORM;
-    }
-    int (*const direct)() = function.direct;
+int invoke(Modules& modules, const LispFunction& function, const std::string& where) {
+    Module& owner = *function.owner;
+    if (function.direct == nullptr)
+        return modules.send(owner, AcRx::kInvkSubrMsg) == AcRx::kRetError ? RTERROR : RTNORM;
     int answer = RTERROR;
-    const Modules::Calling calling(session.modules, owner);
-    guardedCall(where, [&] { answer = direct(); });
+    modules.call(owner, where, [&] { answer = function.direct(); });
     return answer;
+}
+
+/// The call that the module is answering, or null.
+Invocation* currentInvocation() {
+    const Session* session = currentSession();
+    return session != nullptr ? session->invocation : nullptr;
 }
 
 }  // namespace
 
 CommandStatus Session::callLisp(const std::wstring& expression) {
-    takeProblem();
-    const CommandStatus status = m_impl->callLisp(expression);
-    if (status != CommandStatus::Done) m_impl->reportCommand({}, expression, status);
-    return status;
-}
-
-CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
     LispCall call;
     Outcome outcome;
     if (!readLispCall(expression, call, outcome.error)) {
@@ -77,24 +69,24 @@ CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
         fail(outcome);
         return CommandStatus::Unknown;
     }
-    Invocation invocation;
-    invocation.code = function->code;
-    invocation.arguments = call.arguments.release();
-    markHostOwned(invocation.arguments);
+    Invocation started;
+    started.code = function->code;
+    started.arguments = call.arguments.release();
+    markHostOwned(started.arguments);
     const std::string where = "(" + toUtf8(call.name) + ")";
     const LispFunction copy = *function;  // the function may undefine itself
     int answer = RTERROR;
     {
-        const LispCalls::Scope scope(lisp, invocation);
-        answer = invoke(*this, copy, where);
+        const ScopedValue<Invocation*> current(invocation, &started);
+        answer = invoke(modules, copy, where);
     }
-    freeList(invocation.arguments);
+    freeList(started.arguments);
     modules.unloadRefusing();
     if (answer == RTERROR) {
         outcome.error = where + " reported a LISP error";
         return fail(outcome);
     }
-    if (!invocation.returnsVoid) print(L"nil");
+    if (!started.returnsVoid) print(L"nil");
     return CommandStatus::Done;
 }
 
@@ -102,7 +94,7 @@ CommandStatus Session::Impl::callLisp(const std::wstring& expression) {
 
 int acedDefun(const ACHAR* name, int code) {
     if (host::callFails("acedDefun")) return 0;
-    host::Session::Impl* session = host::sessionWithLisp("acedDefun");
+    host::Session* session = host::sessionWithLisp("acedDefun");
     if (session == nullptr) return 0;
     host::Module* owner = session->modules.caller();
     if (owner == nullptr || name == nullptr || *name == 0 || code < 0 ||
@@ -115,14 +107,14 @@ int acedDefun(const ACHAR* name, int code) {
 
 int acedUndef(const ACHAR* name, int) {
     if (host::callFails("acedUndef")) return RTERROR;
-    host::Session::Impl* session = host::sessionWithLisp("acedUndef");
+    host::Session* session = host::sessionWithLisp("acedUndef");
     if (session == nullptr || name == nullptr) return RTERROR;
     return session->documents.current()->lisp.remove(name) ? RTNORM : RTERROR;
 }
 
 int acedRegFunc(int (*function)(), int code) {
     if (host::callFails("acedRegFunc")) return RTERROR;
-    host::Session::Impl* session = host::sessionWithLisp("acedRegFunc");
+    host::Session* session = host::sessionWithLisp("acedRegFunc");
     if (session == nullptr || function == nullptr) return RTERROR;
     host::Module* owner = session->modules.caller(reinterpret_cast<const void*>(function));
     host::LispTable& lisp = session->documents.current()->lisp;
@@ -131,21 +123,18 @@ int acedRegFunc(int (*function)(), int code) {
 
 int acedGetFunCode() {
     if (host::callFails("acedGetFunCode")) return RTERROR;
-    host::Session* session = host::currentSession();
-    const host::Invocation* call = session != nullptr ? session->impl().lisp.current() : nullptr;
+    const host::Invocation* call = host::currentInvocation();
     return call != nullptr ? call->code : RTERROR;
 }
 
 resbuf* acedGetArgs() {
-    host::Session* session = host::currentSession();
-    const host::Invocation* call = session != nullptr ? session->impl().lisp.current() : nullptr;
+    const host::Invocation* call = host::currentInvocation();
     return call != nullptr ? call->arguments : nullptr;
 }
 
 int acedRetVoid() {
     if (host::callFails("acedRetVoid")) return RTERROR;
-    host::Session* session = host::currentSession();
-    host::Invocation* call = session != nullptr ? session->impl().lisp.current() : nullptr;
+    host::Invocation* call = host::currentInvocation();
     if (call == nullptr) return RTERROR;
     call->returnsVoid = true;
     return RTNORM;

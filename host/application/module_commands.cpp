@@ -1,5 +1,5 @@
 // ARX: loading, unloading and listing applications.
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/text/text_codec.h"
@@ -8,7 +8,7 @@ namespace host {
 namespace {
 
 CommandStatus listModules() {
-    const Modules& modules = currentSession()->impl().modules;
+    const Modules& modules = currentSession()->modules;
     for (const auto& module : modules.all()) {
         printLine(fromUtf8(module->path) + (module->locked ? L" (locked)" : L""));
     }
@@ -17,7 +17,7 @@ CommandStatus listModules() {
 }
 
 CommandStatus runArx() {
-    Session::Impl& session = currentSession()->impl();
+    Session& session = *currentSession();
     const Answer option = prompt(L"\nEnter an option [?/Load/Unload]: ");
     if (option.kind == Answer::Kind::Enter) return CommandStatus::Done;
     if (option.kind != Answer::Kind::Text) return CommandStatus::Cancelled;

@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include "host/application/module_library.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace host {

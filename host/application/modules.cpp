@@ -2,7 +2,6 @@
 #include "host/application/modules.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -11,7 +10,9 @@
 #include "host/control/effects.h"
 #include "host/control/faults.h"
 #include "host/control/guarded_call.h"
+#include "host/control/scoped_value.h"
 #include "host/control/switches.h"
+#include "host/dxf/file/file_access.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/state/notify.h"
 #include "host/text/paths.h"
@@ -23,20 +24,14 @@ namespace {
 constexpr int kInterfaceVersion = 19;
 
 std::string fileNameOf(const std::string& path) {
-    const std::size_t slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
+    return path.substr(path.find_last_of("/\\") + 1);
 }
-
-Outcome failure(std::string text) { return {std::move(text)}; }
 
 /// Why the file cannot be an application, before the system's loader sees it; empty when it may.
 std::string fileProblem(const std::string& path) {
-    std::error_code ignored;
-    const std::filesystem::file_status status =
-        std::filesystem::status(std::filesystem::u8path(path), ignored);
-    if (!std::filesystem::exists(status)) return "no such file";
-    if (std::filesystem::is_directory(status)) return "a directory, not an application";
-    return {};
+    const FilePlace place = placeOf(path);
+    if (place == FilePlace::None) return "no such file";
+    return place == FilePlace::Folder ? "a directory, not an application" : "";
 }
 
 /// Opens the library and finds its two functions; the reason when it is no application for us.
@@ -77,17 +72,18 @@ std::string messageName(AcRx::AppMsgCode message) {
 int Modules::send(Module& module, AcRx::AppMsgCode message) {
     const std::string where = messageName(message) + " to " + module.name;
     recordEffect(EffectKind::Notification, fromUtf8(messageName(message) + " " + module.name));
-    const AcRx::AppMsgCode outer = std::exchange(m_message, message);
+    const ScopedValue<AcRx::AppMsgCode> handled(m_message, message);
     AcRx::AppRetCode answer = AcRx::kRetError;
-    {
-        const Calling calling(*this, &module);
-        guardedCall(where, [&] { answer = module.entry(message, &module); });
-    }
-    m_message = outer;
+    call(module, where, [&] { answer = module.entry(message, &module); });
     const bool mayRefuse = message != AcRx::kUnloadAppMsg && message != AcRx::kOleUnloadAppMsg &&
                            message != AcRx::kUnloadDwgMsg;
     if (answer == AcRx::kRetError && mayRefuse) m_refusing.push_back(&module);
     return answer;
+}
+
+void Modules::call(Module& module, const std::string& where, const std::function<void()>& code) {
+    const ScopedValue<Module*> called(m_called, &module);
+    guardedCall(where, code);
 }
 
 Outcome Modules::load(const std::string& path) {
@@ -95,10 +91,10 @@ Outcome Modules::load(const std::string& path) {
     module->path = absolutePath(path);
     module->name = fileNameOf(module->path);
     if (find(module->name) != nullptr) {
-        return failure(path + ": " + module->name + " is loaded already; unload it first");
+        return {path + ": " + module->name + " is loaded already; unload it first"};
     }
     const std::string problem = openLibrary(*module);
-    if (!problem.empty()) return failure(path + ": " + problem);
+    if (!problem.empty()) return {path + ": " + problem};
     return start(std::move(module));
 }
 
@@ -127,23 +123,21 @@ Outcome Modules::start(std::unique_ptr<Module> owned) {
 Outcome Modules::refuse(Module& module, const std::string& reason) {
     m_refusing.clear();
     const std::string text = module.path + ": not loaded: " + reason;
-    sendUnloadDrawings(module);
     remove(module);
-    return failure(text);
+    return {text};
 }
 
 Outcome Modules::unload(const std::string& name) {
     Module* module = find(name);
     if (module == nullptr) {
-        return failure(name + ": no such application is loaded; ARX ? lists the loaded ones");
+        return {name + ": no such application is loaded; ARX ? lists the loaded ones"};
     }
     if (module->locked) {
-        return failure(module->name + " is locked and cannot be unloaded while the host runs");
+        return {module->name + " is locked and cannot be unloaded while the host runs"};
     }
     if (module == m_called || module->unloading) {
-        return failure(module->name + " is running and cannot be unloaded now");
+        return {module->name + " is running and cannot be unloaded now"};
     }
-    sendUnloadDrawings(*module);
     remove(*module);
     return {};
 }
@@ -190,7 +184,6 @@ void Modules::unloadRefusing() {
         m_refusing.erase(std::remove(m_refusing.begin(), m_refusing.end(), module),
                          m_refusing.end());
         printLine(fromUtf8(module->name) + L" answered kRetError and is unloaded.");
-        sendUnloadDrawings(*module);
         remove(*module);
     }
 }
@@ -202,6 +195,7 @@ void Modules::quit() {
 }
 
 void Modules::remove(Module& module) {
+    sendUnloadDrawings(module);
     module.unloading = true;
     send(module, AcRx::kUnloadAppMsg);
     clearLeftovers(module);
@@ -223,9 +217,9 @@ void Modules::clearLeftovers(Module& module) {
     const auto isInLibrary = [&](const void* address) { return module.library.contains(address); };
     for (const std::wstring& command : removeCommandsOf(isInLibrary))
         report("command " + toUtf8(command) + " is still registered");
-    for (int left = detachDocumentReactorsOf(isInLibrary); left > 0; --left)
+    for (int left = documentReactors().detachOf(isInLibrary); left > 0; --left)
         report("a document reactor is still attached");
-    for (int left = detachReactorsOf(isInLibrary); left > 0; --left)
+    for (int left = editorReactors().detachOf(isInLibrary); left > 0; --left)
         report("an editor reactor is still attached");
     for (HostDocument* document : m_documents.all()) {
         for (const std::wstring& name : document->lisp.namesOf(&module)) {

@@ -1,13 +1,14 @@
 // Loaded applications: their messages, locks, and what they must leave behind: nothing.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "host/application/exit_status.h"
 #include "host/application/module_library.h"
-#include "host/application/session.h"
 #include "host/objectarx/runtime.h"
 
 class AcApDocument;
@@ -37,9 +38,10 @@ class Modules {
   public:
     explicit Modules(Documents& documents) : m_documents(documents) {}
 
-    /// Loads a library, sends kInitAppMsg, and kLoadDwgMsg for the open documents.
+    /// Loads an application: kInitAppMsg, then kLoadDwgMsg for each open document.
     Outcome load(const std::string& path);
-    /// Unloads an unlocked application: kUnloadDwgMsg for each of its documents, kUnloadAppMsg.
+    /// Unloads it, by file name without regard to case: kUnloadDwgMsg for each of its documents,
+    /// kUnloadAppMsg. Refused for a locked one.
     Outcome unload(const std::string& name);
     /// Sends kLoadDwgMsg for the current document to every application that has not had it.
     void documentActivated(HostDocument& document);
@@ -52,7 +54,7 @@ class Modules {
     /// kUnloadAppMsg to all, locked or not, in reverse order, and closes the libraries.
     void quit();
 
-    /// Sends one message to a module, with the accounting behind it.
+    /// Sends one message to a module.
     int send(Module& module, AcRx::AppMsgCode message);
     Module* find(const std::string& name) const;
     /// The module with this identity, or null.
@@ -64,20 +66,9 @@ class Modules {
     const Module* withoutMdi() const;
     const std::vector<std::unique_ptr<Module>>& all() const { return m_modules; }
 
-    /// Marks a module as the one being called, for as long as this lives.
-    class Calling {
-      public:
-        Calling(Modules& modules, Module* module) : m_modules(modules), m_former(modules.m_called) {
-            modules.m_called = module;
-        }
-        ~Calling() { m_modules.m_called = m_former; }
-        Calling(const Calling&) = delete;
-        Calling& operator=(const Calling&) = delete;
-
-      private:
-        Modules& m_modules;
-        Module* m_former;
-    };
+    /// Runs code of a module, which is the one being called meanwhile, with the accounting behind
+    /// it.
+    void call(Module& module, const std::string& where, const std::function<void()>& code);
     /// The message being handled, or kNullMsg.
     AcRx::AppMsgCode message() const { return m_message; }
 
@@ -86,7 +77,8 @@ class Modules {
     Outcome refuse(Module& module, const std::string& reason);
     void sendLoadDrawing(Module& module, HostDocument& document);
     void sendUnloadDrawings(Module& module);
-    /// kUnloadAppMsg, the search for leftovers, and the closing of the library.
+    /// kUnloadDwgMsg for each of its documents, kUnloadAppMsg, the search for leftovers, and the
+    /// closing of the library.
     void remove(Module& module);
     /// Reports and removes what the module left registered: nothing may point into its library.
     void clearLeftovers(Module& module);

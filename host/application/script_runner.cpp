@@ -2,12 +2,14 @@
 #include <algorithm>
 
 #include "host/application/gestures.h"
-#include "host/application/session_impl.h"
+#include "host/application/session.h"
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_names.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/state/active_command.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/editor/state/notify.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
@@ -21,10 +23,7 @@ namespace {
 /// Passes answers on and remembers that the input is over.
 class WatchedSource : public InputSource {
   public:
-    explicit WatchedSource(InputSource& source) : m_source(source), m_outer(inputSource()) {
-        setInputSource(this);
-    }
-    ~WatchedSource() override { setInputSource(m_outer); }
+    explicit WatchedSource(InputSource& source) : m_source(source), m_inUse(inputSource(), this) {}
     Answer next(const std::wstring& prompt, InputUnit unit) override {
         const Answer answer = m_source.next(prompt, unit);
         m_over = m_over || answer.kind == Answer::Kind::End;
@@ -36,11 +35,11 @@ class WatchedSource : public InputSource {
 
   private:
     InputSource& m_source;
-    InputSource* m_outer;
+    ScopedValue<InputSource*> m_inUse;
     bool m_over = false;
 };
 
-CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle) {
+CommandStatus printEntityName(Session& session, const std::wstring& handle) {
     const HostDocument* document = session.documents.current();
     if (document == nullptr) return session.fail({"no drawing is open"});
     const ObjectBody* body = document->database()->store().byHandle(toUtf8(handle));
@@ -48,12 +47,12 @@ CommandStatus printEntityName(Session::Impl& session, const std::wstring& handle
         printLine(L"nil");
         return session.fail({"no object has the handle " + toUtf8(handle) + " in this drawing"});
     }
-    printLine(L"<Entity name: " + fromUtf8(formatHandle(body->handle)) + L">");
+    printLine(L"<Entity name: " + handleText(*body) + L">");
     return CommandStatus::Done;
 }
 
 /// One command, gesture or LISP call. A command becomes the `last` one, which Enter repeats.
-CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstring& last) {
+CommandStatus runOne(Session& session, const std::wstring& text, std::wstring& last) {
     if (text.empty()) return CommandStatus::Unknown;
     if (text.front() == L'(') {
         const auto handle = parseHandent(text);
@@ -70,22 +69,14 @@ CommandStatus runOne(Session::Impl& session, const std::wstring& text, std::wstr
 
 }  // namespace
 
-CommandStatus Session::Impl::fail(const Outcome& outcome) {
+CommandStatus Session::fail(const Outcome& outcome) {
     noteProblem(fromUtf8(outcome.error));
     exitStatus = std::max(exitStatus, outcome.status);
     return CommandStatus::Failed;
 }
 
-void Session::Impl::diagnose(const std::string& line) {
-    if (diagnostics) {
-        diagnostics(oneLine(fromUtf8(line)));
-    } else {
-        printLine(fromUtf8(line));
-    }
-}
-
-void Session::Impl::reportCommand(const std::string& where, const std::wstring& command,
-                                  CommandStatus status) {
+void Session::reportCommand(const std::string& where, const std::wstring& command,
+                            CommandStatus status) {
     exitStatus = std::max(exitStatus, kFailed);
     std::string line = where.empty() ? where : where + ": ";
     const std::string problem = toUtf8(takeProblem());
@@ -101,7 +92,10 @@ void Session::Impl::reportCommand(const std::string& where, const std::wstring& 
         line += status == CommandStatus::Cancelled ? " was cancelled" : " failed";
         if (!problem.empty()) line += ": " + problem;
     }
-    diagnose(line);
+    if (diagnostics)
+        diagnostics(oneLine(fromUtf8(line)));
+    else
+        printLine(fromUtf8(line));
 }
 
 CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
@@ -109,7 +103,7 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
     WatchedSource input(source);
     CommandStatus result = CommandStatus::Done;
     std::wstring last;
-    while (!m_impl->quit && !input.over()) {
+    while (!quit && !input.over()) {
         idle();
         print(L"\nCommand: ");
         const Answer answer = answerAtPrompt(input, L"Command: ", InputUnit::Token);
@@ -118,14 +112,14 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
         if (answer.kind == Answer::Kind::Enter && !last.empty()) print(text = last);
         if (answer.kind != Answer::Kind::Text && text.empty()) continue;
         takeProblem();
-        const CommandStatus status = runOne(*m_impl, text, last);
+        const CommandStatus status = runOne(*this, text, last);
         const bool escaped = status == CommandStatus::Cancelled && source.interactive();
         if (status == CommandStatus::Done || escaped) continue;
         if (result == CommandStatus::Done) result = status;
         if (status == CommandStatus::Cancelled && input.over()) {
             noteProblem(L"the input ended inside the command");
         }
-        m_impl->reportCommand(where ? where() : std::string(), text, status);
+        reportCommand(where ? where() : std::string(), text, status);
         if (stopAtFailure) break;
     }
     idle();
@@ -135,8 +129,8 @@ CommandStatus Session::runInput(InputSource& source, bool stopAtFailure,
 
 bool Session::leave(InputSource& source) {
     WatchedSource input(source);
-    if (!m_impl->quit) runCommand(L"QUIT");
-    return m_impl->quit || input.over();
+    if (!quit) runCommand(L"QUIT");
+    return quit || input.over();
 }
 
 CommandStatus Session::runScript(const std::wstring& text, bool stopAtFailure,

@@ -3,24 +3,26 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "host/application/documents.h"
 #include "host/application/exit_status.h"
+#include "host/application/modules.h"
+#include "host/control/accounting.h"
 #include "host/editor/run/command_runner.h"
-#include "host/objectarx/documents.h"
-
-class AcDbDatabase;
+#include "host/objectarx/result_buffer.h"
 
 namespace host {
 
 class InputSource;
 
-/// Outcome of an operation that can fail: empty text means success. `status` is that of a failure.
-struct Outcome {
-    std::string error;
-    ExitStatus status = kFailed;
-    explicit operator bool() const { return error.empty(); }
+/// The call of a LISP function that a module is answering.
+struct Invocation {
+    int code = 0;
+    resbuf* arguments = nullptr;  ///< the host's
+    bool returnsVoid = false;
 };
 
 /// The stood-in application. At most one exists at a time; making one puts all rooms of the host
@@ -42,7 +44,8 @@ class Session {
     /// Saves the current drawing: beginSave, file, saveComplete. An empty path means its own.
     /// kUnwritable when it cannot be written; the former file is whole then. The first save of a
     /// file in a session keeps the former one as a backup, the later ones leave that backup alone.
-    Outcome saveDrawing(const std::string& path);
+    /// With `keepName` the document stays with its own file.
+    Outcome saveDrawing(const std::string& path, bool keepName = false);
     /// From here on what is saved as the file `path` is only made ready as `staged`, beside it, and
     /// waits for takeStaged(): see save_drawing.h.
     void stageSaves(const std::string& path, const std::string& staged);
@@ -51,21 +54,14 @@ class Session {
     std::vector<std::string> rescueDrawings();
     /// Closes the current document without saving: kUnloadDwgMsg, documentToBeDestroyed.
     Outcome closeDrawing();
-    /// Makes another open document current, by index in opening order.
-    Outcome activate(std::size_t index);
-    std::size_t documentCount() const;
-    AcApDocument* document(std::size_t index) const;
+    /// Makes an open document current and gives its modules the kLoadDwgMsg that is due.
+    void activate(HostDocument& document);
     /// Database of the current document, or null.
     AcDbDatabase* database() const;
+    Documents documents;
 
     // --- modules ------------------------------------------------------------------------------
-    /// Loads an application: kInitAppMsg, then kLoadDwgMsg for each open document.
-    Outcome loadModule(const std::string& path);
-    /// Unloads it, by file name without regard to case: kUnloadDwgMsg for each, kUnloadAppMsg.
-    /// Refused for a locked one.
-    Outcome unloadModule(const std::string& name);
-    /// File names of the loaded applications in loading order.
-    std::vector<std::string> modules() const;
+    Modules modules{documents};
     /// Sends one message to a loaded application, for tests of its dispatch.
     int sendMessage(const std::string& name, int message);
 
@@ -86,27 +82,41 @@ class Session {
     bool leave(InputSource& source);
     /// Calls a defined LISP function "(Name args)"; prints its value unless it asked for none.
     CommandStatus callLisp(const std::wstring& expression);
+    /// The call in progress, or null; they nest when a function makes the host call another.
+    Invocation* invocation = nullptr;
+    /// Notes why a command failed, and its exit status; gives Failed.
+    CommandStatus fail(const Outcome& outcome);
+    bool quit = false;  ///< QUIT ran
 
-    /// Called with 0 to 100 while a drawing is loaded or saved; false ends the loading.
-    void setProgress(std::function<bool(const char* what, int percent)> progress);
+    /// Called with 0 to 1 while a drawing is loaded or saved; false ends the loading.
+    std::function<bool(const std::string& what, double done)> progress;
     /// Receives one line, without line end, for each command that did not end well: where, what and
     /// what to do. Without a receiver the lines appear on the command line.
-    void setDiagnostics(std::function<void(const std::string& line)> diagnostics);
+    std::function<void(const std::string& line)> diagnostics;
     /// Highest exit status that a command has earned so far.
-    ExitStatus exitStatus() const;
-
-    struct Impl;
-    Impl& impl() { return *m_impl; }
+    ExitStatus exitStatus = kDone;
 
   private:
-    std::unique_ptr<Impl> m_impl;
+    /// Why no further document may be opened now; no error when one may.
+    Outcome mayAddDocument() const;
+    Outcome addDocument(std::unique_ptr<AcDbDatabase> database, std::wstring path);
+    /// Closes one document with all messages; none is current afterwards.
+    void close(HostDocument& document);
+    /// Prints the one line about a command that did not end well and notes its exit status.
+    void reportCommand(const std::string& where, const std::wstring& command, CommandStatus status);
+
+    HeldCounts m_heldAtStart = {};  ///< left over by an earlier session of the process
+    /// Files that this session has written, links followed: each one's former content is kept once.
+    std::set<std::string> m_saved;
+    std::string m_stagedFor, m_staged;  ///< see stageSaves
 };
+
+/// Commands that need documents and modules.
+extern const CommandTable kDocumentCommands, kModuleCommands, kHelpCommands;
 
 /// What can be typed at the empty prompt and what commands ask for, in lines without a last line
 /// end: commands of the host and of modules, short forms, gestures.
 std::wstring commandHelp();
-/// Names that can be typed at the empty prompt: commands and gestures.
-std::vector<std::wstring> typableNames();
 
 /// The session that exists, or null.
 Session* currentSession();

@@ -58,22 +58,20 @@ CommandStatus fillClipboard(Store& store, const std::vector<ObjectBody*>& entiti
     return CommandStatus::Done;
 }
 
+CommandStatus copyToClipboard(Store& store, const std::vector<ObjectBody*>& entities) {
+    return fillClipboard(store, entities, "copied");
+}
+
 CommandStatus runCopyClip() {
-    const CommandStatus status =
-        editSelection(Locked::Taken, [](Store& store, const std::vector<ObjectBody*>& entities) {
-            return fillClipboard(store, entities, "copied");
-        });
+    const CommandStatus status = editSelection(Locked::Taken, copyToClipboard);
     if (switches().copyClipNotifiesPickfirst) notifyUnchangedPickfirst();
     return status;
 }
 
-CommandStatus runCutClip() {
-    return editSelection(Locked::LeftOut,
-                         [](Store& store, const std::vector<ObjectBody*>& entities) {
-                             const CommandStatus status = fillClipboard(store, entities, "cut");
-                             if (status == CommandStatus::Done) eraseEntities(entities);
-                             return status;
-                         });
+CommandStatus cutToClipboard(Store& store, const std::vector<ObjectBody*>& entities) {
+    const CommandStatus status = fillClipboard(store, entities, "cut");
+    if (status == CommandStatus::Done) eraseEntities(entities);
+    return status;
 }
 
 /// A viewport shows the model on paper; in model space the real host drops it (assumed).
@@ -113,7 +111,8 @@ void dropClipboard() { clipboard() = {}; }
 const CommandTable kClipboardCommands = {
     {L"COPYCLIP", kKeepsPickfirst, runCopyClip,
      L"copies entities to the clipboard; base point is their lower left corner"},
-    {L"CUTCLIP", ACRX_CMD_USEPICKSET, runCutClip, L"the same, and erases them"},
+    {L"CUTCLIP", ACRX_CMD_USEPICKSET, onSelection<Locked::LeftOut, cutToClipboard>,
+     L"the same, and erases them"},
     {L"PASTECLIP", 0, onDrawing<runPasteClip>,
      L"inserts what the clipboard holds: insertion point"},
 };

@@ -16,12 +16,11 @@
 
 namespace host {
 
-CommandStatus editSelection(Locked locked, const EntityWork& work) {
+CommandStatus editSelection(Locked locked, EntityWork work) {
     Store* store = drawingOrComplaint();
     if (store == nullptr) return CommandStatus::Failed;
     std::vector<AcDbObjectId> selection;
-    if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel)
-        return CommandStatus::Cancelled;
+    if (promptSelection(selection) == PromptStatus::Cancel) return CommandStatus::Cancelled;
     std::vector<ObjectBody*> entities;
     long onLocked = 0;
     for (const AcDbObjectId id : selection) {

@@ -1,7 +1,6 @@
 // The entities that an editing command works on.
 #pragma once
 
-#include <functional>
 #include <vector>
 
 #include "host/editor/run/command_runner.h"
@@ -13,13 +12,19 @@ namespace host {
 /// What becomes of selected entities on locked layers: they can be copied but not changed.
 enum class Locked { Taken, LeftOut };
 
-using EntityWork = std::function<CommandStatus(Store& store, const std::vector<ObjectBody*>&)>;
+using EntityWork = CommandStatus (*)(Store& store, const std::vector<ObjectBody*>& entities);
 
 /// Selects by "Select objects:", or takes the pick-first set, and does `work` on the live entities
 /// in drawing order, or by switch in the order of their selection; how many stand on a locked layer
 /// and are left out is told. Done without work when nothing is left, Cancelled when the prompt was,
 /// Failed, with one line of explanation, without a drawing.
-CommandStatus editSelection(Locked locked, const EntityWork& work);
+CommandStatus editSelection(Locked locked, EntityWork work);
+/// A command that does so.
+template <Locked locked, EntityWork work>
+CommandStatus onSelection() {
+    return editSelection(locked, work);
+}
+
 /// Erases entities with what they own, and takes them out of the pick-first set.
 void eraseEntities(const std::vector<ObjectBody*>& entities);
 /// True when all of them can be transformed; else the reason of the first that cannot is told.

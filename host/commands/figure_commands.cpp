@@ -1,10 +1,7 @@
 // LINE, CIRCLE, POINT and TEXT.
-#include <cmath>
-
 #include "host/commands/commands.h"
 #include "host/commands/entity_maker.h"
 #include "host/commands/open_drawing.h"
-#include "host/commands/point_or_word.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
 #include "host/editor/state/active_command.h"

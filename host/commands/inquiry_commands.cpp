@@ -11,6 +11,7 @@
 #include "host/editor/run/command_runner.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/state/active_command.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/tags/tag_values.h"
@@ -78,14 +79,14 @@ void listApplicationData(const Store& store, const ObjectBody& body) {
 
 CommandStatus runList(Store& store) {
     std::vector<AcDbObjectId> selection;
-    if (promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel) {
+    if (promptSelection(selection) == PromptStatus::Cancel) {
         return CommandStatus::Cancelled;
     }
     for (const AcDbObjectId id : selection) {
         const ObjectBody* body = Store::resolve(id);
         if (body == nullptr || body->erased) continue;
         printLine(fromUtf8(body->type()) + L" Layer: \"" + layerName(*body) + L"\" Handle = " +
-                  fromUtf8(formatHandle(body->handle)));
+                  handleText(*body));
         listGeometry(store, *body);
         listAttributes(store, *body);
         listApplicationData(store, *body);

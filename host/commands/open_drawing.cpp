@@ -2,14 +2,12 @@
 #include "host/commands/open_drawing.h"
 
 #include "host/editor/state/active_command.h"
-#include "host/editor/state/document_state.h"
-#include "host/objectarx/database.h"
+#include "host/editor/state/current_drawing.h"
 
 namespace host {
 
 Store* drawingOrComplaint() {
-    const DocumentState* document = currentDocumentState();
-    if (document != nullptr) return &document->database->store();
+    if (Store* const store = currentStore()) return store;
     printProblem(L"No drawing is open: use NEW or OPEN first.");
     return nullptr;
 }

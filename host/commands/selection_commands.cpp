@@ -11,25 +11,23 @@
 namespace host {
 namespace {
 
-CommandStatus runErase() {
-    return editSelection(Locked::LeftOut, [](Store&, const std::vector<ObjectBody*>& entities) {
-        eraseEntities(entities);
-        return CommandStatus::Done;
-    });
+CommandStatus erase(Store&, const std::vector<ObjectBody*>& entities) {
+    eraseEntities(entities);
+    return CommandStatus::Done;
 }
 
 /// Makes a selection the previous one, for "P" of the next command.
 CommandStatus runSelect(Store&) {
     std::vector<AcDbObjectId> selection;
-    return promptSelection(L"\nSelect objects: ", true, selection) == PromptStatus::Cancel
-               ? CommandStatus::Cancelled
-               : CommandStatus::Done;
+    return promptSelection(selection) == PromptStatus::Cancel ? CommandStatus::Cancelled
+                                                              : CommandStatus::Done;
 }
 
 }  // namespace
 
 const CommandTable kSelectionCommands = {
-    {L"ERASE", ACRX_CMD_USEPICKSET, runErase, L"erases the selected entities"},
+    {L"ERASE", ACRX_CMD_USEPICKSET, onSelection<Locked::LeftOut, erase>,
+     L"erases the selected entities"},
     {L"SELECT", ACRX_CMD_USEPICKSET, onDrawing<runSelect>,
      L"selects entities for the P of later commands"},
 };

@@ -60,7 +60,7 @@ CommandStatus runMenuload() {
     const Answer group = prompt(L"\nEnter name of menu group: ");
     if (group.kind == Answer::Kind::Enter) return CommandStatus::Done;
     if (group.kind != Answer::Kind::Text) return CommandStatus::Cancelled;
-    setMenuGroupLoaded(group.text, true);
+    loadMenuGroup(group.text);
     return CommandStatus::Done;
 }
 

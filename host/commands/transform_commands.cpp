@@ -2,7 +2,6 @@
 #include "host/clone/deep_clone.h"
 #include "host/commands/commands.h"
 #include "host/commands/entity_selection.h"
-#include "host/commands/point_or_word.h"
 #include "host/control/effects.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/run/command_runner.h"
@@ -135,19 +134,14 @@ CommandStatus mirrorEntities(Store& store, const std::vector<ObjectBody*>& selec
     return CommandStatus::Done;
 }
 
-CommandStatus runMove() { return editSelection(Locked::LeftOut, moveEntities); }
-
-CommandStatus runCopy() { return editSelection(Locked::Taken, copyEntities); }
-
-CommandStatus runMirror() { return editSelection(Locked::Taken, mirrorEntities); }
-
 }  // namespace
 
 const CommandTable kTransformCommands = {
-    {L"MOVE", ACRX_CMD_USEPICKSET, runMove, L"moves entities: base point, second point"},
-    {L"COPY", ACRX_CMD_USEPICKSET, runCopy,
+    {L"MOVE", ACRX_CMD_USEPICKSET, onSelection<Locked::LeftOut, moveEntities>,
+     L"moves entities: base point, second point"},
+    {L"COPY", ACRX_CMD_USEPICKSET, onSelection<Locked::Taken, copyEntities>,
      L"copies entities: base point, a second point for each copy, Enter ends; Esc keeps them"},
-    {L"MIRROR", ACRX_CMD_USEPICKSET, runMirror,
+    {L"MIRROR", ACRX_CMD_USEPICKSET, onSelection<Locked::Taken, mirrorEntities>,
      L"mirrors entities, texts and patterns too: two points, erase the sources or not"},
 };
 

@@ -35,15 +35,12 @@ void clearEffects() { effectState().recorded.clear(); }
 
 void setEffectRecording(bool on) { effectState().recording = on; }
 
-CommandLineSink setCommandLineSink(CommandLineSink sink) {
-    return std::exchange(effectState().sink, std::move(sink));
-}
+CommandLineSink& commandLineSink() { return effectState().sink; }
 
 std::wstring effectText(EffectKind kind) {
     std::wstring all;
-    for (const Effect& effect : effectState().recorded) {
-        if (effect.kind == kind) all += effect.text;
-    }
+    for (const std::wstring& text : effectTexts(kind))
+        all += text;
     return all;
 }
 

@@ -40,10 +40,9 @@ const std::vector<Effect>& effects();
 void clearEffects();
 /// Recording is on at start; long runs of the program switch it off to save memory.
 void setEffectRecording(bool on);
-/// Receives command-line text as it is printed; an empty function removes it.
+/// Receives command-line text as it is printed, unless it is empty.
 using CommandLineSink = std::function<void(const std::wstring&)>;
-/// Gives the former sink.
-CommandLineSink setCommandLineSink(CommandLineSink sink);
+CommandLineSink& commandLineSink();
 
 /// Concatenated texts of one kind; the whole command-line transcript for CommandLine.
 std::wstring effectText(EffectKind kind);

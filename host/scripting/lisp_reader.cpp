@@ -4,8 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "host/editor/state/document_state.h"
-#include "host/objectarx/database.h"
+#include "host/editor/state/current_drawing.h"
 #include "host/store/store.h"
 #include "host/text/lisp_cursor.h"
 
@@ -15,10 +14,9 @@ namespace {
 /// Reads a call piece by piece; false, with the problem, for what cannot be read.
 class Reader {
   public:
-    explicit Reader(const std::wstring& text) : m_cursor(text) {}
+    Reader(const std::wstring& text, std::string& problem) : m_cursor(text), m_problem(problem) {}
 
     bool call(LispCall& call);
-    const std::string& problem() const { return m_problem; }
 
   private:
     bool fail(std::string problem) {
@@ -31,7 +29,7 @@ class Reader {
     bool entityArgument(ResultList& list);
 
     LispCursor m_cursor;
-    std::string m_problem;
+    std::string& m_problem;
 };
 
 bool Reader::plainArgument(const std::wstring& text, ResultList& list) {
@@ -59,9 +57,8 @@ bool Reader::plainArgument(const std::wstring& text, ResultList& list) {
 bool Reader::entityArgument(ResultList& list) {
     const auto handle = m_cursor.string();
     if (!handle) return fail("handent needs a handle in quotes");
-    const DocumentState* document = currentDocumentState();
-    const ObjectBody* body =
-        document != nullptr ? document->database->store().byHandle(toUtf8(*handle)) : nullptr;
+    const Store* store = currentStore();
+    const ObjectBody* body = store != nullptr ? store->byHandle(toUtf8(*handle)) : nullptr;
     if (body == nullptr) return fail("no object has the handle " + toUtf8(*handle));
     list.addName(RTENAME, body->store->idOf(*body));
     return m_cursor.accept(L')') || fail("a closing bracket is missing");
@@ -113,10 +110,7 @@ bool Reader::call(LispCall& call) {
 }  // namespace
 
 bool readLispCall(const std::wstring& text, LispCall& call, std::string& problem) {
-    Reader reader(text);
-    if (reader.call(call)) return true;
-    problem = reader.problem();
-    return false;
+    return Reader(text, problem).call(call);
 }
 
 }  // namespace host

@@ -1,6 +1,8 @@
 // The LISP functions of one document, by name.
 #include "host/scripting/lisp_table.h"
 
+#include <iterator>
+
 #include "host/text/text_codec.h"
 
 namespace host {

@@ -1,7 +1,6 @@
 // The LISP functions that modules have defined in one document.
 #pragma once
 
-#include <iterator>
 #include <map>
 #include <string>
 #include <vector>

@@ -8,11 +8,11 @@
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tags.h"
 
 namespace host {
 namespace {
 
+constexpr IntegerField kBlockFlags{{"", 70, 0, true}};
 constexpr int kBlockHasAttributes = 2;
 
 /// The body whose tags hold a block's base point: its BLOCK, or a new record itself.
@@ -26,11 +26,9 @@ void noteAttributeDefinition(ObjectBody& record, const ObjectBody& definition) {
     if (definition.kind != Kind::AttributeDefinition) return;
     if ((getField(definition, field::definitionFlags) & field::kConstant) != 0) return;
     ObjectBody& block = pointHolder(record);
-    const int flags = integerTag(block.tags(), 70);
-    if ((flags & kBlockHasAttributes) != 0) return;
-    std::string text(block.tags());
-    setTag(text, 70, flags | kBlockHasAttributes);
-    block.setTags(text);
+    const int flags = getField(block, kBlockFlags);
+    if ((flags & kBlockHasAttributes) == 0)
+        setField(block, kBlockFlags, flags | kBlockHasAttributes);
 }
 
 }  // namespace
@@ -86,10 +84,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     if (callFails("AcDbBlockTableRecord::setOrigin")) return Acad::eInvalidInput;
     ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
-    ObjectBody& holder = pointHolder(content);
-    std::string text(holder.tags());
-    setPointTag(text, 10, origin.x, origin.y, origin.z);
-    holder.setTags(text);
+    setField(pointHolder(content), PointField{10}, origin);
     return Acad::eOk;
 }
 

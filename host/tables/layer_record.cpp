@@ -1,24 +1,19 @@
 // Layer records: colour, linetype and state.
+#include "host/content/fields.h"
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
 #include "host/store/body_text.h"
 #include "host/store/store.h"
 #include "host/store/symbol_records.h"
-#include "host/tags/tag_values.h"
 
 using namespace host;
 
 namespace {
 
-/// Colour as stored: negative while the layer is off.
-int storedColor(const ObjectBody& layer) { return integerTag(layer.tags(), 62, 7); }
-
-void setInteger(ObjectBody& layer, int code, int value) {
-    std::string text(layer.tags());
-    setTag(text, code, value);
-    layer.setTags(text);
-}
+constexpr IntegerField kColor{{"", 62, 0, true}, 7};  ///< negative while the layer is off
+constexpr IntegerField kFlags{{"", 70, 0, true}};
+constexpr TextField kLinetype{{"", 6, 0, true}, L""};
 
 bool isCurrent(const ObjectBody& layer) {
     if (layer.store == nullptr) return false;
@@ -38,7 +33,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
     ObjectBody& content = body();
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     const int index = color.colorIndex();
-    setInteger(content, 62, storedColor(content) < 0 ? -index : index);
+    setField(content, kColor, getField(content, kColor) < 0 ? -index : index);
     return Acad::eOk;
 }
 
@@ -51,9 +46,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
     if (linetype == nullptr) return Acad::eInvalidInput;
     if (linetype->kind != Kind::LinetypeRecord) return Acad::eNotThatKindOfClass;
     if (content.store != nullptr && content.store != linetype->store) return Acad::eWrongDatabase;
-    std::string text(content.tags());
-    setTag(text, 6, content.encode(symbolName(*linetype)));
-    content.setTags(text);
+    setField(content, kLinetype, symbolName(*linetype));
     return Acad::eOk;
 }
 
@@ -65,7 +58,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
     if (!content.openForWrite) return Acad::eNotOpenForWrite;
     if (frozen && isCurrent(content)) return Acad::eInvalidInput;
     constexpr int kFrozen = 1;
-    const int flags = integerTag(content.tags(), 70);
-    setInteger(content, 70, frozen ? flags | kFrozen : flags & ~kFrozen);
+    const int flags = getField(content, kFlags);
+    setField(content, kFlags, frozen ? flags | kFrozen : flags & ~kFrozen);
     return Acad::eOk;
 }

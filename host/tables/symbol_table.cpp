@@ -1,4 +1,5 @@
 // Symbol tables and what all their records have in common: names, lookup, adding.
+#include "host/content/fields.h"
 #include "host/control/faults.h"
 #include "host/objectarx/symbol_tables.h"
 #include "host/objects/opening.h"
@@ -49,9 +50,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     if (name == nullptr || !symbolNameIsValid(name, anonymous))
         return Acad::eInvalidSymbolTableName;
     if (content.store != nullptr) return Acad::eNotApplicable;
-    std::string text(content.tags());
-    setTag(text, 2, toUtf8(name));
-    content.setTags(text);
+    setField(content, TextField{{"", 2, 0, true}, L""}, name);
     return Acad::eOk;
 }
 

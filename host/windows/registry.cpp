@@ -1,6 +1,6 @@
 // The registry: keys and values in memory, filled by the control side and read by the module.
 #include <cstring>
-#include <set>
+#include <map>
 
 #include "host/control/effects.h"
 #include "host/control/faults.h"
@@ -9,27 +9,18 @@
 namespace host {
 namespace {
 
-/// An open key; HKEY points to it.
-struct OpenKey {
-    std::wstring path;
-};
-
-std::set<OpenKey*>& openKeys() {
-    static std::set<OpenKey*> instance;
+/// Paths of the open keys.
+std::map<HKEY, std::wstring>& openKeys() {
+    static std::map<HKEY, std::wstring> instance;
     return instance;
 }
 
-/// Null for a handle that is no open key.
-OpenKey* openKey(HKEY key) {
-    auto* const open = reinterpret_cast<OpenKey*>(key);
-    return openKeys().count(open) != 0 ? open : nullptr;
-}
-
-std::wstring rootPath(HKEY key) {
+/// Empty for a handle that is no key.
+std::wstring pathOf(HKEY key) {
     if (key == HKEY_CURRENT_USER) return L"hkcu";
     if (key == HKEY_LOCAL_MACHINE) return L"hklm";
-    const OpenKey* const open = openKey(key);
-    return open != nullptr ? open->path : std::wstring();
+    const auto open = openKeys().find(key);
+    return open != openKeys().end() ? open->second : std::wstring();
 }
 
 }  // namespace
@@ -42,11 +33,7 @@ bool setRegistryValue(const std::wstring& key, const std::wstring& name, std::ui
 
 long openRegistryKeys() { return static_cast<long>(openKeys().size()); }
 
-void closeRegistryKeys() {
-    for (OpenKey* open : openKeys())
-        delete open;
-    openKeys().clear();
-}
+void closeRegistryKeys() { openKeys().clear(); }
 
 }  // namespace host
 
@@ -55,7 +42,7 @@ using namespace host;
 LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM, PHKEY result) {
     if (callFails("RegOpenKeyExW")) return ERROR_GEN_FAILURE;
     if (options != 0) return ERROR_INVALID_PARAMETER;
-    const std::wstring root = rootPath(key);
+    const std::wstring root = pathOf(key);
     if (root.empty()) return ERROR_INVALID_HANDLE;
     const std::wstring path = root + L"\\" + lowerCase(subKey);
     const auto& registry = windowsState().registry;
@@ -65,18 +52,18 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM, PHKEY res
     const bool hasBelow =
         next != registry.end() && next->first.compare(0, below.size(), below) == 0;
     if (registry.count(path) == 0 && !hasBelow) return ERROR_FILE_NOT_FOUND;
-    auto* const open = new OpenKey{path};
-    openKeys().insert(open);
-    *result = reinterpret_cast<HKEY>(open);
+    static LONG_PTR last = 0;  // no handle is used twice
+    *result = reinterpret_cast<HKEY>(++last);
+    openKeys()[*result] = path;
     return ERROR_SUCCESS;
 }
 
 LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
     if (callFails("RegQueryValueExW")) return ERROR_GEN_FAILURE;
     recordEffect(EffectKind::RegistryRead, name);
-    const OpenKey* const open = openKey(key);
-    if (open == nullptr) return ERROR_INVALID_HANDLE;
-    const RegistryKey& values = windowsState().registry[open->path];
+    const auto open = openKeys().find(key);
+    if (open == openKeys().end()) return ERROR_INVALID_HANDLE;
+    const RegistryKey& values = windowsState().registry[open->second];
     const auto found = values.find(lowerCase(name));
     if (found == values.end()) return ERROR_FILE_NOT_FOUND;
     const RegistryValue& value = found->second;
@@ -91,10 +78,8 @@ LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD, LPDWORD type, LPBYTE d
 }
 
 LSTATUS RegCloseKey(HKEY key) {
-    OpenKey* const open = openKey(key);
-    if (open == nullptr) return ERROR_INVALID_HANDLE;
+    if (openKeys().count(key) == 0) return ERROR_INVALID_HANDLE;
     if (callFails("RegCloseKey")) return ERROR_GEN_FAILURE;
-    openKeys().erase(open);
-    delete open;
+    openKeys().erase(key);
     return ERROR_SUCCESS;
 }

@@ -11,7 +11,7 @@ using DocumentsTest = SessionTest;
 TEST_F(DocumentsTest, EventsComeInOrder) {
     session->newDrawing();
     session->newDrawing();
-    session->activate(0);
+    session->activate(*session->documents.at(0));
     session->closeDrawing();
     const std::vector<std::wstring> expected = {
         L"documentCreated Drawing1.dxf",       L"documentBecameCurrent Drawing1.dxf",
@@ -57,17 +57,17 @@ TEST_F(DocumentsTest, CurrentDocumentStateAndWorkingDatabaseGoTogether) {
     session->newDrawing();
     session->newDrawing();
     for (const std::size_t index : {0, 1}) {
-        session->activate(index);
-        const AcDbDatabase* database = session->document(index)->database();
-        EXPECT_EQ(acDocManager->curDocument(), session->document(index));
+        session->activate(*session->documents.at(index));
+        const AcDbDatabase* database = session->documents.at(index)->database();
+        EXPECT_EQ(acDocManager->curDocument(), session->documents.at(index));
         EXPECT_EQ(currentDocumentState()->database, database);
         EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), database);
     }
-    const AcApDocument* closed = session->document(1);
+    const AcApDocument* closed = session->documents.at(1);
     session->closeDrawing();
     session->newDrawing();
-    EXPECT_EQ(session->document(1), closed) << "its address is the next one's";
-    EXPECT_EQ(toUtf8(session->document(1)->fileName()), "Drawing3.dxf");
+    EXPECT_EQ(session->documents.at(1), closed) << "its address is the next one's";
+    EXPECT_EQ(toUtf8(session->documents.at(1)->fileName()), "Drawing3.dxf");
     session->closeDrawing();
     session->closeDrawing();
     EXPECT_EQ(acDocManager->curDocument(), nullptr);
@@ -79,7 +79,6 @@ TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {
     EXPECT_EQ(session->closeDrawing().error, "no drawing is open");
     EXPECT_EQ(session->saveDrawing({}).error, "no drawing is open");
     session->newDrawing();
-    EXPECT_EQ(session->activate(1).error, "drawing 1 is not open: there are 1");
     EXPECT_EQ(session->saveDrawing({}).error, "the drawing has no name yet: save it with SAVEAS");
     ASSERT_TRUE(session->saveDrawing(file("a.dxf")));
     EXPECT_EQ(session->openDrawing(file("a.dxf")).error, file("a.dxf") + ": open already");

@@ -1,6 +1,7 @@
 // LISP functions of applications: definitions, arguments, values and errors.
 #include "session_fixture.h"
 
+#include "host/editor/state/active_command.h"
 #include "host/objectarx/lisp_functions.h"
 
 namespace {
@@ -9,13 +10,13 @@ class LispTest : public SessionTest {
   protected:
     LispTest() {
         session->newDrawing();
-        session->loadModule(PROBE_FILE);
+        session->modules.load(PROBE_FILE);
         shown();
     }
     /// What a call prints.
     std::string call(const std::wstring& expression) {
         session->callLisp(expression);
-        return shown();
+        return shown() + toUtf8(takeProblem());
     }
 };
 
@@ -49,7 +50,7 @@ TEST_F(LispTest, WrongCalls) {
          "(ProbeTypes (handent \"FFFF\")): no object has the handle FFFF"},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(call(each.text), "\n" + std::string(each.answer));
+        EXPECT_EQ(call(each.text), each.answer);
 }
 
 TEST_F(LispTest, DefinitionsBelongToOneDrawing) {
@@ -57,7 +58,7 @@ TEST_F(LispTest, DefinitionsBelongToOneDrawing) {
     EXPECT_EQ(acedUndef(L"PROBETYPES", 1), RTNORM);
     EXPECT_EQ(acedUndef(L"PROBETYPES", 1), RTERROR);
     EXPECT_EQ(session->callLisp(L"(ProbeTypes)"), CommandStatus::Unknown);
-    session->activate(0);
+    session->activate(*session->documents.at(0));
     EXPECT_EQ(session->callLisp(L"(ProbeTypes)"), CommandStatus::Done);
 }
 

@@ -14,7 +14,7 @@ class ModulesTest : public SessionTest {
   protected:
     void loadWith(const char* misbehaviour) {
         setVariable("PROBE", misbehaviour);
-        loaded = session->loadModule(kProbe);
+        loaded = session->modules.load(kProbe);
     }
     Outcome loaded;
 };
@@ -22,32 +22,32 @@ class ModulesTest : public SessionTest {
 TEST_F(ModulesTest, LoadingMakesEachDrawingCurrentInTurn) {
     session->newDrawing();
     session->newDrawing();
-    session->activate(0);
-    ASSERT_TRUE(session->loadModule(kProbe));
+    session->activate(*session->documents.at(0));
+    ASSERT_TRUE(session->modules.load(kProbe));
     EXPECT_EQ(shown(), "<1 Drawing1.dxf><3 Drawing1.dxf><3 Drawing2.dxf>");
-    EXPECT_EQ(acDocManager->curDocument(), session->document(0));
+    EXPECT_EQ(acDocManager->curDocument(), session->documents.at(0));
     session->newDrawing();
     EXPECT_EQ(shown(), "<9 Drawing1.dxf><3 Drawing3.dxf>");
     session->closeDrawing();
     EXPECT_EQ(shown(), "<4 Drawing3.dxf>");
-    session->activate(0);
-    ASSERT_TRUE(session->unloadModule("PROBE.arx"));
+    session->activate(*session->documents.at(0));
+    ASSERT_TRUE(session->modules.unload("PROBE.arx"));
     EXPECT_EQ(shown(), "<4 Drawing1.dxf><4 Drawing2.dxf><2 Drawing1.dxf><gone>");
-    EXPECT_EQ(acDocManager->curDocument(), session->document(0));
-    EXPECT_TRUE(session->modules().empty());
+    EXPECT_EQ(acDocManager->curDocument(), session->documents.at(0));
+    EXPECT_TRUE(session->modules.all().empty());
 }
 
 TEST_F(ModulesTest, LazilyEachDrawingGetsItsMessageWhenItIsNextCurrent) {
     switches().loadMessageAtOnce = false;
     session->newDrawing();
     session->newDrawing();
-    session->loadModule(kProbe);
+    session->modules.load(kProbe);
     EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf>");
-    session->unloadModule("probe.arx");
+    session->modules.unload("probe.arx");
     EXPECT_EQ(shown(), "<4 Drawing2.dxf><2 Drawing2.dxf><gone>");
-    session->loadModule(kProbe);
-    session->activate(0);
-    session->activate(1);
+    session->modules.load(kProbe);
+    session->activate(*session->documents.at(0));
+    session->activate(*session->documents.at(1));
     EXPECT_EQ(shown(), "<1 Drawing2.dxf><3 Drawing2.dxf><3 Drawing1.dxf>");
 }
 
@@ -55,9 +55,9 @@ TEST_F(ModulesTest, ALockedApplicationStaysUntilTheHostQuits) {
     session->newDrawing();
     session->newDrawing();
     loadWith("locked");
-    EXPECT_EQ(session->unloadModule("probe.arx").error,
+    EXPECT_EQ(session->modules.unload("probe.arx").error,
               "probe.arx is locked and cannot be unloaded while the host runs");
-    EXPECT_EQ(session->modules(), std::vector<std::string>{"probe.arx"});
+    EXPECT_EQ(session->modules.all().size(), 1u);
     shown();
     session.reset();
     EXPECT_EQ(shown(), "<13 Drawing2.dxf><4 Drawing1.dxf><4 Drawing2.dxf><2 -><gone>");
@@ -70,13 +70,13 @@ TEST_F(ModulesTest, AnApplicationForOneDrawingOnly) {
     EXPECT_EQ(session->newDrawing().error,
               "probe.arx does not work with several drawings: close the open drawing or unload "
               "probe.arx");
-    session->unloadModule("probe.arx");
+    session->modules.unload("probe.arx");
     session->newDrawing();
     loadWith("single");
     EXPECT_EQ(loaded.error, kProbe +
                                 ": not loaded: it is not registered for "
                                 "several documents; close all but one");
-    EXPECT_TRUE(session->modules().empty());
+    EXPECT_TRUE(session->modules.all().empty());
 }
 
 TEST_F(ModulesTest, AnApplicationThatAnswersWithAnErrorIsUnloaded) {
@@ -91,19 +91,20 @@ TEST_F(ModulesTest, FilesThatAreNoApplication) {
     session->newDrawing();
     const std::string text = file("text.arx");
     write(text, "not a library");
-    EXPECT_EQ(session->loadModule(file("none.arx")).error, file("none.arx") + ": no such file");
-    EXPECT_EQ(session->loadModule(file("")).error, file("") + ": a directory, not an application");
-    EXPECT_EQ(session->loadModule(text).error.rfind(text + ": cannot be loaded: ", 0), 0u);
-    EXPECT_EQ(session->loadModule(HOST_FILE).error,
+    EXPECT_EQ(session->modules.load(file("none.arx")).error, file("none.arx") + ": no such file");
+    EXPECT_EQ(session->modules.load(file("")).error,
+              file("") + ": a directory, not an application");
+    EXPECT_EQ(session->modules.load(text).error.rfind(text + ": cannot be loaded: ", 0), 0u);
+    EXPECT_EQ(session->modules.load(HOST_FILE).error,
               HOST_FILE ": not an ObjectARX application: it does not export acrxEntryPoint");
-    EXPECT_EQ(session->loadModule(OLD_PROBE_FILE).error, OLD_PROBE_FILE
+    EXPECT_EQ(session->modules.load(OLD_PROBE_FILE).error, OLD_PROBE_FILE
               ": built for interface version 18.2, this host has version 19; rebuild it");
-    ASSERT_TRUE(session->loadModule(kProbe));
-    EXPECT_EQ(session->loadModule(kProbe).error,
+    ASSERT_TRUE(session->modules.load(kProbe));
+    EXPECT_EQ(session->modules.load(kProbe).error,
               kProbe + ": probe.arx is loaded already; unload it first");
-    EXPECT_EQ(session->unloadModule("other.arx").error,
+    EXPECT_EQ(session->modules.unload("other.arx").error,
               "other.arx: no such application is loaded; ARX ? lists the loaded ones");
-    EXPECT_EQ(session->loadModule(file("none.arx")).status, 1);
+    EXPECT_EQ(session->modules.load(file("none.arx")).status, 1);
 }
 
 TEST_F(ModulesTest, WhatIsLeftRegisteredIsAFaultAndDoesNoHarm) {
@@ -125,7 +126,7 @@ TEST_F(ModulesTest, WhatIsLeftRegisteredIsAFaultAndDoesNoHarm) {
         session = std::make_unique<Session>();
         session->newDrawing();
         loadWith(misbehaviour);
-        session->unloadModule("probe.arx");
+        session->modules.unload("probe.arx");
         EXPECT_EQ(faults(), expected);
         EXPECT_TRUE(registeredCommands().empty());
         session->newDrawing();
@@ -135,7 +136,7 @@ TEST_F(ModulesTest, WhatIsLeftRegisteredIsAFaultAndDoesNoHarm) {
 
 TEST_F(ModulesTest, LeaksAndExceptionsOfCommandsAreReported) {
     session->newDrawing();
-    session->loadModule(kProbe);
+    session->modules.load(kProbe);
     EXPECT_EQ(session->runScript(L"PROBETHROW\n"), CommandStatus::Failed);
     EXPECT_EQ(faults(), "command PROBETHROW: an exception left the module\n");
     session->runScript(L"PROBELEAK\n");
@@ -155,7 +156,7 @@ TEST_F(ModulesTest, ArxCommand) {
               "plan.scr:2: ARX failed: nothing.arx: no such application is loaded; ARX ? lists the "
               "loaded ones\n");
     EXPECT_EQ(session->runScript(L"ARX u probe.arx\n"), CommandStatus::Done);
-    EXPECT_TRUE(session->modules().empty());
+    EXPECT_TRUE(session->modules.all().empty());
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ TEST_F(SaveTest, APersonIsAskedBeforeWorkIsLost) {
     EXPECT_FALSE(leaves(L"SAVEAS " + quoted("b") + L"\nn ^D c\n"));
     EXPECT_TRUE(leaves(L"^D ^D\n")) << "nobody is there any more";
     EXPECT_FALSE(leaves(L"CLOSE x CANCEL\nNEW\nPO 3,3\nCLOSE N ^D C\n"));
-    EXPECT_EQ(session->documentCount(), 1u);
+    EXPECT_EQ(session->documents.count(), 1u);
     EXPECT_EQ(contentOf(file("b.dxf")), former);
     EXPECT_FALSE(leaves(L"EXPERT 2\nSAVEAS " + quoted("b") + L"\nPO 4,4 ^D c\n"));
     EXPECT_EQ(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
@@ -85,7 +85,7 @@ TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {
     EXPECT_NE(problems.find("plan.scr:3: SAVEAS failed: " + file("b.dwg") +
                             ": only DXF can be written; name the file .dxf\n"),
               std::string::npos);
-    EXPECT_EQ(session->exitStatus(), 4);
+    EXPECT_EQ(session->exitStatus, 4);
     EXPECT_EQ(name(), file("a.dxf"));
     EXPECT_EQ(contentOf(file("a.dxf")), before);
 }

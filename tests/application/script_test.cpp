@@ -106,7 +106,7 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
     };
     for (const auto& each : cases)
         EXPECT_EQ(problemsOf(each.script), each.line);
-    EXPECT_EQ(session->exitStatus(), 3);
+    EXPECT_EQ(session->exitStatus, 3);
 }
 
 TEST_F(ScriptTest, ShortFormsVariablesAndEnterThatRepeats) {

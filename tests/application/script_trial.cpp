@@ -48,8 +48,8 @@ class ShortScript : public ScriptSource {
   private:
     bool large() const {
         std::size_t objects = 0;
-        for (std::size_t i = 0; i < m_session.documentCount(); ++i)
-            objects += m_session.document(i)->database()->store().count();
+        for (const HostDocument* document : m_session.documents.all())
+            objects += document->database()->store().count();
         return objects > 3000;
     }
 
@@ -82,14 +82,14 @@ std::string faultOfSession(std::string_view bytes, const std::string& folder) {
     session.newDrawing();
     session.runScript(kBegin);
     std::string fault;
-    session.setDiagnostics([&](const std::string& line) {
+    session.diagnostics = [&](const std::string& line) {
         if (!trial::isClearLine(line)) fault = "unclear: " + line;
-    });
+    };
     ShortScript script(fromUtf8(bytes), session);
     session.runInput(script, false, [] { return "tried.scr:1"; });
     if (fault.empty()) fault = thrown();
-    for (std::size_t i = 0; i < session.documentCount() && fault.empty(); ++i)
-        fault = faultOf(session.document(i)->database()->store(), folder);
+    for (std::size_t i = 0; i < session.documents.count() && fault.empty(); ++i)
+        fault = faultOf(session.documents.at(i)->database()->store(), folder);
     return fault;
 }
 

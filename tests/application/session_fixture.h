@@ -70,9 +70,9 @@ class SessionTest : public testing::Test {
     /// The lines about commands that did not end well, while a script runs.
     std::string problemsOf(const std::wstring& script) {
         std::string text;
-        session->setDiagnostics([&](const std::string& line) { text += line + "\n"; });
+        session->diagnostics = [&](const std::string& line) { text += line + "\n"; };
         session->runScript(script, false, "plan.scr");
-        session->setDiagnostics({});
+        session->diagnostics = nullptr;
         return text;
     }
     /// Types of the entities of the current drawing's model space.

@@ -38,8 +38,8 @@ std::string damage(const Store& store) {
 }
 
 CommandsTest::~CommandsTest() {
-    for (std::size_t i = 0; i < session->documentCount(); ++i)
-        EXPECT_EQ(damage(session->document(i)->database()->store()), "");
+    for (const HostDocument* document : session->documents.all())
+        EXPECT_EQ(damage(document->database()->store()), "");
 }
 
 std::string CommandsTest::entities() const {

@@ -16,17 +16,17 @@ namespace tests {
 
 Drafting::Drafting(const std::string& drawing, const std::wstring& menuGroup, Damage damage)
     : m_session(std::make_unique<host::Session>()), m_damage(damage) {
-    if (!menuGroup.empty()) host::setMenuGroupLoaded(menuGroup, true);
+    if (!menuGroup.empty()) host::loadMenuGroup(menuGroup);
     const host::Outcome opened =
         drawing.empty() ? m_session->newDrawing() : m_session->openDrawing(drawing);
     EXPECT_TRUE(opened) << opened.error;
-    const host::Outcome loaded = m_session->loadModule(modulePath());
+    const host::Outcome loaded = m_session->modules.load(modulePath());
     EXPECT_TRUE(loaded) << loaded.error;
 }
 
 Drafting::~Drafting() {
-    for (std::size_t i = 0; m_damage == Damage::None && i < m_session->documentCount(); ++i) {
-        const host::Store& drawing = m_session->document(i)->database()->store();
+    for (std::size_t i = 0; m_damage == Damage::None && i < m_session->documents.count(); ++i) {
+        const host::Store& drawing = m_session->documents.at(i)->database()->store();
         for (const host::Finding& finding : host::checkDrawing(drawing)) {
             EXPECT_NE(finding.severity, host::Severity::Error) << finding.text;
         }

@@ -23,7 +23,7 @@ class Dialogue : public EditorTest {
     std::string select(std::deque<std::wstring> typed) {
         answers.left = std::move(typed);
         host::clearEffects();
-        status = host::promptSelection(L"", false, selection);
+        status = host::promptSelection(selection);
         std::wstring text = host::effectText(host::EffectKind::CommandLine);
         for (const wchar_t* noise : {L"\nSelect objects: ", L"\nRemove objects: "}) {
             for (std::size_t at; (at = text.find(noise)) != std::wstring::npos;)
@@ -84,7 +84,7 @@ TEST_F(Dialogue, AWrongAnswerFailsAScriptsCommand) {
     static const host::CommandTable own = {{L"CHOOSE", ACRX_CMD_USEPICKSET,
                                             [] {
                                                 std::vector<AcDbObjectId> ids;
-                                                host::promptSelection(L"", true, ids);
+                                                host::promptSelection(ids);
                                                 return host::CommandStatus::Done;
                                             },
                                             L"test"}};

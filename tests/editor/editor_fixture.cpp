@@ -37,7 +37,7 @@ EditorTest::EditorTest() {
     state.database = &database;
     setCurrentDocumentState(&state);
     acdbHostApplicationServices()->setWorkingDatabase(&database);
-    setInputSource(&answers);
+    inputSource() = &answers;
 }
 
 EditorTest::~EditorTest() {

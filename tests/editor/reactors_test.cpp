@@ -16,7 +16,7 @@ TEST_F(Reactors, DeletedWhileAttachedIsAFault) {
     editor->addReactor(watcher.get());
     watcher.reset();
     EXPECT_EQ(takeFaults().size(), 1u);
-    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_EQ(host::editorReactors().count(), 0);
     host::notifyPickfirstModified();
 }
 
@@ -29,12 +29,12 @@ TEST_F(Reactors, EachIsCalledOnceAndADetachedOneNotAnyMore) {
     second.onPickfirst = [&] { called += 100; };
     for (AcEditorReactor* each : std::vector<AcEditorReactor*>{&first, &first, nullptr, &second})
         editor->addReactor(each);
-    EXPECT_EQ(host::editorReactorCount(), 2);
+    EXPECT_EQ(host::editorReactors().count(), 2);
     host::notifyPickfirstModified();
     EXPECT_EQ(called, 1);
     editor->removeReactor(&first);
     editor->removeReactor(&first);
-    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_EQ(host::editorReactors().count(), 0);
 }
 
 TEST_F(Reactors, LeaksAndExceptionsAreNamed) {

@@ -36,7 +36,7 @@ TEST_F(Services, PrintfTakesWideText) {
 }
 
 TEST_F(Services, MenuItemsOfLoadedGroups) {
-    host::setMenuGroupLoaded(L"Plans", true);
+    host::loadMenuGroup(L"Plans");
     EXPECT_EQ(acedIsMenuGroupLoaded(L"PLANS"), 1);
     EXPECT_EQ(acedIsMenuGroupLoaded(L"Other"), 0);
     EXPECT_EQ(acedMenuCmd(L"GPlans.ID_ON=~"), RTNORM);

@@ -117,7 +117,7 @@ std::vector<std::wstring> outside() {
                       L"VelmoGROUPDELETE 2,0\n\nVelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n"
                       L"(VelmoGroupVersion)\n"),
                   host::CommandStatus::Done);
-        scene.session().unloadModule("VelmoGroup.arx");
+        scene.session().modules.unload("VelmoGroup.arx");
     }
     std::vector<std::wstring> texts;
     for (const EffectKind kind :
@@ -155,11 +155,11 @@ std::wstring inOrder(const std::function<void()>& act) {
 
 TEST(Diagnostics, LoadAndUnloadGoInOrder) {
     Scene scene("");
-    scene.session().unloadModule("VelmoGroup.arx");
+    scene.session().modules.unload("VelmoGroup.arx");
     const Switch debugStartup(L"DebugStartup");
     host::setEnvironment(L"TEMP", host::fromUtf8(tests::scratchFolder()));
-    host::setMenuGroupLoaded(L"Pelltrix", true);
-    EXPECT_EQ(inOrder([&] { scene.session().loadModule(tests::modulePath()); }),
+    host::loadMenuGroup(L"Pelltrix");
+    EXPECT_EQ(inOrder([&] { scene.session().modules.load(tests::modulePath()); }),
               L"\nkInitAppMsg VelmoGroup.arx\nunlockApplication\nregisterAppMDIAware"
               L"\naddCommand VelmoGROUPMAKE\naddCommand VelmoGROUPDELETE"
               L"\naddCommand VelmoGROUPREMOVEMEMBER\naddCommand VelmoGROUPACTIVE"
@@ -167,7 +167,7 @@ TEST(Diagnostics, LoadAndUnloadGoInOrder) {
               L"\nDebugStartup\nAssertStartup\nGPelltrix.ID_GRP_ON=~"
               L"\nAcApDocManager::addReactor\nkLoadDwgMsg VelmoGroup.arx");
     scene.session().callLisp(L"(VelmoGroupVersion)");
-    EXPECT_EQ(inOrder([&] { scene.session().unloadModule("VelmoGroup.arx"); }),
+    EXPECT_EQ(inOrder([&] { scene.session().modules.unload("VelmoGroup.arx"); }),
               L"\nkUnloadDwgMsg VelmoGroup.arx\nkUnloadAppMsg VelmoGroup.arx"
               L"\nAcApDocManager::removeReactor\nremoveGroup VelmoGROUP\nAcEditor::removeReactor"
               L"\n\\VelmoGroup.arx.log\nGoodbye\nRemoving command group \"VelmoGROUP\"\n");

@@ -35,19 +35,19 @@ TEST(Entry, RegistersItsCommandsInOrderWithTheirFlags) {
               L"VelmoGROUP/VelmoGROUPMAKE 6\nVelmoGROUP/VelmoGROUPDELETE 2\n"
               L"VelmoGROUP/VelmoGROUPREMOVEMEMBER 0\nVelmoGROUP/VelmoGROUPACTIVE 0\n"
               L"VelmoGROUP/VelmoGROUPNOTACTIVE 0\n");
-    EXPECT_EQ(host::editorReactorCount(), 1);
+    EXPECT_EQ(host::editorReactors().count(), 1);
 }
 
 TEST(Entry, UnloadTakesEverythingDownAndSaysGoodbye) {
     Drafting drafting;
     host::clearEffects();
-    EXPECT_TRUE(drafting.session().unloadModule(kModule));
+    EXPECT_TRUE(drafting.session().modules.unload(kModule));
     EXPECT_EQ(effectText(EffectKind::CommandLine),
               L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
     EXPECT_TRUE(host::registeredCommands().empty());
-    EXPECT_EQ(host::editorReactorCount(), 0);
-    EXPECT_TRUE(drafting.session().loadModule(tests::modulePath()));
-    EXPECT_EQ(host::editorReactorCount(), 1);
+    EXPECT_EQ(host::editorReactors().count(), 0);
+    EXPECT_TRUE(drafting.session().modules.load(tests::modulePath()));
+    EXPECT_EQ(host::editorReactors().count(), 1);
 }
 
 TEST(Entry, AnswersEveryMessageAndIgnoresThoseItDoesNotKnow) {
@@ -82,16 +82,16 @@ TEST(Entry, ADrawingLosesTheFunctionWithMessageFourOnly) {
         Drafting drafting;
         host::Session& session = drafting.session();
         session.newDrawing();
-        session.unloadModule(kModule);
+        session.modules.unload(kModule);
         host::switches().loadMessageAtOnce = atOnce;
         host::clearEffects();
-        session.loadModule(tests::modulePath());
+        session.modules.load(tests::modulePath());
         const Texts heard = effectTexts(EffectKind::Notification);
         EXPECT_EQ(std::count(heard.begin(), heard.end(), L"kLoadDwgMsg VelmoGroup.arx"),
                   atOnce ? 2 : 1);
         session.sendMessage(kModule, 4);
         EXPECT_NE(session.callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
-        session.activate(0);
+        session.activate(*session.documents.at(0));
         EXPECT_EQ(session.callLisp(L"(VelmoGroupVersion)"), host::CommandStatus::Done);
     }
 }

@@ -85,7 +85,7 @@ class Trial {
     Trial(const FaultScenario& scenario, const std::string& drawing)
         : m_scenario(scenario), m_scene("", {}, scenario.menuGroup) {
         EXPECT_TRUE(m_scene.session().openDrawing(drawing));
-        session().activate(0);
+        session().activate(*session().documents.at(0));
         session().closeDrawing();  // the empty one
         m_document = acDocManager->curDocument();
         if (scenario.before) scenario.before(m_scene);
@@ -112,11 +112,9 @@ class Trial {
         expectNothingHeld();
         expectSound("behind the fault: ");
         if (m_scenario.after) m_scenario.after(m_scene);
-        std::vector<AcApDocument*> open;
-        for (std::size_t i = 0; i < session().documentCount(); ++i)
-            open.push_back(session().document(i));
-        for (AcApDocument* document : open) {
-            activate(document);
+        const std::vector<host::HostDocument*> open = session().documents.all();
+        for (host::HostDocument* document : open) {
+            session().activate(*document);
             expectRepaired(document);
         }
         expectSound("behind the repair: ");
@@ -148,14 +146,14 @@ class Trial {
     }
 
     void expectSound(const std::string& when) {
-        activate(m_document);
+        for (host::HostDocument* document : session().documents.all())
+            if (document == m_document) session().activate(*document);
         EXPECT_EQ(lost(m_types, censusOf(m_scene)), "") << when << m_scene.order();
         if (!m_scenario.moves && !printed(kNoBlock)) {
             EXPECT_EQ(lost(m_contents, contentsOf(m_scene)), "") << when;
         }
-        for (std::size_t i = 0; i < session().documentCount(); ++i) {
-            const host::Store& store = session().document(i)->database()->store();
-            for (const host::Finding& finding : host::checkDrawing(store)) {
+        for (const host::HostDocument* document : session().documents.all()) {
+            for (const host::Finding& finding : host::checkDrawing(document->database()->store())) {
                 EXPECT_NE(finding.severity, host::Severity::Error) << when << finding.text;
             }
         }
@@ -176,10 +174,6 @@ class Trial {
     }
 
     host::Session& session() { return m_scene.session(); }
-    void activate(const AcApDocument* document) {
-        for (std::size_t i = 0; i < session().documentCount(); ++i)
-            if (session().document(i) == document) session().activate(i);
-    }
 
     const FaultScenario& m_scenario;
     Scene m_scene;

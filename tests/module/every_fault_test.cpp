@@ -127,13 +127,13 @@ constexpr const char* kModule = "VelmoGroup.arx";
 
 TEST(EveryFault, LoadingTheModule) {
     FaultScenario scenario{"(line circle) line",
-                           [](Scene& scene) { scene.session().loadModule(tests::modulePath()); }};
+                           [](Scene& scene) { scene.session().modules.load(tests::modulePath()); }};
     scenario.menuGroup = L"Morvanta";
-    scenario.before = [](Scene& scene) { scene.session().unloadModule(kModule); };
+    scenario.before = [](Scene& scene) { scene.session().modules.unload(kModule); };
     scenario.after = [](Scene& scene) {
         // A module that could not unlock itself stays.
-        if (!scene.session().unloadModule(kModule)) return;
-        EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+        if (!scene.session().modules.unload(kModule)) return;
+        EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
     };
     failEveryCall(scenario);
 }
@@ -144,7 +144,7 @@ TEST(EveryFault, WithoutMemoryForItsReactorTheModuleGoesOnWithoutIt) {
     host::clearEffects();
     host::setHeapFault(1);
     scene.session().sendMessage(kModule, AcRx::kInitAppMsg);
-    EXPECT_EQ(host::editorReactorCount(), 0);
+    EXPECT_EQ(host::editorReactors().count(), 0);
     EXPECT_EQ(host::effectText(host::EffectKind::MenuCommand), L"GMorvanta.ID_GRP_ON=~");
     scene.after(L"VelmoGROUPMAKE #1\n\n");
     EXPECT_EQ(scene.click({2}), "begin(1) line* end | 2 | ");
@@ -152,9 +152,9 @@ TEST(EveryFault, WithoutMemoryForItsReactorTheModuleGoesOnWithoutIt) {
 
 TEST(EveryFault, UnloadingTheModule) {
     FaultScenario scenario{"(line circle) line",
-                           [](Scene& scene) { scene.session().unloadModule(kModule); }};
+                           [](Scene& scene) { scene.session().modules.unload(kModule); }};
     scenario.after = [](Scene& scene) {
-        EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+        EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
     };
     failEveryCall(scenario);
 }

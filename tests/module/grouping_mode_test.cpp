@@ -21,7 +21,7 @@ TEST(GroupingMode, MenuItemsOfTheFirstMenuGroupFollow) {
     for (const auto& [loaded, group] : cases) {
         Scene scene("");
         for (const std::wstring& each : loaded)
-            host::setMenuGroupLoaded(each, true);
+            host::loadMenuGroup(each);
         const std::string item = "G" + group + ".ID_GRP_";
         const auto shown = [&](const std::string& menu) {
             return group.empty() ? " |  | " : " |  |  | " + menu;
@@ -42,10 +42,10 @@ TEST(GroupingMode, EachDrawingHasItsOwnAndTheMenuShowsTheLast) {
         scene.session().newDrawing();
         scene.draw("(line line)");
         EXPECT_EQ(scene.click({2}), kGroup + "1 2 3 4 | " + kGathering);
-        scene.session().activate(0);
+        scene.session().activate(*scene.session().documents.at(0));
         EXPECT_EQ(host::menuItemState(L"Pelltrix.ID_GRP_ON"), L"~");
         EXPECT_EQ(scene.click({2}), kGroup + "2 | ");
-        scene.session().activate(1);
+        scene.session().activate(*scene.session().documents.at(1));
         EXPECT_EQ(scene.shiftClick({3}), kGroup + " | " + kGathering);
     });
 }

@@ -84,20 +84,20 @@ void failEveryAllocation(long least, const std::string& words,
 
 TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
     failEveryAllocation(
-        5, "", [](auto& scene) { scene.session().loadModule(tests::modulePath()); },
+        5, "", [](auto& scene) { scene.session().modules.load(tests::modulePath()); },
         [](auto& scene) {
             // What stood in the way of one step spared the others: the mode goes with its drawing.
-            host::setMenuGroupLoaded(L"Pelltrix", true);
+            host::loadMenuGroup(L"Pelltrix");
             scene.after(L"VelmoGROUPNOTACTIVE\n");
             scene.session().closeDrawing();
             scene.session().newDrawing();
             EXPECT_NE(scene.after(L"VelmoGROUPACTIVE\n").find("ON=~, GPelltrix.ID_GRP_ON=~"),
                       std::string::npos);
-            scene.session().unloadModule(kModule);
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
-            EXPECT_EQ(host::editorReactorCount(), 1);
+            scene.session().modules.unload(kModule);
+            EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
+            EXPECT_EQ(host::editorReactors().count(), 1);
         },
-        [](auto& scene) { EXPECT_TRUE(scene.session().unloadModule(kModule)); });
+        [](auto& scene) { EXPECT_TRUE(scene.session().modules.unload(kModule)); });
 }
 
 TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
@@ -105,12 +105,12 @@ TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
         1, "",
         [](auto& scene) {
             host::clearEffects();
-            scene.session().unloadModule(kModule);
+            scene.session().modules.unload(kModule);
         },
         [](auto& scene) {
             EXPECT_EQ(host::effectText(host::EffectKind::CommandLine),
                       L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+            EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
         });
 }
 

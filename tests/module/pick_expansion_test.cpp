@@ -30,7 +30,7 @@ TEST(PickExpansion, EachDrawingRemembersWhatItGathered) {
         scene.session().newDrawing();
         scene.draw("(line line) line line");
         EXPECT_EQ(scene.click({2}), kGroupAndLines + "1 2 3 4 | " + kGathering);
-        scene.session().activate(0);
+        scene.session().activate(*scene.session().documents.at(0));
         EXPECT_EQ(scene.click({5}), kGroupAndLines + "1 2 3 4 5 | " + kGathering);
         EXPECT_EQ(scene.shiftClick({3}), kGroupAndLines + "5 | " + kGathering);
     });

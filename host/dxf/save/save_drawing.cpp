@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <new>
 
-#include "host/dxf/file/file_access.h"
 #include "host/dxf/save/drawing_writer.h"
 #include "host/tags/tags.h"
 #include "host/text/numbers.h"
@@ -78,15 +77,13 @@ struct Problem {
     const char* advice = "save elsewhere";
 };
 
-bool writeFile(Store& store, const std::string& path, const std::string& former,
-               const ProgressFunction& progress, Problem& problem) {
+/// Fills a new file that takes the permissions of the one at `target`, if any.
+bool fillNew(const std::string& path, const std::string& target, const FillFile& fill,
+             std::string& why) {
     OutputFile file;
-    if (!file.create(path, problem.why)) return false;
-    if (!former.empty() && !file.takePermissionsOf(former, problem.why)) return false;
-    DrawingWriter writer(store, file, progress);
-    if (writer.write(problem.why)) return file.flushToDisk(problem.why) && file.close(problem.why);
-    if (writer.refusedValue()) problem.advice = "shorten it";
-    return false;
+    return file.create(path, why) &&
+           (placeOf(target) != FilePlace::File || file.takePermissionsOf(target, why)) &&
+           fill(file, why) && file.flushToDisk(why) && file.close(why);
 }
 
 /// Keeps the former file under its backup name. The target's name stays in place meanwhile.
@@ -108,12 +105,17 @@ bool replaceTarget(Store& store, const std::string& target, const SaveOptions& o
     problem.why = refusal(target);
     if (!problem.why.empty()) return false;
     removeLeftovers(target);
-    const bool exists = placeOf(target) == FilePlace::File;
+    const auto write = [&](OutputFile& file, std::string& why) {
+        DrawingWriter writer(store, file, options.progress);
+        const bool written = writer.write(why);
+        if (writer.refusedValue()) problem.advice = "shorten it";
+        return written;
+    };
     TemporaryFile temporary(target);
-    if (!writeFile(store, temporary.path(), exists ? target : "", options.progress, problem))
-        return false;
+    if (!fillNew(temporary.path(), target, write, problem.why)) return false;
     if (!options.staged.empty()) return temporary.moveTo(options.staged, problem.why);
-    const bool keeps = exists && options.former == FormerFile::KeptAsBackup;
+    const bool keeps =
+        placeOf(target) == FilePlace::File && options.former == FormerFile::KeptAsBackup;
     if (keeps && !keepFormer(target, problem.why)) return false;
     return temporary.moveTo(target, problem.why);
 }
@@ -134,6 +136,11 @@ std::string backupPath(const std::string& path) {
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
     return (extension == ".bak" ? path : path.substr(0, dot)) + ".bak";
+}
+
+bool replaceFile(const std::string& target, const FillFile& fill, std::string& why) {
+    TemporaryFile temporary(target);
+    return fillNew(temporary.path(), target, fill, why) && temporary.moveTo(target, why);
 }
 
 std::string temporaryBeside(const std::string& path) {

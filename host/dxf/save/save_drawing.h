@@ -1,9 +1,11 @@
 // Saving a drawing as an ASCII DXF file.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/dxf/file/dxf_error.h"
+#include "host/dxf/file/file_access.h"
 #include "host/dxf/file/progress.h"
 #include "host/store/store.h"
 
@@ -43,6 +45,12 @@ bool saveDrawing(Store& store, const std::string& path, DxfError& error,
 /// Puts a drawing that was saved as `staged` to its place, keeping the former file as a backup;
 /// false, with the error and the target untouched, when that fails.
 bool takeStaged(const std::string& staged, const std::string& path, DxfError& error);
+
+/// Puts a file of any kind to a place that is no link as a save does: filled and flushed beside it,
+/// with the permissions of a former one, then renamed over that. False, with the reason and the
+/// former file untouched, when that or `fill` fails.
+using FillFile = std::function<bool(OutputFile& file, std::string& why)>;
+bool replaceFile(const std::string& target, const FillFile& fill, std::string& why);
 
 /// A name in the folder of `path` that is not taken; short, so that it fits everywhere.
 std::string temporaryBeside(const std::string& path);

@@ -2,7 +2,6 @@
 #include "host/objectarx/command_line.h"
 
 #include <cstdarg>
-#include <cstdlib>
 
 #include "host/control/effects.h"
 #include "host/control/faults.h"

@@ -5,6 +5,7 @@
 #include <cwctype>
 
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/document_state.h"
 #include "host/editor/state/notify.h"
@@ -15,9 +16,6 @@
 
 namespace host {
 namespace {
-
-InputSource* source = nullptr;
-Question asked;
 
 std::wstring withoutBlanks(const std::wstring& text) {
     std::size_t begin = 0, end = text.size();
@@ -43,7 +41,7 @@ std::vector<double> numbersIn(const std::wstring& text, wchar_t separator) {
 
 /// Asks until `read` takes the answer.
 template <typename Read>
-PromptStatus ask(const std::wstring& text, InputUnit unit, const wchar_t* wanted, Read read) {
+PromptStatus ask(const std::wstring& text, InputUnit unit, const std::wstring& wanted, Read read) {
     for (;;) {
         const Answer answer = prompt(text, unit);
         if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
@@ -55,23 +53,18 @@ PromptStatus ask(const std::wstring& text, InputUnit unit, const wchar_t* wanted
 
 }  // namespace
 
-void setInputSource(InputSource* newSource) { source = newSource; }
-
-InputSource* inputSource() { return source; }
-
-const Question& question() { return asked; }
-
-Asking::Asking(Wanted wanted, const AcGePoint3d* base) : m_former(asked) {
-    asked = {wanted, base != nullptr ? std::make_optional(*base) : std::nullopt};
+InputSource*& inputSource() {
+    static InputSource* source = nullptr;
+    return source;
 }
 
-Asking::Asking(const std::vector<AcDbObjectId>& chosen) : m_former(asked) {
-    asked = {Wanted::Selection, std::nullopt, &chosen};
+Question& question() {
+    static Question asked;
+    return asked;
 }
-
-Asking::~Asking() { asked = m_former; }
 
 Answer prompt(const std::wstring& text, InputUnit unit) {
+    InputSource* const source = inputSource();
     Answer answer{Answer::Kind::End, {}};
     if (inputAllowed("a prompt")) {
         if (!text.empty()) print(text);
@@ -88,6 +81,7 @@ Answer prompt(const std::wstring& text, InputUnit unit) {
 
 bool wrongAnswer(const std::wstring& explanation) {
     printLine(explanation + L".");
+    InputSource* const source = inputSource();
     if (source != nullptr && source->interactive()) {
         source->disregardAnswer();
         return true;
@@ -106,13 +100,27 @@ std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d
 }
 
 PromptStatus promptPoint(const std::wstring& text, const AcGePoint3d* base, AcGePoint3d& point) {
+    wchar_t none = 0;
+    return promptPointOrWord(text, base, {}, point, none);
+}
+
+PromptStatus promptPointOrWord(const std::wstring& text, const AcGePoint3d* base,
+                               const std::wstring& words, AcGePoint3d& point, wchar_t& word) {
+    word = 0;
+    std::wstring wanted = L"no point; give x,y or distance<angle, with @ from the last point";
+    for (const wchar_t letter : words)
+        wanted += std::wstring(L", or ") + letter;
     const auto read = [&](const std::wstring& answer) {
-        const std::optional<AcGePoint3d> parsed = readPoint(answer, base);
+        const std::wstring typed = foldCase(answer);
+        const bool isWord = typed.size() == 1 && words.find(typed) != std::wstring::npos;
+        if (isWord) word = typed[0];
+        const std::optional<AcGePoint3d> parsed = isWord ? std::nullopt : readPoint(answer, base);
         if (parsed) point = *parsed;
-        return parsed.has_value();
+        return isWord || parsed.has_value();
     };
-    const Asking asking(Wanted::Point, base);
-    return ask(text, InputUnit::Token, kNoPoint, read);
+    const auto from = base != nullptr ? std::make_optional(*base) : std::nullopt;
+    const ScopedValue<Question> asking(question(), {Wanted::Point, from});
+    return ask(text, InputUnit::Token, wanted, read);
 }
 
 PromptStatus promptReal(const std::wstring& text, double& value) {
@@ -139,7 +147,7 @@ std::optional<std::size_t> promptWord(const std::wstring& text,
         return false;
     };
     const std::wstring wanted = L"none of " + choice;
-    switch (ask(text, InputUnit::Token, wanted.c_str(), read)) {
+    switch (ask(text, InputUnit::Token, wanted, read)) {
         case PromptStatus::Ok:
             return place;
         case PromptStatus::None:
@@ -157,8 +165,8 @@ PromptStatus promptText(const std::wstring& text, std::wstring& value) {
 }
 
 PromptStatus promptFile(const std::wstring& text, std::string& path) {
-    const bool person = source != nullptr && source->interactive();
-    const Asking asking(Wanted::File);
+    const bool person = inputSource() != nullptr && inputSource()->interactive();
+    const ScopedValue<Question> asking(question(), {Wanted::File});
     const Answer answer = prompt(text, person ? InputUnit::Line : InputUnit::Token);
     if (answer.kind == Answer::Kind::Enter) return PromptStatus::None;
     if (answer.kind != Answer::Kind::Text) return PromptStatus::Cancel;

@@ -47,24 +47,11 @@ struct Question {
     std::optional<AcGePoint3d> base = {};               ///< that a point is drawn from
     const std::vector<AcDbObjectId>* chosen = nullptr;  ///< of a selection, until now
 };
-const Question& question();
-/// Sets it for as long as this lives.
-class Asking {
-  public:
-    explicit Asking(Wanted wanted, const AcGePoint3d* base = nullptr);
-    /// For a selection; the list lives as long.
-    explicit Asking(const std::vector<AcDbObjectId>& chosen);
-    ~Asking();
-    Asking(const Asking&) = delete;
-    Asking& operator=(const Asking&) = delete;
+/// A prompt that takes more than words sets it by a ScopedValue.
+Question& question();
 
-  private:
-    Question m_former;
-};
-
-/// The source that prompts read from; owned by the caller. Null: every prompt is cancelled.
-void setInputSource(InputSource* source);
-InputSource* inputSource();
+/// The source that prompts read from; owned by who sets it. Null: every prompt is cancelled.
+InputSource*& inputSource();
 
 /// Outcome of a prompt of the host's own commands.
 enum class PromptStatus { Ok, None, Cancel };
@@ -77,6 +64,10 @@ bool wrongAnswer(const std::wstring& explanation);
 /// Asks until the answer is a point, as readPoint takes it, Enter or cancel; a wrong answer is
 /// explained in one line and, when it came from a script, cancels.
 PromptStatus promptPoint(const std::wstring& prompt, const AcGePoint3d* base, AcGePoint3d& point);
+/// The same, but the answer may also be one of the letters of `words` (upper case) in any case:
+/// then Ok with `word` that letter, else 0.
+PromptStatus promptPointOrWord(const std::wstring& prompt, const AcGePoint3d* base,
+                               const std::wstring& words, AcGePoint3d& point, wchar_t& word);
 PromptStatus promptReal(const std::wstring& prompt, double& value);
 /// Asks for one of a few words, each given whole or by its first letter in any case; Enter is the
 /// word at `standard`. Gives its place, or nothing when the prompt was cancelled.
@@ -93,9 +84,6 @@ constexpr int kNoEmptyAnswer = 1;
 /// Options that acedInitGet left for this input call; they hold for one call.
 int takeInputOptions();
 
-/// What is wrong with an answer that is no point, behind the answer itself.
-constexpr const wchar_t* kNoPoint =
-    L"no point; give x,y or distance<angle, with @ from the last point";
 /// Takes an answer for a point: as parsePoint, but @ without a base counts from the point that was
 /// given last in this drawing, at first the origin. Nothing when it is no point.
 std::optional<AcGePoint3d> readPoint(const std::wstring& text, const AcGePoint3d* base);

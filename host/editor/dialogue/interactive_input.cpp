@@ -1,6 +1,8 @@
 // The prompts that modules use: a point here; one entity is picked in editor/selection.
 #include "host/objectarx/interactive_input.h"
 
+#include <algorithm>
+
 #include "host/control/faults.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/current_drawing.h"
@@ -12,12 +14,6 @@ namespace {
 
 /// Options that acedInitGet left for the next input call.
 int pendingBits = 0;
-
-void writePoint(const AcGePoint3d& from, ads_point to) {
-    to[0] = from.x;
-    to[1] = from.y;
-    to[2] = from.z;
-}
 
 }  // namespace
 
@@ -45,7 +41,7 @@ int acedGetPoint(const ads_point base, const ACHAR* text, ads_point result) {
         switch (
             promptPoint(text == nullptr ? L"" : text, base == nullptr ? nullptr : &from, point)) {
             case PromptStatus::Ok:
-                writePoint(point, result);
+                std::copy_n(asDblArray(point), 3, result);
                 return RTNORM;
             case PromptStatus::Cancel:
                 return RTCAN;

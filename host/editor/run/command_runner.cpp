@@ -1,7 +1,6 @@
 // Runs one command at a time, with its notifications, pick-first handling and accounting.
 #include "host/editor/run/command_runner.h"
 
-#include <algorithm>
 #include <exception>
 #include <map>
 
@@ -120,15 +119,6 @@ std::vector<const BuiltinCommand*> builtinCommands() {
     for (const auto& entry : builtins())
         all.push_back(entry.second);
     return all;
-}
-
-std::vector<std::wstring> commandNames() {
-    std::vector<std::wstring> names;
-    for (const auto& entry : builtins())
-        names.push_back(entry.first);
-    for (const RegisteredCommand& command : registeredCommands())
-        names.push_back(command.globalName);
-    return names;
 }
 
 CommandStatus runCommand(const std::wstring& typedName) {

@@ -29,9 +29,6 @@ void registerBuiltins(const CommandTable& commands);
 /// All own commands by name, for help texts.
 std::vector<const BuiltinCommand*> builtinCommands();
 
-/// Names of all commands: the host's own, then those of modules.
-std::vector<std::wstring> commandNames();
-
 /// Resolves a typed name (any case; a leading "_", "." or "-" is accepted) against the modules'
 /// groups in registration order, then the host's own and their aliases, and runs the command with
 /// its notifications: commandWillStart, pick-first handling by flags, the function, one of ended,

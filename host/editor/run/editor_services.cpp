@@ -12,10 +12,10 @@
 namespace host {
 
 void resetEditor() {
-    detachAllReactors();
+    editorReactors().detachAll();
     clearModuleCommands();
     resetSelectionSets();
-    setInputSource(nullptr);
+    inputSource() = nullptr;
 }
 
 void registerEditorServices() {

@@ -1,5 +1,8 @@
 // acedEntSel: the prompt that picks one entity.
+#include <algorithm>
+
 #include "host/control/faults.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/selection/selection_sources.h"
 #include "host/editor/state/current_drawing.h"
@@ -49,7 +52,7 @@ int acedEntSel(const ACHAR* text, ads_name entity, ads_point point) {
     const int bits = takeInputOptions();
     if (!inputAllowed("acedEntSel") || store == nullptr || entity == nullptr || point == nullptr)
         return RTERROR;
-    const Asking asking(Wanted::Entity);
+    const ScopedValue<Question> asking(question(), {Wanted::Entity});
     for (;;) {
         const Answer answer = prompt(text == nullptr ? L"\nSelect object: " : text);
         if (answer.kind == Answer::Kind::Enter) {
@@ -66,9 +69,7 @@ int acedEntSel(const ACHAR* text, ads_name entity, ads_point point) {
             return RTERROR;
         }
         nameOfId(pick.id, entity);
-        point[0] = pick.point.x;
-        point[1] = pick.point.y;
-        point[2] = pick.point.z;
+        std::copy_n(asDblArray(pick.point), 3, point);
         return RTNORM;
     }
 }

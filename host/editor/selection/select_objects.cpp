@@ -1,10 +1,8 @@
 // The "Select objects:" dialogue, and selections given in one go for gestures.
 #include "host/editor/selection/select_objects.h"
 
-#include <algorithm>
-#include <cwctype>
-
 #include "host/control/effects.h"
+#include "host/control/scoped_value.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/editor/selection/selection_sets.h"
 #include "host/editor/selection/selection_sources.h"
@@ -85,7 +83,7 @@ class Dialogue {
     Dialogue(const Store& store, const SelectionFilter& filter)
         : m_store(store), m_filter(filter) {}
 
-    PromptStatus run(const std::wstring& prompt);
+    PromptStatus run();
     const std::vector<AcDbObjectId>& selection() const { return m_set.ids(); }
 
   private:
@@ -94,8 +92,8 @@ class Dialogue {
     bool takeWindow(bool crossing);
     void takeSingle(const std::wstring& text);
     void takeFound(const std::vector<AcDbObjectId>& found);
-    void report(std::size_t found, std::size_t duplicates, std::size_t removed,
-                std::size_t filtered, bool first);
+    /// `repeated` are those found that were in already, or when removing not in.
+    void report(std::size_t found, std::size_t repeated, std::size_t filtered, bool first);
 
     const Store& m_store;
     const SelectionFilter& m_filter;
@@ -103,10 +101,10 @@ class Dialogue {
     bool m_removing = false;
 };
 
-PromptStatus Dialogue::run(const std::wstring& text) {
-    const Asking asking(m_set.ids());
+PromptStatus Dialogue::run() {
+    const ScopedValue<Question> asking(question(), {Wanted::Selection, std::nullopt, &m_set.ids()});
     for (;;) {
-        const Answer answer = prompt(m_removing ? L"\nRemove objects: " : text);
+        const Answer answer = prompt(m_removing ? L"\nRemove objects: " : L"\nSelect objects: ");
         if (answer.kind == Answer::Kind::Enter)
             return m_set.ids().empty() ? PromptStatus::None : PromptStatus::Ok;
         if (answer.kind != Answer::Kind::Text || !take(answer.text)) return PromptStatus::Cancel;
@@ -165,20 +163,21 @@ void Dialogue::takeFound(const std::vector<AcDbObjectId>& found) {
         const bool changed = m_removing ? m_set.remove(id) : m_set.add(id);
         if (!changed) ++repeated;
     }
-    const std::size_t removed = m_removing ? matching - repeated : 0;
-    report(matching, m_removing ? 0 : repeated, removed, found.size() - matching, first);
+    report(matching, repeated, found.size() - matching, first);
 }
 
-void Dialogue::report(std::size_t found, std::size_t duplicates, std::size_t removed,
-                      std::size_t filtered, bool first) {
+void Dialogue::report(std::size_t found, std::size_t repeated, std::size_t filtered, bool first) {
     std::wstring text = L"\n" + std::to_wstring(found) + L" found";
-    if (m_removing) text += L", " + std::to_wstring(removed) + L" removed";
-    if (duplicates == 1) text += L" (1 duplicate)";
-    if (duplicates > 1) text += L" (" + std::to_wstring(duplicates) + L" duplicates)";
+    if (m_removing)
+        text += L", " + std::to_wstring(found - repeated) + L" removed";
+    else if (repeated > 0)
+        text +=
+            L" (" + std::to_wstring(repeated) + (repeated == 1 ? L" duplicate)" : L" duplicates)");
     if (!first) text += L", " + std::to_wstring(m_set.ids().size()) + L" total";
     print(text);
-    if (filtered == 1) printLine(L"1 was filtered out.");
-    if (filtered > 1) printLine(std::to_wstring(filtered) + L" were filtered out.");
+    if (filtered > 0)
+        printLine(std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") +
+                  L" filtered out.");
 }
 
 /// Joins what a blank separated inside a parenthesis.
@@ -206,28 +205,26 @@ bool parseBox(const Store& store, const std::vector<std::wstring>& words, bool c
 
 }  // namespace
 
-PromptStatus selectObjects(const std::wstring& text, const SelectionFilter& filter,
-                           std::vector<AcDbObjectId>& selection) {
+PromptStatus selectObjects(const SelectionFilter& filter, std::vector<AcDbObjectId>& selection) {
     selection.clear();
     const Store* store = currentStore();
     if (store == nullptr) return PromptStatus::Cancel;
     Dialogue dialogue(*store, filter);
-    const PromptStatus status = dialogue.run(text);
+    const PromptStatus status = dialogue.run();
     if (status == PromptStatus::Ok) selection = dialogue.selection();
     rememberSelection(selection);
     return status;
 }
 
-PromptStatus promptSelection(const std::wstring& text, bool usePickfirst,
-                             std::vector<AcDbObjectId>& selection) {
+PromptStatus promptSelection(std::vector<AcDbObjectId>& selection) {
     selection.clear();
-    if (usePickfirst && pickfirstSettable()) selection = takePickfirst();
+    if (pickfirstSettable()) selection = takePickfirst();
     if (!selection.empty()) {
         printLine(std::to_wstring(selection.size()) + L" found");
         rememberSelection(selection);
         return PromptStatus::Ok;
     }
-    return selectObjects(text.empty() ? L"\nSelect objects: " : text, {}, selection);
+    return selectObjects({}, selection);
 }
 
 bool parseSelection(const std::vector<std::wstring>& words, std::vector<AcDbObjectId>& selection,

@@ -12,12 +12,10 @@ namespace host {
 
 /// Asks until Enter. `selection` holds what passes the filter, in the order of selection. None when
 /// nothing was selected, Cancel after Esc.
-PromptStatus selectObjects(const std::wstring& prompt, const SelectionFilter& filter,
-                           std::vector<AcDbObjectId>& selection);
+PromptStatus selectObjects(const SelectionFilter& filter, std::vector<AcDbObjectId>& selection);
 /// "Select objects:" until Enter; each answer echoes "n found, n total". Empty on Enter at once.
-/// Takes the pick-first set without asking when there is one and `usePickfirst`.
-PromptStatus promptSelection(const std::wstring& prompt, bool usePickfirst,
-                             std::vector<AcDbObjectId>& selection);
+/// Takes the pick-first set without asking when there is one.
+PromptStatus promptSelection(std::vector<AcDbObjectId>& selection);
 /// One whole selection in one go, for PICK and UNPICK: "3,4", "W 0,0 10,10", "C ...", "ALL", "L",
 /// "P", (handent "2A"), (ssget "X" '((8 . "0"))). False, with one line of explanation, when it is
 /// no selection.

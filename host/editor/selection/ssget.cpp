@@ -57,7 +57,7 @@ int selectByUser(const Request& request, Ids& ids) {
         return RTNORM;
     }
     if (!inputAllowed("acedSSGet")) return RTERROR;
-    switch (selectObjects(L"\nSelect objects: ", request.filter, ids)) {
+    switch (selectObjects(request.filter, ids)) {
         case PromptStatus::Ok:
             return RTNORM;
         case PromptStatus::None:

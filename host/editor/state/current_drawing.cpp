@@ -61,10 +61,6 @@ std::wstring layoutName(const Store& store, Index space) {
     return part ? store.decode(textTag(*part, 1, "Model")) : model;
 }
 
-std::wstring handleText(const ObjectBody& body) {
-    wchar_t buffer[17];
-    AcDbHandle(body.handle).getIntoAsciiBuffer(buffer);
-    return buffer;
-}
+std::wstring handleText(const ObjectBody& body) { return fromUtf8(formatHandle(body.handle)); }
 
 }  // namespace host

@@ -12,13 +12,6 @@ namespace host {
 
 class Store;
 
-/// Values of ERRNO that the editor sets. Assumed.
-constexpr int kErrnoInvalidName = 2;
-constexpr int kErrnoTooManySets = 3;
-constexpr int kErrnoInvalidSet = 4;
-constexpr int kErrnoNothingPicked = 7;
-constexpr int kErrnoEmptyAnswer = 52;
-
 /// Store of the current document, or null when none is open.
 Store* currentStore();
 

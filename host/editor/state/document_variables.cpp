@@ -18,9 +18,8 @@ Store& storeOf(const DocumentState& document) { return document.database->store(
 
 }  // namespace
 
-bool readTileMode(const DocumentState& document, SysvarValue& value) {
+void readTileMode(const DocumentState& document, SysvarValue& value) {
     value.number = storeOf(document).modelTabCurrent() ? 1 : 0;
-    return true;
 }
 
 bool writeTileMode(Store& store, const SysvarValue& value, std::wstring&) {
@@ -31,9 +30,8 @@ bool writeTileMode(Store& store, const SysvarValue& value, std::wstring&) {
     return true;
 }
 
-bool readViewport(const DocumentState& document, SysvarValue& value) {
+void readViewport(const DocumentState& document, SysvarValue& value) {
     value.number = storeOf(document).currentViewport;
-    return true;
 }
 
 bool writeViewport(Store& store, const SysvarValue& value, std::wstring& explanation) {
@@ -46,10 +44,9 @@ bool writeViewport(Store& store, const SysvarValue& value, std::wstring& explana
     return true;
 }
 
-bool readCurrentLayer(const DocumentState& document, SysvarValue& value) {
+void readCurrentLayer(const DocumentState& document, SysvarValue& value) {
     const Store& store = storeOf(document);
     value.text = store.decode(trimmed(store.headerValue("$CLAYER").value_or("0")));
-    return true;
 }
 
 bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& explanation) {
@@ -63,10 +60,9 @@ bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& exp
     return false;
 }
 
-bool readTextSize(const DocumentState& document, SysvarValue& value) {
+void readTextSize(const DocumentState& document, SysvarValue& value) {
     constexpr double kUsual = 2.5;
     value.number = realOf(storeOf(document).headerValue("$TEXTSIZE").value_or(""), kUsual);
-    return true;
 }
 
 bool writeTextSize(Store& store, const SysvarValue& value, std::wstring&) {
@@ -74,21 +70,18 @@ bool writeTextSize(Store& store, const SysvarValue& value, std::wstring&) {
     return true;
 }
 
-bool readViewSize(const DocumentState& document, SysvarValue& value) {
+void readViewSize(const DocumentState& document, SysvarValue& value) {
     value.number = viewHeight(storeOf(document));
-    return true;
 }
 
-bool readDrawingName(const DocumentState& document, SysvarValue& value) {
+void readDrawingName(const DocumentState& document, SysvarValue& value) {
     const std::wstring& path = document.fileName;
     value.text = path.empty() ? L"Drawing.dxf" : path.substr(path.find_last_of(L"/\\") + 1);
-    return true;
 }
 
-bool readCurrentTab(const DocumentState& document, SysvarValue& value) {
+void readCurrentTab(const DocumentState& document, SysvarValue& value) {
     const Store& store = storeOf(document);
     value.text = store.modelTabCurrent() ? L"Model" : layoutName(store, store.paperSpace());
-    return true;
 }
 
 }  // namespace host

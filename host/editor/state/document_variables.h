@@ -21,19 +21,19 @@ struct SysvarValue {
 // Readers fill number or text; the document has a drawing. Writers get a value of the right kind
 // and in range; they answer false with one line of explanation when the drawing does not allow it.
 
-bool readTileMode(const DocumentState& document, SysvarValue& value);
+void readTileMode(const DocumentState& document, SysvarValue& value);
 /// Layouts start in paper space (viewport 1), the Model tab in its viewport.
 bool writeTileMode(Store& store, const SysvarValue& value, std::wstring& explanation);
-bool readViewport(const DocumentState& document, SysvarValue& value);
+void readViewport(const DocumentState& document, SysvarValue& value);
 bool writeViewport(Store& store, const SysvarValue& value, std::wstring& explanation);
-bool readCurrentLayer(const DocumentState& document, SysvarValue& value);
+void readCurrentLayer(const DocumentState& document, SysvarValue& value);
 bool writeCurrentLayer(Store& store, const SysvarValue& value, std::wstring& explanation);
-bool readTextSize(const DocumentState& document, SysvarValue& value);
+void readTextSize(const DocumentState& document, SysvarValue& value);
 bool writeTextSize(Store& store, const SysvarValue& value, std::wstring& explanation);
-bool readViewSize(const DocumentState& document, SysvarValue& value);
+void readViewSize(const DocumentState& document, SysvarValue& value);
 /// Name of the file without its folder.
-bool readDrawingName(const DocumentState& document, SysvarValue& value);
+void readDrawingName(const DocumentState& document, SysvarValue& value);
 /// Name of the current layout.
-bool readCurrentTab(const DocumentState& document, SysvarValue& value);
+void readCurrentTab(const DocumentState& document, SysvarValue& value);
 
 }  // namespace host

@@ -32,17 +32,7 @@ void applyToItem(const std::wstring& groupAndId, const std::wstring& action) {
 
 }  // namespace
 
-void setMenuGroupLoaded(const std::wstring& group, bool loaded) {
-    const std::wstring key = foldCase(group);
-    if (loaded) {
-        groups().insert(key);
-        return;
-    }
-    groups().erase(key);
-    for (auto item = states().begin(); item != states().end();)
-        item = item->first.compare(0, key.size() + 1, key + L".") == 0 ? states().erase(item)
-                                                                       : std::next(item);
-}
+void loadMenuGroup(const std::wstring& group) { groups().insert(foldCase(group)); }
 
 std::wstring menuItemState(const std::wstring& groupAndId) {
     const auto found = states().find(foldCase(groupAndId));

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// Makes a menu group count as loaded or not.
-void setMenuGroupLoaded(const std::wstring& group, bool loaded);
+/// Makes a menu group count as loaded.
+void loadMenuGroup(const std::wstring& group);
 /// State of an item addressed as "Group.Id": "~" greyed, "!." checked, empty normal.
 std::wstring menuItemState(const std::wstring& groupAndId);
 /// Forgets groups and states.

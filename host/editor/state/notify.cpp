@@ -6,7 +6,6 @@
 #include "host/control/guarded_call.h"
 #include "host/editor/state/active_command.h"
 #include "host/editor/state/document_state.h"
-#include "host/editor/state/reactor_list.h"
 #include "host/objectarx/editor.h"
 #include "host/text/text_codec.h"
 
@@ -17,12 +16,6 @@ namespace {
 constexpr int kDeepest = 16;
 
 int depth = 0;
-
-/// Never destroyed: reactors of a module may be deleted while the process ends.
-ReactorList<AcRxEventReactor>& reactors() {
-    static auto& instance = *new ReactorList<AcRxEventReactor>;
-    return instance;
-}
 
 /// Records the notification and calls the handlers. Those attached or detached by a handler count
 /// from the next notification on, except that a detached one is not called any more. Without an
@@ -37,7 +30,7 @@ void send(const std::wstring& text, Call call) {
     }
     recordEffect(EffectKind::Notification, text);
     ++depth;
-    reactors().forEach(
+    editorReactors().forEach(
         [&](AcRxEventReactor& reactor) { guardedCall(where, [&] { call(reactor); }); });
     --depth;
 }
@@ -92,12 +85,10 @@ bool inputAllowed(const char* call) {
     return false;
 }
 
-int editorReactorCount() { return reactors().count(); }
-
-void detachAllReactors() { reactors().detachAll(); }
-
-int detachReactorsOf(const std::function<bool(const void*)>& isInLibrary) {
-    return reactors().detachOf(isInLibrary);
+/// Never destroyed: reactors of a module may be deleted while the process ends.
+ReactorList<AcRxEventReactor>& editorReactors() {
+    static auto& instance = *new ReactorList<AcRxEventReactor>;
+    return instance;
 }
 
 void idle() {
@@ -119,8 +110,8 @@ void idle() {
 using namespace host;
 
 AcRxEventReactor::~AcRxEventReactor() {
-    if (!reactors().contains(this)) return;
-    reactors().detach(this);
+    if (!editorReactors().contains(this)) return;
+    editorReactors().detach(this);
     reportModuleFault("an editor reactor was deleted while it was attached");
 }
 
@@ -134,10 +125,10 @@ void AcEditorReactor::pickfirstModified() {}
 
 void AcRxEvent::addReactor(AcRxEventReactor* reactor) const {
     recordEffect(EffectKind::Registration, L"AcEditor::addReactor");
-    if (reactor != nullptr) reactors().attach(reactor);
+    if (reactor != nullptr) editorReactors().attach(reactor);
 }
 
 void AcRxEvent::removeReactor(AcRxEventReactor* reactor) const {
     recordEffect(EffectKind::Registration, L"AcEditor::removeReactor");
-    reactors().detach(reactor);
+    editorReactors().detach(reactor);
 }

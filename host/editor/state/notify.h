@@ -1,10 +1,12 @@
 // Sending editor notifications to the attached reactors, with the accounting around each.
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "host/editor/state/reactor_list.h"
+
 class AcDbDatabase;
+class AcRxEventReactor;
 
 namespace host {
 
@@ -17,12 +19,8 @@ void notifyBeginSave(AcDbDatabase* database, const std::wstring& intendedName);
 void notifySaveComplete(AcDbDatabase* database, const std::wstring& actualName);
 /// False, with a fault of the module named after `call`, while a notification is being delivered.
 bool inputAllowed(const char* call);
-/// Number of attached editor reactors.
-int editorReactorCount();
-/// Forgets every attached reactor, or those whose virtual table lies in a library; gives their
-/// number.
-void detachAllReactors();
-int detachReactorsOf(const std::function<bool(const void*)>& isInLibrary);
+/// The attached editor reactors.
+ReactorList<AcRxEventReactor>& editorReactors();
 
 /// Work the host does when it is idle, so never while a command runs: notifications that wait.
 void idle();

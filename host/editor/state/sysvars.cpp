@@ -23,7 +23,7 @@ struct Variable {
     double initial;
     double low;
     double high;
-    bool (*read)(const DocumentState& document, SysvarValue& value);
+    void (*read)(const DocumentState& document, SysvarValue& value);
     bool (*write)(Store& store, const SysvarValue& value, std::wstring& explanation);
 };
 
@@ -76,9 +76,12 @@ double& numberOf(const Variable& variable) { return values().numbers[&variable -
 /// False for a document's variable while no document is open.
 bool readValue(const Variable& variable, SysvarValue& value) {
     value.kind = variable.kind;
-    if (variable.read != nullptr)
-        return currentStore() != nullptr && variable.read(*currentDocumentState(), value);
-    value.number = numberOf(variable);
+    if (variable.read == nullptr)
+        value.number = numberOf(variable);
+    else if (currentStore() != nullptr)
+        variable.read(*currentDocumentState(), value);
+    else
+        return false;
     return true;
 }
 

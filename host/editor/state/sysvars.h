@@ -15,6 +15,12 @@ bool isSysvar(const std::wstring& name);
 bool isReadOnlySysvar(const std::wstring& name);
 /// Integer value; 0 for an unknown name.
 int sysvarInteger(const wchar_t* name);
+/// Values of ERRNO that the editor sets. Assumed.
+constexpr int kErrnoInvalidName = 2;
+constexpr int kErrnoTooManySets = 3;
+constexpr int kErrnoInvalidSet = 4;
+constexpr int kErrnoNothingPicked = 7;
+constexpr int kErrnoEmptyAnswer = 52;
 /// ERRNO of the last failed ADS call.
 void setErrno(int value);
 std::vector<std::wstring> sysvarNames();
