@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "drafthost/json_text.h"
-#include "drafthost/output.h"
-#include "drafthost/process.h"
+#include "drafthost/reports/json_text.h"
+#include "drafthost/system/output.h"
+#include "drafthost/system/process.h"
 
 namespace {
 

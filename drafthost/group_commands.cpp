@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "drafthost/drawing_inspection.h"
-#include "drafthost/group_each.h"
-#include "drafthost/group_repair.h"
-#include "drafthost/groups_report.h"
-#include "drafthost/picture_file.h"
+#include "drafthost/files/picture_file.h"
+#include "drafthost/groups/drawing_inspection.h"
+#include "drafthost/groups/group_each.h"
+#include "drafthost/groups/group_repair.h"
+#include "drafthost/reports/pictures.h"
 #include "host/application/session.h"
 #include "host/commands/open_drawing.h"
 #include "host/dxf/file/file_access.h"

@@ -2,7 +2,7 @@
 // and PICTURE.
 #pragma once
 
-#include "drafthost/group_watch.h"
+#include "drafthost/groups/group_watch.h"
 
 /// Registers them in the session; they tell what the watch has seen, which has to outlive their
 /// use.

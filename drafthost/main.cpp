@@ -3,13 +3,14 @@
 #include <new>
 
 #include "drafthost/batch.h"
-#include "drafthost/check_report.h"
-#include "drafthost/groups_report.h"
-#include "drafthost/layers_report.h"
 #include "drafthost/options.h"
-#include "drafthost/output.h"
-#include "drafthost/process.h"
+#include "drafthost/reports/check_report.h"
+#include "drafthost/reports/groups_report.h"
+#include "drafthost/reports/layers_report.h"
+#include "drafthost/reports/pictures.h"
 #include "drafthost/run.h"
+#include "drafthost/system/output.h"
+#include "drafthost/system/process.h"
 #include "host/text/paths.h"
 
 namespace {
@@ -26,7 +27,11 @@ int act(const Options& options) {
     if (options.check) return forEach(checkFile);
     if (options.groups) return forEach(listGroups);
     if (options.layers) return forEach(listLayers);
-    return options.picture.empty() ? runSession(options) : drawFiles(options);
+    if (options.picture.empty()) return runSession(options);
+    const OutputFolder folder(options);
+    if (const int status = folder.prepare(); status != kDone) return status;
+    return runBatch(options,
+                    [&](const std::string& file) { return drawFile(options, folder, file); });
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <limits>
 #include <sstream>
 
-#include "drafthost/picture_file.h"
+#include "drafthost/files/picture_file.h"
 #include "drafthost/run.h"
 #include "host/text/numbers.h"
 

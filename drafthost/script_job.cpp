@@ -1,16 +1,15 @@
-// One drawing of a run with a script: messages, Ctrl+C, and where the result goes.
+// One drawing of a run with a script: messages and Ctrl+C.
 #include "drafthost/script_job.h"
 
 #include <cstdint>
 
-#include "drafthost/output.h"
-#include "drafthost/process.h"
+#include "drafthost/system/output.h"
+#include "drafthost/system/process.h"
 #include "host/control/accounting.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/documents.h"
 #include "host/scripting/script.h"
 #include "host/store/store.h"
-#include "host/text/paths.h"
 #include "host/text/text_codec.h"
 
 namespace {
@@ -43,23 +42,6 @@ int runScript(host::Session& session, const Options& options, const Job& job) {
 }
 
 }  // namespace
-
-std::string Job::nameFor(const std::string& path) const {
-    const std::string& own = target.empty() ? file : target;
-    return !own.empty() && path == host::absolutePath(own) ? file : path;
-}
-
-int saveResult(host::Session& session, const Job& job, std::uint32_t serial) {
-    for (host::HostDocument* document : session.documents.all()) {
-        if (document->database()->store().serial() != serial) continue;
-        session.activate(*document);
-        const host::Outcome saved = session.saveDrawing(job.target);
-        if (!saved) complain(saved.error);
-        return saved ? kDone : saved.status;
-    }
-    complain(job.file + ": the script has closed it, so " + job.target + " is not written");
-    return kFailed;
-}
 
 int runJob(host::Session& session, const Options& options, const Job& job) {
     const std::uint32_t serial = session.database()->store().serial();

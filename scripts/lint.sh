@@ -66,6 +66,13 @@ grep -nE '#include "' window/*.cpp window/*.h | grep -vE '"(window|picture|inspe
     report "the window sees more than host, picture, inspection and JSON"
 grep -nE '#include "' json/* | grep -v '"json/' && report "JSON sees anything at all"
 grep -rnE '#include "window/' host inspection picture && report "somebody looks up at the window"
+# The folders of the program, lowest first; all of them see its options, and what a job is.
+lower='options\.h|job\.h'
+for folder in system files groups reports prompt; do
+    lower="$lower|$folder/"
+    grep -nE '#include "drafthost/' drafthost/$folder/* | grep -vE "\"drafthost/($lower)" &&
+        report "drafthost/$folder looks up"
+done
 # What sets the module's per-user switches knows where they are from its version resource.
 grep -rnE '#include "(module|storage|commands|tracking|support)/' host drafthost picture window |
     grep -v '"module/version.h"' && report "the host knows the module"

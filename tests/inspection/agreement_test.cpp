@@ -10,7 +10,7 @@
 
 #include "common/drawing_order.h"
 #include "common/scene.h"
-#include "drafthost/drawing_inspection.h"
+#include "drafthost/groups/drawing_inspection.h"
 #include "host/tags/tag_values.h"
 
 namespace {

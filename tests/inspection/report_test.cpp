@@ -2,8 +2,8 @@
 #include "inspection/report.h"
 #include "common/drawing_order.h"
 #include "common/scene.h"
-#include "drafthost/drawing_inspection.h"
-#include "drafthost/json_text.h"
+#include "drafthost/groups/drawing_inspection.h"
+#include "drafthost/reports/json_text.h"
 #include "picture/svg/picture.h"
 
 namespace {
