@@ -1,14 +1,13 @@
 // Decides what is wrong with a group, and says it.
 #include "inspection/judgement.h"
 
+#include "host/text/numbers.h"
 #include "host/text/text_codec.h"
 
 namespace inspection {
 namespace {
 
-std::string amount(long count, const std::string& singular, const std::string& plural) {
-    return std::to_string(count) + " " + (count == 1 ? singular : plural);
-}
+using host::amount;
 
 std::string outlook(Repair repair, long between, bool locked) {
     if (locked) return "its markers stand on a locked layer, so that no save mends it";

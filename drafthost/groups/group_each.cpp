@@ -20,10 +20,6 @@ using host::CommandStatus;
 
 constexpr const wchar_t* kWords[] = {L"layer", L"block", L"color"};
 
-std::string amount(long count) {
-    return std::to_string(count) + (count == 1 ? " entity" : " entities");
-}
-
 /// False when a prompt was cancelled.
 bool ask(EachWish& wish) {
     const auto by = host::promptWord(L"\nOne group for each [Layer/Block/Color] <Layer>: ",
@@ -47,8 +43,8 @@ bool ask(EachWish& wish) {
 
 /// "layer WALLS: 12 entities, 3 of them on a locked layer" and what becomes of them.
 std::string lineOn(const Lot& lot, const EachWish& wish, bool forms) {
-    std::string line =
-        host::toUtf8(kWords[static_cast<int>(wish.by)]) + " " + lot.name + ": " + amount(lot.all());
+    std::string line = host::toUtf8(kWords[static_cast<int>(wish.by)]) + " " + lot.name + ": " +
+                       host::amount(lot.all(), "entity", "entities");
     const auto leftOut = [&](long count, const char* why) {
         if (count > 0) line += ", " + std::to_string(count) + " " + why;
     };
@@ -92,7 +88,7 @@ CommandStatus groupEach(host::Store& store, const EachWish& wish, const TellLine
         tell(line);
         formed += forms ? 1 : 0;
     }
-    tell(std::to_string(formed) + (formed == 1 ? " group made" : " groups made"));
+    tell(host::amount(formed, "group made", "groups made"));
     if (formed == 0 || inspectDrawing(*store.database, false).whole() == before.whole() + formed)
         return CommandStatus::Done;
     host::printProblem(L"Not all of these groups are whole; GROUPLIST tells why.");

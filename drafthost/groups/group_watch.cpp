@@ -64,8 +64,8 @@ void GroupWatch::warnOfDamage(const host::Store& store, const std::string& name)
     });
     const std::size_t count = store.supplied + static_cast<std::size_t>(errors);
     if (count == 0) return;
-    m_say(m_job.nameFor(name) + ": damaged before: " + std::to_string(count) +
-          (count == 1 ? " finding" : " findings") + ", see --check");
+    m_say(m_job.nameFor(name) + ": damaged before: " + host::amount(count, "finding", "findings") +
+          ", see --check");
 }
 
 void GroupWatch::look(AcDbDatabase& drawing) { m_before = inspectDrawing(drawing, false); }

@@ -41,10 +41,10 @@ ListedLayer listed(const Store& store, const Lot& layer) {
 }
 
 std::string textOf(const ListedLayer& layer) {
-    return "layer " + layer.name + ": " + std::to_string(layer.entities) +
-           (layer.entities == 1 ? " entity, " : " entities, ") + std::to_string(layer.inGroups) +
-           " in groups" + (layer.off ? ", off" : "") + (layer.frozen ? ", frozen" : "") +
-           (layer.locked ? ", locked" : "") + (layer.defined ? "" : ", not defined");
+    return "layer " + layer.name + ": " + host::amount(layer.entities, "entity, ", "entities, ") +
+           std::to_string(layer.inGroups) + " in groups" + (layer.off ? ", off" : "") +
+           (layer.frozen ? ", frozen" : "") + (layer.locked ? ", locked" : "") +
+           (layer.defined ? "" : ", not defined");
 }
 
 }  // namespace

@@ -135,7 +135,7 @@ void OutlineMaker::begin(const ObjectBody& entity, Outline& outline,
 }
 
 std::string OutlineMaker::framesLine() const {
-    return std::to_string(m_framed) + (m_framed == 1 ? " entity is" : " entities are") +
+    return amount(m_framed, "entity is", "entities are") +
            " taken as frames: what they repeat is more than is drawn at once";
 }
 

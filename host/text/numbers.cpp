@@ -61,6 +61,10 @@ std::string formatHandle(std::uint64_t handle) {
     return std::string(at, digits + sizeof digits);
 }
 
+std::string amount(long long count, const char* one, const char* many) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
+
 std::optional<double> parseReal(std::string_view text) {
     const std::string_view number = withoutPlus(trimmed(text));
     const std::size_t first = number.find_first_not_of('-');

@@ -11,6 +11,8 @@ namespace host {
 /// Shortest text that reads back as the same double; always with a point or an exponent.
 std::string formatReal(double value);
 std::string formatHandle(std::uint64_t handle);
+/// "1 entity", "20 entities".
+std::string amount(long long count, const char* one, const char* many);
 /// The highest handle of an object. Above it stands nothing that readers take: neither do owners
 /// and seeds there raise the next free handle, nor is one given there.
 inline constexpr std::uint64_t kHighestHandle = ~std::uint64_t{0} - (std::uint64_t{1} << 32);

@@ -15,8 +15,7 @@ constexpr std::size_t kLegendCharacters = 44;
 constexpr std::size_t kFullLabels = 40, kAnyLabels = 400, kMostLabels = 2000;
 
 std::string membersOf(const inspection::Group& group) {
-    const std::size_t count = group.members.size();
-    return std::to_string(count) + (count == 1 ? " member" : " members");
+    return host::amount(group.members.size(), "member", "members");
 }
 
 bool isWhole(const inspection::Group& group) { return group.state == inspection::State::Whole; }

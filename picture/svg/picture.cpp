@@ -216,14 +216,13 @@ class Drawer {
     }
 
     std::string heading(const std::string& title, double width) const {
-        std::string summary = m_spaceName + ", " + std::to_string(m_scene.shown.size()) +
-                              (m_scene.shown.size() == 1 ? " entity" : " entities");
+        std::string summary =
+            m_spaceName + ", " + host::amount(m_scene.shown.size(), "entity", "entities");
         if (!m_groups.empty()) {
             const auto whole = std::count_if(m_groups.begin(), m_groups.end(), [](const auto& one) {
                 return one.group->state == inspection::State::Whole;
             });
-            summary += ", " + std::to_string(m_groups.size()) +
-                       (m_groups.size() == 1 ? " group" : " groups");
+            summary += ", " + host::amount(m_groups.size(), "group", "groups");
             if (whole != static_cast<long>(m_groups.size()))
                 summary += ", " + std::to_string(static_cast<long>(m_groups.size()) - whole) +
                            " not whole";
@@ -241,8 +240,7 @@ class Drawer {
                             " more groups; --groups lists them");
         if (m_strays > 0)
             notes.push_back(
-                std::to_string(m_strays) +
-                (m_strays == 1 ? " stray marker or record" : " stray markers or records") +
+                host::amount(m_strays, "stray marker or record", "stray markers or records") +
                 "; --groups lists " + (m_strays == 1 ? "it" : "them"));
         std::string types;
         for (const auto& [type, count] : m_scene.shapeless)
