@@ -10,7 +10,7 @@ set -eu
 cd "$(dirname "$0")/.."
 command -v clang-tidy >/dev/null || { echo "clang-tidy is not installed"; exit 1; }
 folders=(module storage commands tracking support inspection)
-others=(host drafthost)
+others=(host drafthost picture window json)
 cmake --preset native -B build/tidy -DVELMO_QUICK_BUILD=OFF >/dev/null
 
 listed() { # of the folders named; what is there, known to git or not

@@ -98,7 +98,7 @@ bool Conversation::readLine(const std::wstring&, InputUnit unit, std::wstring& l
     return true;
 }
 
-void Conversation::put(std::wstring text) {
+void Conversation::put(const std::wstring& text) {
     constexpr std::size_t kMost = 400000, kKept = 200000;
     m_transcript += text;
     if (m_transcript.size() < kMost) return;

@@ -64,7 +64,7 @@ class Conversation : public host::TypedLines {
     bool readLine(const std::wstring& prompt, host::InputUnit unit, std::wstring& line,
                   host::Answer& otherwise) override;
     void finishCommand();
-    void put(std::wstring text);
+    void put(const std::wstring& text);
     Mark mark() const;
 
     host::Session& m_session;
