@@ -91,7 +91,7 @@ TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {
 TEST_F(DocumentsTest, AnAttachedReactorThatIsDeletedIsAFault) {
     acDocManager->addReactor(std::make_unique<AcApDocManagerReactor>().get());
     session->newDrawing();
-    EXPECT_EQ(faults(), "a document reactor was deleted while it was attached\n");
+    EXPECT_EQ(takeFaults(), Texts{"a document reactor was deleted while it was attached"});
 }
 
 }  // namespace

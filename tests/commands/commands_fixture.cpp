@@ -4,7 +4,6 @@
 #include "common/tag_literals.h"
 #include "host/commands/entity_maker.h"
 #include "host/content/dictionary_text.h"
-#include "host/dxf/check/drawing_check.h"
 #include "host/store/body_text.h"
 
 namespace tests {
@@ -30,33 +29,9 @@ std::string stateOf(const Store& store) {
     return text;
 }
 
-std::string damage(const Store& store) {
-    std::string text;
-    for (const Finding& finding : checkDrawing(store))
-        if (finding.severity == Severity::Error) text += finding.text + "\n";
-    return text;
-}
-
 CommandsTest::~CommandsTest() {
     for (std::size_t i = 0; i < session->documentCount(); ++i)
-        EXPECT_EQ(damage(session->document(i)->database()->store()), "");
-}
-
-std::string CommandsTest::entities() const {
-    std::string text;
-    for (const ObjectBody& entity : store().children(store().modelSpace())) {
-        const std::wstring layer = layerName(entity);
-        text += (text.empty() ? "" : " ") + std::string(entity.type());
-        if (layer != L"0") text += "/" + toUtf8(layer);
-    }
-    return text;
-}
-
-ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const {
-    for (ObjectBody& entity : store().children(store().modelSpace()))
-        if (entity.type() == type && occurrence-- == 0) return entity;
-    ADD_FAILURE() << "no " << type;
-    return store().at(0);
+        EXPECT_EQ(errorsIn(session->document(i)->database()->store()), "");
 }
 
 std::string CommandsTest::values(const ObjectBody& body, std::initializer_list<int> codes) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
 #include "common/scratch.h"
 #include "common/tag_literals.h"
 #include "host/dxf/check/drawing_check.h"
@@ -18,6 +19,7 @@
 
 namespace dxf_tests {
 
+using tests::holds;
 using tests::tagsOf;
 
 /// Every kind of structure once, as a literal; the check finds nothing in it.
@@ -39,7 +41,7 @@ class DrawingFiles : public testing::Test {
   protected:
     ~DrawingFiles() override { host::setFileFault(0); }
 
-    std::string path(const std::string& name) const { return (m_folder.path() / name).string(); }
+    std::string path(const std::string& name) const { return m_folder.file(name); }
     std::string write(const std::string& name, const std::string& text) const {
         tests::write(path(name), text);
         return path(name);
@@ -57,7 +59,7 @@ class DrawingFiles : public testing::Test {
     std::string findings(const std::string& text) const;
 
   private:
-    tests::ScratchFolder m_folder{tests::quickParent()};
+    tests::ScratchFolder m_folder;
 };
 
 }  // namespace dxf_tests

@@ -69,10 +69,9 @@ TEST_F(Dialogue, EnterAndCancel) {
 TEST_F(Dialogue, WrongAnswersAreExplained) {
     const AcDbObjectId gone = entities[1];
     erase(gone);
-    const std::wstring handle = handent(gone).substr(10, handent(gone).size() - 12);
     EXPECT_EQ(select({handent(gone), L"nonsense", L"0,1", L""}),
               "|" + host::toUtf8(handent(gone)) + "\nthe entity with the handle " +
-                  host::toUtf8(handle) +
+                  host::toUtf8(handleOf(gone)) +
                   " is erased.|nonsense\n\"nonsense\" is no selection; ? lists "
                   "what is.|0,1\n1 found|");
     EXPECT_EQ(letters(selection), "a");
@@ -110,8 +109,7 @@ TEST_F(Dialogue, ModulesAskWithFilters) {
     ASSERT_EQ(acedSSGet(nullptr, nullptr, nullptr, filter, set), RTNORM);
     EXPECT_EQ(members(set), "d");
     acedSSFree(set);
-    EXPECT_NE(host::effectText(host::EffectKind::CommandLine).find(L"3 were filtered out"),
-              std::wstring::npos);
+    EXPECT_TRUE(holds(host::effectText(host::EffectKind::CommandLine), L"3 were filtered out"));
     EXPECT_EQ(acedSSGet(nullptr, nullptr, nullptr, filter, set), RTCAN);
     acutRelRb(filter);
     host::pick({entities[1]});
@@ -178,7 +176,7 @@ TEST_F(Dialogue, SelectionsInOneGo) {
     };
     EXPECT_EQ(parse({L"w", L"5,1", L"@50,50"}), "");
     EXPECT_EQ(parse({L"c", L"5,1", L"@50,50"}), "cb");
-    EXPECT_EQ(parse({L"(handent", L"\"" + handent(entities[1]).substr(10)}), "b");
+    EXPECT_EQ(parse({L"(handent", L"\"" + handleOf(entities[1]) + L"\")"}), "b");
     EXPECT_EQ(parse({}), "wrong");
 }
 

@@ -3,10 +3,7 @@
 
 #include <algorithm>
 
-#include "common/tag_literals.h"
-#include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/control/faults.h"
 #include "host/control/switches.h"
 #include "host/editor/run/editor_services.h"
 #include "host/editor/state/menus.h"
@@ -31,28 +28,21 @@ EditorTest::EditorTest() {
     resetSysvars();
     resetMenus();
     switches() = Switches();
-    setFaultPlan({});
-    clearModuleFaults();
     clearEffects();
     state.database = &database;
     setCurrentDocumentState(&state);
-    acdbHostApplicationServices()->setWorkingDatabase(&database);
     setInputSource(&answers);
 }
 
 EditorTest::~EditorTest() {
     resetEditor();
-    EXPECT_EQ(moduleFaults(), std::vector<std::string>());
-    clearModuleFaults();
     setCurrentDocumentState(nullptr);
-    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
 
 AcDbObjectId EditorTest::add(const std::string& tags, Index owner) {
     const bool onLayer = tags.find("|8 ") != tags.npos;
-    ObjectBody& body =
-        make(store, onLayer ? tags : tags + "|8 0", owner == kNoIndex ? store.modelSpace() : owner);
-    store.appendChild(body.owner, body);
+    const ObjectBody& body = append(store, onLayer ? tags : tags + "|8 0",
+                                    owner == kNoIndex ? store.modelSpace() : owner);
     entities.push_back(store.idOf(body));
     return entities.back();
 }
@@ -96,19 +86,7 @@ std::string EditorTest::members(const ads_name set) const {
     return letters(ids);
 }
 
-std::wstring EditorTest::handent(AcDbObjectId id) {
-    wchar_t buffer[17];
-    id.handle().getIntoAsciiBuffer(buffer);
-    return L"(handent \"" + std::wstring(buffer) + L"\")";
-}
-
 void EditorTest::erase(AcDbObjectId id) { store.setErased(*Store::resolve(id), true); }
-
-std::vector<std::string> EditorTest::takeFaults() {
-    std::vector<std::string> faults = moduleFaults();
-    clearModuleFaults();
-    return faults;
-}
 
 std::vector<std::wstring> EditorTest::takeNotifications() {
     std::vector<std::wstring> texts = effectTexts(EffectKind::Notification);

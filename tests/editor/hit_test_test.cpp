@@ -4,6 +4,7 @@
 #include "host/editor/selection/selection_sources.h"
 #include "host/picking/view.h"
 
+#include "common/tag_literals.h"
 #include "editor/editor_fixture.h"
 #include "host/editor/state/sysvars.h"
 #include "host/tags/tag_values.h"
@@ -142,10 +143,7 @@ TEST_F(BlockHits, LayersOfContentAndReference) {
     EXPECT_EQ(at(0.5, 6), "");
     add("0 INSERT|2 SQUARE|8 off|10 11|20 0");
     EXPECT_EQ(at(10.5, 1) + at(10.5, 5), "e") << "layer 0 inside is off, another one is not";
-    host::ObjectBody& zero = *store.symbol("LAYER", L"0");
-    std::string text(zero.tags());
-    host::replaceValue(text, *host::findTag(text, 62), "-7");
-    zero.setTags(text);
+    setTag(*store.symbol("LAYER", L"0"), 62, "-7");
     EXPECT_EQ(at(0.5, 1), "d") << "layer 0 inside follows the reference";
     EXPECT_EQ(at(0.5, 6), "");
 }
@@ -168,10 +166,9 @@ TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {
     const AcDbObjectId small = add("0 INSERT|2 SQUARE|10 -9|20 0|70 3|44 2");
     EXPECT_EQ(host::lastDrawn(store), small);
     EXPECT_EQ(at(-10, 0.5).size(), 1u) << "others are drawn in full behind a frame";
-    EXPECT_NE(
-        host::effectText(host::EffectKind::CommandLine)
-            .find(L"1 entity is taken as frames: what they repeat is more than is drawn at once."),
-        std::wstring::npos);
+    EXPECT_TRUE(
+        holds(host::effectText(host::EffectKind::CommandLine),
+              L"1 entity is taken as frames: what they repeat is more than is drawn at once."));
 }
 
 TEST_F(HitTest, OldPolylinesDrawTheirVertices) {
@@ -211,9 +208,7 @@ TEST_F(HitTest, TheViewIsThatOfTheDrawingOrShowsAllOfIt) {
     EXPECT_EQ(host::viewHeight(store), 297);
     add("0 LINE|10 0|20 0|11 30|21 10");
     host::ObjectBody& view = *store.symbol("VPORT", L"*Active");
-    std::string tags(view.tags());
-    host::replaceValue(tags, *host::findTag(tags, 40), "0.0");
-    view.setTags(tags);
+    setTag(view, 40, "0.0");
     const std::uint64_t revision = store.revision;
     EXPECT_EQ(host::viewHeight(store), 20) << "30 wide on a screen of 3 to 2";
     EXPECT_EQ(store.revision, revision) << "looking changes nothing";

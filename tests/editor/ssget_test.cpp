@@ -73,9 +73,7 @@ TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
     const ads_point low = {-99, -99, 0}, high = {99, 99, 0}, corner = {0, 50, 0};
     EXPECT_EQ(get(L"C", nullptr, low, high), "hd");
     EXPECT_EQ(get(nullptr, nullptr, corner), kError);
-    const std::wstring handle = handent(paper).substr(10);
-    const std::wstring digits = handle.substr(0, handle.size() - 2);
-    EXPECT_TRUE(host::selectHandle(store, digits, explanation).isNull());
+    EXPECT_TRUE(host::selectHandle(store, handleOf(paper), explanation).isNull());
     AcDbObject* object = nullptr;
     ASSERT_EQ(acdbOpenObject(object, paper, AcDb::kForWrite), Acad::eOk);
     EXPECT_EQ(object->erase(), Acad::eCannotBeErasedByCaller);
@@ -111,8 +109,7 @@ TEST_F(SelectionModes, FilterByNamesWithoutRegardToCase) {
     EXPECT_EQ(filtered(410, L"model"), "fecba");
     EXPECT_EQ(filtered(410, L"~Model"), "d");
     EXPECT_EQ(filtered(1, L"*"), kError) << "no entity has the group";
-    const std::wstring handle = handent(entities[1]);
-    EXPECT_EQ(filtered(5, handle.substr(10, handle.size() - 12).c_str()), "b");
+    EXPECT_EQ(filtered(5, handleOf(entities[1]).c_str()), "b");
 }
 
 TEST_F(SelectionModes, FilterByNumbersAndAllItems) {

@@ -1,5 +1,6 @@
 // Whatever call of the host fails in a group's life: nothing is lost, left open or beyond repair.
 #include "every_fault.h"
+#include "common/scratch.h"
 #include "gtest/gtest.h"
 #include "host/control/faults.h"
 #include "host/editor/state/notify.h"
@@ -8,6 +9,7 @@ namespace {
 
 using tests::failEveryCall;
 using tests::FaultScenario;
+using tests::kModule;
 using tests::Scene;
 
 /// Scenarios of one script.
@@ -102,16 +104,17 @@ TEST(EveryFault, RepairingByRegeneration) {
 }
 
 TEST(EveryFault, Saving) {
-    FaultScenario scenario{"(line circle line) (line)", [](Scene& scene) {
-                               const std::string file = tests::scratchFolder() + "/saved.dxf";
-                               EXPECT_TRUE(scene.session().saveDrawing(file));
+    const tests::ScratchFolder folder;
+    FaultScenario scenario{"(line circle line) (line)", [&](Scene& scene) {
+                               EXPECT_TRUE(scene.session().saveDrawing(folder.file("saved.dxf")));
                            }};
     scenario.before = breakGroups;
     failEveryCall(scenario);
 }
 
 TEST(EveryFault, LoadingADrawingWithGroups) {
-    const std::string other = tests::scratchFolder() + "_other.dxf";
+    const tests::ScratchFolder folder;
+    const std::string other = folder.file("other.dxf");
     {
         Scene scene("(circle line)");
         ASSERT_TRUE(scene.session().saveDrawing(other));
@@ -123,17 +126,15 @@ TEST(EveryFault, LoadingADrawingWithGroups) {
     failEveryCall(scenario);
 }
 
-constexpr const char* kModule = "VelmoGroup.arx";
-
 TEST(EveryFault, LoadingTheModule) {
     FaultScenario scenario{"(line circle) line",
-                           [](Scene& scene) { scene.session().loadModule(tests::modulePath()); }};
+                           [](Scene& scene) { scene.session().loadModule(MODULE_FILE); }};
     scenario.menuGroup = L"Morvanta";
     scenario.before = [](Scene& scene) { scene.session().unloadModule(kModule); };
     scenario.after = [](Scene& scene) {
         // A module that could not unlock itself stays.
         if (!scene.session().unloadModule(kModule)) return;
-        EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+        EXPECT_TRUE(scene.session().loadModule(MODULE_FILE));
     };
     failEveryCall(scenario);
 }
@@ -153,9 +154,7 @@ TEST(EveryFault, WithoutMemoryForItsReactorTheModuleGoesOnWithoutIt) {
 TEST(EveryFault, UnloadingTheModule) {
     FaultScenario scenario{"(line circle) line",
                            [](Scene& scene) { scene.session().unloadModule(kModule); }};
-    scenario.after = [](Scene& scene) {
-        EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
-    };
+    scenario.after = [](Scene& scene) { EXPECT_TRUE(scene.session().loadModule(MODULE_FILE)); };
     failEveryCall(scenario);
 }
 

@@ -9,9 +9,9 @@
 #include <cstring>
 #include <functional>
 
+#include "common/checks.h"
 #include "common/scene.h"
 #include "gtest/gtest.h"
-#include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/notify.h"
@@ -41,7 +41,7 @@ void* operator new(std::size_t size) {
 
 namespace {
 
-constexpr const char* kModule = "VelmoGroup.arx";
+using tests::kModule;
 
 /// Without it most allocations are made by code of the standard library's own.
 #ifdef MODULE_OPTIMISED
@@ -49,15 +49,6 @@ constexpr bool kInlined = true;
 #else
 constexpr bool kInlined = false;
 #endif
-
-/// What the accounting found, exceptions that reached the host included.
-std::string faults() {
-    std::string text;
-    for (const std::string& fault : host::moduleFaults())
-        text += fault + "\n";
-    host::clearModuleFaults();
-    return text;
-}
 
 /// Runs `act` in a scene of its own with each allocation of the module's code failing, and `after`
 /// behind it; the host hears of none. The module makes at least `least` of them.
@@ -73,9 +64,9 @@ void failEveryAllocation(long least, const std::string& words,
         act(scene);
         const bool failed = allocationsLeft == 0;
         allocationsLeft = 0;
-        EXPECT_EQ(faults(), "");
+        EXPECT_EQ(tests::takeFaults(), std::vector<std::string>());
         after(scene);
-        EXPECT_EQ(faults(), "");
+        EXPECT_EQ(tests::takeFaults(), std::vector<std::string>());
         if (failed && !testing::Test::HasFailure()) continue;
         EXPECT_GT(n, kInlined ? least : 0);
         return;
@@ -84,17 +75,17 @@ void failEveryAllocation(long least, const std::string& words,
 
 TEST(NoMemory, AStartThatFailsIsTakenBackAndTheNextOneSucceeds) {
     failEveryAllocation(
-        5, "", [](auto& scene) { scene.session().loadModule(tests::modulePath()); },
+        5, "", [](auto& scene) { scene.session().loadModule(MODULE_FILE); },
         [](auto& scene) {
             // What stood in the way of one step spared the others: the mode goes with its drawing.
             host::setMenuGroupLoaded(L"Pelltrix", true);
             scene.after(L"VelmoGROUPNOTACTIVE\n");
             scene.session().closeDrawing();
             scene.session().newDrawing();
-            EXPECT_NE(scene.after(L"VelmoGROUPACTIVE\n").find("ON=~, GPelltrix.ID_GRP_ON=~"),
-                      std::string::npos);
+            EXPECT_TRUE(
+                tests::holds(scene.after(L"VelmoGROUPACTIVE\n"), "ON=~, GPelltrix.ID_GRP_ON=~"));
             scene.session().unloadModule(kModule);
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+            EXPECT_TRUE(scene.session().loadModule(MODULE_FILE));
             EXPECT_EQ(host::editorReactorCount(), 1);
         },
         [](auto& scene) { EXPECT_TRUE(scene.session().unloadModule(kModule)); });
@@ -110,7 +101,7 @@ TEST(NoMemory, AnUnloadThatFailsGoesToItsEnd) {
         [](auto& scene) {
             EXPECT_EQ(host::effectText(host::EffectKind::CommandLine),
                       L"Goodbye\nRemoving command group \"VelmoGROUP\"\n");
-            EXPECT_TRUE(scene.session().loadModule(tests::modulePath()));
+            EXPECT_TRUE(scene.session().loadModule(MODULE_FILE));
         });
 }
 

@@ -1,6 +1,5 @@
 // What groups are made of, each piece by itself: prefix, layer, record, marker.
-#include <fstream>
-
+#include "common/scratch.h"
 #include "group_layer.h"
 #include "group_naming.h"
 #include "group_record.h"
@@ -10,8 +9,7 @@
 namespace {
 
 using tests::addRecord;
-using tests::groupOf;
-using tests::handleOf;
+using tests::entityOf;
 using tests::Scene;
 
 TEST(Storage, ThePrefixIsThatOfTheDetailingBlocksThenOfTheLayer) {
@@ -46,11 +44,10 @@ TEST(Storage, ALayerThatIsThereIsThawedOnlyWhenItBecomesCurrent) {
     linetypes.close();
     const auto made = [&](Adesk::UInt16 color, const AcDbObjectId& linetype, int makeCurrent) {
         makeLayer(L"Markers", color, linetype, makeCurrent);
-        const std::string handle =
-            host::formatHandle(scene.store().symbol("LAYER", L"Markers")->handle);
+        const std::string_view layer = scene.store().symbol("LAYER", L"Markers")->tags();
         std::string text;
         for (const int code : {62, 70, 6})
-            text += groupOf(scene.store(), handle, code) + " ";
+            text += std::string(host::rawTag(layer, code)) + " ";
         return text + std::string(scene.store().headerValue("$CLAYER").value_or(""));
     };
     EXPECT_EQ(made(3, continuous, 0), "3 0 Continuous 0");
@@ -102,14 +99,12 @@ TEST(Storage, ARecordIsAnXrecordWithTheTextFirst) {
 
 TEST(Storage, ARecordOfAnotherClassIsNone) {
     Scene scene("(line)");
-    const std::string file = tests::scratchFolder() + "/drawing.dxf";
-    ASSERT_TRUE(scene.session().saveDrawing(file));
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    std::string changed = text.str();
-    changed.replace(changed.find("\nXRECORD\n"), 9, "\nWRECORD\n");
-    std::ofstream(file + "_") << changed;
-    ASSERT_TRUE(scene.session().openDrawing(file + "_"));
+    const tests::ScratchFolder folder;
+    const std::string saved = folder.file("saved.dxf"), changed = folder.file("changed.dxf");
+    ASSERT_TRUE(scene.session().saveDrawing(saved));
+    std::string text = tests::contentOf(saved);
+    tests::write(changed, text.replace(text.find("\nXRECORD\n"), 9, "\nWRECORD\n"));
+    ASSERT_TRUE(scene.session().openDrawing(changed));
     EXPECT_FALSE(isGroupedEntity(scene.entities()[1]));
 }
 
@@ -179,7 +174,8 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
         return "0=ATTRIB|100=AcDbEntity|8=VELMO_GFRZ|100=AcDbText|10=1.0|20=0.0|30=0.0|40=1.0|1=" +
                text + "|100=AcDbAttribute|280=0|2=VELMO_GB|70=1|73=25|\n";
     };
-    EXPECT_EQ(contents(begin), attribute(handleOf(store, "INSERT", 1)) + attribute("1"));
+    EXPECT_EQ(contents(begin),
+              attribute(host::formatHandle(entityOf(store, "INSERT", 1).handle)) + attribute("1"));
 }
 
 TEST(Storage, OnlyAFirstAttributeMakesAMarker) {

@@ -34,7 +34,7 @@ TEST_F(PictureTest, WordsKeepTheirPlace) {
     add("0 TEXT|10 0|20 9|11 8|21 9|40 1|1 stretched|72 5");
     add("0 MTEXT|10 0|20 5|40 1|71 3|1 right");
     const std::string svg = draw();
-    EXPECT_NE(svg.find("matrix(0 -2 1 0 "), svg.npos) << "turned, and twice as wide";
+    EXPECT_TRUE(holds(svg, "matrix(0 -2 1 0 ")) << "turned, and twice as wide";
     EXPECT_EQ(all(svg, "text-anchor=\"(\\w+)\"[^>]*>(?:centred|right)"), "middle|end");
     EXPECT_EQ(all(svg, "lengthAdjust=\"(\\w+)\" textLength=\"[0-9.]+\">stretched"),
               "spacingAndGlyphs");
@@ -90,14 +90,13 @@ TEST_F(PictureTest, HatchLinesEndAtTheBoundaryOrATintStandsForThem) {
     add(hatch + "78 1|53 0|43 1|44 1|45 0|46 4|79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"p k0\" d=\"([^\"]*)\""), "M0 9h10M0 5h3M7 5h3M0 1h10");
     add(hatch + "78 1|53 0|43 1|44 5|45 0|46 8|79 2|49 2|49 -1" + end);
-    EXPECT_NE(draw().find("\"M1 5h2M7 5h2\""), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "\"M1 5h2M7 5h2\""));
     add(hatch + "78 1|53 45|43 0|44 0|45 0|46 1e-9|79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"(h[ n]*) k0"), "h n|h n|h") << "too dense";
     add("0 HATCH|2 L|70 0|91 1|92 1|93 1|72 2|10 20|20 0|40 4|50 0|51 360|73 0|97 0|75 0|78 1|53 0|"
         "43 0|44 0|45 0|46 4|79 0" +
         end);
-    EXPECT_NE(draw().find("<path class=\"p k0\" d=\"M16 10h8\""), std::string::npos)
-        << "at the seam of a circle";
+    EXPECT_TRUE(holds(draw(), "<path class=\"p k0\" d=\"M16 10h8\"")) << "at the seam of a circle";
 }
 
 TEST_F(PictureTest, AChoiceIsDrawnAlone) {
@@ -118,7 +117,7 @@ TEST_F(PictureTest, AChoiceIsDrawnAlone) {
     EXPECT_EQ(shown(second), "1 entity, 1 group;group2");
     add("0 XLINE|10 0|20 1|11 1|21 0");
     EXPECT_EQ(shown(window), "3 entities, 1 group;group1");
-    EXPECT_NE(draw(window).find("clip-path=\"url(#window)\""), std::string::npos);
+    EXPECT_TRUE(holds(draw(window), "clip-path=\"url(#window)\""));
 }
 
 TEST_F(PictureTest, EntitiesOfLargeDrawingsShareThePathsOfTheirInk) {
@@ -134,7 +133,7 @@ TEST_F(PictureTest, EntitiesOfLargeDrawingsShareThePathsOfTheirInk) {
     const std::string paths = all(svg, "<path class=\"([fk][^\"]*)\"");
     EXPECT_EQ(paths.substr(0, 4), "f k0") << "areas below strokes";
     EXPECT_LT(paths.size(), 60u);
-    EXPECT_EQ(svg.find("<title>"), svg.npos);
+    EXPECT_FALSE(holds(svg, "<title>"));
     EXPECT_LT(svg.find("d=\"M"), svg.find(">words<"));
     EXPECT_LT(svg.size(), 600000u);
 }
@@ -148,7 +147,7 @@ TEST_F(PictureTest, ReferencesShowTheirBlockInTheirInk) {
     add("0 INSERT|2 B|62 3|10 0|20 0");
     const std::string svg = draw();
     EXPECT_EQ(all(svg, "<path class=\"(k[^\"]*)\""), "k0|k1 w70|k2 w70");
-    EXPECT_NE(svg.find(", block B, layer 0</title>"), svg.npos);
+    EXPECT_TRUE(holds(svg, ", block B, layer 0</title>"));
     EXPECT_EQ(all(svg, "\\.(w70\\{--w:[^}]*)\\}"), "w70{--w:2.24px");
 }
 
@@ -170,22 +169,22 @@ TEST_F(PictureTest, GroupsHaveColoursLabelsAndLinesInTheLegend) {
               "1 · 2 members|2 · 1 member, short");
     EXPECT_EQ(all(svg, "class=\"why\"[^>]*>([^<]*)<").substr(0, 27), "1 member is gone &amp; lost");
     EXPECT_EQ(all(svg, "(Model, [^<]*)<"), "Model, 5 entities, 2 groups, 1 not whole");
-    EXPECT_NE(svg.find("1 stray marker or record; --groups lists it"), svg.npos);
+    EXPECT_TRUE(holds(svg, "1 stray marker or record; --groups lists it"));
     const std::string members = all(svg, "<g class=\"m\" id=\"h(\\w+)\"");
     EXPECT_EQ(members, all(svg, "<title>LINE (\\w+), layer 0, group"));
     EXPECT_EQ(std::count(members.begin(), members.end(), '|'), 2) << members;
 }
 
 TEST_F(PictureTest, WhatHasNoPlaceOrNoEndStaysOut) {
-    EXPECT_NE(draw().find("0 entities"), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "0 entities"));
     add("0 CIRCLE|10 1e300|20 0|40 1e300");
     add("0 TEXT|10 0|20 0|40 1e308|1 x");
-    EXPECT_NE(draw().find("0 entities"), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "0 entities"));
     add("0 XLINE|10 3|20 3|11 1|21 0");
     add("0 LINE|10 0|20 0|11 0|21 0");
     const std::string svg = draw();
-    EXPECT_EQ(svg.find("nan"), svg.npos);
-    EXPECT_NE(svg.find("h0\""), svg.npos) << "a line without length is a dot";
+    EXPECT_FALSE(holds(svg, "nan"));
+    EXPECT_TRUE(holds(svg, "h0\"")) << "a line without length is a dot";
 }
 
 TEST_F(PictureTest, MarkupInNamesIsText) {
@@ -193,8 +192,8 @@ TEST_F(PictureTest, MarkupInNamesIsText) {
     add("0 LINE|8 <b>&|10 0|20 0|11 1|21 1");
     const std::string svg =
         picture::draw(store, store.modelSpace(), "\xff<script>.dxf", "Model", inspection);
-    EXPECT_EQ(svg.find("<b>"), svg.npos);
-    EXPECT_NE(svg.find("\xef\xbf\xbd&lt;script&gt;.dxf"), svg.npos);
+    EXPECT_FALSE(holds(svg, "<b>"));
+    EXPECT_TRUE(holds(svg, "\xef\xbf\xbd&lt;script&gt;.dxf"));
 }
 
 }  // namespace

@@ -45,9 +45,7 @@ TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
     const std::string files = "--output-dir out three.dxf bad.dxf nowhere.dxf one.dxf";
     const Result run = script(kErasesTwo, "-j 1 " + files);
     EXPECT_EQ(run.status, 3);
-    EXPECT_NE(run.errors.find("drafthost: one.dxf: standard input:5: ERASE failed: "),
-              std::string::npos)
-        << run.errors;
+    EXPECT_TRUE(holds(run.errors, "drafthost: one.dxf: standard input:5: ERASE failed: "));
     const std::size_t summary = run.errors.find("drafthost: failed:");
     ASSERT_NE(summary, std::string::npos) << run.errors;
     EXPECT_EQ(run.errors.substr(summary),
@@ -140,8 +138,7 @@ TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
     EXPECT_EQ(drafthost(same + "\"in/a b\" in/c/p.dxf").errors,
               "drafthost: in/c/p.dxf: does not stand below --base in/a b\n");
     const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/c/p.dxf");
-    EXPECT_NE(layers.output.find("p.dxf: layer WALLS: 10 entities, 10 in groups\n"),
-              std::string::npos);
+    EXPECT_TRUE(holds(layers.output, "p.dxf: layer WALLS: 10 entities, 10 in groups\n"));
     // What is in a group stays in it; over the drawing itself only a change is written.
     const Result again = drafthost("--make-groups color --only 8 \"out/in/a b/p.dxf\"");
     EXPECT_EQ(again.output,

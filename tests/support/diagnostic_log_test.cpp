@@ -35,7 +35,7 @@ TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
     EXPECT_EQ(openFiles(), filesBefore);
     EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] \x00E9 \x20AC \U0001D11E", L"[16:19:18] ",
                                     L"first", L"second", L"[16:19:18] "}));
-    EXPECT_NE(readFile(workingLog()).find("\x34\xD8\x1E\xDD"), std::string::npos) << "surrogates";
+    EXPECT_TRUE(tests::holds(readFile(workingLog()), "\x34\xD8\x1E\xDD")) << "surrogates";
 }
 
 TEST_F(Support, TheHeaderTellsTheMachine) {
@@ -56,7 +56,7 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
     setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
-    EXPECT_EQ(logHeader(L"").find(L"BIOSVersion"), std::wstring::npos) << "it is no text";
+    EXPECT_FALSE(tests::holds(logHeader(L""), L"BIOSVersion")) << "it is no text";
     setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
@@ -107,7 +107,7 @@ TEST_F(Support, AFolderThatCannotBeMadeIsReportedOnceAWrite) {
     writeFile(logFolder(), "a file where the folder should be");
     messageService(L"still printed");
     EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
-    EXPECT_NE(onlyBox().find(L"\nFile : <Diagnostics>\n"), std::wstring::npos);
+    EXPECT_TRUE(tests::holds(onlyBox(), L"\nFile : <Diagnostics>\n"));
     EXPECT_EQ(effectText(host::EffectKind::CommandLine), L"still printed\n");
     EXPECT_EQ(readFile(logFolder()), "a file where the folder should be");
     std::filesystem::remove_all(temporaryFolder());
@@ -140,8 +140,8 @@ TEST_F(Support, TheWorkingLogsNameIsKept) {
     host::setModuleFileName(module(), L"Other.arx");
     host::setWorkstationStart(std::nullopt);  // the machine's start in its place
     const std::wstring other = workingLogName();
-    EXPECT_NE(other.find(L"\\Other.arx.20"), other.npos);
-    EXPECT_NE(other.find(L"_20130115142018_"), other.npos);
+    EXPECT_TRUE(tests::holds(other, L"\\Other.arx.20"));
+    EXPECT_TRUE(tests::holds(other, L"_20130115142018_"));
 }
 
 TEST_F(Support, InitialisationDeletesAFormerWorkingLog) {

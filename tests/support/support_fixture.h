@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
 #include "host/control/effects.h"
 
 using Lines = std::vector<std::wstring>;

@@ -1,4 +1,4 @@
-// A small drawing for the tests of entities: made from tag literals, rendered as text.
+// A small drawing that is current: made from tag literals, rendered as text.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
 #include "common/tag_literals.h"
 #include "host/content/fields.h"
 #include "host/control/accounting.h"
@@ -14,68 +15,54 @@
 #include "host/objectarx/arxHeaders.h"
 #include "host/store/store.h"
 
-namespace entities {
+namespace tests {
 
-using tests::render;
-using tests::tagsOf;
-
-/// The working drawing of a test; its end checks that nothing is held and no fault was reported.
-class Drawing {
-  public:
-    Drawing() {
+/// Works in a new drawing; at the end nothing may be held and no fault of a module be left over.
+class DrawingTest : public testing::Test {
+  protected:
+    DrawingTest() {
         host::setFaultPlan({});
         host::clearModuleFaults();
-        acdbHostApplicationServices()->setWorkingDatabase(&m_database);
+        acdbHostApplicationServices()->setWorkingDatabase(&database);
     }
-    ~Drawing() {
+    ~DrawingTest() override {
         host::checkNothingLeaked(m_before, "the test");
-        for (const std::string& fault : host::moduleFaults())
-            ADD_FAILURE() << fault;
+        EXPECT_EQ(takeFaults(), std::vector<std::string>());
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     }
-    AcDbDatabase& database() { return m_database; }
-    host::Store& store() { return m_database.store(); }
-    host::ObjectBody& model() { return store().at(store().modelSpace()); }
-    host::ObjectBody& paper() { return store().at(store().paperSpace()); }
-    AcDbObjectId id(const host::ObjectBody& body) { return store().idOf(body); }
-    std::string handle(const host::ObjectBody& body) { return host::formatHandle(body.handle); }
+    host::ObjectBody& model() const { return store.at(store.modelSpace()); }
+    host::ObjectBody& paper() const { return store.at(store.paperSpace()); }
+    AcDbObjectId idOf(const host::ObjectBody& body) const { return store.idOf(body); }
+    static std::string handle(const host::ObjectBody& body) {
+        return host::formatHandle(body.handle);
+    }
 
-    host::ObjectBody& make(const std::string& literal, const host::ObjectBody& owner,
-                           bool isEntity = true) {
-        return tests::make(store(), literal, owner.self, isEntity);
+    host::ObjectBody& add(const std::string& literal, const host::ObjectBody& owner) const {
+        return append(store, literal, owner.self);
     }
-    host::ObjectBody& add(const std::string& literal, host::ObjectBody& owner) {
-        host::ObjectBody& body = make(literal, owner);
-        store().appendChild(owner.self, body);
-        return body;
-    }
-    host::ObjectBody& add(const std::string& literal) { return add(literal, model()); }
-    host::ObjectBody& addEnd(host::ObjectBody& parent) {
-        host::ObjectBody& end = make("0 SEQEND|100 AcDbEntity|8 0", parent);
-        store().setSequenceEnd(parent, end);
-        return end;
-    }
-    host::ObjectBody& addObject(const std::string& literal, const host::ObjectBody& owner) {
-        host::ObjectBody& body = make(literal, owner, false);
-        store().appendChild(store().objectsList(), body);
+    host::ObjectBody& add(const std::string& literal) const { return add(literal, model()); }
+    host::ObjectBody& addObject(const std::string& literal, const host::ObjectBody& owner) const {
+        host::ObjectBody& body = make(store, literal, owner.self, false);
+        store.appendChild(store.objectsList(), body);
         return body;
     }
     /// An old-style polyline of two vertices.
-    host::ObjectBody& addPolyline() {
+    host::ObjectBody& addPolyline() const {
         host::ObjectBody& line = add("0 POLYLINE|100 AcDbEntity|8 0|100 AcDb2dPolyline|66 1");
         add("0 VERTEX|100 AcDbEntity|8 0", line);
         add("0 VERTEX|100 AcDbEntity|8 0", line);
-        addEnd(line);
+        store.setSequenceEnd(line, make(store, "0 SEQEND|100 AcDbEntity|8 0", line.self));
         return line;
     }
-    void replaceText(host::ObjectBody& body, const std::string& from, const std::string& to) {
+    static void replaceText(host::ObjectBody& body, const std::string& from,
+                            const std::string& to) {
         std::string text = render(body.tags());
         const std::size_t at = text.find(from);
         ASSERT_NE(at, text.npos);
         body.setTags(tagsOf(text.replace(at, from.size(), to)));
     }
     /// Types met from an entity on, "LINE SEQEND".
-    std::string walk(AcDbObjectId from) {
+    static std::string walk(AcDbObjectId from) {
         std::string types;
         ads_name at = {static_cast<Adesk::IntPtr>(from.asWord()), 0};
         while (acdbEntNext(at, at) == RTNORM) {
@@ -85,14 +72,11 @@ class Drawing {
         return types;
     }
 
-  private:
-    AcDbDatabase m_database{host::newDrawing()};
-    host::HeldCounts m_before = host::heldNow();
-};
+    AcDbDatabase database{host::newDrawing()};
+    host::Store& store = database.store();
 
-class DrawingTest : public testing::Test {
-  protected:
-    Drawing drawing;
+  private:
+    host::HeldCounts m_before = host::heldNow();
 };
 
 /// Opens an object for the length of a scope.
@@ -123,4 +107,4 @@ inline std::vector<const ads_u_val*> valuesOf(const resbuf* list, std::string& c
     return values;
 }
 
-}  // namespace entities
+}  // namespace tests
