@@ -1,6 +1,4 @@
 // What work on groups costs beside a bare walk over the same entities, or a bare copy of them.
-#include <stdexcept>
-
 #include "document_data.h"
 #include "drawings.h"
 #include "group_forming.h"
@@ -17,16 +15,14 @@
 namespace {
 
 using bench::Drawings;
+using bench::inTurns;
+using bench::mustHold;
 using bench::Side;
 using Ids = std::vector<AcDbObjectId>;
 
 constexpr double kAtMost = 4;
 constexpr double kTenfoldAtMost = 12;
 constexpr long kGroupSize = 20;
-
-void mustHold(bool holds, const char* what) {
-    if (!holds) throw std::runtime_error(what);
-}
 
 void openReadClose(const AcDbObjectId& id) {
     AcDbEntity* entity = nullptr;
@@ -47,13 +43,7 @@ void walkFrom(AcDbObjectId id) {
 
 /// The bare copy: deep clones in the same space, and the sources erased.
 void cloneAndErase(const Ids& ids) {
-    AcDbObjectIdArray sources;
-    for (const AcDbObjectId& id : ids)
-        sources.append(id);
-    AcDbObjectId space = bench::store().idOf(bench::store().modelSpace());
-    AcDbIdMapping clones;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    mustHold(database->deepCloneObjects(sources, space, clones) == Acad::eOk, "entities clone");
+    bench::cloneAll(ids);
     for (const AcDbObjectId& id : ids) {
         AcDbObject* source = nullptr;
         mustHold(acdbOpenObject(source, id, AcDb::kForWrite) == Acad::eOk, "a source opens");
@@ -178,16 +168,10 @@ void formGroupTenfold(benchmark::State& state) {
 
 // --- relinkCopiedGroups: copies of groups -----------------------------------------------------
 
-/// Copies entities as COPY does and marks where the copies begin.
+/// Copies entities and marks where the copies begin.
 void copyAll(const Ids& ids) {
     docData().m_idLastBeforeCommand = bench::entities().back();
-    AcDbObjectIdArray sources;
-    for (const AcDbObjectId& id : ids)
-        sources.append(id);
-    AcDbObjectId space = bench::store().idOf(bench::store().modelSpace());
-    AcDbIdMapping clones;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    mustHold(database->deepCloneObjects(sources, space, clones) == Acad::eOk, "entities copy");
+    bench::cloneAll(ids);
 }
 
 void relinkCopiedGroupsBesideWalk(benchmark::State& state) {
@@ -213,10 +197,6 @@ void relinkCopiedGroupsTenfold(benchmark::State& state) {
     bench::compare(state, {relinkCopiedGroups, [&] { copy(1, large); }},
                    {relinkCopiedGroups, [&] { copy(0, small); }}, kTenfoldAtMost,
                    10 * state.range(0) * kGroupSize);
-}
-
-void inTurns(benchmark::internal::Benchmark* row) {
-    row->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(verifyGroupBesideWalk)->RangeMultiplier(10)->Range(10, 100000)->Apply(inTurns);
