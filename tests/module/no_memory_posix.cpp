@@ -4,6 +4,7 @@
 // The sanitizers have their own operator new, which must stay theirs.
 #ifndef __SANITIZE_ADDRESS__
 #include <dlfcn.h>
+#include <link.h>
 
 #include <cstdlib>
 #include <cstring>
@@ -24,10 +25,12 @@ long allocationsLeft = 0;
 
 /// Counts an allocation by the code at `caller`; true when it has to fail.
 bool allocationFails(const void* caller) {
-    Dl_info where;
-    if (allocationsLeft == 0 || ::dladdr(caller, &where) == 0) return false;
-    // Nothing may be allocated here.
-    return std::strstr(where.dli_fname, "VelmoGroup.arx") != nullptr && --allocationsLeft == 0;
+    dl_find_object where;
+    if (allocationsLeft == 0 || ::_dl_find_object(const_cast<void*>(caller), &where) != 0)
+        return false;
+    // Nothing may be allocated here; dladdr would look through all symbols each time.
+    return std::strstr(where.dlfo_link_map->l_name, "VelmoGroup.arx") != nullptr &&
+           --allocationsLeft == 0;
 }
 
 }  // namespace
