@@ -11,9 +11,6 @@ class SaveTest : public SessionTest {
         session->newDrawing();
         session->runScript(L"LINE 0,0 1,1\n\n");
     }
-    std::wstring quoted(const std::string& name) const {
-        return L"\"" + fromUtf8(file(name)) + L"\"";
-    }
     std::string name() const { return toUtf8(acDocManager->curDocument()->fileName()); }
 };
 

@@ -21,10 +21,7 @@ std::string answersOf(const std::wstring& text) {
 }
 
 TEST(ScriptSource, AnswersAndTheirLines) {
-    const struct {
-        const wchar_t* text;
-        const char* answers;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"", ""},
         {L"LINE 0,0 1,1\n\n", "<LINE>1<0,0>1<1,1>1-2"},
         {L"LINE 0,0  1,1", "<LINE>1<0,0>1-1<1,1>1"},
@@ -40,8 +37,8 @@ TEST(ScriptSource, AnswersAndTheirLines) {
         {L"(f\n 1)\nX", "<(f\n 1)>1<X>3"},
         {L"(f \"\\\")\" 1", "<(f \"\\\")\" 1>1"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(answersOf(each.text), each.answers) << toUtf8(each.text);
+    for (const auto& [text, answers] : cases)
+        EXPECT_EQ(answersOf(text), answers) << toUtf8(text);
 }
 
 TEST(ScriptSource, ALineAnswerKeepsBlanksAndQuotes) {
@@ -75,10 +72,7 @@ TEST_F(ScriptTest, CommandsDrawListAndUndo) {
 }
 
 TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
-    const struct {
-        const wchar_t* script;
-        const char* line;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"; nothing\nNONSENSE\n",
          "plan.scr:2: unknown command \"NONSENSE\"; HELP lists the commands\n"},
         {L"STRETCH\n", "plan.scr:1: unknown command \"STRETCH\"; HELP lists the commands\n"},
@@ -104,8 +98,8 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
          "plan.scr:2: OPEN failed: nowhere.dxf: cannot be read: No such file or "
          "directory; choose a DXF drawing\n"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(problemsOf(each.script), each.line);
+    for (const auto& [script, line] : cases)
+        EXPECT_EQ(problemsOf(script), line);
     EXPECT_EQ(session->exitStatus(), 3);
 }
 

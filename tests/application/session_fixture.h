@@ -54,6 +54,10 @@ class SessionTest : public testing::Test {
 
     std::string file(const std::string& name) const { return m_folder.file(name); }
 
+    std::wstring quoted(const std::string& name) const {
+        return L"\"" + fromUtf8(file(name)) + L"\"";
+    }
+
     /// What the command line shows since the last call.
     std::string shown() {
         const std::string text = toUtf8(effectText(EffectKind::CommandLine));

@@ -51,17 +51,13 @@ ObjectBody& CommandsTest::add(const std::string& type, const std::string& tags) 
     return *Store::resolve(addEntity(store(), type, tagsOf(tags)));
 }
 
-ObjectBody& CommandsTest::addObject(Kind kind, const std::string& text, Index owner) const {
-    ObjectBody fresh;
-    fresh.kind = kind;
-    placeText(fresh, text);
-    ObjectBody& made = store().duplicate(fresh, owner);
-    store().appendChild(store().objectsList(), made);
-    return made;
+ObjectBody& CommandsTest::addDictionary(const ObjectBody& owner, bool hard) const {
+    const std::string tags = "0 DICTIONARY|100 AcDbDictionary|280 ";
+    return appendObject(store(), tags + (hard ? "1" : "0"), owner.self);
 }
 
 ObjectBody& CommandsTest::addExtensionDictionary(ObjectBody& entity, bool hard) const {
-    ObjectBody& made = addObject(Kind::Dictionary, newDictionaryText(hard), entity.self);
+    ObjectBody& made = addDictionary(entity, hard);
     std::string tags(entity.tags());
     setExtensionDictionary(tags, made.handle);
     entity.setTags(tags);

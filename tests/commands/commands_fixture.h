@@ -27,8 +27,8 @@ class CommandsTest : public SessionTest {
     static std::string values(const host::ObjectBody& body, std::initializer_list<int> codes);
     /// Adds an entity from "code value|code value" to model space.
     host::ObjectBody& add(const std::string& type, const std::string& tags);
-    /// Adds an object that is no entity, with the text of its tags.
-    host::ObjectBody& addObject(host::Kind kind, const std::string& text, host::Index owner) const;
+    /// Adds a dictionary that owns what is entered hard or not.
+    host::ObjectBody& addDictionary(const host::ObjectBody& owner, bool hard) const;
     host::ObjectBody& addExtensionDictionary(host::ObjectBody& entity, bool hard) const;
 };
 

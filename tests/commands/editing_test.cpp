@@ -19,8 +19,8 @@ class EditingTest : public CommandsTest {
     /// Gives an entity an extension dictionary with one record.
     void addRecord(ObjectBody& entity, bool hard) {
         ObjectBody& dictionary = addExtensionDictionary(entity, hard);
-        const std::string text = tagsOf("0 XRECORD|100 AcDbXrecord|280 1");
-        addEntry(dictionary, L"KEY", addObject(Kind::Xrecord, text, dictionary.self).handle);
+        const char* const record = "0 XRECORD|100 AcDbXrecord|280 1";
+        addEntry(dictionary, L"KEY", appendObject(store(), record, dictionary.self).handle);
     }
     /// Number of live records of applications.
     int records() const {

@@ -151,13 +151,12 @@ class TransformTest : public CommandsTest {
     ObjectBody& addScale(ObjectBody& entity, const char* type, const char* point) {
         ObjectBody* holder = &addExtensionDictionary(entity, true);
         for (const wchar_t* key : {L"AcDbContextDataManager", L"ACDB_ANNOTATIONSCALES"}) {
-            ObjectBody& next = addObject(Kind::Dictionary, newDictionaryText(true), holder->self);
+            ObjectBody& next = addDictionary(*holder, true);
             addEntry(*holder, key, next.handle);
             holder = &next;
         }
         const std::string tags = "|100 AcDbObjectContextData|11 ";
-        ObjectBody& data =
-            addObject(Kind::Object, tagsOf("0 " + (type + tags) + point), holder->self);
+        ObjectBody& data = appendObject(store(), "0 " + (type + tags) + point, holder->self);
         addEntry(*holder, L"*A1", data.handle);
         return data;
     }

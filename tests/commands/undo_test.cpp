@@ -111,7 +111,7 @@ TEST_F(UndoTest, ReactorsBelongToTheCommandAndDrawingsAreApart) {
 }
 
 TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
-    const std::wstring name = L" \"" + fromUtf8(file("a.dxf")) + L"\"\n";
+    const std::wstring name = L" " + quoted("a.dxf") + L"\n";
     run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS" + name + L"U\n");
     const std::string kept = entities();
     EXPECT_EQ(run(L"CLOSE\nOPEN" + name), CommandStatus::Done);

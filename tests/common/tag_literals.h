@@ -50,6 +50,14 @@ inline host::ObjectBody& append(host::Store& store, const std::string& literal, 
     return body;
 }
 
+/// Makes an object that is no entity.
+inline host::ObjectBody& appendObject(host::Store& store, const std::string& literal,
+                                      host::Index owner) {
+    host::ObjectBody& body = make(store, literal, owner, false);
+    store.appendChild(store.objectsList(), body);
+    return body;
+}
+
 /// Gives an object's tag another value.
 inline void setTag(host::ObjectBody& body, const host::FieldPlace& place, std::string_view value) {
     std::string text(body.tags());

@@ -42,9 +42,7 @@ class DrawingTest : public testing::Test {
     }
     host::ObjectBody& add(const std::string& literal) const { return add(literal, model()); }
     host::ObjectBody& addObject(const std::string& literal, const host::ObjectBody& owner) const {
-        host::ObjectBody& body = make(store, literal, owner.self, false);
-        store.appendChild(store.objectsList(), body);
-        return body;
+        return appendObject(store, literal, owner.self);
     }
     /// An old-style polyline of two vertices.
     host::ObjectBody& addPolyline() const {

@@ -8,6 +8,7 @@
 #include "host/editor/run/editor_services.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 
@@ -87,6 +88,21 @@ std::string EditorTest::members(const ads_name set) const {
 }
 
 void EditorTest::erase(AcDbObjectId id) { store.setErased(*Store::resolve(id), true); }
+
+void EditorTest::set(const wchar_t* variable, const wchar_t* value) {
+    std::wstring explanation;
+    EXPECT_TRUE(setSysvarText(variable, value, explanation)) << toUtf8(explanation);
+}
+
+std::string EditorTest::get(const wchar_t* mode, const resbuf* filter, const double* pt1,
+                            const double* pt2) const {
+    ads_name selection;
+    const int result = acedSSGet(mode, pt1, pt2, filter, selection);
+    if (result != RTNORM) return std::to_string(result);
+    const std::string text = members(selection);
+    acedSSFree(selection);
+    return text;
+}
 
 std::vector<std::wstring> EditorTest::takeNotifications() {
     std::vector<std::wstring> texts = effectTexts(EffectKind::Notification);

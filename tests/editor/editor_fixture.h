@@ -57,6 +57,11 @@ class EditorTest : public DrawingTest {
     /// Members of a set; "?" when the name is no open set.
     std::string members(const ads_name set) const;
     void erase(AcDbObjectId id);
+    static AcEditor* editor() { return AcEditor::cast(acrxSysRegistry()->at(L"AcEditor")); }
+    static void set(const wchar_t* variable, const wchar_t* value);
+    /// Members of the set that acedSSGet gives, which is freed; its answer when it gives none.
+    std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
+                    const double* pt1 = nullptr, const double* pt2 = nullptr) const;
     /// Notifications since the last call.
     std::vector<std::wstring> takeNotifications();
 

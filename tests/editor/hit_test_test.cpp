@@ -186,8 +186,7 @@ TEST_F(HitTest, DrawingOrderAndPickBox) {
     add("0 LINE|10 5|20 -5|11 5|21 5");
     EXPECT_EQ(at(5, 0), "ab");
     const double radius = host::pickRadius(store);
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"PICKBOX", L"6", explanation));
+    set(L"PICKBOX", L"6");
     EXPECT_DOUBLE_EQ(host::pickRadius(store), 2 * radius);
     EXPECT_DOUBLE_EQ(radius, 3 * host::viewHeight(store) / 1000);
 }

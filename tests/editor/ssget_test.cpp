@@ -21,15 +21,6 @@ class SelectionModes : public EditorTest {
         add("0 LINE|8 0|10 0|20 4|11 10|21 4|6 DASHED");             // f
     }
 
-    std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
-                    const double* pt1 = nullptr, const double* pt2 = nullptr) {
-        ads_name set;
-        const int result = acedSSGet(mode, pt1, pt2, filter, set);
-        if (result != RTNORM) return std::to_string(result);
-        const std::string text = members(set);
-        acedSSFree(set);
-        return text;
-    }
     /// "X" with a filter of one group.
     std::string filtered(int code, const wchar_t* text) {
         resbuf* filter = acutBuildList(code, text, RTNONE);
@@ -55,8 +46,7 @@ TEST_F(SelectionModes, ReachWhatTheyNameNewestFirst) {
 }
 
 TEST_F(SelectionModes, FollowTheCurrentSpace) {
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    set(L"TILEMODE", L"0");
     EXPECT_EQ(get(L"A"), "d");
     EXPECT_EQ(get(L"X"), "dfecba");
     EXPECT_EQ(get(L"L"), "d");
@@ -66,13 +56,13 @@ TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
     const char* const tags = "0 VIEWPORT|67 1|10 0|20 0|40 100|41 100|69 ";
     const AcDbObjectId paper = add(tags + std::string("1"), store.paperSpace());  // g
     add(tags + std::string("2"), store.paperSpace());                             // h
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    set(L"TILEMODE", L"0");
     EXPECT_EQ(get(L"A"), "hd");
     EXPECT_EQ(get(L"L"), "h");
     const ads_point low = {-99, -99, 0}, high = {99, 99, 0}, corner = {0, 50, 0};
     EXPECT_EQ(get(L"C", nullptr, low, high), "hd");
     EXPECT_EQ(get(nullptr, nullptr, corner), kError);
+    std::wstring explanation;
     EXPECT_TRUE(host::selectHandle(store, handleOf(paper), explanation).isNull());
     AcDbObject* object = nullptr;
     ASSERT_EQ(acdbOpenObject(object, paper, AcDb::kForWrite), Acad::eOk);
@@ -123,10 +113,7 @@ TEST_F(SelectionModes, FilterByNumbersAndAllItems) {
 }
 
 TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
-    const struct {
-        const wchar_t* call;
-        const char* found;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"(ssget \"X\")", "fecba"},
         {L"(SSGET \"_x\" '((0 . \"LINE\") (8 . \"fro*\")))", "c"},
         {L"(ssget \"X\" '((62 . 1)))", "a"},
@@ -148,11 +135,11 @@ TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
         {L"(ssget", "wrong"},
         {L"LINE", "wrong"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [call, found] : cases) {
         std::vector<AcDbObjectId> selection;
         std::wstring why;
-        const bool read = host::parseSelection({each.call}, selection, why);
-        EXPECT_EQ(read ? letters(selection) : "wrong", each.found) << host::toUtf8(each.call);
+        const bool read = host::parseSelection({call}, selection, why);
+        EXPECT_EQ(read ? letters(selection) : "wrong", found) << host::toUtf8(call);
         EXPECT_EQ(read, why.empty());
     }
     std::wstring deep = L"(ssget \"X\" '(";

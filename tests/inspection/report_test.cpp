@@ -28,8 +28,7 @@ TEST(InspectionReport, TellsWhatIsWrongInADraftersWords) {
     EXPECT_EQ(
         listOf(scene).substr(0, listOf(scene).find('\n')),
         "group #1 to #5 in Model: whole, counts 3; holds 3 LINE; 3 on layer 0; from 1,0 to 3,1");
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #3 #8 #13\n\n");
+    scene.after(L"VelmoGROUPNOTACTIVE\nERASE #3 #8 #13\n\n");
     EXPECT_EQ(
         listOf(scene),
         "group #1 to #4 in Model: short, counts 3; holds 2 LINE; 2 on layer 0; from 1,0 to 3,1"
@@ -67,8 +66,7 @@ TEST(InspectionReport, EverySpaceIsListedAndAPictureShowsOne) {
 
 TEST(InspectionReport, AChangeByASaveIsOneLine) {
     Scene scene("(line line line) (circle)");
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #3 #7\n\n");
+    scene.after(L"VelmoGROUPNOTACTIVE\nERASE #3 #7\n\n");
     const std::string first = host::formatHandle(tests::entityOf(scene.store(), "INSERT").handle);
     const std::string second =
         host::formatHandle(tests::entityOf(scene.store(), "INSERT", 2).handle);

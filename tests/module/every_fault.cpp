@@ -41,15 +41,11 @@ Census contentsOf(const Drafting& drafting) {
     const std::vector<std::string> words = wordsOf(drafting);
     auto word = words.begin();
     Census census;
-    for (host::Index at = store.firstLive(store.modelSpace()); at != host::kNoIndex;
-         at = store.nextLive(store.at(at))) {
-        const host::ObjectBody& entity = store.at(at);
+    for (const host::ObjectBody& entity : store.children(store.modelSpace())) {
         if (isMarker(*word++)) continue;
         std::string content = contentOf(entity);
-        for (host::Index part = store.firstLive(entity.self); part != host::kNoIndex;
-             part = store.nextLive(store.at(part))) {
-            content += contentOf(store.at(part));
-        }
+        for (const host::ObjectBody& part : store.children(entity.self))
+            content += contentOf(part);
         ++census[content];
     }
     return census;

@@ -93,10 +93,7 @@ TEST(EveryFault, CopyingWhereAFailedConversionLeavesItsOutputAlone) {
 }
 
 /// Takes a member out of the first group behind the module's back.
-void breakGroups(Scene& scene) {
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #3\n\n");
-}
+void breakGroups(Scene& scene) { scene.after(L"VelmoGROUPNOTACTIVE\nERASE #3\n\n"); }
 
 TEST(EveryFault, RepairingByRegeneration) {
     failEveryCall({"(line circle line) (line) (circle circle)",

@@ -42,7 +42,7 @@ inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAt
 }
 
 /// Adds a reference to a new block with one attribute, whose tag is the block's name.
-inline void insertBlock(Scene&, const std::wstring& name, const std::wstring& text) {
+inline void insertBlock(const std::wstring& name, const std::wstring& text) {
     AcDbObjectId block;
     createMarkerBlock(block, name);
     ASSERT_EQ(insertMarker(name, {}, text, L""), kInserted);

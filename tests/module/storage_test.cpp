@@ -135,7 +135,7 @@ TEST(Storage, WhatCannotBeTakenAwayIsSaid) {
 
 TEST(Storage, OnlyAMarkersTagLendsItsText) {
     Scene scene("(line) line");
-    tests::insertBlock(scene, L"VELMO_G", L"2A");
+    tests::insertBlock(L"VELMO_G", L"2A");
     std::wstring texts;
     for (const AcDbObjectId& id : scene.entities())
         texts += readMarkerText(id, kMarkerTag) + L"=" +
@@ -151,9 +151,8 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
     const host::Store& store = scene.store();
     const auto contents = [&store](host::Index parent) {
         std::string text;
-        for (host::Index at = store.firstLive(parent); at != host::kNoIndex;
-             at = store.nextLive(store.at(at)))
-            text += tests::contentOf(store.at(at)) + "\n";
+        for (const host::ObjectBody& child : store.children(parent))
+            text += tests::contentOf(child) + "\n";
         return text;
     };
     const auto block = [&](const wchar_t* name) {
@@ -180,8 +179,8 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
 
 TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
     Scene scene("line");
-    tests::insertBlock(scene, L"VELMO_GB", L"");
-    tests::insertBlock(scene, L"VELMO_GE", L"");
+    tests::insertBlock(L"VELMO_GB", L"");
+    tests::insertBlock(L"VELMO_GE", L"");
     const wchar_t* const tags[] = {L"OTHER", L"VELMO_GE"};
     for (int i = 0; i < 3; ++i) {
         Opened<AcDbAttribute> attribute;

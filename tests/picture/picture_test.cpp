@@ -9,10 +9,7 @@ namespace tests {
 namespace {
 
 TEST_F(PictureTest, WordsStandWithoutTheirCodes) {
-    const struct {
-        const char* groups;
-        const char* shown;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"0 TEXT|10 0|20 0|40 2|1 %%c5 %%d%%p%%% %%uunder%%O 100%%", "⌀5 °±% under 100%%"},
         {"0 TEXT|10 0|20 0|40 2|1 a\\U+FFFEb\\U+FFFFc\x01\\U+0041 <\"&>",
          "abcA &lt;&quot;&amp;&gt;"},
@@ -24,8 +21,8 @@ TEST_F(PictureTest, WordsStandWithoutTheirCodes) {
         {"0 MTEXT|10 0|20 0|40 1|41 8|1 \\fUnclosed", ""},
         {"0 TEXT|10 0|20 0|40 0|1 no height", ""},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(words(each.groups), each.shown) << each.groups;
+    for (const auto& [groups, shown] : cases)
+        EXPECT_EQ(words(groups), shown) << groups;
 }
 
 TEST_F(PictureTest, WordsKeepTheirPlace) {

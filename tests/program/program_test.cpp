@@ -4,10 +4,7 @@
 namespace {
 
 TEST_F(ProgramTest, WrongUse) {
-    const struct {
-        const char* arguments;
-        const char* complaint;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"--nonsense", "The following argument was not expected: --nonsense"},
         {"--set PICKADD", "--set: needs NAME=VALUE, not \"PICKADD\""},
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
@@ -32,10 +29,10 @@ TEST_F(ProgramTest, WrongUse) {
         {"--layer A a.dxf", "--space, --layer, --group and --window belong to --picture"},
         {"--picture a.svg --check a.dxf", "--check and --picture are runs of their own"},
     };
-    for (const auto& each : cases) {
-        const Result run = drafthost(each.arguments);
-        EXPECT_EQ(run.status, 2) << each.arguments;
-        EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) +
+    for (const auto& [arguments, complaint] : cases) {
+        const Result run = drafthost(arguments);
+        EXPECT_EQ(run.status, 2) << arguments;
+        EXPECT_EQ(run.errors, "drafthost: " + std::string(complaint) +
                                   "; drafthost --help lists the options\n");
         EXPECT_EQ(run.output, "");
     }
