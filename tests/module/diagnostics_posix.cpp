@@ -159,7 +159,7 @@ TEST(Diagnostics, LoadAndUnloadGoInOrder) {
     scene.session().unloadModule(tests::kModule);
     const Switch debugStartup(L"DebugStartup");
     const tests::ScratchFolder folder;
-    host::setEnvironment(L"TEMP", folder.path().wstring());
+    host::setEnvironment(L"TEMP", host::fromUtf8(folder.path().string()));
     host::setMenuGroupLoaded(L"Pelltrix", true);
     EXPECT_EQ(inOrder([&] { scene.session().loadModule(MODULE_FILE); }),
               L"\nkInitAppMsg VelmoGroup.arx\nunlockApplication\nregisterAppMDIAware"

@@ -87,11 +87,8 @@ TEST_F(BatchTest, WhatWouldOverwriteADrawingOfTheRunIsRefused) {
     EXPECT_EQ(backup.errors,
               "drafthost: one.bak: is a drawing of this run, and the backup of one.dxf would "
               "replace it; work on them in two runs\n");
-    EXPECT_EQ(
-        script("QSAVE\n", "one.dxf")
-                .output.find("one.dxf had other names (hard links); they keep what it held.") ==
-            std::string::npos,
-        false);
+    EXPECT_TRUE(holds(script("QSAVE\n", "one.dxf").output,
+                      "one.dxf had other names (hard links); they keep what it held."));
 }
 
 TEST_F(BatchTest, ReadingManyGivesOneDocument) {

@@ -65,7 +65,7 @@ TEST_F(Support, AssertStartupShowsTheBoxAndNothingElse) {
     const Lines frames = linesOf(box.substr(box.find(L"\n\n") + 2));
     ASSERT_GT(frames.size(), 3u) << "the call stack";
     const std::string program = PROGRAM_FILE;
-    EXPECT_TRUE(tests::holds(frames[0], std::wstring(program.begin(), program.end()) + L" + 0x"))
+    EXPECT_TRUE(holds(frames[0], std::wstring(program.begin(), program.end()) + L" + 0x"))
         << "the caller's module";
     EXPECT_EQ(linesOf(callStackUnder(1000)).size(), 61u) << "as many as older systems walk";
 }
