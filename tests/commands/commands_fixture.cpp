@@ -3,7 +3,6 @@
 
 #include "common/tag_literals.h"
 #include "host/commands/entity_maker.h"
-#include "host/content/dictionary_text.h"
 #include "host/store/body_text.h"
 
 namespace tests {

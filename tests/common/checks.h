@@ -20,6 +20,28 @@ testing::AssertionResult holds(const std::basic_string<Char>& text,
            << testing::PrintToString(part) << " is not in " << testing::PrintToString(text);
 }
 
+/// How often a text has another one in it.
+inline int countOf(const std::string& part, const std::string& text) {
+    int count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != text.npos; at += part.size())
+        ++count;
+    return count;
+}
+
+/// The text with every occurrence of a part replaced.
+inline std::string replaced(std::string text, const std::string& part, const std::string& by) {
+    for (std::size_t at = 0; (at = text.find(part, at)) != text.npos; at += by.size())
+        text.replace(at, part.size(), by);
+    return text;
+}
+
+/// The text with the first occurrence of a part, which has to be there, replaced.
+inline std::string with(std::string text, const std::string& part, const std::string& by) {
+    const std::size_t at = text.find(part);
+    EXPECT_NE(at, text.npos) << part;
+    return at == text.npos ? text : text.replace(at, part.size(), by);
+}
+
 /// Faults of modules since the last call, which are thereby expected.
 inline std::vector<std::string> takeFaults() {
     const std::vector<std::string> faults = host::moduleFaults();

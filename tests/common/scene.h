@@ -14,7 +14,6 @@
 #include "host/control/switches.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/scripting/script.h"
-#include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 
 namespace tests {

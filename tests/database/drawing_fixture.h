@@ -54,10 +54,7 @@ class DrawingTest : public testing::Test {
     }
     static void replaceText(host::ObjectBody& body, const std::string& from,
                             const std::string& to) {
-        std::string text = render(body.tags());
-        const std::size_t at = text.find(from);
-        ASSERT_NE(at, text.npos);
-        body.setTags(tagsOf(text.replace(at, from.size(), to)));
+        body.setTags(tagsOf(with(render(body.tags()), from, to)));
     }
     /// Types met from an entity on, "LINE SEQEND".
     static std::string walk(AcDbObjectId from) {

@@ -1,6 +1,4 @@
 // Deep cloning: what is owned comes along, references follow it, wrong calls change nothing.
-#include <algorithm>
-
 #include "database/drawing_fixture.h"
 #include "host/clone/clone_map.h"
 #include "host/store/body_text.h"

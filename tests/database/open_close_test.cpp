@@ -1,6 +1,5 @@
 // The rules of opening and closing, and the faults of callers that break them.
 #include "database/drawing_fixture.h"
-#include "host/store/body_text.h"
 #include "host/tags/tag_values.h"
 
 namespace tests {

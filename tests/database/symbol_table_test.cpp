@@ -1,6 +1,4 @@
 // Symbol tables, block and layer records, the database, and what a new drawing holds.
-#include <set>
-
 #include "database/drawing_fixture.h"
 
 namespace tests {

@@ -1,7 +1,7 @@
 // Files that are no sound drawings: each gives one clear line.
 #include "drawing_text.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using BadInput = DrawingFiles;
@@ -105,4 +105,4 @@ TEST_F(BadInput, EndlessLinesAndDeepNestingAreHarmless) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

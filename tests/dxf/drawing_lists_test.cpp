@@ -3,7 +3,7 @@
 #include "host/clone/deep_clone.h"
 #include "host/clone/wblock_clone.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using DrawingLists = DrawingFiles;
@@ -102,4 +102,4 @@ TEST_F(DrawingLists, ComeAlongIntoAnotherDrawingWithItsClasses) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -3,7 +3,7 @@
 #include "common/library.h"
 #include "drawing_text.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 class HostileInput : public DrawingFiles {
@@ -56,9 +56,9 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
 INSTANTIATE_TEST_SUITE_P(Masks, FlippedByte, testing::Values(1, 4, 32, 64, 128));
 
 TEST_F(HostileInput, FormerFindingsStayMended) {
-    for (const auto& file : tests::fuzzInputs("dxf"))
+    for (const auto& file : fuzzInputs("dxf"))
         EXPECT_EQ(trial::tryDrawing(tests::contentOf(file), path(".")).fault, "") << file;
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

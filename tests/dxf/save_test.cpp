@@ -5,7 +5,7 @@
 #include "host/objects/erasing.h"
 #include "host/tags/tags.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using host::saveDrawing;
@@ -151,4 +151,4 @@ TEST_F(Saving, OtherPointersAtErasedObjectsBecomeZero) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 #include "editor/editor_fixture.h"
-#include "host/control/accounting.h"
 #include "host/control/switches.h"
 #include "host/editor/run/command_stack.h"
 #include "host/editor/selection/pickfirst.h"

@@ -24,12 +24,10 @@ class Dialogue : public EditorTest {
         answers.left = std::move(typed);
         host::clearEffects();
         status = host::promptSelection(L"", false, selection);
-        std::wstring text = host::effectText(host::EffectKind::CommandLine);
-        for (const wchar_t* noise : {L"\nSelect objects: ", L"\nRemove objects: "}) {
-            for (std::size_t at; (at = text.find(noise)) != std::wstring::npos;)
-                text.replace(at, std::wstring(noise).size(), L"|");
-        }
-        return host::toUtf8(text);
+        std::string text = host::toUtf8(host::effectText(host::EffectKind::CommandLine));
+        for (const char* noise : {"\nSelect objects: ", "\nRemove objects: "})
+            text = replaced(text, noise, "|");
+        return text;
     }
 
     PromptStatus status = PromptStatus::Cancel;

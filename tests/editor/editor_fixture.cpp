@@ -1,8 +1,6 @@
 // Builds small drawings tag by tag.
 #include "editor/editor_fixture.h"
 
-#include <algorithm>
-
 #include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/editor/run/editor_services.h"

@@ -6,7 +6,6 @@
 
 #include "common/tag_literals.h"
 #include "editor/editor_fixture.h"
-#include "host/editor/state/sysvars.h"
 #include "host/tags/tag_values.h"
 
 namespace tests {

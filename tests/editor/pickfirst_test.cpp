@@ -2,9 +2,7 @@
 #include "host/editor/selection/pickfirst.h"
 
 #include "editor/editor_fixture.h"
-#include "host/control/accounting.h"
 #include "host/control/switches.h"
-#include "host/editor/state/sysvars.h"
 
 namespace tests {
 namespace {

@@ -3,7 +3,6 @@
 #include "host/control/switches.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/selection/selection_sources.h"
-#include "host/editor/state/sysvars.h"
 
 namespace tests {
 namespace {

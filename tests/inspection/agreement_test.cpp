@@ -216,10 +216,7 @@ std::string groupedDrawing(const std::string& prefix) {
     Scene scene("(line line line) circle (circle) line (line circle) line");
     const tests::ScratchFolder folder;
     EXPECT_TRUE(scene.session().saveDrawing(folder.file("grouped.dxf")));
-    std::string text = tests::contentOf(folder.file("grouped.dxf"));
-    for (std::size_t at = 0; (at = text.find("VELMO", at)) != text.npos && prefix != "VELMO";)
-        text.replace(at, 5, prefix);
-    return text;
+    return tests::replaced(tests::contentOf(folder.file("grouped.dxf")), "VELMO", prefix);
 }
 
 TEST(Inspection, AgreesWithTheModuleOnDamageOfEveryKind) {

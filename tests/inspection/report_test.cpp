@@ -17,8 +17,7 @@ std::string listOf(Scene& scene) {
     for (const AcDbObjectId& id : scene.entities()) {
         const std::string handle = host::formatHandle(host::Store::resolve(id)->handle);
         const std::string name = "#" + std::to_string(++position);
-        for (std::size_t at = 0; (at = list.find(" " + handle + " ", at)) != list.npos;)
-            list.replace(at + 1, handle.size(), name);
+        list = tests::replaced(list, " " + handle + " ", " " + name + " ");
     }
     return list;
 }

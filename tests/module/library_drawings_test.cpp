@@ -5,7 +5,6 @@
 #include "common/checks.h"
 #include "common/library.h"
 #include "common/scratch.h"
-#include "host/objectarx/database.h"
 
 namespace {
 

@@ -9,10 +9,8 @@ using tests::Scene;
 /// What the module itself printed: prompts, echoes and what the host says are left out.
 std::string answers(std::string printed) {
     for (const std::string prompt :
-         {"\nSelect member of VelmoGroup: ", "\nRegenerating model.", "\nNothing selected"}) {
-        for (std::size_t at = 0; (at = printed.find(prompt)) != printed.npos;)
-            printed.erase(at, prompt.size());
-    }
+         {"\nSelect member of VelmoGroup: ", "\nRegenerating model.", "\nNothing selected"})
+        printed = tests::replaced(printed, prompt, "");
     const std::string last = "Select objects: ";
     const std::size_t at = printed.rfind(last);
     return at == printed.npos ? printed : printed.substr(at + last.size());

@@ -117,14 +117,6 @@ class RandomDrawing : private tests::DamagedScene {
     Ids m_gathered;
 };
 
-/// How often a text occurs in another.
-int countOf(const std::string& text, const std::string& in) {
-    int count = 0;
-    for (std::size_t at = in.find(text); at != in.npos; at = in.find(text, at + 1))
-        ++count;
-    return count;
-}
-
 TEST(PlainPicks, InRandomDrawingsOfWholeAndBrokenGroupsComeToTheSame) {
     std::string printed;
     tests::tryEachSeed(150, [&](unsigned seed) {
@@ -133,8 +125,8 @@ TEST(PlainPicks, InRandomDrawingsOfWholeAndBrokenGroupsComeToTheSame) {
             printed += drawing.pickOrUnpick();
     });
     if (tests::wantedSeed()) return;
-    EXPECT_GT(countOf("member(s) missing", printed), 50);
-    EXPECT_GT(countOf(tests::kNotGrouped, printed), 100);
+    EXPECT_GT(tests::countOf("member(s) missing", printed), 50);
+    EXPECT_GT(tests::countOf(tests::kNotGrouped, printed), 100);
 }
 
 }  // namespace

@@ -102,8 +102,7 @@ TEST(Storage, ARecordOfAnotherClassIsNone) {
     const tests::ScratchFolder folder;
     const std::string saved = folder.file("saved.dxf"), changed = folder.file("changed.dxf");
     ASSERT_TRUE(scene.session().saveDrawing(saved));
-    std::string text = tests::contentOf(saved);
-    tests::write(changed, text.replace(text.find("\nXRECORD\n"), 9, "\nWRECORD\n"));
+    tests::write(changed, tests::with(tests::contentOf(saved), "\nXRECORD\n", "\nWRECORD\n"));
     ASSERT_TRUE(scene.session().openDrawing(changed));
     EXPECT_FALSE(isGroupedEntity(scene.entities()[1]));
 }

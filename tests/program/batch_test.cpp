@@ -14,12 +14,8 @@ class BatchTest : public ProgramTest {
             0);
         write("bad.dxf", "junk\n");
     }
-    static long pointsIn(const std::string& file) {
-        const std::string text = contentOf(file);
-        long count = 0;
-        for (std::size_t at = 0; (at = text.find("\nPOINT\n", at)) != text.npos; ++at)
-            ++count;
-        return count;
+    static int pointsIn(const std::string& file) {
+        return tests::countOf("\nPOINT\n", contentOf(file));
     }
 };
 
