@@ -19,6 +19,7 @@ class AtTerminal {
     explicit AtTerminal(const std::string& state) {
         m_child = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_child != 0) return;
+        std::signal(SIGHUP, SIG_DFL);  // which a run under nohup ignores
         setenv("TERM", "dumb", 1);
         setenv("XDG_STATE_HOME", state.c_str(), 1);
         execl(DRAFTHOST_FILE, "drafthost", "--no-module", nullptr);
@@ -70,7 +71,7 @@ using TerminalTest = ProgramTest;
 
 TEST_F(TerminalTest, CommandsCancelAndLeave) {
     tests::write("a b.bak", "no drawing");
-    AtTerminal terminal("/nowhere");
+    AtTerminal terminal("/dev/null");
     terminal.follow({{"Drawing1.dxf; ? lists the commands", ""},
                      {"Command: ", "LINE 0,0\n"},
                      {"Specify next point: ", "nonsense\n"},
@@ -99,13 +100,13 @@ TEST_F(TerminalTest, CommandsCancelAndLeave) {
 
 TEST_F(TerminalTest, WhatASignalEndsIsKeptAndToldAtTheNextStart) {
     for (const int signal : {SIGHUP, SIGTERM}) {
-        AtTerminal terminal("/nowhere");
+        AtTerminal terminal("/dev/null");
         terminal.follow({{"Command: ", "LINE 0,0 1,1\n"}, {"[Undo]: ", ""}});
         terminal.send(signal);
         EXPECT_EQ(terminal.status(), 130);
         EXPECT_EQ(drafthost("--check Drawing1.recovered.dxf").status, 0);
     }
-    AtTerminal next("/nowhere");
+    AtTerminal next("/dev/null");
     next.follow({{"Drawing1.recovered.dxf keeps work", ""}, {"Command: ", "QUIT\n"}});
     EXPECT_EQ(next.status(), 0);
 }

@@ -56,7 +56,7 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
     setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
-    EXPECT_FALSE(tests::holds(logHeader(L""), L"BIOSVersion")) << "it is no text";
+    EXPECT_FALSE(holds(logHeader(L""), L"BIOSVersion")) << "it is no text";
     setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
