@@ -7,10 +7,11 @@ import os
 import subprocess
 import sys
 
+from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from shared import actions, check, chromium, leave
+from shared import check, chromium, leave
 
 # Groups of the README's picture, and what is erased of one without the module, which would mend it.
 SHOWN = """VelmoGROUPMAKE (ssget "X" '((8 . "FURNITURE")))
@@ -49,13 +50,13 @@ def point_and_look(browser, picture):
     line = next(m for m in members if m.find_element(By.TAG_NAME, "title")
                 .get_attribute("textContent").startswith("LINE "))
     title = line.find_element(By.TAG_NAME, "title").get_attribute("textContent")
-    actions(browser).move_to_element_with_offset(line.find_element(By.TAG_NAME, "path"), 3, 0).perform()
+    ActionChains(browser).move_to_element_with_offset(line.find_element(By.TAG_NAME, "path"), 3, 0).perform()
     lit = widths(browser, "group1"), widths(browser, "group2")
     row = browser.find_element(By.CSS_SELECTOR, "#group2 .row")
-    actions(browser).move_to_element(row).perform()
+    ActionChains(browser).move_to_element(row).perform()
     by_legend = widths(browser, "group1"), widths(browser, "group2")
     heading = browser.find_element(By.CSS_SELECTOR, ".head")
-    actions(browser).move_to_element(heading).send_keys(Keys.TAB).perform()
+    ActionChains(browser).move_to_element(heading).send_keys(Keys.TAB).perform()
     by_key = widths(browser, "group1"), widths(browser, "group2")
     handle = line.get_attribute("id")[1:]
     check(f"{len(members)} members of the first group", len(members) == 6)

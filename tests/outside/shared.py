@@ -51,12 +51,6 @@ def chromium():
             browser.quit()
 
 
-def actions(browser):
-    """Mouse and keys, at the pace of somebody in a hurry."""
-    from selenium.webdriver.common.action_chains import ActionChains
-    return ActionChains(browser, duration=20)
-
-
 def open_window(host, *arguments, **pipes):
     """The program with a window, and the address of its page."""
     program = subprocess.Popen([host, "--window", "--no-browser", *arguments],

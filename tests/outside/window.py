@@ -11,10 +11,11 @@ import subprocess
 import sys
 import time
 
+from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from shared import actions, check, chromium, leave, open_window, write_drawing
+from shared import check, chromium, leave, open_window, write_drawing
 
 HOST, SAMPLES, WORK = (os.path.abspath(name) for name in sys.argv[1:4])
 HTML = "<img src=x onerror=window.ran=1><script>window.ran=1</script>"
@@ -44,8 +45,8 @@ class Page:
         spots = [[round(v) for v in self.run("return drafthost.toScreen(...arguments)", *point)]
                  for point in points]
         if shift:
-            actions(self.browser).key_down(Keys.SHIFT).perform()
-        drag = actions(self.browser)
+            ActionChains(self.browser).key_down(Keys.SHIFT).perform()
+        drag = ActionChains(self.browser, duration=20)
         pointer = drag.w3c_actions.pointer_action
         pointer.move_to_location(*spots[0])
         pointer.pointer_down()
@@ -54,18 +55,24 @@ class Page:
         pointer.pointer_up()
         drag.perform()
         if shift:
-            actions(self.browser).key_up(Keys.SHIFT).perform()
+            ActionChains(self.browser).key_up(Keys.SHIFT).perform()
         self.settle()
 
     def point_at(self, *point):
         spot = self.run("return drafthost.toScreen(...arguments)", *point)
-        move = actions(self.browser)
+        move = ActionChains(self.browser)
         move.w3c_actions.pointer_action.move_to_location(*map(round, spot))
         move.perform()
-        until = time.monotonic() + 10
-        while time.monotonic() < until and self.run("return document.getElementById('tip').hidden"):
-            time.sleep(0.02)
+        self.soon(lambda: not self.run("return document.getElementById('tip').hidden"))
         return self.text("tip")
+
+    @staticmethod
+    def soon(holds):
+        """Whether it comes to hold: what the pointer does is drawn a moment later."""
+        until = time.monotonic() + 10
+        while time.monotonic() < until and not holds():
+            time.sleep(0.02)
+        return holds()
 
     def text(self, name):
         return self.run("return document.getElementById(arguments[0]).textContent", name)
@@ -128,7 +135,8 @@ def edit(browser):
     tip = page.point_at(9.4, 3.8)
     check(f"the tip names member and group: {tip!r}",
           tip.startswith("LINE ") and f"group {begin}, whole" in tip)
-    check("the whole group lights up under the pointer", ink_at(page, *other_door) != dull)
+    check("the whole group lights up under the pointer",
+          page.soon(lambda: ink_at(page, *other_door) != dull))
     page.mouse((9.4, 3.8))
     whole = page.picked()
     check(f"a click picks the whole group: {whole}", len(whole) == 8 and begin in whole)
