@@ -1,7 +1,5 @@
 // What picking, repairing and dissolving cost where groups are broken: ten times the groups beside
 // a tenth of them, three members each.
-#include <stdexcept>
-
 #include "document_data.h"
 #include "drawings.h"
 #include "group_forming.h"
@@ -36,14 +34,8 @@ AcDbObjectId markerNamed(const wchar_t* block, const std::wstring& first) {
 
 /// Three clones of lines that carry records, at the end of the drawing.
 void appendMembers(const Ids& lines, long group) {
-    AcDbObjectIdArray sources;
-    for (long i = kMembers * group; i < kMembers * (group + 1); ++i)
-        sources.append(lines[static_cast<std::size_t>(i)]);
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    AcDbObjectId space = bench::store().idOf(bench::store().modelSpace());
-    AcDbIdMapping clones;
-    if (database->deepCloneObjects(sources, space, clones) != Acad::eOk)
-        throw std::runtime_error("members do not clone");
+    const auto first = lines.begin() + kMembers * group;
+    bench::cloneAll({first, first + kMembers});
 }
 
 /// A drawing of groups of that kind. Cut: without end markers. Overlapping: all begin markers, all
@@ -92,13 +84,12 @@ void pickBrokenTenfold(benchmark::State& state) {
 
 void repairBrokenTenfold(benchmark::State& state) { growsTenfold(state, updateAllGroups); }
 
-void inTurns(benchmark::internal::Benchmark* row) {
+void ofEachKind(benchmark::internal::Benchmark* row) {
     for (const Kind kind : {kWhole, kCut, kOverlapping, kCrossed})
         row->Args({kind, 1000});
-    row->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK(pickBrokenTenfold)->Apply(inTurns);
-BENCHMARK(repairBrokenTenfold)->Apply(inTurns);
+BENCHMARK(pickBrokenTenfold)->Apply(ofEachKind)->Apply(bench::inTurns);
+BENCHMARK(repairBrokenTenfold)->Apply(ofEachKind)->Apply(bench::inTurns);
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace bench {
 namespace {
 
 void mustSucceed(const host::Outcome& outcome) {
-    if (!outcome) throw std::runtime_error(outcome.error);
+    mustHold(static_cast<bool>(outcome), outcome.error);
 }
 
 void writeLines(const std::string& path, long count) {
@@ -50,6 +50,10 @@ void Drawings::closeAll() {
         mustSucceed(m_session.closeDrawing());
 }
 
+void mustHold(bool holds, const std::string& what) {
+    if (!holds) throw std::runtime_error(what);
+}
+
 host::Store& store() { return acdbHostApplicationServices()->workingDatabase()->store(); }
 
 std::vector<AcDbObjectId> entities() {
@@ -58,6 +62,16 @@ std::vector<AcDbObjectId> entities() {
     for (const host::ObjectBody& entity : drawing.children(drawing.modelSpace()))
         ids.push_back(drawing.idOf(entity));
     return ids;
+}
+
+void cloneAll(const std::vector<AcDbObjectId>& ids) {
+    AcDbObjectIdArray sources;
+    for (const AcDbObjectId& id : ids)
+        sources.append(id);
+    AcDbObjectId space = store().idOf(store().modelSpace());
+    AcDbIdMapping clones;
+    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+    mustHold(database->deepCloneObjects(sources, space, clones) == Acad::eOk, "entities clone");
 }
 
 void formGroups(long members) {

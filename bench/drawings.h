@@ -29,10 +29,15 @@ class Drawings {
     host::Session m_session;
 };
 
+/// Throws std::runtime_error with what does not hold.
+void mustHold(bool holds, const std::string& what);
+
 /// Store of the current drawing.
 host::Store& store();
 /// Main entities of its model space in drawing order.
 std::vector<AcDbObjectId> entities();
+/// Appends clones of entities to model space, as COPY does.
+void cloneAll(const std::vector<AcDbObjectId>& ids);
 /// Forms groups of `members` of them in drawing order, as VelmoGROUPMAKE does of a selection.
 void formGroups(long members);
 

@@ -5,8 +5,6 @@
 #include <dime/Model.h>
 #include <dime/Output.h>
 
-#include <stdexcept>
-
 #include "drawings.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/dxf/save/save_drawing.h"
@@ -27,17 +25,19 @@ std::string drawingOf(long entities) {
 void loadAndSave(const std::string& path) {
     host::DxfError error;
     const auto store = host::loadDrawing(path, error);
-    if (store == nullptr || !host::saveDrawing(*store, SCRATCH_FOLDER "/saved.dxf", error))
-        throw std::runtime_error(error.text);
+    const bool done =
+        store != nullptr && host::saveDrawing(*store, SCRATCH_FOLDER "/saved.dxf", error);
+    bench::mustHold(done, error.text);
 }
 
 void dimeReadAndWrite(const std::string& path) {
     dimeModel model;
     dimeInput input;
     dimeOutput output;
-    if (!input.setFile(path.c_str()) || !model.read(&input) ||
-        !output.setFilename(SCRATCH_FOLDER "/saved_by_dime.dxf") || !model.write(&output))
-        throw std::runtime_error("libdime does not read or write " + path);
+    bench::mustHold(input.setFile(path.c_str()) && model.read(&input) &&
+                        output.setFilename(SCRATCH_FOLDER "/saved_by_dime.dxf") &&
+                        model.write(&output),
+                    "libdime reads and writes " + path);
 }
 
 void loadAndSaveBesideDime(benchmark::State& state) {
@@ -53,11 +53,7 @@ void loadAndSaveTenfold(benchmark::State& state) {
                    kTenfoldAtMost, 10 * state.range(0));
 }
 
-void inTurns(benchmark::internal::Benchmark* row) {
-    row->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK(loadAndSaveTenfold)->Arg(20000)->Apply(inTurns);
-BENCHMARK(loadAndSaveBesideDime)->Arg(200000)->Apply(inTurns);
+BENCHMARK(loadAndSaveTenfold)->Arg(20000)->Apply(bench::inTurns);
+BENCHMARK(loadAndSaveBesideDime)->Arg(200000)->Apply(bench::inTurns);
 
 }  // namespace

@@ -1,6 +1,4 @@
 // What work on groups costs beside a bare walk over the same entities, or a bare copy of them.
-#include <stdexcept>
-
 #include "document_data.h"
 #include "drawings.h"
 #include "group_forming.h"
@@ -17,16 +15,14 @@
 namespace {
 
 using bench::Drawings;
+using bench::inTurns;
+using bench::mustHold;
 using bench::Side;
 using Ids = std::vector<AcDbObjectId>;
 
 constexpr double kAtMost = 4;
 constexpr double kTenfoldAtMost = 12;
 constexpr long kGroupSize = 20;
-
-void mustHold(bool holds, const char* what) {
-    if (!holds) throw std::runtime_error(what);
-}
 
 void openReadClose(const AcDbObjectId& id) {
     AcDbEntity* entity = nullptr;
@@ -47,13 +43,7 @@ void walkFrom(AcDbObjectId id) {
 
 /// The bare copy: deep clones in the same space, and the sources erased.
 void cloneAndErase(const Ids& ids) {
-    AcDbObjectIdArray sources;
-    for (const AcDbObjectId& id : ids)
-        sources.append(id);
-    AcDbObjectId space = bench::store().idOf(bench::store().modelSpace());
-    AcDbIdMapping clones;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    mustHold(database->deepCloneObjects(sources, space, clones) == Acad::eOk, "entities clone");
+    bench::cloneAll(ids);
     for (const AcDbObjectId& id : ids) {
         AcDbObject* source = nullptr;
         mustHold(acdbOpenObject(source, id, AcDb::kForWrite) == Acad::eOk, "a source opens");
@@ -139,13 +129,15 @@ class FreshLines {
     /// The same with all lines selected.
     void openSelected(long count) {
         open(count);
-        mustHold(acedSSGet(L"X", nullptr, nullptr, nullptr, selection) == RTNORM, "lines select");
+        mustHold(acedSSGet(L"X", nullptr, nullptr, nullptr, m_selection) == RTNORM, "lines select");
     }
 
+    void form() { formGroup(m_selection, AcGePoint3d::kOrigin); }
+
     Ids ids;
-    ads_name selection = {};
 
   private:
+    ads_name m_selection = {};
     Drawings m_drawings;
 };
 
@@ -153,8 +145,7 @@ class FreshLines {
 void formGroupBesideClone(benchmark::State& state) {
     FreshLines lines;
     const long count = state.range(0);
-    const auto form = [&] { formGroup(lines.selection, AcGePoint3d::kOrigin); };
-    bench::compare(state, {form, [&] { lines.openSelected(count); }},
+    bench::compare(state, {[&] { lines.form(); }, [&] { lines.openSelected(count); }},
                    {[&] { cloneAndErase(lines.ids); }, [&] { lines.openWithRecords(count); }},
                    kAtMost, count);
 }
@@ -163,31 +154,23 @@ void formGroupBesideClone(benchmark::State& state) {
 void formGroupBesideCloneOfLines(benchmark::State& state) {
     FreshLines lines;
     const long count = state.range(0);
-    const auto form = [&] { formGroup(lines.selection, AcGePoint3d::kOrigin); };
-    bench::compare(state, {form, [&] { lines.openSelected(count); }},
+    bench::compare(state, {[&] { lines.form(); }, [&] { lines.openSelected(count); }},
                    {[&] { cloneAndErase(lines.ids); }, [&] { lines.open(count); }}, kAtMost, count);
 }
 
 void formGroupTenfold(benchmark::State& state) {
     FreshLines lines;
-    const auto form = [&] { formGroup(lines.selection, AcGePoint3d::kOrigin); };
-    bench::compare(state, {form, [&] { lines.openSelected(10 * state.range(0)); }},
-                   {form, [&] { lines.openSelected(state.range(0)); }}, kTenfoldAtMost,
-                   10 * state.range(0));
+    bench::compare(state, {[&] { lines.form(); }, [&] { lines.openSelected(10 * state.range(0)); }},
+                   {[&] { lines.form(); }, [&] { lines.openSelected(state.range(0)); }},
+                   kTenfoldAtMost, 10 * state.range(0));
 }
 
 // --- relinkCopiedGroups: copies of groups -----------------------------------------------------
 
-/// Copies entities as COPY does and marks where the copies begin.
+/// Copies entities and marks where the copies begin.
 void copyAll(const Ids& ids) {
     docData().m_idLastBeforeCommand = bench::entities().back();
-    AcDbObjectIdArray sources;
-    for (const AcDbObjectId& id : ids)
-        sources.append(id);
-    AcDbObjectId space = bench::store().idOf(bench::store().modelSpace());
-    AcDbIdMapping clones;
-    AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    mustHold(database->deepCloneObjects(sources, space, clones) == Acad::eOk, "entities copy");
+    bench::cloneAll(ids);
 }
 
 void relinkCopiedGroupsBesideWalk(benchmark::State& state) {
@@ -213,10 +196,6 @@ void relinkCopiedGroupsTenfold(benchmark::State& state) {
     bench::compare(state, {relinkCopiedGroups, [&] { copy(1, large); }},
                    {relinkCopiedGroups, [&] { copy(0, small); }}, kTenfoldAtMost,
                    10 * state.range(0) * kGroupSize);
-}
-
-void inTurns(benchmark::internal::Benchmark* row) {
-    row->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(verifyGroupBesideWalk)->RangeMultiplier(10)->Range(10, 100000)->Apply(inTurns);

@@ -1,7 +1,7 @@
 // What once grew with the square of a drawing's size: the check, and restoring in drawing order.
 #include <fstream>
-#include <stdexcept>
 
+#include "drawings.h"
 #include "host/dxf/check/drawing_check.h"
 #include "host/dxf/load/load_drawing.h"
 #include "host/objectarx/database.h"
@@ -60,7 +60,7 @@ void checkBesideLoad(benchmark::State& state) {
     const auto load = [&] {
         host::DxfError error;
         auto store = host::loadDrawing(path, error);
-        if (store == nullptr) throw std::runtime_error(error.message());
+        bench::mustHold(store != nullptr, error.message());
         return store;
     };
     const auto store = load();
@@ -98,11 +98,7 @@ void restoreTenfold(benchmark::State& state) {
     bench::compare(state, {[&] { large(); }}, {[&] { small(); }}, kTenfoldAtMost, 10 * count);
 }
 
-void inTurns(benchmark::internal::Benchmark* row) {
-    row->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK(checkBesideLoad)->Arg(0)->Arg(1)->Arg(2)->Apply(inTurns);
-BENCHMARK(restoreTenfold)->Arg(20000)->Apply(inTurns);
+BENCHMARK(checkBesideLoad)->Arg(0)->Arg(1)->Arg(2)->Apply(bench::inTurns);
+BENCHMARK(restoreTenfold)->Arg(20000)->Apply(bench::inTurns);
 
 }  // namespace

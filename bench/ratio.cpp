@@ -68,4 +68,8 @@ void compare(benchmark::State& state, const Side& work, const Side& beside, doub
     state.counters["calls_beside"] = static_cast<double>(other.hostCalls()) / things;
 }
 
+void inTurns(benchmark::internal::Benchmark* row) {
+    row->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
 }  // namespace bench

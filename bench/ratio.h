@@ -23,4 +23,7 @@ struct Side {
 void compare(benchmark::State& state, const Side& work, const Side& beside, double atMost,
              long members);
 
+/// As often as the median needs.
+void inTurns(benchmark::internal::Benchmark* row);
+
 }  // namespace bench

@@ -3,16 +3,13 @@
 #
 # usage: window.py DRAFTHOST WORK_FOLDER
 import os
-import subprocess
 import sys
-import tempfile
 import time
 
-from selenium import webdriver
+sys.path.append(os.path.join(os.path.dirname(__file__), "..", "tests", "outside"))
+from shared import chromium, open_window, write_drawing
 
 COUNT = 200000
-OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
-           " --disable-background-networking --disable-component-update --window-size=1500,950")
 # Drags the view by the right button and gives the time between two frames.
 PAN = """
 const done = arguments[0], canvas = document.getElementById('drawing'), times = [];
@@ -31,27 +28,20 @@ requestAnimationFrame(function step(now) {
 """
 
 
-def write(path):
+def entity(i):
     side = int(COUNT ** 0.5)
-    with open(path, "w", encoding="ascii") as file:
-        file.write("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1027\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n")
-        for i in range(COUNT):
-            x, y = i % side * 2, i // side * 2
-            if i % 10 == 9:
-                file.write(f"0\nCIRCLE\n8\nL{i % 7}\n10\n{x}\n20\n{y}\n40\n0.7\n")
-            elif i % 50 == 3:
-                file.write(f"0\nTEXT\n8\nL{i % 7}\n10\n{x}\n20\n{y}\n40\n0.5\n1\nT{i}\n")
-            else:
-                file.write(f"0\nLINE\n8\nL{i % 7}\n62\n{i % 6 + 1}\n10\n{x}\n20\n{y}\n"
-                           f"11\n{x + 1 + i % 3}\n21\n{y + i % 5 / 2}\n")
-        file.write("0\nENDSEC\n0\nEOF\n")
+    x, y = i % side * 2, i // side * 2
+    if i % 10 == 9:
+        return f"0\nCIRCLE\n8\nL{i % 7}\n10\n{x}\n20\n{y}\n40\n0.7\n"
+    if i % 50 == 3:
+        return f"0\nTEXT\n8\nL{i % 7}\n10\n{x}\n20\n{y}\n40\n0.5\n1\nT{i}\n"
+    return (f"0\nLINE\n8\nL{i % 7}\n62\n{i % 6 + 1}\n10\n{x}\n20\n{y}\n"
+            f"11\n{x + 1 + i % 3}\n21\n{y + i % 5 / 2}\n")
 
 
 def measure(browser, host, drawing):
     begin = time.monotonic()
-    session = subprocess.Popen([host, "--window", "--no-browser", drawing], stdout=subprocess.PIPE,
-                               text=True)
-    address = session.stdout.readline().strip()
+    session, address = open_window(host, drawing)
     loaded = time.monotonic()
     browser.get(address)
     while browser.execute_script("return document.documentElement.dataset.state") != "ready":
@@ -65,13 +55,6 @@ def measure(browser, host, drawing):
 
 os.makedirs(sys.argv[2], exist_ok=True)
 many = os.path.join(sys.argv[2], "many.dxf")
-write(many)
-with tempfile.TemporaryDirectory() as folder:
-    chosen = webdriver.ChromeOptions()
-    for option in OPTIONS.split() + [f"--user-data-dir={folder}"]:
-        chosen.add_argument(option)
-    opened = webdriver.Chrome(options=chosen)
-    try:
-        measure(opened, os.path.abspath(sys.argv[1]), many)
-    finally:
-        opened.quit()
+write_drawing(many, map(entity, range(COUNT)))
+with chromium() as opened:
+    measure(opened, os.path.abspath(sys.argv[1]), many)

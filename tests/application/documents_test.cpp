@@ -23,9 +23,9 @@ TEST_F(DocumentsTest, EventsComeInOrder) {
 
 TEST_F(DocumentsTest, ACommandEndsInTheDrawingInWhichItStarted) {
     session->newDrawing();
-    session->runScript(L"LINE 0,0 1,1\n\nSAVEAS \"" + fromUtf8(file("a.dxf")) + L"\"\n");
+    session->runScript(L"LINE 0,0 1,1\n\nSAVEAS " + quoted("a.dxf") + L"\n");
     const std::wstring scripts[] = {L"NEW\n", L"CLOSE\n", L"CLOSE\n",
-                                    L"OPEN \"" + fromUtf8(file("a.dxf")) + L"\"\n"};
+                                    L"OPEN " + quoted("a.dxf") + L"\n"};
     const char* const expected[] = {"start end current ", "start end closes current ",
                                     "start end closes ", "current "};
     for (std::size_t i = 0; i < std::size(scripts); ++i) {
@@ -90,7 +90,7 @@ TEST_F(DocumentsTest, WhatCannotBeDoneIsSaidInOneLine) {
 TEST_F(DocumentsTest, AnAttachedReactorThatIsDeletedIsAFault) {
     acDocManager->addReactor(std::make_unique<AcApDocManagerReactor>().get());
     session->newDrawing();
-    EXPECT_EQ(faults(), "a document reactor was deleted while it was attached\n");
+    EXPECT_EQ(takeFaults(), Texts{"a document reactor was deleted while it was attached"});
 }
 
 }  // namespace

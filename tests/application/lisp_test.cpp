@@ -31,10 +31,7 @@ TEST_F(LispTest, WithoutADirectFunctionTheMessageIsSent) {
 }
 
 TEST_F(LispTest, WrongCalls) {
-    const struct {
-        const wchar_t* text;
-        const char* answer;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"(Nothing)", "no LISP function Nothing is defined in this drawing"},
         {L"(ProbeFails)", "(ProbeFails) reported a LISP error"},
         {L"(ProbeTypes", "(ProbeTypes: a closing bracket is missing"},
@@ -49,8 +46,8 @@ TEST_F(LispTest, WrongCalls) {
         {L"(ProbeTypes (handent \"FFFF\"))",
          "(ProbeTypes (handent \"FFFF\")): no object has the handle FFFF"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(call(each.text), each.answer);
+    for (const auto& [text, answer] : cases)
+        EXPECT_EQ(call(text), answer);
 }
 
 TEST_F(LispTest, DefinitionsBelongToOneDrawing) {

@@ -11,9 +11,6 @@ class SaveTest : public SessionTest {
         session->newDrawing();
         session->runScript(L"LINE 0,0 1,1\n\n");
     }
-    std::wstring quoted(const std::string& name) const {
-        return L"\"" + fromUtf8(file(name)) + L"\"";
-    }
     std::string name() const { return toUtf8(acDocManager->curDocument()->fileName()); }
 };
 
@@ -61,9 +58,9 @@ TEST_F(SaveTest, APersonIsAskedBeforeWorkIsLost) {
     EXPECT_EQ(session->documents.count(), 1u);
     EXPECT_EQ(contentOf(file("b.dxf")), former);
     EXPECT_FALSE(leaves(L"EXPERT 2\nSAVEAS " + quoted("b") + L"\nPO 4,4 ^D c\n"));
-    EXPECT_EQ(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
+    EXPECT_FALSE(holds(contentOf(file("b.dxf")), "\nPOINT\n"));
     EXPECT_TRUE(leaves(L"^D Y\n"));
-    EXPECT_NE(contentOf(file("b.dxf")).find("\nPOINT\n"), std::string::npos);
+    EXPECT_TRUE(holds(contentOf(file("b.dxf")), "\nPOINT\n"));
 }
 
 TEST_F(SaveTest, ChangesInBeginSaveAreInTheFile) {
@@ -73,7 +70,7 @@ TEST_F(SaveTest, ChangesInBeginSaveAreInTheFile) {
     session->runScript(L"SAVEAS " + quoted("a.dxf") + L"\n");
     editor->removeReactor(&change);
     EXPECT_EQ(change.heard, file("a.dxf"));
-    EXPECT_NE(contentOf(file("a.dxf")).find("$USERI1\n 70\n4711"), std::string::npos);
+    EXPECT_TRUE(holds(contentOf(file("a.dxf")), "$USERI1\n 70\n4711"));
 }
 
 TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {
@@ -82,9 +79,8 @@ TEST_F(SaveTest, AFailedSaveLeavesTheFormerFileAndName) {
     const std::string problems = problemsOf(L"POINT 0,0\nSAVEAS " + quoted("none/b.dxf") +
                                             L"\nSAVEAS " + quoted("b.dwg") + L"\n");
     EXPECT_EQ(problems.rfind("plan.scr:2: SAVEAS failed: " + file("none/b.dxf") + ": ", 0), 0u);
-    EXPECT_NE(problems.find("plan.scr:3: SAVEAS failed: " + file("b.dwg") +
-                            ": only DXF can be written; name the file .dxf\n"),
-              std::string::npos);
+    EXPECT_TRUE(holds(problems, "plan.scr:3: SAVEAS failed: " + file("b.dwg") +
+                                    ": only DXF can be written; name the file .dxf\n"));
     EXPECT_EQ(session->exitStatus, 4);
     EXPECT_EQ(name(), file("a.dxf"));
     EXPECT_EQ(contentOf(file("a.dxf")), before);
@@ -98,7 +94,7 @@ TEST_F(SaveTest, OnlyTheFirstSaveOfASessionKeepsTheFormerFile) {
     EXPECT_EQ(problemsOf(L"OPEN " + quoted("a.dxf") + L"\nPOINT 0,0\nQSAVE\nPOINT 1,1\nQSAVE\n"),
               "");
     EXPECT_EQ(contentOf(file("a.bak")), before);
-    EXPECT_EQ(drawing(), "LINE POINT POINT");
+    EXPECT_EQ(entities(), "LINE POINT POINT");
 }
 
 }  // namespace

@@ -21,10 +21,7 @@ std::string answersOf(const std::wstring& text) {
 }
 
 TEST(ScriptSource, AnswersAndTheirLines) {
-    const struct {
-        const wchar_t* text;
-        const char* answers;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"", ""},
         {L"LINE 0,0 1,1\n\n", "<LINE>1<0,0>1<1,1>1-2"},
         {L"LINE 0,0  1,1", "<LINE>1<0,0>1-1<1,1>1"},
@@ -40,8 +37,8 @@ TEST(ScriptSource, AnswersAndTheirLines) {
         {L"(f\n 1)\nX", "<(f\n 1)>1<X>3"},
         {L"(f \"\\\")\" 1", "<(f \"\\\")\" 1>1"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(answersOf(each.text), each.answers) << toUtf8(each.text);
+    for (const auto& [text, answers] : cases)
+        EXPECT_EQ(answersOf(text), answers) << toUtf8(text);
 }
 
 TEST(ScriptSource, ALineAnswerKeepsBlanksAndQuotes) {
@@ -59,11 +56,11 @@ class ScriptTest : public SessionTest {
 
 TEST_F(ScriptTest, CommandsDrawListAndUndo) {
     EXPECT_EQ(problemsOf(L"LINE 0,0 1,0 1,1 C\n_.circle 5,5 2\nTEXT 3,4 2.5 30 Two words\n"), "");
-    EXPECT_EQ(drawing(), "LINE LINE LINE CIRCLE TEXT");
+    EXPECT_EQ(entities(), "LINE LINE LINE CIRCLE TEXT");
     clearEffects();
     EXPECT_EQ(problemsOf(L"LIST L\n\nLIST 7,5\n\nLIST 0.5,0\n\nUNDO 2\n"), "");
     const std::string all = shown();
-    EXPECT_NE(all.find("\nTEXT CIRCLE\n"), std::string::npos) << "what was undone";
+    EXPECT_TRUE(holds(all, "\nTEXT CIRCLE\n")) << "what was undone";
     std::string listed, line;
     for (std::istringstream lines(all); std::getline(lines, line);)
         if (line.rfind("    ", 0) == 0) listed += line.substr(4) + "|";
@@ -71,14 +68,11 @@ TEST_F(ScriptTest, CommandsDrawListAndUndo) {
               "at point X=3.0 Y=4.0 Z=0.0|height 2.5|text Two words|"
               "center point X=5.0 Y=5.0 Z=0.0|radius 2.0|"
               "from point X=0.0 Y=0.0 Z=0.0|to point X=1.0 Y=0.0 Z=0.0|");
-    EXPECT_EQ(drawing(), "LINE LINE LINE");
+    EXPECT_EQ(entities(), "LINE LINE LINE");
 }
 
 TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
-    const struct {
-        const wchar_t* script;
-        const char* line;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"; nothing\nNONSENSE\n",
          "plan.scr:2: unknown command \"NONSENSE\"; HELP lists the commands\n"},
         {L"STRETCH\n", "plan.scr:1: unknown command \"STRETCH\"; HELP lists the commands\n"},
@@ -104,20 +98,20 @@ TEST_F(ScriptTest, WhatGoesWrongIsToldWithItsLine) {
          "plan.scr:2: OPEN failed: nowhere.dxf: cannot be read: No such file or "
          "directory; choose a DXF drawing\n"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(problemsOf(each.script), each.line);
+    for (const auto& [script, line] : cases)
+        EXPECT_EQ(problemsOf(script), line);
     EXPECT_EQ(session->exitStatus, 3);
 }
 
 TEST_F(ScriptTest, ShortFormsVariablesAndEnterThatRepeats) {
     EXPECT_EQ(problemsOf(L"\nPO 1,1\n\n2,2\nPICK ALL\n\n3,3\n_pickadd 1\n\n0\nE 3,3\n\nVIEWSIZE\n"),
               "");
-    EXPECT_EQ(drawing(), "POINT POINT");
-    EXPECT_NE(shown().find("\nEnter new value for PICKADD <1>: 0\n"), std::string::npos);
+    EXPECT_EQ(entities(), "POINT POINT");
+    EXPECT_TRUE(holds(shown(), "\nEnter new value for PICKADD <1>: 0\n"));
     EXPECT_EQ(problemsOf(L"?\n"), "");
     const std::string help = shown();
     for (const char* line : {"\n  ZOOM ", " L=LINE ", "\n  QUIT ", "PICK selection"})
-        EXPECT_NE(help.find(line), std::string::npos) << line;
+        EXPECT_TRUE(holds(help, line)) << line;
 }
 
 TEST_F(ScriptTest, GesturesAreNoCommands) {
@@ -126,9 +120,9 @@ TEST_F(ScriptTest, GesturesAreNoCommands) {
     EXPECT_EQ(problemsOf(L"PICK ALL\nUNPICK 1,1\nPICKED\nPICK NONE\n"), "");
     for (const std::wstring& text : effectTexts(EffectKind::Notification))
         EXPECT_EQ(text, L"pickfirstModified");
-    EXPECT_NE(shown().find(" LINE\n"), std::string::npos);
+    EXPECT_TRUE(holds(shown(), " LINE\n"));
     session->runScript(L"PICKED\n");
-    EXPECT_NE(shown().find("Nothing is picked."), std::string::npos);
+    EXPECT_TRUE(holds(shown(), "Nothing is picked."));
 }
 
 TEST_F(ScriptTest, QuitEndsTheScript) { EXPECT_EQ(problemsOf(L"QUIT\nNONSENSE\n"), ""); }

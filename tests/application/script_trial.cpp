@@ -1,9 +1,7 @@
 // Tries the host on a script that may hold anything.
 #include "script_trial.h"
 
-#include <algorithm>
 #include <iterator>
-#include <memory>
 
 #include "common/drawing_trial.h"
 #include "host/application/session.h"

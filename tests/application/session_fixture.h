@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
 #include "common/process.h"
 #include "common/scratch.h"
 #include "host/application/session.h"
-#include "host/control/accounting.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/objectarx/database.h"
@@ -22,7 +22,10 @@
 
 using namespace host;
 using tests::contentOf;
+using tests::holds;
+using tests::takeFaults;
 using tests::write;
+using Texts = std::vector<std::string>;
 
 /// Types as a person does, who is asked again after a wrong answer; "^D" is the end of the input.
 class Person : public ScriptSource {
@@ -45,26 +48,20 @@ class SessionTest : public testing::Test {
     }
     ~SessionTest() override {
         session.reset();
-        EXPECT_EQ(faults(), "");
+        EXPECT_EQ(takeFaults(), Texts());
         setVariable("PROBE", nullptr);
     }
 
-    std::string file(const std::string& name) const {
-        return (m_folder.path() / name).make_preferred().string();
+    std::string file(const std::string& name) const { return m_folder.file(name); }
+
+    std::wstring quoted(const std::string& name) const {
+        return L"\"" + fromUtf8(file(name)) + L"\"";
     }
 
     /// What the command line shows since the last call.
     std::string shown() {
         const std::string text = toUtf8(effectText(EffectKind::CommandLine));
         clearEffects();
-        return text;
-    }
-    /// Faults of modules since the last call, one a line.
-    static std::string faults() {
-        std::string text;
-        for (const std::string& fault : moduleFaults())
-            text += fault + "\n";
-        clearModuleFaults();
         return text;
     }
     /// The lines about commands that did not end well, while a script runs.
@@ -75,8 +72,8 @@ class SessionTest : public testing::Test {
         session->diagnostics = nullptr;
         return text;
     }
-    /// Types of the entities of the current drawing's model space.
-    std::string drawing() const {
+    /// Types of the entities of the current drawing's model space, "LINE CIRCLE".
+    std::string entities() const {
         const Store& store = session->database()->store();
         std::string text;
         for (const ObjectBody& entity : store.children(store.modelSpace()))

@@ -3,8 +3,6 @@
 
 #include "common/tag_literals.h"
 #include "host/commands/entity_maker.h"
-#include "host/content/dictionary_text.h"
-#include "host/dxf/check/drawing_check.h"
 #include "host/store/body_text.h"
 
 namespace tests {
@@ -30,33 +28,9 @@ std::string stateOf(const Store& store) {
     return text;
 }
 
-std::string damage(const Store& store) {
-    std::string text;
-    for (const Finding& finding : checkDrawing(store))
-        if (finding.severity == Severity::Error) text += finding.text + "\n";
-    return text;
-}
-
 CommandsTest::~CommandsTest() {
-    for (const HostDocument* document : session->documents.all())
-        EXPECT_EQ(damage(document->database()->store()), "");
-}
-
-std::string CommandsTest::entities() const {
-    std::string text;
-    for (const ObjectBody& entity : store().children(store().modelSpace())) {
-        const std::wstring layer = layerName(entity);
-        text += (text.empty() ? "" : " ") + std::string(entity.type());
-        if (layer != L"0") text += "/" + toUtf8(layer);
-    }
-    return text;
-}
-
-ObjectBody& CommandsTest::entity(const std::string& type, int occurrence) const {
-    for (ObjectBody& entity : store().children(store().modelSpace()))
-        if (entity.type() == type && occurrence-- == 0) return entity;
-    ADD_FAILURE() << "no " << type;
-    return store().at(0);
+    for (std::size_t i = 0; i < session->documents.count(); ++i)
+        EXPECT_EQ(errorsIn(session->documents.at(i)->database()->store()), "");
 }
 
 std::string CommandsTest::values(const ObjectBody& body, std::initializer_list<int> codes) {
@@ -76,17 +50,13 @@ ObjectBody& CommandsTest::add(const std::string& type, const std::string& tags) 
     return *Store::resolve(addEntity(store(), type, tagsOf(tags)));
 }
 
-ObjectBody& CommandsTest::addObject(Kind kind, const std::string& text, Index owner) const {
-    ObjectBody fresh;
-    fresh.kind = kind;
-    placeText(fresh, text);
-    ObjectBody& made = store().duplicate(fresh, owner);
-    store().appendChild(store().objectsList(), made);
-    return made;
+ObjectBody& CommandsTest::addDictionary(const ObjectBody& owner, bool hard) const {
+    const std::string tags = "0 DICTIONARY|100 AcDbDictionary|280 ";
+    return appendObject(store(), tags + (hard ? "1" : "0"), owner.self);
 }
 
 ObjectBody& CommandsTest::addExtensionDictionary(ObjectBody& entity, bool hard) const {
-    ObjectBody& made = addObject(Kind::Dictionary, newDictionaryText(hard), entity.self);
+    ObjectBody& made = addDictionary(entity, hard);
     std::string tags(entity.tags());
     setExtensionDictionary(tags, made.handle);
     entity.setTags(tags);

@@ -4,14 +4,13 @@
 #include <string>
 
 #include "application/session_fixture.h"
+#include "common/drawing_order.h"
 
 namespace tests {
 
 /// Everything live in a drawing: header, each object with its tags, and the order of the spaces,
 /// walked both ways.
 std::string stateOf(const host::Store& store);
-/// "" for a sound drawing, else the errors that the check finds.
-std::string damage(const host::Store& store);
 
 class CommandsTest : public SessionTest {
   protected:
@@ -20,16 +19,16 @@ class CommandsTest : public SessionTest {
 
     host::CommandStatus run(const std::wstring& script) { return session->runScript(script); }
     host::Store& store() const { return session->database()->store(); }
-    /// Type and layer of the entities of model space in order: "LINE LINE/Walls".
-    std::string entities() const;
     /// The occurrence-th entity of a type in model space.
-    host::ObjectBody& entity(const std::string& type, int occurrence = 0) const;
+    host::ObjectBody& entity(const std::string& type, int occurrence = 0) const {
+        return entityOf(store(), type, occurrence);
+    }
     /// Values of tags of an entity: "10 20 30" gives "1.0 2.0 3.0".
     static std::string values(const host::ObjectBody& body, std::initializer_list<int> codes);
     /// Adds an entity from "code value|code value" to model space.
     host::ObjectBody& add(const std::string& type, const std::string& tags);
-    /// Adds an object that is no entity, with the text of its tags.
-    host::ObjectBody& addObject(host::Kind kind, const std::string& text, host::Index owner) const;
+    /// Adds a dictionary that owns what is entered hard or not.
+    host::ObjectBody& addDictionary(const host::ObjectBody& owner, bool hard) const;
     host::ObjectBody& addExtensionDictionary(host::ObjectBody& entity, bool hard) const;
 };
 

@@ -19,8 +19,8 @@ class EditingTest : public CommandsTest {
     /// Gives an entity an extension dictionary with one record.
     void addRecord(ObjectBody& entity, bool hard) {
         ObjectBody& dictionary = addExtensionDictionary(entity, hard);
-        const std::string text = tagsOf("0 XRECORD|100 AcDbXrecord|280 1");
-        addEntry(dictionary, L"KEY", addObject(Kind::Xrecord, text, dictionary.self).handle);
+        const char* const record = "0 XRECORD|100 AcDbXrecord|280 1";
+        addEntry(dictionary, L"KEY", appendObject(store(), record, dictionary.self).handle);
     }
     /// Number of live records of applications.
     int records() const {
@@ -49,7 +49,7 @@ TEST_F(EditingTest, ZoomSetsHowFarAPickReaches) {
                                        {L"W 0,0 @1,2", L"VIEWSIZE = 2.0"},
                                        {L"0,0 0,8", L"VIEWSIZE = 8.0"}}) {
         run(std::wstring(L"Z ") + zoom + L"\nVIEWSIZE\n");
-        EXPECT_NE(shown().find(toUtf8(height)), std::string::npos) << toUtf8(zoom);
+        EXPECT_TRUE(holds(shown(), toUtf8(height))) << toUtf8(zoom);
     }
     EXPECT_EQ(run(L"ZOOM -1x\n"), CommandStatus::Cancelled);
     EXPECT_EQ(run(L"ZOOM 1e-320\n"), CommandStatus::Done) << "stays as it is";
@@ -97,10 +97,7 @@ TEST_F(EditingTest, CancellingLeavesTheDrawingUntouched) {
 }
 
 TEST_F(EditingTest, LockedLayersAreCopiedButNotChanged) {
-    ObjectBody& layer = *store().symbol("LAYER", L"0");
-    std::string text(layer.tags());
-    replaceValue(text, *findTag(text, 70), "4");
-    layer.setTags(text);
+    tests::setTag(*store().symbol("LAYER", L"0"), 70, "4");
     const std::string before = stateOf(store());
     run(L"MOVE ALL\n\n0,0 1,1\nMIRROR ALL\n\n0,0 1,1 Y\nCUTCLIP ALL\n\nERASE ALL\n\n");
     EXPECT_EQ(stateOf(store()), before);
@@ -132,7 +129,7 @@ TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
     const Index circle = entity("CIRCLE").self;
     run(L"PASTECLIP 0,0\n");
     EXPECT_EQ(entities(), "LINE CIRCLE " + all);
-    EXPECT_EQ(damage(store()), "");
+    EXPECT_EQ(errorsIn(store()), "");
     ObjectBody* block = store().symbol("BLOCK_RECORD", L"B");
     ASSERT_NE(block, nullptr);
     const Index first = store().firstLive(block->self);
@@ -147,7 +144,7 @@ TEST_F(EditingTest, DefinitionsComeAlongAndThoseOfTheTargetWin) {
 
 TEST_F(EditingTest, AnEmptyClipboardIsToldAndEachSessionStartsWithOne) {
     EXPECT_EQ(run(L"PASTECLIP\n"), CommandStatus::Failed);
-    EXPECT_NE(shown().find("The clipboard is empty"), std::string::npos);
+    EXPECT_TRUE(holds(shown(), "The clipboard is empty"));
 }
 
 }  // namespace

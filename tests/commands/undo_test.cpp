@@ -1,8 +1,8 @@
 // U, UNDO and REDO, beside a plain model: the list of all states.
-#include <cstdlib>
 #include <random>
 
 #include "commands/commands_fixture.h"
+#include "common/seeds.h"
 #include "host/objectarx/editor.h"
 
 namespace tests {
@@ -38,8 +38,7 @@ std::wstring randomEdit(std::mt19937& random, bool large) {
 }
 
 TEST_F(UndoTest, RandomEditingGoesBackAndForth) {
-    const char* wanted = std::getenv("VELMO_SEED");
-    const unsigned seed = wanted != nullptr ? static_cast<unsigned>(std::atoi(wanted)) : 1;
+    const unsigned seed = wantedSeed().value_or(1);
     SCOPED_TRACE("VELMO_SEED=" + std::to_string(seed));
     std::mt19937 random(seed);
     std::vector<std::string> states{stateOf(store())};
@@ -61,7 +60,7 @@ TEST_F(UndoTest, RandomEditingGoesBackAndForth) {
             if (stateOf(store()) == states[now]) continue;
             states.resize(++now);
             states.push_back(stateOf(store()));
-            ASSERT_EQ(damage(store()), "") << std::string(edit.begin(), edit.end());
+            ASSERT_EQ(errorsIn(store()), "") << std::string(edit.begin(), edit.end());
         }
     }
     run(L"UNDO 32767\n");
@@ -84,7 +83,7 @@ TEST_F(UndoTest, AnUndoneObjectIsNowhereAndItsHandleNotGivenAgain) {
     EXPECT_GT(store().at(store().lastLive(store().modelSpace())).handle, handle);
     clearEffects();
     run(L"REDO\n");
-    EXPECT_NE(shown().find("Everything has been redone."), std::string::npos);
+    EXPECT_TRUE(holds(shown(), "Everything has been redone."));
     EXPECT_TRUE(id.isErased());
 }
 
@@ -104,15 +103,15 @@ TEST_F(UndoTest, ReactorsBelongToTheCommandAndDrawingsAreApart) {
     editor->removeReactor(&reactor);
     EXPECT_TRUE(reactor.body->erased);
     run(L"NEW\nU\n");
-    EXPECT_NE(shown().find("Everything has been undone."), std::string::npos);
+    EXPECT_TRUE(holds(shown(), "Everything has been undone."));
     run(L"SWITCH 1\nU\n");
     EXPECT_EQ(stateOf(store()), before);
     EXPECT_EQ(run(L"UNDO Begin\n"), CommandStatus::Cancelled);
-    EXPECT_NE(shown().find("UNDO has no other options here"), std::string::npos);
+    EXPECT_TRUE(holds(shown(), "UNDO has no other options here"));
 }
 
 TEST_F(UndoTest, SavingIsNotUndoneAndWhatIsUndoneIsNotSaved) {
-    const std::wstring name = L" \"" + fromUtf8(file("a.dxf")) + L"\"\n";
+    const std::wstring name = L" " + quoted("a.dxf") + L"\n";
     run(L"COPY ALL\n\n0,0 9,9\n\nU\nSAVEAS" + name + L"U\n");
     const std::string kept = entities();
     EXPECT_EQ(run(L"CLOSE\nOPEN" + name), CommandStatus::Done);

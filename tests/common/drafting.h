@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "common/checks.h"
 #include "host/application/session.h"
 #include "host/store/store.h"
 
@@ -27,9 +28,6 @@ class Drafting {
     host::Session& session() { return *m_session; }
     /// drawingOrder of the current drawing's model space.
     std::string order() const;
-    /// "(handent \"2A\")" for the occurrence-th entity of a type in model space, or another space.
-    std::wstring pick(const std::string& type, int occurrence = 0,
-                      host::Index space = host::kNoIndex) const;
     /// Saves the current drawing under a temporary name and opens it again as a new document.
     void saveAndReopen();
 
@@ -38,9 +36,7 @@ class Drafting {
     Damage m_damage;
 };
 
-/// Path of the module that the tests load.
-std::string modulePath();
-/// A fresh folder for one test; emptied before use.
-std::string scratchFolder();
+/// Name of the module that the tests load.
+inline constexpr const char* kModule = "VelmoGroup.arx";
 
 }  // namespace tests

@@ -1,11 +1,14 @@
 // Renders drawing order from the stored tags, without the module's own code.
 #include "common/drawing_order.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <vector>
 
 #include "host/store/body_text.h"
 #include "host/tags/tag_values.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 
@@ -121,16 +124,17 @@ std::string markerPlaces(const Store& store) {
     return text;
 }
 
-std::string handleOf(const Store& store, const std::string& type, int occurrence, Index space) {
-    if (space == kNoIndex) space = store.modelSpace();
-    for (const ObjectBody& entity : store.children(space))
-        if (entity.type() == type && occurrence-- == 0) return host::formatHandle(entity.handle);
-    return {};
+ObjectBody& entityOf(const Store& store, const std::string& type, int occurrence, Index space) {
+    for (ObjectBody& entity : store.children(space == kNoIndex ? store.modelSpace() : space))
+        if (entity.type() == type && occurrence-- == 0) return entity;
+    ADD_FAILURE() << "no " << type;
+    return store.at(0);
 }
 
-std::string groupOf(const Store& store, const std::string& handle, int code) {
-    const ObjectBody* body = store.byHandle(handle);
-    return body != nullptr ? value(*body, code) : std::string();
+std::wstring handleOf(AcDbObjectId id) {
+    return host::fromUtf8(host::formatHandle(id.handle().value()));
 }
+
+std::wstring handent(AcDbObjectId id) { return L"(handent \"" + handleOf(id) + L"\")"; }
 
 }  // namespace tests

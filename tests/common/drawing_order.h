@@ -16,13 +16,14 @@ std::string drawingOrder(const host::Store& store, host::Index space);
 /// 1.0(1.0)" for a group whose first member stands at 1.
 std::string markerPlaces(const host::Store& store);
 
-/// Handle of the `occurrence`-th live main entity (from 0) of a type in a space (model space when
-/// none is given), as text; empty when there is none.
-std::string handleOf(const host::Store& store, const std::string& type, int occurrence = 0,
-                     host::Index space = host::kNoIndex);
+/// The `occurrence`-th live main entity (from 0) of a type in a space, model space when none is
+/// given; without one the test fails.
+host::ObjectBody& entityOf(const host::Store& store, const std::string& type, int occurrence = 0,
+                           host::Index space = host::kNoIndex);
 
-/// Value of the first tag with a code in the object with a handle; empty without one.
-std::string groupOf(const host::Store& store, const std::string& handle, int code);
+/// Handle of an object, "2A", and what names it to a prompt for entities: "(handent \"2A\")".
+std::wstring handleOf(AcDbObjectId id);
+std::wstring handent(AcDbObjectId id);
 
 /// Tags of an entity without what a clone has of its own (handles, owner, dictionary, reactors):
 /// "0=LINE|8=0|".

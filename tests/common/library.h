@@ -1,12 +1,12 @@
-// Drawings that nobody here made.
+// Files to try that were not written for one test: drawings that nobody here made, former findings.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
-
-#include "gtest/gtest.h"
 
 namespace tests {
 
@@ -21,6 +21,18 @@ inline std::vector<std::string> libraryDrawings() {
     }
     EXPECT_GT(files.size(), 1000u) << "install Debian's librecad-data";
     std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// What fuzzing found in a kind of input, "dxf" or "script", and the seeds that it starts from; see
+/// tests/fuzz.
+inline std::vector<std::filesystem::path> fuzzInputs(const char* kind) {
+    std::vector<std::filesystem::path> files;
+    for (const char* origin : {"/fuzz/regressions/", "/fuzz/corpus/"})
+        for (const auto& entry :
+             std::filesystem::directory_iterator(std::string(TESTS_FOLDER) + origin + kind))
+            files.push_back(entry.path());
+    EXPECT_GE(files.size(), 5u) << kind;
     return files;
 }
 

@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "common/drafting.h"
+#include "common/drawing_order.h"
 #include "gtest/gtest.h"
 #include "host/control/effects.h"
 #include "host/control/switches.h"
 #include "host/editor/selection/pickfirst.h"
 #include "host/scripting/script.h"
-#include "host/tags/tags.h"
 #include "host/text/text_codec.h"
 
 namespace tests {
@@ -62,7 +62,7 @@ class Scene : public Drafting {
                 continue;
             }
             std::size_t length = 0;
-            text += handent(std::stoul(script.substr(i + 1), &length));
+            text += handent(entities().at(std::stoul(script.substr(i + 1), &length) - 1));
             i += length;
         }
         host::clearEffects();
@@ -133,11 +133,6 @@ class Scene : public Drafting {
         host::clearEffects();
         act(ids);
         return state();
-    }
-
-    std::wstring handent(std::size_t position) const {
-        const host::ObjectBody* body = host::Store::resolve(entities().at(position - 1));
-        return L"(handent \"" + host::fromUtf8(host::formatHandle(body->handle)) + L"\")";
     }
 
     std::wstring numbers(std::size_t first) const {

@@ -1,33 +1,24 @@
 // Files that a test writes and reads.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 #include "host/dxf/file/file_access.h"
 
 namespace tests {
 
-/// Folder for files, in memory where possible: what is saved is flushed to the disk.
-inline std::filesystem::path quickParent() {
-    const std::filesystem::path memory = "/dev/shm";
-    return std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
-}
-
-/// An empty folder of this process, by default for the current test; gone at its end.
+/// An empty folder, gone at its end; in memory where possible: what is saved is flushed to the
+/// disk.
 class ScratchFolder {
   public:
-    explicit ScratchFolder(
-        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
-        : ScratchFolder(parent, testing::UnitTest::GetInstance()->current_test_info()->name()) {}
-    ScratchFolder(const std::filesystem::path& parent, std::string name) {
-        std::replace(name.begin(), name.end(), '/', '_');  // of a test with a parameter
-        m_path = parent / ("velmo_" + std::to_string(host::processNumber()) + "_" + name);
+    ScratchFolder() {
+        static int count = 0;
+        const std::filesystem::path memory = std::filesystem::absolute("/dev/shm");
+        m_path = (exists(memory) ? memory : std::filesystem::temp_directory_path()) /
+                 ("velmo_" + std::to_string(host::processNumber()) + "_" + std::to_string(++count));
         std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
     }
@@ -37,18 +28,23 @@ class ScratchFolder {
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
+
     const std::filesystem::path& path() const { return m_path; }
+    std::string file(const std::string& name) const {
+        return (m_path / name).make_preferred().string();
+    }
 
   private:
     std::filesystem::path m_path;
 };
 
-inline std::string contentOf(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+inline std::string contentOf(const std::filesystem::path& path) {
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
 }
 
-inline void write(const std::string& path, const std::string& text) {
+inline void write(const std::filesystem::path& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "host/store/store.h"
-#include "host/tags/tags.h"
+#include "host/tags/tag_values.h"
 
 namespace tests {
 
@@ -41,6 +41,28 @@ inline host::ObjectBody& make(host::Store& store, const std::string& literal, ho
     pattern.setTags(tagsOf(literal));
     pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
     return store.duplicate(pattern, owner);
+}
+
+/// Makes an entity, the last one in its owner.
+inline host::ObjectBody& append(host::Store& store, const std::string& literal, host::Index owner) {
+    host::ObjectBody& body = make(store, literal, owner);
+    store.appendChild(owner, body);
+    return body;
+}
+
+/// Makes an object that is no entity.
+inline host::ObjectBody& appendObject(host::Store& store, const std::string& literal,
+                                      host::Index owner) {
+    host::ObjectBody& body = make(store, literal, owner, false);
+    store.appendChild(store.objectsList(), body);
+    return body;
+}
+
+/// Gives an object's tag another value.
+inline void setTag(host::ObjectBody& body, const host::FieldPlace& place, std::string_view value) {
+    std::string text(body.tags());
+    host::setTag(text, place, value);
+    body.setTags(text);
 }
 
 }  // namespace tests

@@ -1,10 +1,8 @@
 // Dictionaries, extension dictionaries and xrecords.
-#include "database/entities_drawing.h"
+#include "database/drawing_fixture.h"
 #include "host/content/dictionary_text.h"
 
-using entities::Drawing;
-using entities::Opened;
-
+namespace tests {
 namespace {
 
 /// Adds a new xrecord under a key; the status of setAt.
@@ -18,21 +16,18 @@ Acad::ErrorStatus put(AcDbDictionary& dictionary, const ACHAR* key, AcDbObjectId
     return status;
 }
 
-AcDbObjectId extensionOf(Drawing& drawing, host::ObjectBody& body) {
-    Opened<AcDbObject> object(drawing.id(body), AcDb::kForWrite);
+AcDbObjectId extensionOf(AcDbObjectId id) {
+    Opened<AcDbObject> object(id, AcDb::kForWrite);
     EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
     return object->extensionDictionary();
 }
 
-}  // namespace
-
-using Dictionary = entities::DrawingTest;
-using ExtensionDictionary = entities::DrawingTest;
-using Xrecord = entities::DrawingTest;
+using Dictionary = DrawingTest;
+using ExtensionDictionary = DrawingTest;
+using Xrecord = DrawingTest;
 
 TEST_F(Dictionary, EntriesComeAndGo) {
-    Opened<AcDbDictionary> root(drawing.store().idOf(drawing.store().rootDictionary()),
-                                AcDb::kForWrite);
+    Opened<AcDbDictionary> root(store.idOf(store.rootDictionary()), AcDb::kForWrite);
     const std::string before(root->body().tags());
     AcDbObjectId first, second, found;
     EXPECT_EQ(put(*root, L"Door List", first), Acad::eOk);
@@ -57,7 +52,7 @@ TEST_F(Dictionary, EntriesComeAndGo) {
 }
 
 TEST_F(Dictionary, AnErasedEntryLeavesAndAnErasedDictionaryTakesItsEntriesAlong) {
-    const AcDbObjectId id = extensionOf(drawing, drawing.add("0 LINE|8 0"));
+    const AcDbObjectId id = extensionOf(idOf(add("0 LINE|8 0")));
     AcDbObjectId first, second, found;
     Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
     put(*dictionary, L"first", first);
@@ -69,24 +64,23 @@ TEST_F(Dictionary, AnErasedEntryLeavesAndAnErasedDictionaryTakesItsEntriesAlong)
 }
 
 TEST_F(Dictionary, EntriesStandInFrontOfADefaultEntryAndOfExtendedData) {
-    host::ObjectBody& body = drawing.addObject(
+    host::ObjectBody& body = addObject(
         "0 ACDBDICTIONARYWDFLT|100 AcDbDictionary|280 1|281 1|3 Old|360 F|"
         "100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail",
-        drawing.model());
-    Opened<AcDbDictionary> dictionary(drawing.id(body), AcDb::kForWrite);
+        model());
+    Opened<AcDbDictionary> dictionary(idOf(body), AcDb::kForWrite);
     AcDbObjectId id;
     put(*dictionary, L"New", id);
     const std::string handle = host::formatHandle(id.handle().value());
-    EXPECT_NE(entities::render(body.tags())
-                  .find("3 Old|360 F|3 New|360 " + handle +
-                        "|100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail"),
-              std::string::npos);
+    EXPECT_TRUE(
+        holds(render(body.tags()), "3 Old|360 F|3 New|360 " + handle +
+                                       "|100 AcDbDictionaryWithDefault|340 F|1001 ACAD|1000 tail"));
 }
 
 TEST_F(ExtensionDictionary, CreateAndRelease) {
-    host::ObjectBody& line = drawing.add("0 LINE|100 AcDbEntity|8 0");
-    const std::string before = entities::render(line.tags());
-    Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
+    host::ObjectBody& line = add("0 LINE|100 AcDbEntity|8 0");
+    const std::string before = render(line.tags());
+    Opened<AcDbObject> object(idOf(line), AcDb::kForWrite);
     EXPECT_TRUE(object->extensionDictionary().isNull());
     EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eKeyNotFound);
     EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
@@ -94,7 +88,7 @@ TEST_F(ExtensionDictionary, CreateAndRelease) {
     const AcDbObjectId id = object->extensionDictionary();
     {
         Opened<AcDbDictionary> dictionary(id, AcDb::kForWrite);
-        EXPECT_EQ(dictionary->ownerId(), drawing.id(line));
+        EXPECT_EQ(dictionary->ownerId(), idOf(line));
         EXPECT_TRUE(host::ownsHard(dictionary->body().tags()));
         AcDbObjectId entry;
         put(*dictionary, L"KEY", entry);
@@ -105,15 +99,15 @@ TEST_F(ExtensionDictionary, CreateAndRelease) {
     Opened<AcDbDictionary>(id, AcDb::kForWrite)->remove(L"KEY");
     EXPECT_EQ(object->releaseExtensionDictionary(), Acad::eOk);
     EXPECT_TRUE(id.isErased());
-    EXPECT_EQ(entities::render(line.tags()), before);
+    EXPECT_EQ(render(line.tags()), before);
     EXPECT_EQ(object->createExtensionDictionary(), Acad::eOk);
     EXPECT_NE(object->extensionDictionary(), id);
 }
 
 TEST_F(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
-    host::ObjectBody& line = drawing.add("0 LINE|8 0");
-    const AcDbObjectId id = extensionOf(drawing, line);
-    Opened<AcDbObject> object(drawing.id(line), AcDb::kForWrite);
+    host::ObjectBody& line = add("0 LINE|8 0");
+    const AcDbObjectId id = extensionOf(idOf(line));
+    Opened<AcDbObject> object(idOf(line), AcDb::kForWrite);
     Opened<AcDbObject>(id, AcDb::kForWrite)->erase();
     EXPECT_TRUE(line.releasedLater);
     EXPECT_EQ(object->extensionDictionary(), id);
@@ -122,13 +116,11 @@ TEST_F(ExtensionDictionary, ErasedByItselfKeepsTheOwnersLink) {
 
 TEST_F(Xrecord, GivesBackEveryKindOfValue) {
     const std::string empty = "0 XRECORD|100 AcDbXrecord|280 1";
-    Opened<AcDbXrecord> first(drawing.id(drawing.addObject(empty, drawing.model())),
-                              AcDb::kForWrite);
-    Opened<AcDbXrecord> second(drawing.id(drawing.addObject(empty, drawing.model())),
-                               AcDb::kForWrite);
-    const host::ObjectBody& zero = *drawing.store().symbol("LAYER", L"0");
+    Opened<AcDbXrecord> first(idOf(addObject(empty, model())), AcDb::kForWrite);
+    Opened<AcDbXrecord> second(idOf(addObject(empty, model())), AcDb::kForWrite);
+    const host::ObjectBody& zero = *store.symbol("LAYER", L"0");
     ads_name layer;
-    acdbGetAdsName(layer, drawing.id(zero));
+    acdbGetAdsName(layer, idOf(zero));
     const ads_point point = {1.5, -2, 3e20};
     resbuf* chain = acutBuildList(280, 7, 1, L"\u00D8 wall\\P", 10, point, 40, 0.1, 70, -3, 90,
                                   1 << 30, 160, Adesk::Int64{1} << 40, 290, 1, 102, L"{X", 330,
@@ -148,34 +140,36 @@ TEST_F(Xrecord, GivesBackEveryKindOfValue) {
     EXPECT_EQ(second->setFromRbChain(*chain), Acad::eOk);
     acutRelRb(chain);
     for (const AcDbXrecord* record : {&*first, &*second}) {
-        const std::string tags = entities::render(record->body().tags());
+        const std::string tags = render(record->body().tags());
         EXPECT_EQ(tags.substr(tags.find("280 1|") + 6),
                   "280 7|1 \u00D8 wall\\P|10 1.5|20 -2.0|30 3e+20|40 0.1|70 -3|90 1073741824|"
                   "160 1099511627776|290 1|102 {X|330 " +
-                      drawing.handle(zero) + "|102 }|210 1.5|220 -2.0|230 3e+20|300 |310 61627F");
+                      handle(zero) + "|102 }|210 1.5|220 -2.0|230 3e+20|300 |310 61627F");
     }
 }
 
 TEST_F(Xrecord, RefusesABadChainAsAWholeAndReplacesTheFormerContent) {
-    host::ObjectBody& body = drawing.addObject(
-        "0 XRECORD|100 AcDbXrecord|280 1|1 old|280 5|1001 ACAD|1070 9", drawing.model());
-    Opened<AcDbXrecord> record(drawing.id(body), AcDb::kForWrite);
-    const std::string before = entities::render(body.tags());
+    host::ObjectBody& body =
+        addObject("0 XRECORD|100 AcDbXrecord|280 1|1 old|280 5|1001 ACAD|1070 9", model());
+    Opened<AcDbXrecord> record(idOf(body), AcDb::kForWrite);
+    const std::string before = render(body.tags());
     resbuf second = {nullptr, 0, {}};
     resbuf first = {&second, 90, {}};
     for (const short bad : {0, -1, 5, 105, 370, 1001, 5000}) {
         second.restype = bad;
         EXPECT_EQ(record->setFromRbChain(first), Acad::eInvalidDxfCode) << bad;
     }
-    EXPECT_EQ(entities::render(body.tags()), before);
+    EXPECT_EQ(render(body.tags()), before);
     first.rbnext = nullptr;
     EXPECT_EQ(record->setFromRbChain(first), Acad::eOk);
-    EXPECT_NE(entities::render(body.tags()).find("280 1|90 0|1001 ACAD|1070 9"), std::string::npos);
-    Opened<AcDbXrecord> reader(
-        drawing.id(drawing.addObject("0 XRECORD|100 AcDbXrecord|280 1", drawing.model())),
-        AcDb::kForRead);
+    EXPECT_TRUE(holds(render(body.tags()), "280 1|90 0|1001 ACAD|1070 9"));
+    Opened<AcDbXrecord> reader(idOf(addObject("0 XRECORD|100 AcDbXrecord|280 1", model())),
+                               AcDb::kForRead);
     EXPECT_EQ(reader->setFromRbChain(first), Acad::eNotOpenForWrite);
     resbuf* chain = &first;
     EXPECT_EQ(reader->rbChain(&chain), Acad::eOk);
     EXPECT_EQ(chain, nullptr);
 }
+
+}  // namespace
+}  // namespace tests

@@ -1,13 +1,14 @@
 // Result buffers: lists from arguments, their ownership, and calls that are made to fail.
 #include <functional>
 
-#include "entities_drawing.h"
+#include "database/drawing_fixture.h"
 #include "host/objects/result_list.h"
 
-using namespace entities;
+namespace tests {
+namespace {
 
-using ResultBuffers = entities::DrawingTest;
-using EntityCalls = entities::DrawingTest;
+using ResultBuffers = DrawingTest;
+using EntityCalls = DrawingTest;
 
 TEST_F(ResultBuffers, ListTakesCopiesByTypeCode) {
     std::wstring text = L"INSERT";
@@ -50,27 +51,22 @@ TEST_F(ResultBuffers, AreReleasedOnceAndByTheirOwner) {
     const host::HeldCounts before = host::heldNow();
     list = acutBuildList(RTSTR, L"a", 40, 1.0, 0);
     host::checkNothingLeaked(before, "TEST");
-    ASSERT_FALSE(host::moduleFaults().empty());
-    EXPECT_NE(host::moduleFaults().back().find("result buffer list starting with type 5005"),
-              std::string::npos)
-        << host::moduleFaults().back();
-    host::clearModuleFaults();
+    EXPECT_TRUE(holds(takeFaults().at(0), "result buffer list starting with type 5005"));
     acutRelRb(list);
     EXPECT_EQ(acutRelRb(list), RTERROR);
     resbuf foreign{};
     EXPECT_EQ(acutRelRb(&foreign), RTERROR);
-    EXPECT_EQ(host::moduleFaults().size(), 2u);
-    host::clearModuleFaults();
+    EXPECT_EQ(takeFaults().size(), 2u);
 }
 
 TEST_F(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
-    auto& insert = drawing.add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B");
-    drawing.add("0 LINE|100 AcDbEntity|8 0");
-    Opened<AcDbBlockReference> open(drawing.id(insert), AcDb::kForWrite);
-    ads_name name = {Adesk::IntPtr(drawing.id(insert).asWord()), 0};
+    auto& insert = add("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 B");
+    add("0 LINE|100 AcDbEntity|8 0");
+    Opened<AcDbBlockReference> open(idOf(insert), AcDb::kForWrite);
+    ads_name name = {Adesk::IntPtr(idOf(insert).asWord()), 0};
     AcDbAttribute attribute;
     AcDbAttributeDefinition definition;
-    AcDbObjectId id = drawing.id(insert);
+    AcDbObjectId id = idOf(insert);
     AcDbEntity* entity = nullptr;
     AcDbSequenceEnd* end = nullptr;
     AcDbObjectIdArray ids;
@@ -88,14 +84,17 @@ TEST_F(EntityCalls, EachFailsWithoutEffectWhenItIsMadeTo) {
         [&] { return attribute.setTag(L"T") == Acad::eOk; },
         [&] { return definition.setInvisible(true) == Acad::eOk; },
         [&] { return acdbOpenAcDbEntity(entity, id, AcDb::kForRead) == Acad::eOk; },
-        [&] { return drawing.database().deepCloneObjects(ids, id, map) == Acad::eOk; }};
-    const std::uint64_t revision = drawing.store().revision;
+        [&] { return database.deepCloneObjects(ids, id, map) == Acad::eOk; }};
+    const std::uint64_t revision = store.revision;
     for (const auto& call : calls) {
         host::setFaultPlan({1, false, ""});
         EXPECT_FALSE(call()) << "call " << &call - calls;
         EXPECT_EQ(host::faultsInjected(), 1) << "call " << &call - calls;
     }
     host::setFaultPlan({});
-    EXPECT_EQ(drawing.store().revision, revision);
+    EXPECT_EQ(store.revision, revision);
     EXPECT_EQ(attribute.tagConst(), std::wstring());
 }
+
+}  // namespace
+}  // namespace tests

@@ -1,12 +1,12 @@
 // Fields of texts and attributes: where they stand in the tags, and what edits leave alone.
 #include <cmath>
 
-#include "entities_drawing.h"
+#include "database/drawing_fixture.h"
 
-using namespace entities;
-using host::ObjectBody;
-
+namespace tests {
 namespace {
+
+using host::ObjectBody;
 
 const std::string kHead = "100 AcDbEntity|8 0|";
 
@@ -16,17 +16,15 @@ std::string content(const ObjectBody& body) {
     return all.substr(all.find("100 AcDbEntity"));
 }
 
-}  // namespace
-
-using EntityText = entities::DrawingTest;
-using EntityProperties = entities::DrawingTest;
+using EntityText = DrawingTest;
+using EntityProperties = DrawingTest;
 
 TEST_F(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
     ObjectBody& body =
-        drawing.add("0 TEXT|" + kHead +
-                    "100 AcDbText|102 {A|40 9|102 }|10 1|20 2|30 3|40 2.5|999 note|1 old|39 7|"
-                    "100 AcDbText|1001 APP|1040 40.0");
-    Opened<AcDbText> text(drawing.id(body), AcDb::kForWrite);
+        add("0 TEXT|" + kHead +
+            "100 AcDbText|102 {A|40 9|102 }|10 1|20 2|30 3|40 2.5|999 note|1 old|39 7|"
+            "100 AcDbText|1001 APP|1040 40.0");
+    Opened<AcDbText> text(idOf(body), AcDb::kForWrite);
     EXPECT_EQ(text->height(), 2.5);
     text->setHeight(4.0);
     text->setTextString(L"new \x3A9");
@@ -49,14 +47,14 @@ TEST_F(EntityText, EditsGroupsInPlaceAndKeepsTheRest) {
 }
 
 TEST_F(EntityText, ReadsDrawingsWithoutSubclassMarkers) {
-    ObjectBody& body = drawing.add("0 ATTRIB|8 0|10 1|20 2|40 2.5|1 value|2 TAG|70 1|74 2");
-    Opened<AcDbAttribute> attribute(drawing.id(body), AcDb::kForWrite);
+    ObjectBody& body = add("0 ATTRIB|8 0|10 1|20 2|40 2.5|1 value|2 TAG|70 1|74 2");
+    Opened<AcDbAttribute> attribute(idOf(body), AcDb::kForWrite);
     EXPECT_STREQ(attribute->tagConst(), L"TAG");
     EXPECT_TRUE(attribute->position() == AcGePoint3d(1, 2, 0));
     attribute->setFieldLength(25);
     attribute->setVerticalMode(AcDb::kTextTop);
     const std::string tags = render(body.tags());
-    EXPECT_NE(tags.find("|70 1|74 3|73 25"), std::string::npos) << tags;
+    EXPECT_TRUE(holds(tags, "|70 1|74 3|73 25"));
 }
 
 TEST_F(EntityText, RefusesWhatNoDrawingCanHold) {
@@ -69,16 +67,16 @@ TEST_F(EntityText, RefusesWhatNoDrawingCanHold) {
     EXPECT_EQ(text.body().tags(), before);
     text.setTextString(L"two\nlines\r");
     EXPECT_EQ(std::wstring(text.textStringConst()).find_first_of(L"\r\n"), std::wstring::npos);
-    ObjectBody& stored = drawing.add("0 TEXT|" + kHead + "100 AcDbText|40 1.0");
-    Opened<AcDbText> reader(drawing.id(stored), AcDb::kForRead);
+    ObjectBody& stored = add("0 TEXT|" + kHead + "100 AcDbText|40 1.0");
+    Opened<AcDbText> reader(idOf(stored), AcDb::kForRead);
     EXPECT_EQ(reader->setHeight(2.0), Acad::eNotOpenForWrite);
     EXPECT_EQ(reader->height(), 1.0);
 }
 
 TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
-    ObjectBody& line = drawing.addPolyline();
-    ObjectBody& vertex = drawing.store().at(line.firstChild);
-    Opened<AcDbEntity> entity(drawing.id(line), AcDb::kForWrite);
+    ObjectBody& line = addPolyline();
+    ObjectBody& vertex = store.at(line.firstChild);
+    Opened<AcDbEntity> entity(idOf(line), AcDb::kForWrite);
     EXPECT_EQ(entity->setLayer(L"nowhere"), Acad::eKeyNotFound);
     EXPECT_EQ(entity->setLinetype(L"nowhere"), Acad::eKeyNotFound);
     EXPECT_EQ(entity->setColorIndex(257), Acad::eInvalidInput);
@@ -97,3 +95,6 @@ TEST_F(EntityProperties, NamesAreLookedUpAndSubEntitiesFollow) {
     entity->setColorIndex(256);
     EXPECT_EQ(content(line), kHead + "100 AcDb2dPolyline|66 1");
 }
+
+}  // namespace
+}  // namespace tests

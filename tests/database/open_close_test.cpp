@@ -1,44 +1,41 @@
 // The rules of opening and closing, and the faults of callers that break them.
-#include "database/entities_drawing.h"
-#include "host/store/body_text.h"
+#include "database/drawing_fixture.h"
 #include "host/tags/tag_values.h"
 
-using entities::Drawing;
-
+namespace tests {
 namespace {
 
-/// Takes the fault that is expected, so that the drawing's end finds none.
+/// The one fault that is expected.
 std::string takeFault() {
-    const auto faults = host::moduleFaults();
-    host::clearModuleFaults();
+    const std::vector<std::string> faults = takeFaults();
     return faults.size() == 1 ? faults.front() : std::to_string(faults.size()) + " faults";
 }
 
-/// Opens in each mode of `present` ("r", "w"), tries `wanted`, closes all.
-Acad::ErrorStatus tryOpen(Drawing& drawing, const std::string& present, char wanted) {
-    const AcDbObjectId id = drawing.id(drawing.add("0 LINE|8 0"));
-    const auto open = [id](char mode, AcDbObject*& object) {
-        return acdbOpenObject(object, id, mode == 'r' ? AcDb::kForRead : AcDb::kForWrite);
-    };
-    std::vector<AcDbObject*> opened;
-    for (const char mode : present) {
-        opened.push_back(nullptr);
-        EXPECT_EQ(open(mode, opened.back()), Acad::eOk);
+class OpenRules : public DrawingTest {
+  protected:
+    /// Opens in each mode of `present` ("r", "w"), tries `wanted`, closes all.
+    Acad::ErrorStatus tryOpen(const std::string& present, char wanted) {
+        const AcDbObjectId id = idOf(add("0 LINE|8 0"));
+        const auto open = [id](char mode, AcDbObject*& object) {
+            return acdbOpenObject(object, id, mode == 'r' ? AcDb::kForRead : AcDb::kForWrite);
+        };
+        std::vector<AcDbObject*> opened;
+        for (const char mode : present) {
+            opened.push_back(nullptr);
+            EXPECT_EQ(open(mode, opened.back()), Acad::eOk);
+        }
+        AcDbObject* object = nullptr;
+        const Acad::ErrorStatus status = open(wanted, object);
+        EXPECT_EQ(object != nullptr, status == Acad::eOk);
+        if (object != nullptr) opened.push_back(object);
+        for (AcDbObject* one : opened)
+            one->close();
+        return status;
     }
-    AcDbObject* object = nullptr;
-    const Acad::ErrorStatus status = open(wanted, object);
-    EXPECT_EQ(object != nullptr, status == Acad::eOk);
-    if (object != nullptr) opened.push_back(object);
-    for (AcDbObject* one : opened)
-        one->close();
-    return status;
-}
+};
 
-}  // namespace
-
-using OpenRules = entities::DrawingTest;
-using Misuse = entities::DrawingTest;
-using Ids = entities::DrawingTest;
+using Misuse = DrawingTest;
+using Ids = DrawingTest;
 
 TEST_F(OpenRules, EveryPairOfModes) {
     const struct {
@@ -53,37 +50,31 @@ TEST_F(OpenRules, EveryPairOfModes) {
     };
     for (const auto& rule : rules) {
         SCOPED_TRACE("open already: " + rule.present.substr(0, 3));
-        EXPECT_EQ(tryOpen(drawing, rule.present, 'r'), rule.read);
-        EXPECT_EQ(tryOpen(drawing, rule.present, 'w'), rule.write);
+        EXPECT_EQ(tryOpen(rule.present, 'r'), rule.read);
+        EXPECT_EQ(tryOpen(rule.present, 'w'), rule.write);
     }
 }
 
 TEST_F(OpenRules, NullErasedWrongClassLockedLayer) {
-    host::ObjectBody& line = drawing.add("0 LINE|8 Walls");
+    host::ObjectBody& line = add("0 LINE|8 Walls");
     AcDbObject* object = nullptr;
     EXPECT_EQ(acdbOpenObject(object, AcDbObjectId(), AcDb::kForRead), Acad::eNullObjectId);
     AcDbDictionary* dictionary = nullptr;
-    EXPECT_EQ(acdbOpenObject(dictionary, drawing.id(line), AcDb::kForWrite),
-              Acad::eNotThatKindOfClass);
+    EXPECT_EQ(acdbOpenObject(dictionary, idOf(line), AcDb::kForWrite), Acad::eNotThatKindOfClass);
     EXPECT_EQ(dictionary, nullptr);
     auto* layer = new AcDbLayerTableRecord;
     layer->setName(L"WALLS");
     AcDbLayerTable* layers = nullptr;
-    drawing.database().getSymbolTable(layers, AcDb::kForWrite);
+    database.getSymbolTable(layers, AcDb::kForWrite);
     layers->add(layer);
-    EXPECT_EQ(tryOpen(drawing, "", 'w'), Acad::eOk);
-    const auto setFlags = [&](const char* flags) {
-        std::string text(layer->body().tags());
-        host::setTag(text, 70, flags);
-        layer->body().setTags(text);
-    };
-    setFlags("4");  // locked
-    EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForWrite), Acad::eOnLockedLayer);
-    ASSERT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(tryOpen("", 'w'), Acad::eOk);
+    setTag(layer->body(), 70, "4");  // locked
+    EXPECT_EQ(acdbOpenObject(object, idOf(line), AcDb::kForWrite), Acad::eOnLockedLayer);
+    ASSERT_EQ(acdbOpenObject(object, idOf(line), AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(object->upgradeOpen(), Acad::eOnLockedLayer);
-    setFlags("0");
+    setTag(layer->body(), 70, "0");
     AcDbObject* second = nullptr;
-    acdbOpenObject(second, drawing.id(line), AcDb::kForRead);
+    acdbOpenObject(second, idOf(line), AcDb::kForRead);
     EXPECT_EQ(object->upgradeOpen(), Acad::eHadMultipleReaders);
     EXPECT_EQ(object->erase(), Acad::eNotOpenForWrite);
     second->close();
@@ -93,7 +84,7 @@ TEST_F(OpenRules, NullErasedWrongClassLockedLayer) {
     for (AcDbObject* one :
          {object, static_cast<AcDbObject*>(layer), static_cast<AcDbObject*>(layers)})
         one->close();
-    EXPECT_EQ(acdbOpenObject(object, drawing.id(line), AcDb::kForRead), Acad::eWasErased);
+    EXPECT_EQ(acdbOpenObject(object, idOf(line), AcDb::kForRead), Acad::eWasErased);
 }
 
 TEST_F(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
@@ -103,10 +94,10 @@ TEST_F(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
     EXPECT_EQ(record->createExtensionDictionary(), Acad::eNotInDatabase);
     delete record;
     auto* text = new AcDbAttributeDefinition;
-    entities::Opened<AcDbBlockTableRecord> model(drawing.id(drawing.model()), AcDb::kForWrite);
+    Opened<AcDbBlockTableRecord> space(idOf(model()), AcDb::kForWrite);
     AcDbObjectId id;
-    EXPECT_EQ(model->appendAcDbEntity(id, text), Acad::eOk);
-    EXPECT_EQ(model->appendAcDbEntity(text), Acad::eAlreadyInDb);
+    EXPECT_EQ(space->appendAcDbEntity(id, text), Acad::eOk);
+    EXPECT_EQ(space->appendAcDbEntity(text), Acad::eAlreadyInDb);
     EXPECT_EQ(host::heldCount(host::Held::Object), before.counts[0] + 2);
     delete text;
     EXPECT_EQ(takeFault(), "delete: ATTDEF " + host::formatHandle(id.handle().value()) +
@@ -116,10 +107,10 @@ TEST_F(OpenRules, ANewObjectIsDeletedUntilItJoinsADatabaseAndClosedAfterwards) {
 }
 
 TEST_F(Misuse, OfAClosedPointerIsNamedAndHarmless) {
-    const host::ObjectBody& line = drawing.add("0 LINE|8 0");
-    const std::string name = "LINE " + drawing.handle(line);
+    const host::ObjectBody& line = add("0 LINE|8 0");
+    const std::string name = "LINE " + handle(line);
     AcDbEntity* entity = nullptr;
-    acdbOpenObject(entity, drawing.id(line), AcDb::kForWrite);
+    acdbOpenObject(entity, idOf(line), AcDb::kForWrite);
     entity->close();
     EXPECT_EQ(entity->close(), Acad::eInvalidOpenState);
     EXPECT_EQ(takeFault(), "AcDbObject::close: " + name + " is not open");
@@ -133,23 +124,22 @@ TEST_F(Misuse, OfAClosedPointerIsNamedAndHarmless) {
               "delete: " + name + " was closed; the pointer is no longer the caller's");
     // More closings than closed pointers are kept: each is given back once.
     for (int count = 0; count < 10'000; ++count) {
-        ASSERT_EQ(acdbOpenObject(entity, drawing.id(line), AcDb::kForRead), Acad::eOk);
+        ASSERT_EQ(acdbOpenObject(entity, idOf(line), AcDb::kForRead), Acad::eOk);
         entity->close();
     }
 }
 
 TEST_F(Misuse, ObjectsLeftOpenAreListed) {
-    host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    host::ObjectBody& line = add("0 LINE|8 0");
     const host::HeldCounts before = host::heldNow();
     AcDbObject* object = nullptr;
-    acdbOpenObject(object, drawing.id(line), AcDb::kForRead);
+    acdbOpenObject(object, idOf(line), AcDb::kForRead);
     host::checkNothingLeaked(before, "X");
-    EXPECT_NE(takeFault().find("LINE " + drawing.handle(line) + " open for read"),
-              std::string::npos);
+    EXPECT_TRUE(holds(takeFault(), "LINE " + handle(line) + " open for read"));
     object->close();
     auto* fresh = new AcDbXrecord;
     host::checkNothingLeaked(before, "X");
-    EXPECT_NE(takeFault().find("new XRECORD neither deleted nor added"), std::string::npos);
+    EXPECT_TRUE(holds(takeFault(), "new XRECORD neither deleted nor added"));
     delete fresh;
 }
 
@@ -178,13 +168,13 @@ TEST_F(Misuse, ADrawingThatGoesTakesItsOpeningsAndIdsAlong) {
 }
 
 TEST_F(Ids, NamesHandlesAndComparison) {
-    const host::ObjectBody& line = drawing.add("0 LINE|8 0");
+    const host::ObjectBody& line = add("0 LINE|8 0");
     ads_name name;
-    AcDbObjectId id = drawing.id(line);
+    AcDbObjectId id = idOf(line);
     EXPECT_EQ(acdbGetAdsName(name, AcDbObjectId()), Acad::eNullObjectId);
     EXPECT_EQ(acdbGetAdsName(name, id), Acad::eOk);
     EXPECT_EQ(acdbGetObjectId(id, name), Acad::eOk);
-    EXPECT_EQ(id, drawing.id(line));
+    EXPECT_EQ(id, idOf(line));
     const ads_name badNames[] = {{0, 0}, {5, 7}, {name[0], 1}, {name[0] + 1000, 0}, {-1, 0}};
     for (const ads_name& bad : badNames)
         EXPECT_EQ(acdbGetObjectId(id, bad), Acad::eInvalidAdsName);
@@ -195,9 +185,11 @@ TEST_F(Ids, NamesHandlesAndComparison) {
     EXPECT_EQ(std::wstring(buffer), L"FFFFFFFFFFFFFFFF");
     for (const ACHAR* bad : {L"", L"xyz", L"2A ?", L"10000000000000000", L"\x20AC"})
         EXPECT_TRUE(AcDbHandle(bad).isNull()) << bad;
-    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle(L"FFFF")),
-              Acad::eUnknownHandle);
-    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle()), Acad::eUnknownHandle);
-    EXPECT_EQ(drawing.database().getAcDbObjectId(id, false, AcDbHandle(line.handle)), Acad::eOk);
-    EXPECT_EQ(id, drawing.id(line));
+    EXPECT_EQ(database.getAcDbObjectId(id, false, AcDbHandle(L"FFFF")), Acad::eUnknownHandle);
+    EXPECT_EQ(database.getAcDbObjectId(id, false, AcDbHandle()), Acad::eUnknownHandle);
+    EXPECT_EQ(database.getAcDbObjectId(id, false, AcDbHandle(line.handle)), Acad::eOk);
+    EXPECT_EQ(id, idOf(line));
 }
+
+}  // namespace
+}  // namespace tests

@@ -2,15 +2,16 @@
 #include <algorithm>
 #include <random>
 
-#include "database/entities_drawing.h"
+#include "common/seeds.h"
+#include "database/drawing_fixture.h"
 #include "host/objects/erasing.h"
 #include "host/store/body_text.h"
 
-using entities::Drawing;
+namespace tests {
+namespace {
+
 using host::Index;
 using host::kNoIndex;
-
-namespace {
 
 /// Compares every walk with a plain list of all members in append order.
 void expectSame(const host::Store& store, Index parent,
@@ -28,39 +29,34 @@ void expectSame(const host::Store& store, Index parent,
     EXPECT_EQ(store.firstLive(parent), behind);
 }
 
-class RandomOrder : public testing::TestWithParam<unsigned> {};
-
-}  // namespace
-
-TEST_P(RandomOrder, EveryWalkAgreesWithAPlainList) {
-    SCOPED_TRACE("seed " + std::to_string(GetParam()));
-    Drawing drawing;
-    host::Store& store = drawing.store();
+void compareWithAPlainList(unsigned seed) {
+    AcDbDatabase database(host::newDrawing());
+    host::Store& store = database.store();
     const Index parent = store.modelSpace();
-    std::mt19937 random(GetParam());
+    std::mt19937 random(seed);
     std::vector<host::ObjectBody*> members;
     for (int round = 0; round < 300; ++round) {
         // Every other member belongs to another block, so that indexes have gaps.
         if (random() % 4 == 0 || members.empty()) {
-            drawing.add("0 LINE|8 0", drawing.paper());
-            members.push_back(&drawing.add("0 LINE|8 0"));
+            append(store, "0 LINE|8 0", store.paperSpace());
+            members.push_back(&append(store, "0 LINE|8 0", parent));
         } else {
             host::ObjectBody& member = *members[random() % members.size()];
             store.setErased(member, !member.erased);
         }
         if (round % 7 == 0) expectSame(store, parent, members);
-        if (HasFatalFailure()) return;
+        if (testing::Test::HasFatalFailure()) return;
     }
     expectSame(store, parent, members);
 }
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomOrder, testing::Range(1u, 13u));
 
-using EraseWithOwned = entities::DrawingTest;
+TEST(RandomOrder, EveryWalkAgreesWithAPlainList) { tryEachSeed(12, compareWithAPlainList); }
+
+using EraseWithOwned = DrawingTest;
 
 TEST_F(EraseWithOwned, EndsInADrawingWhoseDictionariesOwnEachOther) {
-    host::Store& store = drawing.store();
-    host::ObjectBody& outer = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", drawing.model());
-    host::ObjectBody& inner = drawing.addObject("0 DICTIONARY|100 AcDbDictionary", outer);
+    host::ObjectBody& outer = addObject("0 DICTIONARY|100 AcDbDictionary", model());
+    host::ObjectBody& inner = addObject("0 DICTIONARY|100 AcDbDictionary", outer);
     outer.owner = inner.self;
     for (host::ObjectBody* body : {&outer, &inner}) {
         std::string text(body->tags());
@@ -90,17 +86,20 @@ TEST(HandleIndex, FindsNeighboursAndTheHighestAndRefusesTakenOnes) {
 TEST(MissingHandles, AreGivenInTheRightGroup) {
     host::Store store;
     const auto create = [&](const char* literal, std::uint64_t handle) -> host::ObjectBody& {
-        const auto kept = store.keep(entities::tagsOf(literal));
+        const auto kept = store.keep(tagsOf(literal));
         return *store.create(host::Kind::Entity, kept, handle);
     };
     host::ObjectBody& line = create("0 LINE|8 0", 0);
     host::ObjectBody& style = create("0 DIMSTYLE|2 Standard|5 arrow", 0);
     create("0 POINT|5 20|8 0", 0x20);
     store.assignMissingHandles();
-    EXPECT_EQ(entities::render(line.tags()), "0 LINE|5 21|8 0");
-    EXPECT_EQ(entities::render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
-    EXPECT_EQ(entities::render(host::withIdentity(style.tags(), 0x23, 0x1)).substr(0, 17),
+    EXPECT_EQ(render(line.tags()), "0 LINE|5 21|8 0");
+    EXPECT_EQ(render(style.tags()), "0 DIMSTYLE|105 22|2 Standard|5 arrow");
+    EXPECT_EQ(render(host::withIdentity(style.tags(), 0x23, 0x1)).substr(0, 17),
               "0 DIMSTYLE|105 23");
     EXPECT_EQ(store.byHandle(0x22), &style);
     EXPECT_EQ(store.handleSeed(), 0x23u);
 }
+
+}  // namespace
+}  // namespace tests

@@ -1,7 +1,7 @@
 // Files that are no sound drawings: each gives one clear line.
 #include "drawing_text.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using BadInput = DrawingFiles;
@@ -97,7 +97,7 @@ TEST_F(BadInput, EndlessLinesAndDeepNestingAreHarmless) {
               "sound DXF drawing");
     const std::string circle =
         with(kDrawing, "0 DICTIONARY|5 50|330 30", "0 DICTIONARY|5 50|330 51");
-    EXPECT_NE(findings(tagsOf(circle)).find("the owners go round in a circle"), std::string::npos);
+    EXPECT_TRUE(holds(findings(tagsOf(circle)), "the owners go round in a circle"));
     std::string brackets;
     for (int i = 0; i < 100000; ++i)
         brackets += "102\n{\n";
@@ -105,4 +105,4 @@ TEST_F(BadInput, EndlessLinesAndDeepNestingAreHarmless) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -2,7 +2,7 @@
 #include "drawing_text.h"
 #include "host/store/store.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using Check = DrawingFiles;
@@ -95,4 +95,4 @@ TEST_F(Check, DamageIsFound) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

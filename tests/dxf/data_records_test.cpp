@@ -3,7 +3,7 @@
 #include "host/clone/deep_clone.h"
 #include "host/clone/wblock_clone.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 const std::string kHead = "0 SECTION|2 ACDSDATA|70 2|71 8\n";
@@ -76,4 +76,4 @@ TEST_F(DataRecords, SolidsWithoutAndRecordsOfNothingAreFound) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -3,7 +3,7 @@
 #include "host/clone/deep_clone.h"
 #include "host/clone/wblock_clone.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using DrawingLists = DrawingFiles;
@@ -72,7 +72,7 @@ TEST_F(DrawingLists, FollowClonesAndForgetTheErased) {
                     list.replace(at + 1, former.size() - 1,
                                  host::formatHandle(store->at(clone).handle));
         }
-        EXPECT_NE(text.find(tagsOf(list)), text.npos) << list;
+        EXPECT_TRUE(holds(text, tagsOf(list))) << list;
     }
     EXPECT_EQ(findings(text), "");
 }
@@ -94,12 +94,12 @@ TEST_F(DrawingLists, ComeAlongIntoAnotherDrawingWithItsClasses) {
               "100 AcDbLightList|90 1|90 " + times + lights,
               "102 {ACAD_REACTORS" + leaders + "|102 }", std::string("2 Own|70 0"),
               std::string("2 Cell|70 0")})
-            EXPECT_NE(text.find(tagsOf(part)), text.npos) << part;
-        EXPECT_NE(text.find("es.shx"), text.npos);
+            EXPECT_TRUE(holds(text, tagsOf(part))) << part;
+        EXPECT_TRUE(holds(text, "es.shx"));
         EXPECT_EQ(text.find("es.shx"), text.rfind("es.shx"));
         EXPECT_EQ(findings(text), "");
     }
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -3,7 +3,7 @@
 
 #include <set>
 
-namespace dxf_tests {
+namespace tests {
 
 const std::string kDrawing = R"(0 SECTION|2 HEADER
 9 $ACADVER|1 AC1027|9 $HANDSEED|5 100|9 $CLAYER|8 0
@@ -64,12 +64,6 @@ const std::string kDrawing = R"(0 SECTION|2 HEADER
 0 EOF
 )";
 
-std::string with(std::string text, const std::string& part, const std::string& replacement) {
-    const std::size_t place = text.find(part);
-    EXPECT_NE(place, std::string::npos) << part;
-    return place == std::string::npos ? text : text.replace(place, part.size(), replacement);
-}
-
 std::string largeDrawing() {
     const std::string content(1000, 'x');
     std::ostringstream texts;
@@ -122,4 +116,4 @@ std::string DrawingFiles::findings(const std::string& text) const {
     return lines;
 }
 
-}  // namespace dxf_tests
+}  // namespace tests

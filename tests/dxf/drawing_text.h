@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
 #include "common/scratch.h"
 #include "common/tag_literals.h"
 #include "host/dxf/check/drawing_check.h"
@@ -16,18 +17,13 @@
 #include "host/dxf/load/load_drawing.h"
 #include "host/dxf/save/save_drawing.h"
 
-namespace dxf_tests {
-
-using tests::tagsOf;
+namespace tests {
 
 /// Every kind of structure once, as a literal; the check finds nothing in it.
 extern const std::string kDrawing;
 
 /// DXF text of a drawing so large that a save takes several writes.
 std::string largeDrawing();
-
-/// Copy of a text with one part replaced; the part has to be there.
-std::string with(std::string text, const std::string& part, const std::string& replacement);
 
 /// A part of a drawing, what replaces it, and what the host tells of that.
 struct Damage {
@@ -39,7 +35,7 @@ class DrawingFiles : public testing::Test {
   protected:
     ~DrawingFiles() override { host::setFileFault(0); }
 
-    std::string path(const std::string& name) const { return (m_folder.path() / name).string(); }
+    std::string path(const std::string& name) const { return m_folder.file(name); }
     std::string write(const std::string& name, const std::string& text) const {
         tests::write(path(name), text);
         return path(name);
@@ -57,7 +53,7 @@ class DrawingFiles : public testing::Test {
     std::string findings(const std::string& text) const;
 
   private:
-    tests::ScratchFolder m_folder{tests::quickParent()};
+    ScratchFolder m_folder;
 };
 
-}  // namespace dxf_tests
+}  // namespace tests

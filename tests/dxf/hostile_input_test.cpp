@@ -1,14 +1,15 @@
 // Damage of every byte of a drawing, and files that once brought the host down.
 #include "common/drawing_trial.h"
+#include "common/library.h"
 #include "drawing_text.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 class HostileInput : public DrawingFiles {
   protected:
     /// False, with a failure that names the damage, when the host broke a rule.
-    bool holds(const std::string& text, const std::string& damage) {
+    bool takes(const std::string& text, const std::string& damage) {
         const trial::Trial tried = trial::tryDrawing(text, path("."));
         (tried.clean ? outcomes.clean : tried.loaded ? outcomes.damaged : outcomes.refused)++;
         // Only what is missing altogether stands in no line.
@@ -28,10 +29,10 @@ class HostileInput : public DrawingFiles {
 TEST_F(HostileInput, EveryCutIsRefused) {
     const std::string text = tagsOf(kDrawing);
     for (std::size_t length = 0; length + 1 < text.size(); ++length) {
-        if (!holds(text.substr(0, length), "cut to " + std::to_string(length))) break;
+        if (!takes(text.substr(0, length), "cut to " + std::to_string(length))) break;
     }
     EXPECT_EQ(outcomes.refused, static_cast<int>(text.size()) - 1);
-    EXPECT_TRUE(holds(text.substr(0, text.size() - 1), "no last line end"));
+    EXPECT_TRUE(takes(text.substr(0, text.size() - 1), "no last line end"));
     EXPECT_EQ(outcomes.clean, 1);
 }
 
@@ -44,7 +45,7 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::string flipped = text;
         flipped[at] = static_cast<char>(flipped[at] ^ GetParam());
-        if (!holds(flipped, "byte " + std::to_string(at))) break;
+        if (!takes(flipped, "byte " + std::to_string(at))) break;
     }
     EXPECT_GT(outcomes.refused, 100);
     if (GetParam() < 128) {
@@ -54,20 +55,10 @@ TEST_P(FlippedByte, IsRefusedOrNamedOrHarmless) {
 
 INSTANTIATE_TEST_SUITE_P(Masks, FlippedByte, testing::Values(1, 4, 32, 64, 128));
 
-/// What fuzzing found, and the seeds it starts from; see tests/fuzz.
 TEST_F(HostileInput, FormerFindingsStayMended) {
-    int tried = 0;
-    for (const char* folder : {"/fuzz/regressions/dxf", "/fuzz/corpus/dxf"}) {
-        for (const auto& entry :
-             std::filesystem::directory_iterator(TESTS_FOLDER + std::string(folder))) {
-            const std::string text = tests::contentOf(entry.path().string());
-            const trial::Trial outcome = trial::tryDrawing(text, path("."));
-            EXPECT_EQ(outcome.fault, "") << entry.path();
-            ++tried;
-        }
-    }
-    EXPECT_GE(tried, 8);
+    for (const auto& file : fuzzInputs("dxf"))
+        EXPECT_EQ(trial::tryDrawing(tests::contentOf(file), path(".")).fault, "") << file;
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

@@ -8,7 +8,7 @@
 
 #include "drawing_text.h"
 
-namespace dxf_tests {
+namespace tests {
 namespace {
 
 using host::saveDrawing;
@@ -94,4 +94,4 @@ TEST_F(SavingOnPosix, DevicesAreNoTarget) {
 }
 
 }  // namespace
-}  // namespace dxf_tests
+}  // namespace tests

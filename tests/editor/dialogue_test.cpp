@@ -24,12 +24,10 @@ class Dialogue : public EditorTest {
         answers.left = std::move(typed);
         host::clearEffects();
         status = host::promptSelection(selection);
-        std::wstring text = host::effectText(host::EffectKind::CommandLine);
-        for (const wchar_t* noise : {L"\nSelect objects: ", L"\nRemove objects: "}) {
-            for (std::size_t at; (at = text.find(noise)) != std::wstring::npos;)
-                text.replace(at, std::wstring(noise).size(), L"|");
-        }
-        return host::toUtf8(text);
+        std::string text = host::toUtf8(host::effectText(host::EffectKind::CommandLine));
+        for (const char* noise : {"\nSelect objects: ", "\nRemove objects: "})
+            text = replaced(text, noise, "|");
+        return text;
     }
 
     PromptStatus status = PromptStatus::Cancel;
@@ -69,10 +67,9 @@ TEST_F(Dialogue, EnterAndCancel) {
 TEST_F(Dialogue, WrongAnswersAreExplained) {
     const AcDbObjectId gone = entities[1];
     erase(gone);
-    const std::wstring handle = handent(gone).substr(10, handent(gone).size() - 12);
     EXPECT_EQ(select({handent(gone), L"nonsense", L"0,1", L""}),
               "|" + host::toUtf8(handent(gone)) + "\nthe entity with the handle " +
-                  host::toUtf8(handle) +
+                  host::toUtf8(handleOf(gone)) +
                   " is erased.|nonsense\n\"nonsense\" is no selection; ? lists "
                   "what is.|0,1\n1 found|");
     EXPECT_EQ(letters(selection), "a");
@@ -106,18 +103,12 @@ TEST_F(Dialogue, ModulesAskWithFilters) {
     add("0 CIRCLE|10 0|20 0|40 1");
     resbuf* filter = acutBuildList(RTDXF0, L"CIRCLE", RTNONE);
     answers.left = {L"ALL", L"", L"^"};
-    ads_name set;
-    ASSERT_EQ(acedSSGet(nullptr, nullptr, nullptr, filter, set), RTNORM);
-    EXPECT_EQ(members(set), "d");
-    acedSSFree(set);
-    EXPECT_NE(host::effectText(host::EffectKind::CommandLine).find(L"3 were filtered out"),
-              std::wstring::npos);
-    EXPECT_EQ(acedSSGet(nullptr, nullptr, nullptr, filter, set), RTCAN);
+    EXPECT_EQ(get(nullptr, filter), "d");
+    EXPECT_TRUE(holds(host::effectText(host::EffectKind::CommandLine), L"3 were filtered out"));
+    EXPECT_EQ(get(nullptr, filter), std::to_string(RTCAN));
     acutRelRb(filter);
     host::pick({entities[1]});
-    ASSERT_EQ(acedSSGet(nullptr, nullptr, nullptr, nullptr, set), RTNORM) << "pick-first, unasked";
-    EXPECT_EQ(members(set), "b");
-    acedSSFree(set);
+    EXPECT_EQ(get(nullptr), "b") << "pick-first, unasked";
 }
 
 TEST_F(Dialogue, EntSelTellsItsFailuresApart) {
@@ -178,7 +169,7 @@ TEST_F(Dialogue, SelectionsInOneGo) {
     };
     EXPECT_EQ(parse({L"w", L"5,1", L"@50,50"}), "");
     EXPECT_EQ(parse({L"c", L"5,1", L"@50,50"}), "cb");
-    EXPECT_EQ(parse({L"(handent", L"\"" + handent(entities[1]).substr(10)}), "b");
+    EXPECT_EQ(parse({L"(handent", L"\"" + handleOf(entities[1]) + L"\")"}), "b");
     EXPECT_EQ(parse({}), "wrong");
 }
 

@@ -1,16 +1,12 @@
 // Builds small drawings tag by tag.
 #include "editor/editor_fixture.h"
 
-#include <algorithm>
-
-#include "common/tag_literals.h"
-#include "host/control/accounting.h"
 #include "host/control/effects.h"
-#include "host/control/faults.h"
 #include "host/control/switches.h"
 #include "host/editor/run/editor_services.h"
 #include "host/editor/state/menus.h"
 #include "host/editor/state/sysvars.h"
+#include "host/text/text_codec.h"
 
 namespace tests {
 
@@ -31,28 +27,21 @@ EditorTest::EditorTest() {
     resetSysvars();
     resetMenus();
     switches() = Switches();
-    setFaultPlan({});
-    clearModuleFaults();
     clearEffects();
     state.database = &database;
     setCurrentDocumentState(&state);
-    acdbHostApplicationServices()->setWorkingDatabase(&database);
     inputSource() = &answers;
 }
 
 EditorTest::~EditorTest() {
     resetEditor();
-    EXPECT_EQ(moduleFaults(), std::vector<std::string>());
-    clearModuleFaults();
     setCurrentDocumentState(nullptr);
-    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
 
 AcDbObjectId EditorTest::add(const std::string& tags, Index owner) {
     const bool onLayer = tags.find("|8 ") != tags.npos;
-    ObjectBody& body =
-        make(store, onLayer ? tags : tags + "|8 0", owner == kNoIndex ? store.modelSpace() : owner);
-    store.appendChild(body.owner, body);
+    const ObjectBody& body = append(store, onLayer ? tags : tags + "|8 0",
+                                    owner == kNoIndex ? store.modelSpace() : owner);
     entities.push_back(store.idOf(body));
     return entities.back();
 }
@@ -96,18 +85,21 @@ std::string EditorTest::members(const ads_name set) const {
     return letters(ids);
 }
 
-std::wstring EditorTest::handent(AcDbObjectId id) {
-    wchar_t buffer[17];
-    id.handle().getIntoAsciiBuffer(buffer);
-    return L"(handent \"" + std::wstring(buffer) + L"\")";
-}
-
 void EditorTest::erase(AcDbObjectId id) { store.setErased(*Store::resolve(id), true); }
 
-std::vector<std::string> EditorTest::takeFaults() {
-    std::vector<std::string> faults = moduleFaults();
-    clearModuleFaults();
-    return faults;
+void EditorTest::set(const wchar_t* variable, const wchar_t* value) {
+    std::wstring explanation;
+    EXPECT_TRUE(setSysvarText(variable, value, explanation)) << toUtf8(explanation);
+}
+
+std::string EditorTest::get(const wchar_t* mode, const resbuf* filter, const double* pt1,
+                            const double* pt2) const {
+    ads_name selection;
+    const int result = acedSSGet(mode, pt1, pt2, filter, selection);
+    if (result != RTNORM) return std::to_string(result);
+    const std::string text = members(selection);
+    acedSSFree(selection);
+    return text;
 }
 
 std::vector<std::wstring> EditorTest::takeNotifications() {

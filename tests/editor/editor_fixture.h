@@ -6,14 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "gtest/gtest.h"
-#include "host/dxf/load/load_drawing.h"
+#include "common/drawing_order.h"
+#include "database/drawing_fixture.h"
 #include "host/editor/dialogue/input.h"
 #include "host/editor/state/document_state.h"
-#include "host/objectarx/database.h"
 #include "host/objectarx/editor.h"
 #include "host/objectarx/selection_sets.h"
-#include "host/store/store.h"
 
 namespace tests {
 
@@ -41,7 +39,7 @@ class Watcher : public AcEditorReactor {
 };
 
 /// An empty drawing that is current; at the end no fault of the module may be left over.
-class EditorTest : public ::testing::Test {
+class EditorTest : public DrawingTest {
   protected:
     EditorTest();
     ~EditorTest() override;
@@ -58,16 +56,15 @@ class EditorTest : public ::testing::Test {
     std::string letters(const std::vector<AcDbObjectId>& ids) const;
     /// Members of a set; "?" when the name is no open set.
     std::string members(const ads_name set) const;
-    /// "(handent \"2A\")" for an entity.
-    static std::wstring handent(AcDbObjectId id);
     void erase(AcDbObjectId id);
-    /// Faults so far, which are thereby expected.
-    std::vector<std::string> takeFaults();
+    static AcEditor* editor() { return AcEditor::cast(acrxSysRegistry()->at(L"AcEditor")); }
+    static void set(const wchar_t* variable, const wchar_t* value);
+    /// Members of the set that acedSSGet gives, which is freed; its answer when it gives none.
+    std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
+                    const double* pt1 = nullptr, const double* pt2 = nullptr) const;
     /// Notifications since the last call.
     std::vector<std::wstring> takeNotifications();
 
-    AcDbDatabase database{host::newDrawing()};
-    host::Store& store = database.store();
     host::DocumentState state;
     Answers answers;
     std::vector<AcDbObjectId> entities;

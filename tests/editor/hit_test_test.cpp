@@ -4,8 +4,8 @@
 #include "host/editor/selection/selection_sources.h"
 #include "host/picking/view.h"
 
+#include "common/tag_literals.h"
 #include "editor/editor_fixture.h"
-#include "host/editor/state/sysvars.h"
 #include "host/tags/tag_values.h"
 
 namespace tests {
@@ -142,10 +142,7 @@ TEST_F(BlockHits, LayersOfContentAndReference) {
     EXPECT_EQ(at(0.5, 6), "");
     add("0 INSERT|2 SQUARE|8 off|10 11|20 0");
     EXPECT_EQ(at(10.5, 1) + at(10.5, 5), "e") << "layer 0 inside is off, another one is not";
-    host::ObjectBody& zero = *store.symbol("LAYER", L"0");
-    std::string text(zero.tags());
-    host::replaceValue(text, *host::findTag(text, 62), "-7");
-    zero.setTags(text);
+    setTag(*store.symbol("LAYER", L"0"), 62, "-7");
     EXPECT_EQ(at(0.5, 1), "d") << "layer 0 inside follows the reference";
     EXPECT_EQ(at(0.5, 6), "");
 }
@@ -168,10 +165,9 @@ TEST_F(BlockHits, CyclesDepthAndMultiplicationEnd) {
     const AcDbObjectId small = add("0 INSERT|2 SQUARE|10 -9|20 0|70 3|44 2");
     EXPECT_EQ(host::lastDrawn(store), small);
     EXPECT_EQ(at(-10, 0.5).size(), 1u) << "others are drawn in full behind a frame";
-    EXPECT_NE(
-        host::effectText(host::EffectKind::CommandLine)
-            .find(L"1 entity is taken as frames: what they repeat is more than is drawn at once."),
-        std::wstring::npos);
+    EXPECT_TRUE(
+        holds(host::effectText(host::EffectKind::CommandLine),
+              L"1 entity is taken as frames: what they repeat is more than is drawn at once."));
 }
 
 TEST_F(HitTest, OldPolylinesDrawTheirVertices) {
@@ -189,8 +185,7 @@ TEST_F(HitTest, DrawingOrderAndPickBox) {
     add("0 LINE|10 5|20 -5|11 5|21 5");
     EXPECT_EQ(at(5, 0), "ab");
     const double radius = host::pickRadius(store);
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"PICKBOX", L"6", explanation));
+    set(L"PICKBOX", L"6");
     EXPECT_DOUBLE_EQ(host::pickRadius(store), 2 * radius);
     EXPECT_DOUBLE_EQ(radius, 3 * host::viewHeight(store) / 1000);
 }
@@ -211,9 +206,7 @@ TEST_F(HitTest, TheViewIsThatOfTheDrawingOrShowsAllOfIt) {
     EXPECT_EQ(host::viewHeight(store), 297);
     add("0 LINE|10 0|20 0|11 30|21 10");
     host::ObjectBody& view = *store.symbol("VPORT", L"*Active");
-    std::string tags(view.tags());
-    host::replaceValue(tags, *host::findTag(tags, 40), "0.0");
-    view.setTags(tags);
+    setTag(view, 40, "0.0");
     const std::uint64_t revision = store.revision;
     EXPECT_EQ(host::viewHeight(store), 20) << "30 wide on a screen of 3 to 2";
     EXPECT_EQ(store.revision, revision) << "looking changes nothing";

@@ -2,9 +2,7 @@
 #include "host/editor/selection/pickfirst.h"
 
 #include "editor/editor_fixture.h"
-#include "host/control/accounting.h"
 #include "host/control/switches.h"
-#include "host/editor/state/sysvars.h"
 
 namespace tests {
 namespace {
@@ -18,17 +16,12 @@ class Pickfirst : public EditorTest {
     Pickfirst() {
         for (int i = 0; i < 5; ++i)
             add("0 POINT|10 " + std::to_string(i) + "|20 0");
-        editor = static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"));
     }
     std::vector<AcDbObjectId> ids(const std::string& which) const {
         std::vector<AcDbObjectId> chosen;
         for (char letter : which)
             chosen.push_back(entities[static_cast<std::size_t>(letter - 'a')]);
         return chosen;
-    }
-    static void set(const wchar_t* variable, const wchar_t* value) {
-        std::wstring explanation;
-        ASSERT_TRUE(host::setSysvarText(variable, value, explanation));
     }
     /// The set and the notifications since the last look: "ab 1".
     std::string look() {
@@ -56,7 +49,6 @@ class Pickfirst : public EditorTest {
         return result;
     }
 
-    AcEditor* editor;
     Watcher watcher;
 };
 
@@ -90,19 +82,19 @@ TEST_F(Pickfirst, ModulesSetItAndAreNotified) {
 }
 
 TEST_F(Pickfirst, EndlessHandlersAreStopped) {
-    editor->addReactor(&watcher);
+    editor()->addReactor(&watcher);
     watcher.onPickfirst = [&] { setFirst("ab"); };
     for (bool inside : {true, false}) {
         host::switches().pickfirstNotifiedInside = inside;
         host::pick(ids(inside ? "a" : "c"));
         EXPECT_FALSE(takeFaults().empty());
     }
-    editor->removeReactor(&watcher);
+    editor()->removeReactor(&watcher);
 }
 
 TEST_F(Pickfirst, InputInANotificationIsAFault) {
     answers.left = {L"0,0"};
-    editor->addReactor(&watcher);
+    editor()->addReactor(&watcher);
     int result = 0;
     ads_name name;
     watcher.onPickfirst = [&] { result = acedSSGet(L"", nullptr, nullptr, nullptr, name); };
@@ -111,7 +103,7 @@ TEST_F(Pickfirst, InputInANotificationIsAFault) {
     EXPECT_EQ(result, RTERROR);
     EXPECT_EQ(takeFaults().size(), 1u);
     EXPECT_EQ(answers.left.size(), 1u);
-    editor->removeReactor(&watcher);
+    editor()->removeReactor(&watcher);
 }
 
 }  // namespace

@@ -7,13 +7,12 @@ namespace {
 
 class Reactors : public EditorTest {
   protected:
-    AcEditor* editor = static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"));
     int called = 0;
 };
 
 TEST_F(Reactors, DeletedWhileAttachedIsAFault) {
     auto watcher = std::make_unique<Watcher>();
-    editor->addReactor(watcher.get());
+    editor()->addReactor(watcher.get());
     watcher.reset();
     EXPECT_EQ(takeFaults().size(), 1u);
     EXPECT_EQ(host::editorReactors().count(), 0);
@@ -24,22 +23,22 @@ TEST_F(Reactors, EachIsCalledOnceAndADetachedOneNotAnyMore) {
     Watcher first, second;
     first.onPickfirst = [&] {
         ++called;
-        editor->removeReactor(&second);
+        editor()->removeReactor(&second);
     };
     second.onPickfirst = [&] { called += 100; };
     for (AcEditorReactor* each : std::vector<AcEditorReactor*>{&first, &first, nullptr, &second})
-        editor->addReactor(each);
+        editor()->addReactor(each);
     EXPECT_EQ(host::editorReactors().count(), 2);
     host::notifyPickfirstModified();
     EXPECT_EQ(called, 1);
-    editor->removeReactor(&first);
-    editor->removeReactor(&first);
+    editor()->removeReactor(&first);
+    editor()->removeReactor(&first);
     EXPECT_EQ(host::editorReactors().count(), 0);
 }
 
 TEST_F(Reactors, LeaksAndExceptionsAreNamed) {
     Watcher watcher;
-    editor->addReactor(&watcher);
+    editor()->addReactor(&watcher);
     ads_name set;
     watcher.onStart = [&](const std::wstring&) { acedSSAdd(nullptr, nullptr, set); };
     host::notifyCommandWillStart(L"COPY");
@@ -52,7 +51,7 @@ TEST_F(Reactors, LeaksAndExceptionsAreNamed) {
     faults = takeFaults();
     ASSERT_EQ(faults.size(), 1u);
     EXPECT_EQ(faults[0], "commandWillStart COPY: an exception left the module");
-    editor->removeReactor(&watcher);
+    editor()->removeReactor(&watcher);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "host/control/switches.h"
 #include "host/editor/selection/select_objects.h"
 #include "host/editor/selection/selection_sources.h"
-#include "host/editor/state/sysvars.h"
 
 namespace tests {
 namespace {
@@ -21,15 +20,6 @@ class SelectionModes : public EditorTest {
         add("0 LINE|8 0|10 0|20 4|11 10|21 4|6 DASHED");             // f
     }
 
-    std::string get(const wchar_t* mode, const resbuf* filter = nullptr,
-                    const double* pt1 = nullptr, const double* pt2 = nullptr) {
-        ads_name set;
-        const int result = acedSSGet(mode, pt1, pt2, filter, set);
-        if (result != RTNORM) return std::to_string(result);
-        const std::string text = members(set);
-        acedSSFree(set);
-        return text;
-    }
     /// "X" with a filter of one group.
     std::string filtered(int code, const wchar_t* text) {
         resbuf* filter = acutBuildList(code, text, RTNONE);
@@ -55,8 +45,7 @@ TEST_F(SelectionModes, ReachWhatTheyNameNewestFirst) {
 }
 
 TEST_F(SelectionModes, FollowTheCurrentSpace) {
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    set(L"TILEMODE", L"0");
     EXPECT_EQ(get(L"A"), "d");
     EXPECT_EQ(get(L"X"), "dfecba");
     EXPECT_EQ(get(L"L"), "d");
@@ -66,16 +55,14 @@ TEST_F(SelectionModes, ThePaperOfALayoutIsNeitherSelectedNorErased) {
     const char* const tags = "0 VIEWPORT|67 1|10 0|20 0|40 100|41 100|69 ";
     const AcDbObjectId paper = add(tags + std::string("1"), store.paperSpace());  // g
     add(tags + std::string("2"), store.paperSpace());                             // h
-    std::wstring explanation;
-    ASSERT_TRUE(host::setSysvarText(L"TILEMODE", L"0", explanation));
+    set(L"TILEMODE", L"0");
     EXPECT_EQ(get(L"A"), "hd");
     EXPECT_EQ(get(L"L"), "h");
     const ads_point low = {-99, -99, 0}, high = {99, 99, 0}, corner = {0, 50, 0};
     EXPECT_EQ(get(L"C", nullptr, low, high), "hd");
     EXPECT_EQ(get(nullptr, nullptr, corner), kError);
-    const std::wstring handle = handent(paper).substr(10);
-    const std::wstring digits = handle.substr(0, handle.size() - 2);
-    EXPECT_TRUE(host::selectHandle(store, digits, explanation).isNull());
+    std::wstring explanation;
+    EXPECT_TRUE(host::selectHandle(store, handleOf(paper), explanation).isNull());
     AcDbObject* object = nullptr;
     ASSERT_EQ(acdbOpenObject(object, paper, AcDb::kForWrite), Acad::eOk);
     EXPECT_EQ(object->erase(), Acad::eCannotBeErasedByCaller);
@@ -111,8 +98,7 @@ TEST_F(SelectionModes, FilterByNamesWithoutRegardToCase) {
     EXPECT_EQ(filtered(410, L"model"), "fecba");
     EXPECT_EQ(filtered(410, L"~Model"), "d");
     EXPECT_EQ(filtered(1, L"*"), kError) << "no entity has the group";
-    const std::wstring handle = handent(entities[1]);
-    EXPECT_EQ(filtered(5, handle.substr(10, handle.size() - 12).c_str()), "b");
+    EXPECT_EQ(filtered(5, handleOf(entities[1]).c_str()), "b");
 }
 
 TEST_F(SelectionModes, FilterByNumbersAndAllItems) {
@@ -126,10 +112,7 @@ TEST_F(SelectionModes, FilterByNumbersAndAllItems) {
 }
 
 TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
-    const struct {
-        const wchar_t* call;
-        const char* found;
-    } cases[] = {
+    const std::pair<const wchar_t*, const char*> cases[] = {
         {L"(ssget \"X\")", "fecba"},
         {L"(SSGET \"_x\" '((0 . \"LINE\") (8 . \"fro*\")))", "c"},
         {L"(ssget \"X\" '((62 . 1)))", "a"},
@@ -151,11 +134,11 @@ TEST_F(SelectionModes, TypedCallsSelectInTheCurrentSpace) {
         {L"(ssget", "wrong"},
         {L"LINE", "wrong"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [call, found] : cases) {
         std::vector<AcDbObjectId> selection;
         std::wstring why;
-        const bool read = host::parseSelection({each.call}, selection, why);
-        EXPECT_EQ(read ? letters(selection) : "wrong", each.found) << host::toUtf8(each.call);
+        const bool read = host::parseSelection({call}, selection, why);
+        EXPECT_EQ(read ? letters(selection) : "wrong", found) << host::toUtf8(call);
         EXPECT_EQ(read, why.empty());
     }
     std::wstring deep = L"(ssget \"X\" '(";

@@ -6,7 +6,7 @@
 #include "fuzz_support.h"
 
 int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static const tests::ScratchFolder folder(tests::quickParent(), "fuzz");
+    static const tests::ScratchFolder folder;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     fuzz::expectNone(faultOfScript(bytes, folder.path().string()));
     return 0;

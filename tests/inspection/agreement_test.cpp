@@ -1,15 +1,13 @@
 // The inspection agrees with the module: what it calls whole the module verifies and leaves alone,
 // and the repair pass does what was foretold.
-//
-// VELMO_SEED=7 in the environment replays the drawing of one seed.
-#include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <numeric>
 #include <random>
 
 #include "common/drawing_order.h"
 #include "common/scene.h"
+#include "common/scratch.h"
+#include "common/seeds.h"
 #include "drafthost/groups/drawing_inspection.h"
 #include "host/tags/tag_values.h"
 
@@ -216,31 +214,25 @@ class DamagedDrawing {
 
 std::string groupedDrawing(const std::string& prefix) {
     Scene scene("(line line line) circle (circle) line (line circle) line");
-    const std::string file = tests::scratchFolder() + "/grouped.dxf";
-    EXPECT_TRUE(scene.session().saveDrawing(file));
-    std::ifstream stream(file, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(stream), {}};
-    for (std::size_t at = 0; (at = text.find("VELMO", at)) != text.npos && prefix != "VELMO";)
-        text.replace(at, 5, prefix);
-    return text;
+    const tests::ScratchFolder folder;
+    EXPECT_TRUE(scene.session().saveDrawing(folder.file("grouped.dxf")));
+    return tests::replaced(tests::contentOf(folder.file("grouped.dxf")), "VELMO", prefix);
 }
 
 TEST(Inspection, AgreesWithTheModuleOnDamageOfEveryKind) {
-    const char* wanted = std::getenv("VELMO_SEED");
-    const unsigned first = wanted != nullptr ? static_cast<unsigned>(std::atoi(wanted)) : 1;
     const std::string prefixes[] = {"VELMO", "KEST"};
     const std::string drawings[] = {groupedDrawing(prefixes[0]), groupedDrawing(prefixes[1])};
-    const std::string file = tests::scratchFolder() + "/damaged.dxf";
-    for (unsigned seed = first; seed < first + (wanted != nullptr ? 1 : 500); ++seed) {
+    const tests::ScratchFolder folder;
+    const std::string file = folder.file("damaged.dxf");
+    tests::tryEachSeed(500, [&](unsigned seed) {
         DamagedDrawing drawing(drawings[seed % 2], prefixes[seed % 2], seed);
         std::string history;
         for (unsigned damages = seed % 9; damages > 0; --damages)
             history += drawing.damage() + ", ";
-        SCOPED_TRACE("VELMO_SEED=" + std::to_string(seed) + ": " + history);
-        std::ofstream(file, std::ios::binary) << drawing.text();
+        SCOPED_TRACE(history);
+        tests::write(file, drawing.text());
         expectAgreement(file);
-        if (HasFailure()) break;
-    }
+    });
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST(Copies, APasteIsLinkedByTheTagsOfItsMarkers) {
     Scene scene("(line)");
     for (const int marker : {2, 3}) {
         const std::wstring suffix = marker == 2 ? L"_GB" : L"_GE";
-        tests::insertBlock(scene, L"OTHER" + suffix, L"none");
+        tests::insertBlock(L"OTHER" + suffix, L"none");
         Opened<AcDbAttribute> attribute;
         tests::openAttribute(scene, marker, 0, attribute);
         attribute->setTag((L"VELMO" + suffix).c_str());

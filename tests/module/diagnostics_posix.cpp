@@ -6,6 +6,7 @@
 #include <set>
 
 #include "common/scene.h"
+#include "common/scratch.h"
 #include "host/control/accounting.h"
 #include "host/control/fake_windows.h"
 #include "host/control/faults.h"
@@ -117,7 +118,7 @@ std::vector<std::wstring> outside() {
                       L"VelmoGROUPDELETE 2,0\n\nVelmoGROUPNOTACTIVE\nVelmoGROUPACTIVE\n"
                       L"(VelmoGroupVersion)\n"),
                   host::CommandStatus::Done);
-        scene.session().modules.unload("VelmoGroup.arx");
+        scene.session().modules.unload(tests::kModule);
     }
     std::vector<std::wstring> texts;
     for (const EffectKind kind :
@@ -155,11 +156,12 @@ std::wstring inOrder(const std::function<void()>& act) {
 
 TEST(Diagnostics, LoadAndUnloadGoInOrder) {
     Scene scene("");
-    scene.session().modules.unload("VelmoGroup.arx");
+    scene.session().modules.unload(tests::kModule);
     const Switch debugStartup(L"DebugStartup");
-    host::setEnvironment(L"TEMP", host::fromUtf8(tests::scratchFolder()));
+    const tests::ScratchFolder folder;
+    host::setEnvironment(L"TEMP", host::fromUtf8(folder.path().string()));
     host::loadMenuGroup(L"Pelltrix");
-    EXPECT_EQ(inOrder([&] { scene.session().modules.load(tests::modulePath()); }),
+    EXPECT_EQ(inOrder([&] { scene.session().modules.load(MODULE_FILE); }),
               L"\nkInitAppMsg VelmoGroup.arx\nunlockApplication\nregisterAppMDIAware"
               L"\naddCommand VelmoGROUPMAKE\naddCommand VelmoGROUPDELETE"
               L"\naddCommand VelmoGROUPREMOVEMEMBER\naddCommand VelmoGROUPACTIVE"
@@ -167,7 +169,7 @@ TEST(Diagnostics, LoadAndUnloadGoInOrder) {
               L"\nDebugStartup\nAssertStartup\nGPelltrix.ID_GRP_ON=~"
               L"\nAcApDocManager::addReactor\nkLoadDwgMsg VelmoGroup.arx");
     scene.session().callLisp(L"(VelmoGroupVersion)");
-    EXPECT_EQ(inOrder([&] { scene.session().modules.unload("VelmoGroup.arx"); }),
+    EXPECT_EQ(inOrder([&] { scene.session().modules.unload(tests::kModule); }),
               L"\nkUnloadDwgMsg VelmoGroup.arx\nkUnloadAppMsg VelmoGroup.arx"
               L"\nAcApDocManager::removeReactor\nremoveGroup VelmoGROUP\nAcEditor::removeReactor"
               L"\n\\VelmoGroup.arx.log\nGoodbye\nRemoving command group \"VelmoGROUP\"\n");

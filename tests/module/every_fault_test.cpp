@@ -1,5 +1,6 @@
 // Whatever call of the host fails in a group's life: nothing is lost, left open or beyond repair.
 #include "every_fault.h"
+#include "common/scratch.h"
 #include "gtest/gtest.h"
 #include "host/control/faults.h"
 #include "host/editor/state/notify.h"
@@ -8,6 +9,7 @@ namespace {
 
 using tests::failEveryCall;
 using tests::FaultScenario;
+using tests::kModule;
 using tests::Scene;
 
 /// Scenarios of one script.
@@ -91,10 +93,7 @@ TEST(EveryFault, CopyingWhereAFailedConversionLeavesItsOutputAlone) {
 }
 
 /// Takes a member out of the first group behind the module's back.
-void breakGroups(Scene& scene) {
-    scene.run(L"VelmoGROUPNOTACTIVE\n");
-    scene.after(L"ERASE #3\n\n");
-}
+void breakGroups(Scene& scene) { scene.after(L"VelmoGROUPNOTACTIVE\nERASE #3\n\n"); }
 
 TEST(EveryFault, RepairingByRegeneration) {
     failEveryCall({"(line circle line) (line) (circle circle)",
@@ -102,16 +101,17 @@ TEST(EveryFault, RepairingByRegeneration) {
 }
 
 TEST(EveryFault, Saving) {
-    FaultScenario scenario{"(line circle line) (line)", [](Scene& scene) {
-                               const std::string file = tests::scratchFolder() + "/saved.dxf";
-                               EXPECT_TRUE(scene.session().saveDrawing(file));
+    const tests::ScratchFolder folder;
+    FaultScenario scenario{"(line circle line) (line)", [&](Scene& scene) {
+                               EXPECT_TRUE(scene.session().saveDrawing(folder.file("saved.dxf")));
                            }};
     scenario.before = breakGroups;
     failEveryCall(scenario);
 }
 
 TEST(EveryFault, LoadingADrawingWithGroups) {
-    const std::string other = tests::scratchFolder() + "_other.dxf";
+    const tests::ScratchFolder folder;
+    const std::string other = folder.file("other.dxf");
     {
         Scene scene("(circle line)");
         ASSERT_TRUE(scene.session().saveDrawing(other));
@@ -123,17 +123,15 @@ TEST(EveryFault, LoadingADrawingWithGroups) {
     failEveryCall(scenario);
 }
 
-constexpr const char* kModule = "VelmoGroup.arx";
-
 TEST(EveryFault, LoadingTheModule) {
     FaultScenario scenario{"(line circle) line",
-                           [](Scene& scene) { scene.session().modules.load(tests::modulePath()); }};
+                           [](Scene& scene) { scene.session().modules.load(MODULE_FILE); }};
     scenario.menuGroup = L"Morvanta";
     scenario.before = [](Scene& scene) { scene.session().modules.unload(kModule); };
     scenario.after = [](Scene& scene) {
         // A module that could not unlock itself stays.
         if (!scene.session().modules.unload(kModule)) return;
-        EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
+        EXPECT_TRUE(scene.session().modules.load(MODULE_FILE));
     };
     failEveryCall(scenario);
 }
@@ -153,9 +151,7 @@ TEST(EveryFault, WithoutMemoryForItsReactorTheModuleGoesOnWithoutIt) {
 TEST(EveryFault, UnloadingTheModule) {
     FaultScenario scenario{"(line circle) line",
                            [](Scene& scene) { scene.session().modules.unload(kModule); }};
-    scenario.after = [](Scene& scene) {
-        EXPECT_TRUE(scene.session().modules.load(tests::modulePath()));
-    };
+    scenario.after = [](Scene& scene) { EXPECT_TRUE(scene.session().modules.load(MODULE_FILE)); };
     failEveryCall(scenario);
 }
 

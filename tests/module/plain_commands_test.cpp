@@ -1,9 +1,6 @@
 // Dissolving and repairing in drawings of whole and broken groups, some of it on a locked layer,
 // compared with the same work in its plain form: a walk for each member, a walk from each marker.
-//
-// VELMO_SEED=7 in the environment replays the drawing of one seed.
-#include <cstdlib>
-
+#include "common/seeds.h"
 #include "damaged_scene.h"
 #include "group_forming.h"
 #include "group_walk.h"
@@ -130,13 +127,10 @@ std::string outcome(unsigned seed, bool repair, bool plain) {
 }
 
 TEST(PlainCommands, DissolveAndRepairInTheSameWay) {
-    const char* const wanted = std::getenv("VELMO_SEED");
-    const unsigned first = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : 1;
-    for (unsigned seed = first; seed < first + (wanted ? 1 : 150) && !HasFailure(); ++seed) {
-        SCOPED_TRACE("VELMO_SEED=" + std::to_string(seed));
+    tests::tryEachSeed(150, [](unsigned seed) {
         for (const bool repair : {false, true})
             EXPECT_EQ(outcome(seed, repair, false), outcome(seed, repair, true));
-    }
+    });
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 // Picks in drawings of whole and broken groups, compared with the rule in its plain form: linear
 // searches, and a walk over the whole group for each of its members.
-//
-// VELMO_SEED=7 in the environment replays the drawing of one seed.
-#include <cstdlib>
-
+#include "common/seeds.h"
 #include "damaged_scene.h"
 #include "group_record.h"
 #include "host/editor/state/sysvars.h"
@@ -120,33 +117,16 @@ class RandomDrawing : private tests::DamagedScene {
     Ids m_gathered;
 };
 
-/// How often a text occurs in another.
-int countOf(const std::string& text, const std::string& in) {
-    int count = 0;
-    for (std::size_t at = in.find(text); at != in.npos; at = in.find(text, at + 1))
-        ++count;
-    return count;
-}
-
-std::string pickInDrawing(unsigned seed) {
-    SCOPED_TRACE("VELMO_SEED=" + std::to_string(seed));
-    RandomDrawing drawing(seed);
-    std::string printed;
-    for (int i = 0; i < 10 && !testing::Test::HasFailure(); ++i)
-        printed += drawing.pickOrUnpick();
-    return printed;
-}
-
 TEST(PlainPicks, InRandomDrawingsOfWholeAndBrokenGroupsComeToTheSame) {
-    if (const char* seed = std::getenv("VELMO_SEED")) {
-        pickInDrawing(static_cast<unsigned>(std::strtoul(seed, nullptr, 10)));
-        return;
-    }
     std::string printed;
-    for (unsigned seed = 1; seed <= 150 && !HasFailure(); ++seed)
-        printed += pickInDrawing(seed);
-    EXPECT_GT(countOf("member(s) missing", printed), 50);
-    EXPECT_GT(countOf(tests::kNotGrouped, printed), 100);
+    tests::tryEachSeed(150, [&](unsigned seed) {
+        RandomDrawing drawing(seed);
+        for (int i = 0; i < 10 && !HasFailure(); ++i)
+            printed += drawing.pickOrUnpick();
+    });
+    if (tests::wantedSeed()) return;
+    EXPECT_GT(tests::countOf("member(s) missing", printed), 50);
+    EXPECT_GT(tests::countOf(tests::kNotGrouped, printed), 100);
 }
 
 }  // namespace

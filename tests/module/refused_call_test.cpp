@@ -8,8 +8,8 @@ namespace {
 
 using tests::Scene;
 
-constexpr const wchar_t* kMake = L"VelmoGROUPMAKE #2 #6\n\n";
-constexpr const wchar_t* kRemove = L"VelmoGROUPREMOVEMEMBER #3\n\n";
+constexpr const wchar_t* kEnlarge = L"VelmoGROUPMAKE #2 #6\n\n";
+constexpr const wchar_t* kTakeOut = L"VelmoGROUPREMOVEMEMBER #3\n\n";
 constexpr const char* kAsItWas = "begin(3) line* circle* line* end line";
 /// The markers are rewritten before the member is taken out, which was refused then.
 constexpr const char* kCountedDown = "begin(2) line* circle* line* end line";
@@ -22,18 +22,18 @@ constexpr struct {
     const char* order = kAsItWas;
     const char* regenerated = kAsItWas;
 } kRefusals[] = {
-    {kMake, "AcDbDatabase::deepCloneObjects"},
-    {kMake, "acedSSDel"},
-    {kMake, "AcDbBlockTableRecord::appendAcDbEntity"},
-    {kMake, "acedSSLength", 4},
-    {kMake, "acedSSLength", 5},
-    {kMake, "acedSSLength", 6},
-    {kMake, "acdbOpenObject", 14},  // the block of a marker in the selection
-    {kRemove, "AcDbDatabase::deepCloneObjects", 1, kCountedDown, kDissolved},
-    {kRemove, "acedSSAdd", 1, kCountedDown, kDissolved},
+    {kEnlarge, "AcDbDatabase::deepCloneObjects"},
+    {kEnlarge, "acedSSDel"},
+    {kEnlarge, "AcDbBlockTableRecord::appendAcDbEntity"},
+    {kEnlarge, "acedSSLength", 4},
+    {kEnlarge, "acedSSLength", 5},
+    {kEnlarge, "acedSSLength", 6},
+    {kEnlarge, "acdbOpenObject", 14},  // the block of a marker in the selection
+    {kTakeOut, "AcDbDatabase::deepCloneObjects", 1, kCountedDown, kDissolved},
+    {kTakeOut, "acedSSAdd", 1, kCountedDown, kDissolved},
     {L"VelmoGROUPDELETE #2\n\n", "acedSSLength"},
     // Its clone is made, but it does not go.
-    {kRemove, "AcDbObject::erase", 1, "begin(2) line* circle line* end line circle",
+    {kTakeOut, "AcDbObject::erase", 1, "begin(2) line* circle line* end line circle",
      "line* circle line* line circle"},
 };
 

@@ -3,9 +3,9 @@
 
 #include "common/drawing_order.h"
 #include "common/scene.h"
+#include "common/tag_literals.h"
 #include "host/objectarx/database.h"
 #include "host/objectarx/entities.h"
-#include "host/tags/tag_values.h"
 #include "host_guards.h"
 #include "host_services.h"
 #include "marker.h"
@@ -29,23 +29,20 @@ inline void lockLayer(const wchar_t* name) {
     Opened<AcDbLayerTableRecord> layer;
     ASSERT_EQ(workingDatabase()->getSymbolTable(layers.receive(), AcDb::kForRead), Acad::eOk);
     ASSERT_EQ(layers->getAt(name, layer.receive(), AcDb::kForWrite), Acad::eOk);
-    std::string text(layer->body().tags());
-    host::setTag(text, 70, "4");
-    layer->body().setTags(text);
+    setTag(layer->body(), 70, "4");
 }
 
 /// One attribute, from 0, of the n-th block reference, open for write.
 inline void openAttribute(Scene& scene, int marker, int attribute, Opened<AcDbAttribute>& opened) {
     const host::Store& store = scene.store();
-    const auto handle = host::parseHandle(handleOf(store, "INSERT", marker));
-    host::Index index = store.firstLive(store.byHandle(handle.value())->self);
+    host::Index index = store.firstLive(entityOf(store, "INSERT", marker).self);
     while (attribute-- > 0)
         index = store.nextLive(store.at(index));
     ASSERT_EQ(acdbOpenObject(opened.receive(), store.idOf(index), AcDb::kForWrite), Acad::eOk);
 }
 
 /// Adds a reference to a new block with one attribute, whose tag is the block's name.
-inline void insertBlock(Scene&, const std::wstring& name, const std::wstring& text) {
+inline void insertBlock(const std::wstring& name, const std::wstring& text) {
     AcDbObjectId block;
     createMarkerBlock(block, name);
     ASSERT_EQ(insertMarker(name, {}, text, L""), kInserted);

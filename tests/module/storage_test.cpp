@@ -1,6 +1,5 @@
 // What groups are made of, each piece by itself: prefix, layer, record, marker.
-#include <fstream>
-
+#include "common/scratch.h"
 #include "group_layer.h"
 #include "group_naming.h"
 #include "group_record.h"
@@ -10,8 +9,7 @@
 namespace {
 
 using tests::addRecord;
-using tests::groupOf;
-using tests::handleOf;
+using tests::entityOf;
 using tests::Scene;
 
 TEST(Storage, ThePrefixIsThatOfTheDetailingBlocksThenOfTheLayer) {
@@ -46,11 +44,10 @@ TEST(Storage, ALayerThatIsThereIsThawedOnlyWhenItBecomesCurrent) {
     linetypes.close();
     const auto made = [&](Adesk::UInt16 color, const AcDbObjectId& linetype, int makeCurrent) {
         makeLayer(L"Markers", color, linetype, makeCurrent);
-        const std::string handle =
-            host::formatHandle(scene.store().symbol("LAYER", L"Markers")->handle);
+        const std::string_view layer = scene.store().symbol("LAYER", L"Markers")->tags();
         std::string text;
         for (const int code : {62, 70, 6})
-            text += groupOf(scene.store(), handle, code) + " ";
+            text += std::string(host::rawTag(layer, code)) + " ";
         return text + std::string(scene.store().headerValue("$CLAYER").value_or(""));
     };
     EXPECT_EQ(made(3, continuous, 0), "3 0 Continuous 0");
@@ -102,14 +99,11 @@ TEST(Storage, ARecordIsAnXrecordWithTheTextFirst) {
 
 TEST(Storage, ARecordOfAnotherClassIsNone) {
     Scene scene("(line)");
-    const std::string file = tests::scratchFolder() + "/drawing.dxf";
-    ASSERT_TRUE(scene.session().saveDrawing(file));
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    std::string changed = text.str();
-    changed.replace(changed.find("\nXRECORD\n"), 9, "\nWRECORD\n");
-    std::ofstream(file + "_") << changed;
-    ASSERT_TRUE(scene.session().openDrawing(file + "_"));
+    const tests::ScratchFolder folder;
+    const std::string saved = folder.file("saved.dxf"), changed = folder.file("changed.dxf");
+    ASSERT_TRUE(scene.session().saveDrawing(saved));
+    tests::write(changed, tests::with(tests::contentOf(saved), "\nXRECORD\n", "\nWRECORD\n"));
+    ASSERT_TRUE(scene.session().openDrawing(changed));
     EXPECT_FALSE(isGroupedEntity(scene.entities()[1]));
 }
 
@@ -140,7 +134,7 @@ TEST(Storage, WhatCannotBeTakenAwayIsSaid) {
 
 TEST(Storage, OnlyAMarkersTagLendsItsText) {
     Scene scene("(line) line");
-    tests::insertBlock(scene, L"VELMO_G", L"2A");
+    tests::insertBlock(L"VELMO_G", L"2A");
     std::wstring texts;
     for (const AcDbObjectId& id : scene.entities())
         texts += readMarkerText(id, kMarkerTag) + L"=" +
@@ -156,9 +150,8 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
     const host::Store& store = scene.store();
     const auto contents = [&store](host::Index parent) {
         std::string text;
-        for (host::Index at = store.firstLive(parent); at != host::kNoIndex;
-             at = store.nextLive(store.at(at)))
-            text += tests::contentOf(store.at(at)) + "\n";
+        for (const host::ObjectBody& child : store.children(parent))
+            text += tests::contentOf(child) + "\n";
         return text;
     };
     const auto block = [&](const wchar_t* name) {
@@ -179,13 +172,14 @@ TEST(Storage, TheMarkersAreStoredWithTheirProperties) {
         return "0=ATTRIB|100=AcDbEntity|8=VELMO_GFRZ|100=AcDbText|10=1.0|20=0.0|30=0.0|40=1.0|1=" +
                text + "|100=AcDbAttribute|280=0|2=VELMO_GB|70=1|73=25|\n";
     };
-    EXPECT_EQ(contents(begin), attribute(handleOf(store, "INSERT", 1)) + attribute("1"));
+    EXPECT_EQ(contents(begin),
+              attribute(host::formatHandle(entityOf(store, "INSERT", 1).handle)) + attribute("1"));
 }
 
 TEST(Storage, OnlyAFirstAttributeMakesAMarker) {
     Scene scene("line");
-    tests::insertBlock(scene, L"VELMO_GB", L"");
-    tests::insertBlock(scene, L"VELMO_GE", L"");
+    tests::insertBlock(L"VELMO_GB", L"");
+    tests::insertBlock(L"VELMO_GE", L"");
     const wchar_t* const tags[] = {L"OTHER", L"VELMO_GE"};
     for (int i = 0; i < 3; ++i) {
         Opened<AcDbAttribute> attribute;

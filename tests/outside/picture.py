@@ -6,15 +6,13 @@ import filecmp
 import os
 import subprocess
 import sys
-import tempfile
 
-from selenium import webdriver
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
-           " --disable-background-networking --disable-component-update --window-size=1500,950")
+from shared import check, chromium, leave
+
 # Groups of the README's picture, and what is erased of one without the module, which would mend it.
 SHOWN = """VelmoGROUPMAKE (ssget "X" '((8 . "FURNITURE")))
 
@@ -39,28 +37,13 @@ def make_picture(host, samples, work, groups, erased=""):
     return picture
 
 
-def is_in_readme(samples, picture):
-    shown = os.path.join(samples, "..", "docs", "groups.svg")
-    if filecmp.cmp(shown, picture, shallow=False):
-        return True
-    print(f"failed: docs/groups.svg is no more what the program draws: look at {picture}, copy it")
-    return False
-
-
-def browse(profile):
-    options = webdriver.ChromeOptions()
-    for option in OPTIONS.split() + [f"--user-data-dir={profile}"]:
-        options.add_argument(option)
-    return webdriver.Chrome(options=options)
-
-
 def widths(browser, group):
     """Stroke widths of the strokes that are seen of a group's members."""
     strokes = browser.find_elements(By.CSS_SELECTOR, f"#{group} .m path")
     return {stroke.value_of_css_property("stroke-width") for stroke in strokes}
 
 
-def main(browser, picture):
+def point_and_look(browser, picture):
     browser.get("file://" + os.path.abspath(picture))
     members = browser.find_elements(By.CSS_SELECTOR, "#group1 .m")
     calm = widths(browser, "group1"), widths(browser, "group2")
@@ -76,28 +59,19 @@ def main(browser, picture):
     ActionChains(browser).move_to_element(heading).send_keys(Keys.TAB).perform()
     by_key = widths(browser, "group1"), widths(browser, "group2")
     handle = line.get_attribute("id")[1:]
-    checks = {
-        f"{len(members)} members of the first group": len(members) == 6,
-        f"a calm picture: {calm}": calm[0] == calm[1] and len(calm[0]) == 1,
-        f"the title {title!r}": f"LINE {handle}, layer " in title,
-        f"all members lit by one: {lit}": lit[0] != calm[0] and len(lit[0]) == 1,
-        f"the other group as before: {lit}": lit[1] == calm[1],
-        f"the other one lit by its line in the legend: {by_legend}":
-            by_legend == (calm[0], lit[0]),
-        f"the first one lit by the Tab key: {by_key}": by_key == lit,
-    }
-    failed = [what for what, holds in checks.items() if not holds]
-    for what in failed:
-        print(f"failed: {what}")
-    return 1 if failed else 0
+    check(f"{len(members)} members of the first group", len(members) == 6)
+    check(f"a calm picture: {calm}", calm[0] == calm[1] and len(calm[0]) == 1)
+    check(f"the title {title!r}", f"LINE {handle}, layer " in title)
+    check(f"all members lit by one: {lit}", lit[0] != calm[0] and len(lit[0]) == 1)
+    check(f"the other group as before: {lit}", lit[1] == calm[1])
+    check(f"the other one lit by its line in the legend: {by_legend}", by_legend == (calm[0], lit[0]))
+    check(f"the first one lit by the Tab key: {by_key}", by_key == lit)
 
 
-with tempfile.TemporaryDirectory() as folder:
-    drawn = make_picture(*sys.argv[1:4], GROUPS)
-    window = browse(folder)
-    try:
-        status = main(window, drawn)
-    finally:
-        window.quit()
-current = is_in_readme(sys.argv[2], make_picture(*sys.argv[1:4], SHOWN, ERASED))
-sys.exit(status if current else 1)
+with chromium() as opened:
+    point_and_look(opened, make_picture(*sys.argv[1:4], GROUPS))
+drawn = make_picture(*sys.argv[1:4], SHOWN, ERASED)
+shown = os.path.join(sys.argv[2], "..", "docs", "groups.svg")
+check(f"docs/groups.svg is what the program draws: look at {drawn}, copy it",
+      filecmp.cmp(shown, drawn, shallow=False))
+leave()

@@ -12,12 +12,7 @@ import sys
 import ezdxf
 from ezdxf.lldxf.const import DXFStructureError
 
-failures = []
-
-
-def expect(what, seen, wanted):
-    if seen != wanted:
-        failures.append(f"{what}: {seen!r} instead of {wanted!r}")
+from shared import check, expect, leave
 
 
 def draft(host, script, drawing=None):
@@ -158,8 +153,5 @@ def main(host, samples, work):
 try:
     main(*sys.argv[1:4])
 except (DXFStructureError, OSError, KeyError, AttributeError) as problem:
-    failures.append(f"{type(problem).__name__}: {problem}")
-for failure in failures:
-    print(failure)
-print(f"{len(failures)} difference(s)")
-sys.exit(1 if failures else 0)
+    check(f"{type(problem).__name__}: {problem}", False)
+leave()

@@ -10,16 +10,12 @@ import re
 import subprocess
 import sys
 
+from shared import check, expect, leave
+
 SCRIPT = ("LINE 1,2 3,4\n\nVelmoGROUPMAKE W -1,-1 4,5\n\nCIRCLE 9,9 2\nVelmoGROUPMAKE ALL\n\n")
 # Prints by the module's message service, which also writes the log when there is one.
 MESSAGE = "(VelmoGroupVersion)\n"
 SCRIPT_NAME = "gr\u00fcn \u4e2d.scr"
-failures = []
-
-
-def expect(what, seen, wanted):
-    if seen != wanted:
-        failures.append(f"{what}: {seen!r} instead of {wanted!r}")
 
 
 def run_script(host, work, script, *options):
@@ -58,7 +54,7 @@ def take_logs():
 
 def main(native, samples, work, *windows):
     if not os.path.exists(native):
-        failures.append(f"{native}: not there; build the preset native first")
+        check(f"{native} is there; build the preset native first", False)
         return
     os.makedirs(work, exist_ok=True)
     with open(os.path.join(samples, "plan.dxf"), "rb") as source:
@@ -86,8 +82,5 @@ def main(native, samples, work, *windows):
 try:
     main(*sys.argv[1:])
 except (OSError, KeyError, UnicodeError) as problem:
-    failures.append(f"{type(problem).__name__}: {problem}")
-for failure in failures:
-    print(failure)
-print(f"{len(failures)} difference(s)")
-sys.exit(1 if failures else 0)
+    check(f"{type(problem).__name__}: {problem}", False)
+leave()

@@ -2,7 +2,6 @@
 # drawing whose names are HTML: none of them runs.
 #
 # usage: window.py DRAFTHOST SAMPLES_FOLDER WORK_FOLDER
-import contextlib
 import filecmp
 import json
 import os
@@ -10,33 +9,23 @@ import re
 import shutil
 import subprocess
 import sys
-import tempfile
 import time
 
-from selenium import webdriver
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
+from shared import check, chromium, leave, open_window, write_drawing
+
 HOST, SAMPLES, WORK = (os.path.abspath(name) for name in sys.argv[1:4])
-OPTIONS = ("--headless --no-sandbox --disable-gpu --disable-quic --no-first-run --disable-sync"
-           " --disable-background-networking --disable-component-update --window-size=1500,950")
 HTML = "<img src=x onerror=window.ran=1><script>window.ran=1</script>"
-failed = []
-
-
-def check(what, holds):
-    if not holds:
-        failed.append(what)
-        print(f"failed: {what}")
 
 
 class Page:
     def __init__(self, browser, drawing):
         self.browser, self.drawing = browser, drawing
-        self.host = subprocess.Popen([HOST, "--window", "--no-browser", drawing],
-                                     stdout=subprocess.PIPE, text=True)
-        browser.get(self.host.stdout.readline().strip())
+        self.host, address = open_window(HOST, drawing)
+        browser.get(address)
         self.settle()
 
     def run(self, script, *values):
@@ -57,27 +46,33 @@ class Page:
                  for point in points]
         if shift:
             ActionChains(self.browser).key_down(Keys.SHIFT).perform()
-        actions = ActionChains(self.browser, duration=20)
-        pointer = actions.w3c_actions.pointer_action
+        drag = ActionChains(self.browser, duration=20)
+        pointer = drag.w3c_actions.pointer_action
         pointer.move_to_location(*spots[0])
         pointer.pointer_down()
         for spot in spots[1:]:
             pointer.move_to_location(*spot)
         pointer.pointer_up()
-        actions.perform()
+        drag.perform()
         if shift:
             ActionChains(self.browser).key_up(Keys.SHIFT).perform()
         self.settle()
 
     def point_at(self, *point):
         spot = self.run("return drafthost.toScreen(...arguments)", *point)
-        actions = ActionChains(self.browser)
-        actions.w3c_actions.pointer_action.move_to_location(*map(round, spot))
-        actions.perform()
-        until = time.monotonic() + 10
-        while time.monotonic() < until and self.run("return document.getElementById('tip').hidden"):
-            time.sleep(0.02)
+        move = ActionChains(self.browser)
+        move.w3c_actions.pointer_action.move_to_location(*map(round, spot))
+        move.perform()
+        self.soon(lambda: not self.run("return document.getElementById('tip').hidden"))
         return self.text("tip")
+
+    @staticmethod
+    def soon(holds):
+        """Whether it comes to hold: what the pointer does is drawn a moment later."""
+        until = time.monotonic() + 10
+        while time.monotonic() < until and not holds():
+            time.sleep(0.02)
+        return holds()
 
     def text(self, name):
         return self.run("return document.getElementById(arguments[0]).textContent", name)
@@ -140,7 +135,8 @@ def edit(browser):
     tip = page.point_at(9.4, 3.8)
     check(f"the tip names member and group: {tip!r}",
           tip.startswith("LINE ") and f"group {begin}, whole" in tip)
-    check("the whole group lights up under the pointer", ink_at(page, *other_door) != dull)
+    check("the whole group lights up under the pointer",
+          page.soon(lambda: ink_at(page, *other_door) != dull))
     page.mouse((9.4, 3.8))
     whole = page.picked()
     check(f"a click picks the whole group: {whole}", len(whole) == 8 and begin in whole)
@@ -183,11 +179,9 @@ def edit(browser):
 def show_names(browser):
     """Names of the drawing come into the page as text."""
     drawing = os.path.join(WORK, "names.dxf")
-    block = "0\nBLOCK\n8\n0\n2\n{0}\n70\n0\n10\n0\n20\n0\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n9\n21\n0\n0\nENDBLK\n"
-    with open(drawing, "w", encoding="utf-8") as file:
-        file.write(("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1027\n0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" +
-                    block + "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nINSERT\n8\n{0}\n2\n{0}\n10\n0\n20\n0\n"
-                    "0\nTEXT\n8\n{0}\n10\n0\n20\n3\n40\n1\n1\n{0}\n0\nENDSEC\n0\nEOF\n").format(HTML))
+    block = f"0\nBLOCK\n8\n0\n2\n{HTML}\n70\n0\n10\n0\n20\n0\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n9\n21\n0\n0\nENDBLK\n"
+    write_drawing(drawing, [f"0\nINSERT\n8\n{HTML}\n2\n{HTML}\n10\n0\n20\n0\n",
+                            f"0\nTEXT\n8\n{HTML}\n10\n0\n20\n3\n40\n1\n1\n{HTML}\n"], block)
     page = Page(browser, drawing)
     tip = page.point_at(0.4, 3.4)
     check(f"the layer's name stands in the tip: {tip!r}", HTML in tip)
@@ -199,22 +193,9 @@ def show_names(browser):
     page.end(1)
 
 
-@contextlib.contextmanager
-def chromium():
-    with tempfile.TemporaryDirectory() as folder:
-        options = webdriver.ChromeOptions()
-        for option in OPTIONS.split() + [f"--user-data-dir={folder}"]:
-            options.add_argument(option)
-        browser = webdriver.Chrome(options=options)
-        try:
-            yield browser
-        finally:
-            browser.quit()
-
-
 shutil.rmtree(WORK, ignore_errors=True)
 os.makedirs(WORK)
 with chromium() as opened:
     edit(opened)
     show_names(opened)
-sys.exit(1 if failed else 0)
+leave()

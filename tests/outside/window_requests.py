@@ -13,21 +13,15 @@ import sys
 import time
 from urllib.parse import urlparse
 
+from shared import check, leave, open_window, write_drawing
+
 HOST, SAMPLES, WORK = (os.path.abspath(name) for name in sys.argv[1:4])
-failed = []
-
-
-def check(what, holds):
-    if not holds:
-        failed.append(what)
-        print(f"failed: {what}")
 
 
 class Session:
     def __init__(self, *arguments):
-        self.host = subprocess.Popen([HOST, "--window", "--no-browser", *arguments],
-                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        self.address = urlparse(self.host.stdout.readline().strip())
+        self.host, address = open_window(HOST, *arguments, stderr=subprocess.PIPE)
+        self.address = urlparse(address)
         self.page = "one"
 
     def request(self, method, path, body=None, **headers):
@@ -204,12 +198,8 @@ def lights(session):
 def costs(slow):
     """A click in 10,000 entities in 100 groups: time, and bytes as it selects."""
     drawing, script = os.path.join(WORK, "many.dxf"), os.path.join(WORK, "many.scr")
-    with open(drawing, "w", encoding="ascii") as file:
-        file.write("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1027\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n")
-        for i in range(10000):
-            x, y = i % 100, i // 100
-            file.write(f"0\nLINE\n8\nG{y}\n10\n{x}\n20\n{y}\n11\n{x + 0.8}\n21\n{y + 0.5}\n")
-        file.write("0\nENDSEC\n0\nEOF\n")
+    write_drawing(drawing, (f"0\nLINE\n8\nG{y}\n10\n{x}\n20\n{y}\n11\n{x + 0.8}\n21\n{y + 0.5}\n"
+                            for y in range(100) for x in range(100)))
     with open(script, "w", encoding="ascii") as file:
         for group in range(100):
             file.write(f"VelmoGROUPMAKE (ssget \"X\" '((8 . \"G{group}\")))\n\n")
@@ -247,4 +237,4 @@ conversation(one)
 script(plan)
 endings(plan)
 costs("slow" in sys.argv[4:])
-sys.exit(1 if failed else 0)
+leave()

@@ -71,14 +71,11 @@ TEST_F(Paths, StrokesAreJoinedAndDotsLeftOut) {
 TEST(InkColours, AreThoseOfTheIndexAndReadable) {
     EXPECT_EQ(picture::colourOfIndex(1), 0xff0000u);
     EXPECT_EQ(picture::colourOfIndex(7), picture::colourOfIndex(0));
-    const struct {
-        int index;
-        picture::Rgb colour;
-    } wheel[] = {{10, 0xff0000},  {30, 0xff8000},  {52, 0xa5a500},  {90, 0x00ff00},
-                 {131, 0x80ffff}, {170, 0x0000ff}, {210, 0xff00ff}, {249, 0x261318},
-                 {250, 0x333333}, {255, 0xffffff}};
-    for (const auto& each : wheel)
-        EXPECT_EQ(picture::colourOfIndex(each.index), each.colour) << each.index;
+    const std::pair<int, picture::Rgb> wheel[] = {
+        {10, 0xff0000},  {30, 0xff8000},  {52, 0xa5a500},  {90, 0x00ff00},  {131, 0x80ffff},
+        {170, 0x0000ff}, {210, 0xff00ff}, {249, 0x261318}, {250, 0x333333}, {255, 0xffffff}};
+    for (const auto& [index, colour] : wheel)
+        EXPECT_EQ(picture::colourOfIndex(index), colour) << index;
     EXPECT_NE(picture::readableOnLight(0xffff00), 0xffff00u) << "yellow on white";
     EXPECT_EQ(picture::readableOnDark(0x808080), 0x808080u);
     EXPECT_NE(picture::readableOnDark(0x000000), 0x000000u);

@@ -1,18 +1,50 @@
 // Whole pictures: words, frames, areas, groups, and what keeps them small and well-formed.
-#include "picture/picture_fixture.h"
-
 #include <algorithm>
+#include <regex>
 
-#include "host/tags/tags.h"
+#include "editor/editor_fixture.h"
+#include "inspection/inspection.h"
+#include "picture/svg/picture.h"
 
 namespace tests {
 namespace {
 
+class PictureTest : public EditorTest {
+  protected:
+    std::string draw(const picture::Choice& choice = {}) const {
+        return picture::draw(store, store.modelSpace(), "a.dxf", "Model", inspection, choice);
+    }
+    /// What stands in the first group of all matches, parted by bars.
+    static std::string all(const std::string& svg, const std::string& pattern) {
+        const std::regex form(pattern);
+        std::string found;
+        for (std::sregex_iterator at(svg.begin(), svg.end(), form), end; at != end; ++at)
+            found += (found.empty() ? "" : "|") + (*at)[1].str();
+        return found;
+    }
+    /// The words of an entity with these tags, line by line, in an empty drawing.
+    std::string words(const std::string& tags) {
+        const AcDbObjectId id = add(tags);
+        const std::string svg = draw();
+        erase(id);
+        return all(svg, "<text(?! class=\"(?:head|small|note))[^>]*>([^<]*)</text>");
+    }
+    /// Finds the entities to be a group.
+    void group(std::initializer_list<AcDbObjectId> members, inspection::State verdict,
+               const std::string& reason = "") {
+        inspection::Group& made = inspection.groups.emplace_back();
+        made.space = "Model";
+        for (const AcDbObjectId id : members)
+            made.members.push_back({id, "", "LINE", "0"});
+        made.state = verdict;
+        made.reason = reason;
+    }
+
+    inspection::Inspection inspection;
+};
+
 TEST_F(PictureTest, WordsStandWithoutTheirCodes) {
-    const struct {
-        const char* groups;
-        const char* shown;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"0 TEXT|10 0|20 0|40 2|1 %%c5 %%d%%p%%% %%uunder%%O 100%%", "⌀5 °±% under 100%%"},
         {"0 TEXT|10 0|20 0|40 2|1 a\\U+FFFEb\\U+FFFFc\x01\\U+0041 <\"&>",
          "abcA &lt;&quot;&amp;&gt;"},
@@ -24,8 +56,8 @@ TEST_F(PictureTest, WordsStandWithoutTheirCodes) {
         {"0 MTEXT|10 0|20 0|40 1|41 8|1 \\fUnclosed", ""},
         {"0 TEXT|10 0|20 0|40 0|1 no height", ""},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(words(each.groups), each.shown) << each.groups;
+    for (const auto& [groups, shown] : cases)
+        EXPECT_EQ(words(groups), shown) << groups;
 }
 
 TEST_F(PictureTest, WordsKeepTheirPlace) {
@@ -34,7 +66,7 @@ TEST_F(PictureTest, WordsKeepTheirPlace) {
     add("0 TEXT|10 0|20 9|11 8|21 9|40 1|1 stretched|72 5");
     add("0 MTEXT|10 0|20 5|40 1|71 3|1 right");
     const std::string svg = draw();
-    EXPECT_NE(svg.find("matrix(0 -2 1 0 "), svg.npos) << "turned, and twice as wide";
+    EXPECT_TRUE(holds(svg, "matrix(0 -2 1 0 ")) << "turned, and twice as wide";
     EXPECT_EQ(all(svg, "text-anchor=\"(\\w+)\"[^>]*>(?:centred|right)"), "middle|end");
     EXPECT_EQ(all(svg, "lengthAdjust=\"(\\w+)\" textLength=\"[0-9.]+\">stretched"),
               "spacingAndGlyphs");
@@ -90,14 +122,13 @@ TEST_F(PictureTest, HatchLinesEndAtTheBoundaryOrATintStandsForThem) {
     add(hatch + "78 1|53 0|43 1|44 1|45 0|46 4|79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"p k0\" d=\"([^\"]*)\""), "M0 9h10M0 5h3M7 5h3M0 1h10");
     add(hatch + "78 1|53 0|43 1|44 5|45 0|46 8|79 2|49 2|49 -1" + end);
-    EXPECT_NE(draw().find("\"M1 5h2M7 5h2\""), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "\"M1 5h2M7 5h2\""));
     add(hatch + "78 1|53 45|43 0|44 0|45 0|46 1e-9|79 0" + end);
     EXPECT_EQ(all(draw(), "<path class=\"(h[ n]*) k0"), "h n|h n|h") << "too dense";
     add("0 HATCH|2 L|70 0|91 1|92 1|93 1|72 2|10 20|20 0|40 4|50 0|51 360|73 0|97 0|75 0|78 1|53 0|"
         "43 0|44 0|45 0|46 4|79 0" +
         end);
-    EXPECT_NE(draw().find("<path class=\"p k0\" d=\"M16 10h8\""), std::string::npos)
-        << "at the seam of a circle";
+    EXPECT_TRUE(holds(draw(), "<path class=\"p k0\" d=\"M16 10h8\"")) << "at the seam of a circle";
 }
 
 TEST_F(PictureTest, AChoiceIsDrawnAlone) {
@@ -118,7 +149,7 @@ TEST_F(PictureTest, AChoiceIsDrawnAlone) {
     EXPECT_EQ(shown(second), "1 entity, 1 group;group2");
     add("0 XLINE|10 0|20 1|11 1|21 0");
     EXPECT_EQ(shown(window), "3 entities, 1 group;group1");
-    EXPECT_NE(draw(window).find("clip-path=\"url(#window)\""), std::string::npos);
+    EXPECT_TRUE(holds(draw(window), "clip-path=\"url(#window)\""));
 }
 
 TEST_F(PictureTest, EntitiesOfLargeDrawingsShareThePathsOfTheirInk) {
@@ -134,7 +165,7 @@ TEST_F(PictureTest, EntitiesOfLargeDrawingsShareThePathsOfTheirInk) {
     const std::string paths = all(svg, "<path class=\"([fk][^\"]*)\"");
     EXPECT_EQ(paths.substr(0, 4), "f k0") << "areas below strokes";
     EXPECT_LT(paths.size(), 60u);
-    EXPECT_EQ(svg.find("<title>"), svg.npos);
+    EXPECT_FALSE(holds(svg, "<title>"));
     EXPECT_LT(svg.find("d=\"M"), svg.find(">words<"));
     EXPECT_LT(svg.size(), 600000u);
 }
@@ -148,7 +179,7 @@ TEST_F(PictureTest, ReferencesShowTheirBlockInTheirInk) {
     add("0 INSERT|2 B|62 3|10 0|20 0");
     const std::string svg = draw();
     EXPECT_EQ(all(svg, "<path class=\"(k[^\"]*)\""), "k0|k1 w70|k2 w70");
-    EXPECT_NE(svg.find(", block B, layer 0</title>"), svg.npos);
+    EXPECT_TRUE(holds(svg, ", block B, layer 0</title>"));
     EXPECT_EQ(all(svg, "\\.(w70\\{--w:[^}]*)\\}"), "w70{--w:2.24px");
 }
 
@@ -170,22 +201,22 @@ TEST_F(PictureTest, GroupsHaveColoursLabelsAndLinesInTheLegend) {
               "1 · 2 members|2 · 1 member, short");
     EXPECT_EQ(all(svg, "class=\"why\"[^>]*>([^<]*)<").substr(0, 27), "1 member is gone &amp; lost");
     EXPECT_EQ(all(svg, "(Model, [^<]*)<"), "Model, 5 entities, 2 groups, 1 not whole");
-    EXPECT_NE(svg.find("1 stray marker or record; --groups lists it"), svg.npos);
+    EXPECT_TRUE(holds(svg, "1 stray marker or record; --groups lists it"));
     const std::string members = all(svg, "<g class=\"m\" id=\"h(\\w+)\"");
     EXPECT_EQ(members, all(svg, "<title>LINE (\\w+), layer 0, group"));
     EXPECT_EQ(std::count(members.begin(), members.end(), '|'), 2) << members;
 }
 
 TEST_F(PictureTest, WhatHasNoPlaceOrNoEndStaysOut) {
-    EXPECT_NE(draw().find("0 entities"), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "0 entities"));
     add("0 CIRCLE|10 1e300|20 0|40 1e300");
     add("0 TEXT|10 0|20 0|40 1e308|1 x");
-    EXPECT_NE(draw().find("0 entities"), std::string::npos);
+    EXPECT_TRUE(holds(draw(), "0 entities"));
     add("0 XLINE|10 3|20 3|11 1|21 0");
     add("0 LINE|10 0|20 0|11 0|21 0");
     const std::string svg = draw();
-    EXPECT_EQ(svg.find("nan"), svg.npos);
-    EXPECT_NE(svg.find("h0\""), svg.npos) << "a line without length is a dot";
+    EXPECT_FALSE(holds(svg, "nan"));
+    EXPECT_TRUE(holds(svg, "h0\"")) << "a line without length is a dot";
 }
 
 TEST_F(PictureTest, MarkupInNamesIsText) {
@@ -193,8 +224,8 @@ TEST_F(PictureTest, MarkupInNamesIsText) {
     add("0 LINE|8 <b>&|10 0|20 0|11 1|21 1");
     const std::string svg =
         picture::draw(store, store.modelSpace(), "\xff<script>.dxf", "Model", inspection);
-    EXPECT_EQ(svg.find("<b>"), svg.npos);
-    EXPECT_NE(svg.find("\xef\xbf\xbd&lt;script&gt;.dxf"), svg.npos);
+    EXPECT_FALSE(holds(svg, "<b>"));
+    EXPECT_TRUE(holds(svg, "\xef\xbf\xbd&lt;script&gt;.dxf"));
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST_F(BatchEndTest, ControlCLeavesWholeDrawingsAndStops) {
     kill(child, SIGINT);
     waitpid(child, &status, 0);
     EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 130);
-    EXPECT_NE(contentOf("errors").find("drafthost: interrupted: "), std::string::npos);
+    EXPECT_TRUE(holds(contentOf("errors"), "drafthost: interrupted: "));
     int saved = 0;
     for (const auto& entry : std::filesystem::directory_iterator("out")) {
         EXPECT_EQ(entry.path().extension(), ".dxf");

@@ -14,12 +14,8 @@ class BatchTest : public ProgramTest {
             0);
         write("bad.dxf", "junk\n");
     }
-    static long pointsIn(const std::string& file) {
-        const std::string text = contentOf(file);
-        long count = 0;
-        for (std::size_t at = 0; (at = text.find("\nPOINT\n", at)) != text.npos; ++at)
-            ++count;
-        return count;
+    static int pointsIn(const std::string& file) {
+        return tests::countOf("\nPOINT\n", contentOf(file));
     }
 };
 
@@ -45,9 +41,7 @@ TEST_F(BatchTest, EachDrawingIsWorkedOnAloneAndGoesToTheFolder) {
     const std::string files = "--output-dir out three.dxf bad.dxf nowhere.dxf one.dxf";
     const Result run = script(kErasesTwo, "-j 1 " + files);
     EXPECT_EQ(run.status, 3);
-    EXPECT_NE(run.errors.find("drafthost: one.dxf: standard input:5: ERASE failed: "),
-              std::string::npos)
-        << run.errors;
+    EXPECT_TRUE(holds(run.errors, "drafthost: one.dxf: standard input:5: ERASE failed: "));
     const std::size_t summary = run.errors.find("drafthost: failed:");
     ASSERT_NE(summary, std::string::npos) << run.errors;
     EXPECT_EQ(run.errors.substr(summary),
@@ -89,11 +83,8 @@ TEST_F(BatchTest, WhatWouldOverwriteADrawingOfTheRunIsRefused) {
     EXPECT_EQ(backup.errors,
               "drafthost: one.bak: is a drawing of this run, and the backup of one.dxf would "
               "replace it; work on them in two runs\n");
-    EXPECT_EQ(
-        script("QSAVE\n", "one.dxf")
-                .output.find("one.dxf had other names (hard links); they keep what it held.") ==
-            std::string::npos,
-        false);
+    EXPECT_TRUE(holds(script("QSAVE\n", "one.dxf").output,
+                      "one.dxf had other names (hard links); they keep what it held."));
 }
 
 TEST_F(BatchTest, ReadingManyGivesOneDocument) {
@@ -140,8 +131,7 @@ TEST_F(BatchTest, GroupsByLayerGoToTheirSubfolders) {
     EXPECT_EQ(drafthost(same + "\"in/a b\" in/c/p.dxf").errors,
               "drafthost: in/c/p.dxf: does not stand below --base in/a b\n");
     const Result layers = drafthost("--layers \"out/in/a b/p.dxf\" out/in/c/p.dxf");
-    EXPECT_NE(layers.output.find("p.dxf: layer WALLS: 10 entities, 10 in groups\n"),
-              std::string::npos);
+    EXPECT_TRUE(holds(layers.output, "p.dxf: layer WALLS: 10 entities, 10 in groups\n"));
     // What is in a group stays in it; over the drawing itself only a change is written.
     const Result again = drafthost("--make-groups color --only 8 \"out/in/a b/p.dxf\"");
     EXPECT_EQ(again.output,

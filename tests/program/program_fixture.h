@@ -6,10 +6,12 @@
 #include <filesystem>
 #include <string>
 
+#include "common/checks.h"
 #include "common/process.h"
 #include "common/scratch.h"
 
 using tests::contentOf;
+using tests::holds;
 using tests::write;
 
 /// What one run gave.

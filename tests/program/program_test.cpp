@@ -4,10 +4,7 @@
 namespace {
 
 TEST_F(ProgramTest, WrongUse) {
-    const struct {
-        const char* arguments;
-        const char* complaint;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"--nonsense", "The following argument was not expected: --nonsense"},
         {"--set PICKADD", "--set: needs NAME=VALUE, not \"PICKADD\""},
         {"--registry A=4294967296", "--registry: needs a number from 0 to 4294967295 behind NAME="},
@@ -32,10 +29,10 @@ TEST_F(ProgramTest, WrongUse) {
         {"--layer A a.dxf", "--space, --layer, --group and --window belong to --picture"},
         {"--picture a.svg --check a.dxf", "--check and --picture are runs of their own"},
     };
-    for (const auto& each : cases) {
-        const Result run = drafthost(each.arguments);
-        EXPECT_EQ(run.status, 2) << each.arguments;
-        EXPECT_EQ(run.errors, "drafthost: " + std::string(each.complaint) +
+    for (const auto& [arguments, complaint] : cases) {
+        const Result run = drafthost(arguments);
+        EXPECT_EQ(run.status, 2) << arguments;
+        EXPECT_EQ(run.errors, "drafthost: " + std::string(complaint) +
                                   "; drafthost --help lists the options\n");
         EXPECT_EQ(run.output, "");
     }
@@ -44,10 +41,8 @@ TEST_F(ProgramTest, WrongUse) {
 TEST_F(ProgramTest, HelpAndVersion) {
     const Result help = drafthost("--help");
     EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.output.find("\nUsage: drafthost [OPTIONS] [drawing.dxf...]\n"),
-              std::string::npos);
-    EXPECT_NE(help.output.find("\n  QSAVE        saves the drawing under its name\n"),
-              std::string::npos);
+    EXPECT_TRUE(holds(help.output, "\nUsage: drafthost [OPTIONS] [drawing.dxf...]\n"));
+    EXPECT_TRUE(holds(help.output, "\n  QSAVE        saves the drawing under its name\n"));
     EXPECT_EQ(drafthost("--version").output, "drafthost 1.0.0\n");
 }
 
@@ -56,14 +51,14 @@ TEST_F(ProgramTest, AScriptDrawsAndSaves) {
     const Result run = drafthost("--no-module /s plan.scr");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_NE(run.output.find("\nCommand: LINE\nSpecify first point: 0,0\n"), std::string::npos);
+    EXPECT_TRUE(holds(run.output, "\nCommand: LINE\nSpecify first point: 0,0\n"));
     EXPECT_EQ(drafthost("--check \"a b.dxf\"").output, "a b.dxf: sound\n");
     // PICK 0.5,0 and PICKED in UTF-16, as editors of Windows write it.
     std::string script = "\xFF\xFE";
     for (const char c : std::string("PICK 0.5,0\nPICKED\n"))
         script.append({c, 0});
     const Result list = drafthost("--no-module -s - /i \"a b.dxf\"", script);
-    EXPECT_NE(list.output.find(" LINE\n"), std::string::npos);
+    EXPECT_TRUE(holds(list.output, " LINE\n"));
 }
 
 TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
@@ -71,19 +66,17 @@ TEST_F(ProgramTest, GroupsAreListedAndDrawn) {
     ASSERT_EQ(drafthost("-s -", make + "SAVEAS whole.dxf\nGROUPLIST\n").status, 0);
     const Result whole = drafthost("--groups whole.dxf");
     EXPECT_EQ(whole.status, 0);
-    EXPECT_NE(whole.output.find(": whole, counts 2; holds 2 LINE"), std::string::npos);
+    EXPECT_TRUE(holds(whole.output, ": whole, counts 2; holds 2 LINE"));
     // Saved without the module, so that nobody repairs; with it, the repair is told.
     const std::string off = "PICK 0.5,1\nERASE\nSAVEAS short.dxf\n";
     ASSERT_EQ(drafthost("--no-module -s - whole.dxf", off).status, 0);
     const Result both = drafthost("--groups --json whole.dxf short.dxf");
     EXPECT_EQ(both.status, 5);
-    EXPECT_NE(both.output.find("\"state\": \"short\""), std::string::npos) << both.output;
-    EXPECT_NE(drafthost("short", "REGEN\n").errors.find(": REGEN lowered the count of group "),
-              std::string::npos);
+    EXPECT_TRUE(holds(both.output, "\"state\": \"short\""));
+    EXPECT_TRUE(holds(drafthost("short", "REGEN\n").errors, ": REGEN lowered the count of group "));
     const Result told = drafthost("short", "QSAVE\nGROUPLIST\nPICTURE a\n");
-    EXPECT_NE(told.errors.find("short.dxf: the save lowered the count of group "),
-              std::string::npos);
-    EXPECT_NE(told.output.find("\nthe save lowered"), std::string::npos);
+    EXPECT_TRUE(holds(told.errors, "short.dxf: the save lowered the count of group "));
+    EXPECT_TRUE(holds(told.output, "\nthe save lowered"));
     ASSERT_EQ(drafthost("--picture b.svg short.dxf").status, 0);
     EXPECT_EQ(contentOf("a.svg"), contentOf("b.svg"));
     EXPECT_EQ(drafthost("--picture nowhere/b.svg short.dxf").status, 4);
@@ -145,11 +138,9 @@ TEST_F(ProgramTest, PicturesReplaceNothingButPictures) {
     EXPECT_EQ(contentOf("out/b.svg"), picture);
     EXPECT_EQ(drafthost("--picture out/ --group 2 b.dxf").errors,
               "drafthost: b.dxf: no group has the number 2; Model has 0\n");
-    EXPECT_EQ(drafthost("--picture - --window 5,5,9,-9 b.dxf").output.find("<title>"),
-              picture.npos);
+    EXPECT_FALSE(holds(drafthost("--picture - --window 5,5,9,-9 b.dxf").output, "<title>"));
     EXPECT_EQ(drafthost("--picture - b.dxf").output, picture);
-    EXPECT_NE(script("PICTURE own\n", "own.svg").output.find("is a drawing that is in use"),
-              picture.npos);
+    EXPECT_TRUE(holds(script("PICTURE own\n", "own.svg").output, "is a drawing that is in use"));
     EXPECT_EQ(script("PICTURE a.dxf\n", "b.dxf").status, 1);
     EXPECT_EQ(contentOf("own.svg") + contentOf("a.dxf"), drawing + drawing);
 }
@@ -180,12 +171,12 @@ TEST_F(ProgramTest, CheckTellsDamageAndChangesNothing) {
     write("noted.dxf", text.substr(0, layer) + "\n  8\nnone\n" + text.substr(layer + 7));
     const Result noted = drafthost("--check noted.dxf");
     EXPECT_EQ(noted.status, 0);
-    EXPECT_NE(noted.output.find("noted.dxf: note: LINE "), std::string::npos);
+    EXPECT_TRUE(holds(noted.output, "noted.dxf: note: LINE "));
     text.replace(layer, 7, "\n  8\n0\n  6\nnone\n");
     write("bad.dxf", text);
     const Result run = drafthost("--check good.dxf bad.dxf");
     EXPECT_EQ(run.status, 5);
-    EXPECT_NE(run.output.find("bad.dxf: damaged\n"), std::string::npos);
+    EXPECT_TRUE(holds(run.output, "bad.dxf: damaged\n"));
     EXPECT_EQ(contentOf("bad.dxf"), text);
     EXPECT_EQ(script("QSAVE\nQSAVE\n", "--output-dir out bad.dxf good.dxf").errors,
               "drafthost: bad.dxf: damaged before: 1 finding, see --check\ndrafthost: 2 drawings, "
@@ -199,13 +190,12 @@ TEST_F(ProgramTest, NamesOfADrawingDoNotSteerTheTerminal) {
     const std::size_t layer = text.find("\n  8\n0\n", text.find("\nPOINT\n"));
     ASSERT_NE(layer, std::string::npos);
     write("a.dxf", text.replace(layer, 7, "\n  8\n\x1b[5m\\U+009B\n"));
-    EXPECT_NE(script("LIST ALL\n\n", "a.dxf").output.find("POINT Layer: \"?[5m?\""),
-              std::string::npos);
+    EXPECT_TRUE(holds(script("LIST ALL\n\n", "a.dxf").output, "POINT Layer: \"?[5m?\""));
 }
 
 TEST_F(ProgramTest, VariablesAndMenuGroups) {
     const Result run = script("SETVAR PICKADD \n", "--set pickadd=0 --menu Tools");
-    EXPECT_NE(run.output.find("new value for PICKADD <0>: "), std::string::npos);
+    EXPECT_TRUE(holds(run.output, "new value for PICKADD <0>: "));
     const Result wrong = script("", "--set NOTHING=1");
     EXPECT_EQ(wrong.status, 2);
     EXPECT_EQ(wrong.errors.rfind("drafthost: --set NOTHING=1: ", 0), 0u);

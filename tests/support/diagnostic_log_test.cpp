@@ -35,7 +35,7 @@ TEST_F(Support, LinesKeepTheirCharactersAndEndOnce) {
     EXPECT_EQ(openFiles(), filesBefore);
     EXPECT_EQ(loggedLines(), (Lines{L"[16:19:18] \x00E9 \x20AC \U0001D11E", L"[16:19:18] ",
                                     L"first", L"second", L"[16:19:18] "}));
-    EXPECT_NE(readFile(workingLog()).find("\x34\xD8\x1E\xDD"), std::string::npos) << "surrogates";
+    EXPECT_TRUE(holds(contentOf(workingLog()), "\x34\xD8\x1E\xDD")) << "surrogates";
 }
 
 TEST_F(Support, TheHeaderTellsTheMachine) {
@@ -56,13 +56,13 @@ TEST_F(Support, TheHeaderTellsTheMachine) {
     setRegistryText(L"HKLM\\" + processor, L"ProcessorNameString", L"Quick");
     setRegistryText(L"HKLM\\" + processor, L"Identifier", L"x64");
     start(1, 0);
-    EXPECT_EQ(logHeader(L"").find(L"BIOSVersion"), std::wstring::npos) << "it is no text";
+    EXPECT_FALSE(holds(logHeader(L""), L"BIOSVersion")) << "it is no text";
     setRegistryText(L"HKLM\\" + bios, L"BIOSVersion", L"2.0");
     diagnosticsOutput(L"one");
     diagnosticsOutput(L"two");
     char name[256] = {};
     ::gethostname(name, sizeof name);
-    EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))),
+    EXPECT_EQ(linesOf(decodeLog(contentOf(workingLog()))),
               (Lines{L"Diagnostics started: Tue Jan 15 16:19:18 2013",
                      L"::HostName=" +
                          std::wstring(name, name + std::min<std::size_t>(std::strlen(name), 15)),
@@ -92,7 +92,7 @@ TEST_F(Support, ALogThatCannotBeWrittenIsTriedTenTimes) {
         host::setFaultPlan({number, false, name});
         diagnosticsOutput(L"kept");
         EXPECT_EQ(host::faultsInjected(), 1) << name << number;
-        EXPECT_EQ(linesOf(decodeLog(readFile(workingLog()))).back().substr(11), L"kept");
+        EXPECT_EQ(linesOf(decodeLog(contentOf(workingLog()))).back().substr(11), L"kept");
     }
     std::filesystem::remove(workingLog());
     std::filesystem::create_symlink("/dev/full", workingLog());
@@ -107,9 +107,9 @@ TEST_F(Support, AFolderThatCannotBeMadeIsReportedOnceAWrite) {
     writeFile(logFolder(), "a file where the folder should be");
     messageService(L"still printed");
     EXPECT_EQ(reportedExpressions(), Lines{kFolderFailed});
-    EXPECT_NE(onlyBox().find(L"\nFile : <Diagnostics>\n"), std::wstring::npos);
+    EXPECT_TRUE(holds(onlyBox(), L"\nFile : <Diagnostics>\n"));
     EXPECT_EQ(effectText(host::EffectKind::CommandLine), L"still printed\n");
-    EXPECT_EQ(readFile(logFolder()), "a file where the folder should be");
+    EXPECT_EQ(contentOf(logFolder()), "a file where the folder should be");
     std::filesystem::remove_all(temporaryFolder());
     diagnosticsOutput(L"text");
     EXPECT_EQ(loggedLines()[0].substr(11), L"text") << "missing parents are made";
@@ -140,8 +140,8 @@ TEST_F(Support, TheWorkingLogsNameIsKept) {
     host::setModuleFileName(module(), L"Other.arx");
     host::setWorkstationStart(std::nullopt);  // the machine's start in its place
     const std::wstring other = workingLogName();
-    EXPECT_NE(other.find(L"\\Other.arx.20"), other.npos);
-    EXPECT_NE(other.find(L"_20130115142018_"), other.npos);
+    EXPECT_TRUE(holds(other, L"\\Other.arx.20"));
+    EXPECT_TRUE(holds(other, L"_20130115142018_"));
 }
 
 TEST_F(Support, InitialisationDeletesAFormerWorkingLog) {
@@ -162,12 +162,12 @@ TEST_F(Support, ShutDownMakesTheFinalLog) {
     writeFile(finalLog(), "older");
     start(0, 0);
     shutDownLibrary();
-    EXPECT_EQ(readFile(finalLog()), "older") << "without a working log it stays";
+    EXPECT_EQ(contentOf(finalLog()), "older") << "without a working log it stays";
     start(1, 0);
     diagnosticsOutput(L"text");
-    const std::string log = readFile(workingLog());
+    const std::string log = contentOf(workingLog());
     shutDownLibrary();
-    EXPECT_EQ(readFile(finalLog()), log);
+    EXPECT_EQ(contentOf(finalLog()), log);
     std::wstring written;
     for (const std::wstring& path : effectTexts(host::EffectKind::FileWrite))
         written += path.substr(path.find_last_of(L"\\/") + 1) + L'\n';
@@ -181,7 +181,7 @@ TEST_F(Support, ShutDownMakesTheFinalLog) {
     diagnosticsOutput(L"text");
     shutDownLibrary();
     EXPECT_TRUE(exists(workingLog())) << "not to be finalised";
-    EXPECT_EQ(readFile(finalLog()), log);
+    EXPECT_EQ(contentOf(finalLog()), log);
 }
 
 TEST_F(Support, AFinalLogThatCannotBeMadeIsReported) {
@@ -193,7 +193,7 @@ TEST_F(Support, AFinalLogThatCannotBeMadeIsReported) {
     EXPECT_EQ(reportedExpressions(),
               (Lines{L"::DeleteFile(sFinalLog)", L"::MoveFile(sWorkingLog, sFinalLog)"}));
     host::lockFile(wide(finalLog()), 0);
-    EXPECT_EQ(readFile(finalLog()), "older");
+    EXPECT_EQ(contentOf(finalLog()), "older");
     EXPECT_TRUE(exists(workingLog()));
     EXPECT_FALSE(G_bLibraryInitialised);
 }

@@ -78,8 +78,7 @@ TEST_F(Support, InitialisationAndShutDownCheckThemselvesOnceChecksAreOn) {
     initialiseLibrary(L"", static_cast<HMODULE>(module()), false, true);
     EXPECT_EQ(reportedExpressions(),
               (Lines{L"!G_bLibraryInitialised", L"!CString(sApplicationName).IsEmpty()"}));
-    EXPECT_NE(effectTexts(host::EffectKind::AlertBox)[0].find(L"File : <Library>"),
-              std::wstring::npos);
+    EXPECT_TRUE(holds(effectTexts(host::EffectKind::AlertBox)[0], L"File : <Library>"));
     host::clearEffects();
     host::setFaultPlan({1, true, "RegCloseKey"});
     start(0, 1);

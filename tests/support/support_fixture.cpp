@@ -5,8 +5,6 @@
 #include <time.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "diagnostics.h"
@@ -32,7 +30,6 @@ void Support::SetUp() {
     host::setModuleFileName(module(), L"C:\\Program Files\\Pelltrix.Apps\\VelmoGroup.arx");
     host::setWorkstationStart(kWorkstationStart);
     host::setEnvironment(L"TEMP", wide(temporaryFolder()));
-    std::filesystem::remove_all(temporaryFolder());
     std::filesystem::create_directories(temporaryFolder());
     G_diagnostics = {};
     host::clearEffects();
@@ -46,7 +43,6 @@ void Support::TearDown() {
     EXPECT_EQ(host::openRegistryKeys(), 0);
     host::closeRegistryKeys();
     host::resetWindows();
-    std::filesystem::remove_all(temporaryFolder());
 }
 
 void Support::start(unsigned debugStartup, unsigned assertStartup, bool finaliseLog) {
@@ -88,29 +84,22 @@ Lines Support::reportedExpressions() {
     return expressions;
 }
 
-std::filesystem::path Support::temporaryFolder() {
-    // Outside ASCII on purpose.
-    return std::filesystem::path(::testing::TempDir()) /
-           ("velmo-\xC3\xA4\xF0\x9D\x84\x9E-" + std::to_string(getpid()));
+std::filesystem::path Support::temporaryFolder() const {
+    return m_folder.path() / "\xC3\xA4\xF0\x9D\x84\x9E";
 }
 
-std::filesystem::path Support::logFolder() { return temporaryFolder() / "Velmo Diagnostics"; }
+std::filesystem::path Support::logFolder() const { return temporaryFolder() / "Velmo Diagnostics"; }
 
-std::filesystem::path Support::workingLog() {
+std::filesystem::path Support::workingLog() const {
     return logFolder() /
            ("VelmoGroup.arx.20130114080000_20130115141918_" + std::to_string(getpid()) + ".log");
 }
 
-std::filesystem::path Support::finalLog() { return logFolder() / "VelmoGroup.arx.log"; }
+std::filesystem::path Support::finalLog() const { return logFolder() / "VelmoGroup.arx.log"; }
 
 void Support::writeFile(const std::filesystem::path& path, const std::string& bytes) {
     std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-std::string Support::readFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    tests::write(path, bytes);
 }
 
 std::wstring Support::wide(const std::filesystem::path& path) {
@@ -118,8 +107,8 @@ std::wstring Support::wide(const std::filesystem::path& path) {
     return std::wstring(characters.begin(), characters.end());
 }
 
-Lines Support::loggedLines() {
-    Lines lines = linesOf(decodeLog(readFile(workingLog())));
+Lines Support::loggedLines() const {
+    Lines lines = linesOf(decodeLog(contentOf(workingLog())));
     for (auto line = lines.begin(); line != lines.end(); ++line) {
         if (*line == L":-------------------------") return {line + 1, lines.end()};
     }

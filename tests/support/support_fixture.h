@@ -8,8 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "common/checks.h"
+#include "common/scratch.h"
 #include "host/control/effects.h"
 
+using tests::contentOf;
+using tests::holds;
 using Lines = std::vector<std::wstring>;
 
 class Support : public ::testing::Test {
@@ -33,21 +37,23 @@ class Support : public ::testing::Test {
     /// The expressions of all message boxes.
     static Lines reportedExpressions();
 
-    static std::filesystem::path temporaryFolder();
-    static std::filesystem::path logFolder();
-    static std::filesystem::path workingLog();
-    static std::filesystem::path finalLog();
+    /// Has letters beyond ASCII in its name.
+    std::filesystem::path temporaryFolder() const;
+    std::filesystem::path logFolder() const;
+    std::filesystem::path workingLog() const;
+    std::filesystem::path finalLog() const;
+    /// Writes a file, with its folder.
     static void writeFile(const std::filesystem::path& path, const std::string& bytes);
-    static std::string readFile(const std::filesystem::path& path);
     /// The path as the module takes it.
     static std::wstring wide(const std::filesystem::path& path);
     /// The working log's lines behind its header; the encoding is checked on the way.
-    static Lines loggedLines();
+    Lines loggedLines() const;
 
     /// Milliseconds that the module slept since the last call.
     std::uint64_t slept();
 
   private:
+    tests::ScratchFolder m_folder;
     std::uint64_t m_sleepsSeen = 0;
 };
 
