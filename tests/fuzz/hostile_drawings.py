@@ -167,7 +167,7 @@ def main():
     options.add_argument("--count", type=int, default=40)
     options.add_argument("--seed", type=int, default=int(os.environ.get("VELMO_SEED", "1")))
     options.add_argument("--keep", type=pathlib.Path)
-    given = options.parse_args()
+    given = options.parse_intermixed_args()
     program = str(pathlib.Path(given.program).resolve())
     drawings = given.drawings or [*sorted((HERE / "corpus/dxf").glob("*.dxf")),
                                   HERE.parent.parent / "samples/plan.dxf",
