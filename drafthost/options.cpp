@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <sstream>
 
 #include "drafthost/files/picture_file.h"
+#include "drafthost/groups/entity_lots.h"
 #include "drafthost/run.h"
 #include "host/text/numbers.h"
 
@@ -30,8 +32,10 @@ std::string isSwitch(const std::string& text) {
 }
 
 std::string isProperty(const std::string& by) {
-    const bool known = by == "layer" || by == "block" || by == "color";
-    return known ? "" : "takes layer, block or color, not \"" + by + "\"";
+    const auto* const end = std::end(kLotNames);
+    return std::find(std::begin(kLotNames), end, by) != end
+               ? ""
+               : "takes layer, block or color, not \"" + by + "\"";
 }
 
 /// The host's own console program takes /i DRAWING and /s SCRIPT. False for a /i without a drawing.

@@ -2,12 +2,14 @@
 // so json.cpp alone includes it.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace json {
@@ -79,15 +81,13 @@ struct Lacking : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// The texts, numbers and flags of an object that somebody has sent; its other members are left
-/// out.
+/// The texts, numbers and flags of an object that somebody has sent, without its other members.
 class Request {
   public:
     /// Nothing when that is no object.
     static std::optional<Request> parse(const std::string& text);
 
-    /// A member of that name and kind; without one the other value or, where none is given,
-    /// Lacking.
+    /// A member of that name and kind. Without one it is the other value, or Lacking is thrown.
     const std::string& text(const char* name) const { return member<std::string>(name, "text"); }
     double number(const char* name) const { return member<double>(name, "number"); }
     bool flag(const char* name) const { return member<bool>(name, "flag"); }

@@ -75,9 +75,8 @@ void Display::conclude() {
 
 json::Object Display::state() {
     const bool atCommand = m_conversation.atCommand();
-    json::Object state = {{"state", m_over      ? "ended"
-                                    : atCommand ? "ready"
-                                                : "asking"},
+    const char* const mood = m_over ? "ended" : atCommand ? "ready" : "asking";
+    json::Object state = {{"state", mood},
                           {"prompt", host::toUtf8(m_conversation.prompt())},
                           {"wants", atCommand ? "command" : nameOf(host::question().wanted)},
                           {"line", m_conversation.takesLine()}};

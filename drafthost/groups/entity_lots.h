@@ -10,6 +10,8 @@
 #include "inspection/inspection.h"
 
 enum class LotBy { Layer, Block, Color };
+/// Their names, in this order.
+inline constexpr const char* kLotNames[] = {"layer", "block", "color"};
 
 /// What bears one name. Texts are UTF-8.
 struct Lot {

@@ -18,8 +18,6 @@ namespace {
 
 using host::CommandStatus;
 
-constexpr const wchar_t* kWords[] = {L"layer", L"block", L"color"};
-
 /// False when a prompt was cancelled.
 bool ask(EachWish& wish) {
     const auto by = host::promptWord(L"\nOne group for each [Layer/Block/Color] <Layer>: ",
@@ -43,7 +41,7 @@ bool ask(EachWish& wish) {
 
 /// "layer WALLS: 12 entities, 3 of them on a locked layer" and what becomes of them.
 std::string lineOn(const Lot& lot, const EachWish& wish, bool forms) {
-    std::string line = host::toUtf8(kWords[static_cast<int>(wish.by)]) + " " + lot.name + ": " +
+    std::string line = kLotNames[static_cast<int>(wish.by)] + (" " + lot.name) + ": " +
                        host::amount(lot.all(), "entity", "entities");
     const auto leftOut = [&](long count, const char* why) {
         if (count > 0) line += ", " + std::to_string(count) + " " + why;

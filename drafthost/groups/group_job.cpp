@@ -1,6 +1,9 @@
 // One drawing of --make-groups or --repair: the work, the save, the verdict.
 #include "drafthost/groups/group_job.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "drafthost/groups/drawing_inspection.h"
 #include "drafthost/groups/group_each.h"
 #include "drafthost/groups/group_repair.h"
@@ -34,9 +37,8 @@ class InModelSpace {
 
 EachWish wishOf(const Options& options) {
     EachWish wish;
-    wish.by = options.makeGroups == "layer"   ? LotBy::Layer
-              : options.makeGroups == "block" ? LotBy::Block
-                                              : LotBy::Color;
+    const auto name = std::find(std::begin(kLotNames), std::end(kLotNames), options.makeGroups);
+    wish.by = static_cast<LotBy>(name - kLotNames);
     wish.only = host::fromUtf8(options.only);
     wish.least = options.least;
     return wish;

@@ -20,7 +20,7 @@ using Strays = std::vector<inspection::Stray>;
 std::vector<AcDbObjectId> entitiesOf(const Store& store, const Strays& strays) {
     std::vector<AcDbObjectId> ids;
     for (const inspection::Stray& stray : strays) {
-        const host::ObjectBody* body = store.byHandle(host::parseHandle(stray.handle).value_or(0));
+        const host::ObjectBody* body = store.byHandle(stray.handle);
         if (body != nullptr) ids.push_back(store.idOf(*body));
     }
     return ids;

@@ -37,10 +37,8 @@ inline std::string render(std::string_view text) {
 /// Makes an object of any kind under an owner; in no list yet.
 inline host::ObjectBody& make(host::Store& store, const std::string& literal, host::Index owner,
                               bool isEntity = true) {
-    host::ObjectBody pattern;
-    pattern.setTags(tagsOf(literal));
-    pattern.kind = host::kindOf(pattern.type(), pattern.tags(), isEntity);
-    return store.duplicate(pattern, owner);
+    const std::string tags = tagsOf(literal);
+    return store.make(host::kindOf(host::rawTag(tags, 0), tags, isEntity), tags, owner);
 }
 
 /// Makes an entity, the last one in its owner.
